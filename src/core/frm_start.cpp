@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/frm_start.h"
+
+#include <cstdlib>
+#include <string>
+
+namespace marlinset {
+
+FrmStart::FrmStart(TimerQueue& timers, Guard& guard)
+    : Form("frmStart", guard),
+      InterTime(timers, guard, "InterTime", 5000),
+      dPause(timers, guard, "dPause", 10000),
+      timeRes(timers, guard, "timeRes", 10000),
+      TimerNew(timers, guard, "TimerNew", 10000),
+      tClearStat(timers, guard, "tClearStat", 10000),
+      Timer1(timers, guard, "Timer1", 250),
+      AboutTimer1(timers, guard, "AboutTimer1", 1000) {
+  for (const int i : oVITC.Indices()) oVITC(i).Join(vitcModes);
+  for (const int i : oView.Indices()) oView(i).Join(views);
+  SetCaptions();
+  SetStartState();
+}
+
+void FrmStart::SetStartState() {
+  mnuOff.SetChecked(true);
+  mnuCom1.SetChecked(true);
+  mnuCharOn.SetChecked(true);
+  oVITC(0).SetValue(true);
+  pComBut.SetBackColor(kRed);
+  HideImages();
+  for (const int i : {5, 6, 7}) {
+    upVitc1(i).SetVisible(false);
+    tLineNumber(i).SetVisible(false);
+  }
+  for (Control* tool : {static_cast<Control*>(&tInput), static_cast<Control*>(&bGetID),
+                        static_cast<Control*>(&bSend), static_cast<Control*>(&bBroad)}) {
+    tool->SetVisible(false);
+  }
+}
+
+void FrmStart::HideImages() {
+  for (const int i : Image1.Indices()) Image1(i).SetVisible(false);
+}
+
+void FrmStart::ShowVideoPicture(int index) {
+  StatBar(3).SetPicture(Image2(index).FullName());
+}
+
+}  // namespace marlinset

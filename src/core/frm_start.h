@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/control_array.h"
+#include "platform/controls.h"
+#include "platform/form.h"
+#include "platform/timer.h"
+
+namespace marlinset {
+
+/// The main window without a screen. Its panels are the working configuration: selected texts, ticks and spin
+/// values are what is sent, saved and printed. Captions and tool tips stand in frm_start_captions.cpp.
+class FrmStart : public Form {
+ public:
+  FrmStart(TimerQueue& timers, Guard& guard);
+
+  // File
+  MenuItem mnuNew{*this, "mnuNew"}, mnuOpen{*this, "mnuOpen"}, mnuSav{*this, "mnuSav"};
+  MenuItem mnuSave{*this, "mnuSave"};  ///< Save As
+  MenuItem mnuPrint{*this, "mnuPrint"}, mnuExit{*this, "mnuExit"};
+  // Mode
+  MenuItem mnuMode{*this, "mnuMode"}, mnuInter{*this, "mnuInter"}, mnuOff{*this, "mnuOff"};
+  // Options
+  MenuItem mnuCom1{*this, "mnuCom1"}, mnuCom2{*this, "mnuCom2"}, mnuCom3{*this, "mnuCom3"};
+  MenuItem mnuCom4{*this, "mnuCom4"};
+  MenuItem mnuHardwareType{*this, "mnuHardwareType"};
+  MenuItem mnuHD7340{*this, "mnuHD7340"}, mnuHD7340Q{*this, "mnuHD7340Q"};
+  MenuItem mnuAuto{*this, "mnuAuto"}, mnuMan{*this, "mnuMan"};
+  MenuItem mnuChar{*this, "mnuChar"}, mnuCharOn{*this, "mnuCharOn"}, mnuCharOff{*this, "mnuCharOff"};
+  MenuItem mnuStat{*this, "mnuStat"};
+  MenuItem mnu10{*this, "mnu10"}, mnu20{*this, "mnu20"}, mnu30{*this, "mnu30"}, mnu60{*this, "mnu60"};
+  MenuItem mnuNever{*this, "mnuNever"}, mnuCommD{*this, "mnuCommD"};
+  // Parameters, Help
+  MenuItem mnuAddParameter{*this, "mnuAddParameter"}, mnuRemoveParameter{*this, "mnuRemoveParameter"};
+  MenuItem mnuContents{*this, "mnuContents"}, mnuAbout{*this, "mnuAbout"};
+
+  // Tool bar
+  Frame CoolBar1{*this, "CoolBar1"}, fComBut{*this, "fComBut"}, fVITC{*this, "fVITC"};
+  Frame fControl{*this, "fControl"}, fView{*this, "fView"};
+  PictureBox pComBut{*this, "pComBut"};  ///< traffic: red closed, green traffic, yellow answer awaited
+  ControlArray<PictureBox> Image1{*this, "Image1", {0, 1, 2, 3, 4}};  ///< frames of the heartbeat
+  ControlArray<PictureBox> Image2{*this, "Image2", {0, 1, 2}};        ///< video present, none, neutral
+  Label tVITC{*this, "tVITC"};
+  OptionGroup vitcModes;
+  ControlArray<OptionButton> oVITC{*this, "oVITC", {0, 1, 2}};
+  Button bOpen{*this, "bOpen"}, bClose{*this, "bClose"}, bSConfig{*this, "bSConfig"};
+  Button bSend{*this, "bSend"}, bBroad{*this, "bBroad"}, bGetID{*this, "bGetID"};
+  OptionGroup views;
+  ControlArray<OptionButton> oView{*this, "oView", {0, 1, 2, 3, 4, 5}};
+  ComboBox comVS{*this, "comVS"};
+
+  // Foot
+  TextBox tInput{*this, "tInput"};  ///< log of received bytes
+  ControlArray<StatusPanel> StatBar{*this, "StatBar", {1, 2, 3, 4}};
+
+  // The six panels
+  Frame fCodes{*this, "fCodes"}, fOutputs{*this, "fOutputs"}, fWindows{*this, "fWindows"};
+  Frame fParameters{*this, "fParameters"}, fOptions{*this, "fOptions"};
+  Frame fDownConverter{*this, "fDownConverter"};
+
+  // Routing: 0 input, 1 LTC output, 2 to 4 VITC lines
+  ControlArray<Label> ltimeBits{*this, "ltimeBits", {0, 1, 2, 3, 4}};
+  ControlArray<Label> lUserBits{*this, "lUserBits", {0, 1, 2, 3, 4}};
+  ControlArray<ComboBox> comTB{*this, "comTB", {0, 1, 2, 3, 4}};
+  ControlArray<ComboBox> ComUB{*this, "ComUB", {0, 1, 2, 3, 4}};
+
+  // Outputs
+  Frame fLTCOut{*this, "fLTCOut"}, fVITC1{*this, "fVITC1"}, fVITC2{*this, "fVITC2"};
+  Frame fVITC3{*this, "fVITC3"}, fWhite{*this, "fWhite"};
+  CheckBox chVITC{*this, "chVITC"}, chDups{*this, "chDups"}, chSync{*this, "chSync"};
+  ControlArray<SpinControl> upVitc1{*this, "upVitc1", {1, 2, 3, 5, 6, 7}};  ///< 5 to 7: duplicate lines
+  ControlArray<TextBox> tLineNumber{*this, "tLineNumber", {0, 1, 2, 3, 4, 5, 6, 7}};
+  CheckBox chEnable{*this, "chEnable"};
+  SpinControl UpDown1{*this, "UpDown1"};  ///< white flag line
+
+  // Windows
+  Frame fPosition{*this, "fPosition"}, fAttribs{*this, "fAttribs"}, fVirtual{*this, "fVirtual"};
+  Frame fWinMess{*this, "fWinMess"};
+  PictureBox pWinOut{*this, "pWinOut"}, pWinTools{*this, "pWinTools"}, pWinIn{*this, "pWinIn"};
+  Button bName{*this, "bName"}, bOn{*this, "bOn"}, bSlate{*this, "bSlate"}, bDblHeight{*this, "bDblHeight"};
+  Button bSymbol{*this, "bSymbol"}, bField{*this, "bField"}, bHor{*this, "bHor"}, bVer{*this, "bVer"};
+  ControlArray<Label> lName{*this, "lName", {0}};
+  ControlArray<CheckBox> chOnOff{*this, "chOnOff", {0}}, chSlate{*this, "chSlate", {0}};
+  ControlArray<CheckBox> chDblSize{*this, "chDblSize", {0}}, chSym{*this, "chSym", {0}};
+  ControlArray<CheckBox> chField{*this, "chField", {0}};
+  ControlArray<TextBox> tVert{*this, "tVert", {0}}, tHor{*this, "tHor", {0}};
+  ControlArray<SpinControl> udVer{*this, "udVer", {0}}, udHor{*this, "udHor", {0}};
+  Line Line1{*this, "Line1"};
+  ControlArray<Line> Line2{*this, "Line2", {0}};
+  ScrollBar VScroll1{*this, "VScroll1"};
+  /// 0 aspect ratio, 1 slate mode, 2 character style, 3 font size, 4 SDI program output
+  ControlArray<ComboBox> ComWin{*this, "ComWin", {0, 1, 2, 3, 4}};
+  SpinControl UDDur{*this, "UDDur"};  ///< slate duration in frames
+  CheckBox chPrev{*this, "chPrev"};
+  TextBox tWinMess{*this, "tWinMess"};
+
+  // Parameters
+  PictureBox pParOut{*this, "pParOut"}, pParTools{*this, "pParTools"}, pParIn{*this, "pParIn"};
+  Button bClass{*this, "bClass"}, bParam{*this, "bParam"}, bDesc{*this, "bDesc"}, bValue{*this, "bValue"};
+  ControlArray<Label> lClass{*this, "lClass", {0}}, lParam{*this, "lParam", {0}};
+  ControlArray<Label> lDesc{*this, "lDesc", {0}};
+  ControlArray<TextBox> tVal{*this, "tVal", {0}};
+  ControlArray<SpinControl> udVal{*this, "udVal", {0}};
+  Line lPara1{*this, "lPara1"};
+  ControlArray<Line> lPara2{*this, "lPara2", {0}};
+  ScrollBar VScroll2{*this, "VScroll2"};
+
+  // DownConverter
+  Frame fDownConv{*this, "fDownConv"}, fProcessingMode{*this, "fProcessingMode"};
+  Frame fFilters{*this, "fFilters"}, fSDIProgramOut{*this, "fSDIProgramOut"};
+  /// 0 processing mode, 1 vertical filter, 2 horizontal filter
+  ControlArray<ComboBox> ComDownConv{*this, "ComDownConv", {0, 1, 2}};
+
+  // Timers; intervals in milliseconds at the start
+  Timer InterTime;    ///< 5000: poll of interactive mode
+  Timer dPause;       ///< 10000: wait for an acknowledgement; 100 once the unit was identified
+  Timer timeRes;      ///< 10000: wait for a reply, 100 while one is awaited
+  Timer TimerNew;     ///< 10000: wait for a slow acknowledgement
+  Timer tClearStat;   ///< 10000: clears the status bar while off line
+  Timer Timer1;       ///< 250: the mouse rests on a window's name
+  Timer AboutTimer1;  ///< 1000: wait for the firmware text
+
+  /// Hides the five frames of the heartbeat.
+  void HideImages();
+  /// Shows picture `index` of Image2 in panel 3 of the status bar: 0 video present, 1 no video, 2 neutral.
+  void ShowVideoPicture(int index);
+  /// The six spins of the VITC lines: first, second and third line, then their duplicates.
+  static constexpr int kVitcLineIndices[] = {1, 2, 3, 5, 6, 7};
+
+ private:
+  void SetCaptions();
+  void SetStartState();
+};
+
+}  // namespace marlinset

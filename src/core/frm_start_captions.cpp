@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/frm_start.h"
+
+namespace marlinset {
+namespace {
+
+struct CaptionRow {
+  const char* control;
+  int index;
+  const char* caption;
+  const char* toolTip = "";
+};
+
+/// What stands on the controls, as operators know it.
+constexpr CaptionRow kCaptions[] = {
+    {"mnuNew", kNoIndex, "New"},
+    {"mnuOpen", kNoIndex, "Open..."},
+    {"mnuSav", kNoIndex, "Save"},
+    {"mnuSave", kNoIndex, "Save As..."},
+    {"mnuPrint", kNoIndex, "Print"},
+    {"mnuExit", kNoIndex, "Exit"},
+    {"mnuMode", kNoIndex, "Mode"},
+    {"mnuInter", kNoIndex, "Interactive"},
+    {"mnuOff", kNoIndex, "Off"},
+    {"mnuCom1", kNoIndex, "Com 1"},
+    {"mnuCom2", kNoIndex, "Com 2"},
+    {"mnuCom3", kNoIndex, "Com 3"},
+    {"mnuCom4", kNoIndex, "Com 4"},
+    {"mnuHardwareType", kNoIndex, "Hardware Type"},
+    {"mnuHD7340", kNoIndex, "HD7340"},
+    {"mnuHD7340Q", kNoIndex, "HD7340Q"},
+    {"mnuAuto", kNoIndex, "Auto"},
+    {"mnuMan", kNoIndex, "Manual"},
+    {"mnuChar", kNoIndex, "Char Inserter"},
+    {"mnuCharOn", kNoIndex, "Char On"},
+    {"mnuCharOff", kNoIndex, "Char Off"},
+    {"mnuStat", kNoIndex, "Stat Bar TimeOut"},
+    {"mnu10", kNoIndex, "10 seconds"},
+    {"mnu20", kNoIndex, "20 seconds"},
+    {"mnu30", kNoIndex, "30 seconds"},
+    {"mnu60", kNoIndex, "60 seconds"},
+    {"mnuNever", kNoIndex, "Never"},
+    {"mnuCommD", kNoIndex, "Comm Dialog On Off"},
+    {"mnuAddParameter", kNoIndex, "Add New Parameter ..."},
+    {"mnuRemoveParameter", kNoIndex, "Remove Parameter ..."},
+    {"mnuContents", kNoIndex, "Contents"},
+    {"mnuAbout", kNoIndex, "About"},
+    {"pComBut", kNoIndex, "", "Communications Indicator"},
+    {"Image1", 0, "", "Interactive Mode Enabled"},
+    {"Image1", 1, "", "Interactive Mode Enabled"},
+    {"Image1", 2, "", "Interactive Mode Enabled"},
+    {"Image1", 3, "", "Interactive Mode Enabled"},
+    {"Image1", 4, "", "Interactive Mode Enabled"},
+    {"Image2", 0, "", "Video Presence Indicator"},
+    {"Image2", 1, "", "No Video Present"},
+    {"Image2", 2, "", "Video Presence Indicator"},
+    {"tVITC", kNoIndex, "VITC Mode (Lines):"},
+    {"oVITC", 0, "1"},
+    {"oVITC", 1, "2"},
+    {"oVITC", 2, "3"},
+    {"bOpen", kNoIndex, "Open"},
+    {"bClose", kNoIndex, "Close"},
+    {"bSConfig", kNoIndex, "Send Setup"},
+    {"bSend", kNoIndex, "Send"},
+    {"bBroad", kNoIndex, "Broad"},
+    {"bGetID", kNoIndex, "Get ID"},
+    {"oView", 0, "Inputs", "Display 7340 Input Options"},
+    {"oView", 1, "Outputs", "Display 7340 Output Options"},
+    {"oView", 2, "Windows", "Display 7340 Character Window Setups"},
+    {"oView", 3, "Parameters", "Display Optional Parameter Values"},
+    {"oView", 4, "Options"},
+    {"oView", 5, "DownConverter"},
+    {"comVS", kNoIndex, "", "Video Standard of Current configuration"},
+    {"fCodes", kNoIndex, "Inputs"},
+    {"fOutputs", kNoIndex, "Outputs"},
+    {"fWindows", kNoIndex, "Windows"},
+    {"fParameters", kNoIndex, "Parameters"},
+    {"fOptions", kNoIndex, "Options"},
+    {"fDownConverter", kNoIndex, "DownConverter"},
+    {"ltimeBits", 0, "Time Bits:"},
+    {"ltimeBits", 1, "Time Bits:"},
+    {"ltimeBits", 2, "Time Bits:"},
+    {"ltimeBits", 3, "Time Bits:"},
+    {"ltimeBits", 4, "Time Bits:"},
+    {"lUserBits", 0, "User Bits:"},
+    {"lUserBits", 1, "User Bits:"},
+    {"lUserBits", 2, "User Bits:"},
+    {"lUserBits", 3, "User Bits:"},
+    {"lUserBits", 4, "User Bits:"},
+    {"fLTCOut", kNoIndex, "LTC"},
+    {"fVITC1", kNoIndex, "VITC 1st Line"},
+    {"fVITC2", kNoIndex, "VITC 2nd Line"},
+    {"fVITC3", kNoIndex, "VITC 3rd Line"},
+    {"fWhite", kNoIndex, "White Flag"},
+    {"chVITC", kNoIndex, "VITC Enabled"},
+    {"chDups", kNoIndex, "Encode Duplicate VITC Lines"},
+    {"chSync", kNoIndex, "Synchronize Line Numbers"},
+    {"chEnable", kNoIndex, "Enabled"},
+    {"UpDown1", kNoIndex, "Line Number"},
+    {"fPosition", kNoIndex, "Position"},
+    {"bName", kNoIndex, "Name"},
+    {"bOn", kNoIndex, "On/Off"},
+    {"bSlate", kNoIndex, "Slate"},
+    {"bDblHeight", kNoIndex, "Dbl Height"},
+    {"bSymbol", kNoIndex, "Symbol"},
+    {"bField", kNoIndex, "Field"},
+    {"bHor", kNoIndex, "Horizontal"},
+    {"bVer", kNoIndex, "Vertical"},
+    {"fAttribs", kNoIndex, "Attributes"},
+    {"ComWin", 0, "Aspect Ratio:"},
+    {"ComWin", 1, "Mode:"},
+    {"ComWin", 2, "Style:"},
+    {"ComWin", 3, "Font Size:"},
+    {"ComWin", 4, "SDI Program Out"},
+    {"fVirtual", kNoIndex, "Virtual Slate"},
+    {"UDDur", kNoIndex, "Duration (frs):"},
+    {"chPrev", kNoIndex, "Preview"},
+    {"fWinMess", kNoIndex, "Text Window Message"},
+    {"bClass", kNoIndex, "Class", "Sort List by Class/Parameter"},
+    {"bParam", kNoIndex, "Parameter"},
+    {"bDesc", kNoIndex, "Description", "Sort List by Description"},
+    {"bValue", kNoIndex, "Value (Dec)", "Toggle Dec or Hex View"},
+    {"fDownConv", kNoIndex, "Aspect Ratio:"},
+    {"fProcessingMode", kNoIndex, "Processing Mode:"},
+    {"fFilters", kNoIndex, "Filters:"},
+    {"ComDownConv", 0, "Processing Mode:"},
+    {"ComDownConv", 1, "Vertical Filter"},
+    {"ComDownConv", 2, "Horizontal Filter"},
+    {"fSDIProgramOut", kNoIndex, "SDI Program Out"},
+};
+
+}  // namespace
+
+void FrmStart::SetCaptions() {
+  SetCaption("7340 Marlinset");
+  for (const CaptionRow& row : kCaptions) {
+    Control* control = Find(row.control, row.index);
+    if (!control) throw NoSuchElement(row.index);
+    control->SetCaption(row.caption);
+    control->SetToolTip(row.toolTip);
+  }
+}
+
+}  // namespace marlinset

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// The rows of the reference database as the tool holds them. A field carries the name of its column without
+// blanks and slashes; which column feeds which field stands in core/load_arrays.cpp.
+
+namespace marlinset {
+
+/// A video standard, known everywhere by its description ("1080i/60").
+struct VideoStandardRec {
+  std::string Description;
+  double Code = 0;
+  double Order = 0;
+  bool Ignore1 = false;
+  std::int16_t FrameRate = 0;
+  std::int16_t Vitc1Min =
+      0;  ///< limits of the first VITC line and of the white flag line, in lines of a field
+  std::int16_t Vitc1Max = 0;
+  std::int16_t Vitc1Default1 = 0;  ///< default of the white flag line
+  std::int16_t Vitc1Default2 = 0;  ///< default of the first VITC line and of its duplicate
+  std::int16_t Vitc2Line1Min = 0;
+  std::int16_t Vitc2Line1Max = 0;
+  std::int16_t Vitc2Line1Default1 = 0;
+  std::int16_t Vitc2Line1Default2 = 0;
+  std::int16_t Vitc2Line2Min = 0;  ///< limits of the second VITC line and of its duplicate
+  std::int16_t Vitc2Line2Max = 0;
+  std::int16_t Vitc2Line2Default1 = 0;  ///< default of the second line at first start
+  std::int16_t Vitc2Line2Default2 = 0;
+  std::int16_t Vitc3Min = 0;  ///< limits of the third VITC line and of its duplicate
+  std::int16_t Vitc3Max = 0;
+  std::int16_t Vitc3Default1 = 0;  ///< default of the third line at first start
+  std::int16_t Vitc3Default2 = 0;
+  std::int16_t AncMin = 0;
+  std::int16_t AncMax = 0;
+  std::int16_t AncDefault = 0;
+};
+
+/// Limits of a character window's position for one video standard and font size.
+struct CharMaxPosRec {
+  std::string Description;  ///< the font size
+  std::string VideoStandard;
+  std::int16_t HardwareID = 0;  ///< rows count for the list of font sizes only with 1000 or 200
+  std::int16_t MinVertPosn = 0;
+  std::int16_t MaxVertPosn = 0;
+  std::int16_t MinHorPosn = 0;
+  std::int16_t MaxHorPosn = 0;
+};
+
+struct CharStyleRec {
+  std::string CharStyleID;
+  std::string Description;
+  std::int16_t Code = 0;
+  std::int16_t Order = 0;
+  bool Ignore1 = false;
+};
+
+struct CharSizeRec {
+  std::string CharSizeID;
+  std::string Description;
+  std::int16_t Code = 0;
+  bool Ignore1 = false;
+};
+
+/// An entry of a list with the code that the unit knows it by: slate modes, down converter modes.
+struct CodedItemRec {
+  std::string Description;
+  std::int16_t Code = 0;
+  bool Ignore1 = false;
+};
+
+/// A processing mode of the down converter, offered for one video standard.
+struct DownConvProcessRec {
+  std::int16_t Order = 0;
+  std::string Description;
+  std::int16_t Code = 0;
+  std::string VideoStandard;
+  bool Ignore1 = false;
+};
+
+/// An entry of a list that its table orders: down converter filters, SDI program outputs.
+struct OrderedCodeRec {
+  std::int16_t Order = 0;
+  std::string Description;
+  std::int16_t Code = 0;
+  bool Ignore1 = false;
+};
+
+/// A source of time code or user bits that a box can offer.
+struct CodeSourceRec {
+  std::string FieldValue;  ///< all rows with one value form the list of one box
+  std::string Description;
+  std::int16_t GenNumber = 0;  ///< the code on the wire
+  std::string DropFrame;
+};
+
+/// Says which list feeds which box of the routing panels in one operating mode.
+struct TimeCodeAssignmentRec {
+  std::string Name;  ///< operating mode
+  std::int16_t Order = 0;
+  std::int16_t VITCMode = 0;  ///< 1, 2 or 3: number of VITC lines that the row enables
+  std::string FieldName;      ///< the box ("VITC1T")
+  std::string FieldValue;     ///< the list
+  bool Ignore1 = false;
+};
+
+struct OperatingModeRec {
+  std::string ModeId;
+  std::string Name;
+  std::int16_t Order = 0;
+  std::string Description;
+  bool Ignore1 = false;
+};
+
+struct HelpMessageRec {
+  std::int16_t ModuleIdent = 0;
+  std::int16_t MessageNumber = 0;
+  std::string MessageText;
+};
+
+/// A character window of the unit. Its flags live in the check boxes of its row; its position lives here as
+/// well as in the row's spins.
+struct CharWindowRec {
+  std::string Name;
+  std::int16_t Number = 0;  ///< on the wire
+  bool On = false;
+  std::int16_t Top = 0;     ///< vertical position in force, in video lines
+  std::int16_t Left = 0;    ///< horizontal position in force, in characters
+  std::int16_t Length = 0;  ///< base width in characters
+  bool SlateOn = false;
+  bool SymbolOn = false;
+  std::int16_t SymbolLength = 0;  ///< extra characters with the symbol; 0: the window has none
+  bool FieldOn = false;
+  std::int16_t FieldLength = 0;  ///< extra characters with the field digit; 0: the window has none
+  std::int16_t DefaultHorPosn = 0;
+  std::int16_t DefaultVertPosn = 0;
+  bool DefaultOnOff = false;
+  bool DefaultSlateOnOff = false;
+  bool DefaultSymbolOnOff = false;
+  bool DefaultFieldOnOff = false;
+  bool Ignore1 = false;
+  bool Highlighted = false;  ///< not in the database: the unit was last told to highlight this window
+  bool DoubleHeight = false;
+};
+
+/// A numeric parameter of the unit; class and parameter number identify it on the wire and in files.
+struct SystemParameterRec {
+  std::int16_t Class = 0;
+  std::int16_t Parameter = 0;
+  std::string Description;
+  std::int16_t Value = 0;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/control.h"
+
+#include "platform/form.h"
+#include "platform/guard.h"
+
+namespace marlinset {
+
+Control::Control(Form& form, std::string name)
+    : Control(form, std::move(name), kNoIndex, std::make_shared<ControlEvents>()) {}
+
+Control::Control(Form& form, std::string name, int index, std::shared_ptr<ControlEvents> events)
+    : EventSource(std::move(events)), form_(form), name_(std::move(name)), index_(index) {
+  form_.Register(*this);
+}
+
+Control::~Control() {
+  form_.Unregister(*this);
+}
+
+std::string Control::FullName() const {
+  return index_ == kNoIndex ? name_ : name_ + "(" + std::to_string(index_) + ")";
+}
+
+void Control::Raise(Signal<int> ControlEvents::*event) const {
+  const std::shared_ptr<ControlEvents> events = Events();
+  (events.get()->*event).Emit(index_);
+}
+
+bool Control::AsOperator(const std::function<void()>& action) {
+  if (!TakesInput()) return false;
+  form_.GetGuard().Run(action);
+  return true;
+}
+
+void Control::OperatorHover() {
+  AsOperator([this] { Raise(&ControlEvents::mouseMove); });
+}
+
+void Control::OperatorLeave() {
+  form_.GetGuard().Run([this] { Raise(&ControlEvents::lostFocus); });
+}
+
+}  // namespace marlinset

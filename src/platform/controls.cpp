@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/controls.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+constexpr char32_t kBackspace = 8;
+
+/// The text after one key press at its end.
+std::string Typed(const std::string& text, char32_t code) {
+  if (code == kBackspace) return LeftOf(text, LengthOf(text) - std::min<std::size_t>(LengthOf(text), 1));
+  if (code < 0x80) return text + static_cast<char>(code);
+  return text + FromCodePage({static_cast<std::uint8_t>(std::min<char32_t>(code, 0xFF))});
+}
+
+}  // namespace
+
+bool Button::OperatorClick() {
+  return AsOperator([this] { Press(); });
+}
+
+bool MenuItem::OperatorClick() {
+  return AsOperator([this] { Press(); });
+}
+
+bool Label::OperatorClick() {
+  return AsOperator([this] { Raise(&ControlEvents::click); });
+}
+
+void CheckBox::SetValue(int value) {
+  if (value < 0 || value > 2) throw InvalidPropertyValue();
+  if (value == value_) return;
+  Store(value_, value);
+  Raise(&ControlEvents::click);
+}
+
+bool CheckBox::OperatorCheck(bool on) {
+  return AsOperator([this, on] { SetValue(on ? 1 : 0); });
+}
+
+int OptionGroup::Selected() const {
+  for (const OptionButton* member : members_) {
+    if (member->Value()) return member->Index();
+  }
+  return kNoIndex;
+}
+
+OptionButton::~OptionButton() {
+  if (group_) std::erase(group_->members_, this);
+}
+
+void OptionButton::Join(OptionGroup& group) {
+  group_ = &group;
+  group.members_.push_back(this);
+}
+
+void OptionButton::SetValue(bool value) {
+  if (value == value_) return;
+  if (value && group_) {
+    for (OptionButton* other : group_->members_) {
+      if (other != this) other->Store(other->value_, false);
+    }
+  }
+  Store(value_, value);
+  if (value) Raise(&ControlEvents::click);
+}
+
+bool OptionButton::OperatorClick() {
+  return AsOperator([this] { SetValue(true); });
+}
+
+void ComboBox::Clear() {
+  list_.clear();
+  text_.clear();
+  index_ = -1;
+  Changed.Emit();
+}
+
+void ComboBox::AddItem(std::string item) {
+  list_.push_back(std::move(item));
+  Changed.Emit();
+}
+
+void ComboBox::SetListIndex(int index) {
+  if (index < -1 || index >= ListCount()) throw InvalidPropertyValue();
+  index_ = index;
+  text_ = index < 0 ? std::string() : list_[static_cast<std::size_t>(index)];
+  Changed.Emit();
+  Raise(&ControlEvents::click);
+}
+
+void ComboBox::PutBack(int index) {
+  if (index != index_) {
+    SetListIndex(index);
+    return;
+  }
+  text_ = index < 0 ? std::string() : list_[static_cast<std::size_t>(index)];
+  Changed.Emit();  // also when the text is as it was: a widget shows what was typed until it hears this
+}
+
+bool ComboBox::OperatorSelect(int index) {
+  if (index < 0 || index >= ListCount()) return false;
+  return AsOperator([this, index] { SetListIndex(index); });
+}
+
+bool ComboBox::OperatorType(std::string text) {
+  return AsOperator([this, &text] {
+    if (text == text_) return;
+    text_ = std::move(text);
+    Changed.Emit();
+    Raise(&ControlEvents::change);
+  });
+}
+
+bool ComboBox::OperatorKey(char32_t code) {
+  return AsOperator([this, code] {
+    KeyPress press{code};
+    Events()->key.Emit(Index(), press);
+    if (!press.cancelled) OperatorType(Typed(text_, code));
+  });
+}
+
+int SpinControl::Lowest() const {
+  return std::min(min_, max_);
+}
+int SpinControl::Highest() const {
+  return std::max(min_, max_);
+}
+
+void SpinControl::SetValue(int value) {
+  if (value == value_) return;
+  Store(value_, value);
+  Raise(&ControlEvents::moved);
+  Raise(&ControlEvents::change);
+}
+
+void SpinControl::Pull() {
+  const int inside = std::clamp(value_, Lowest(), Highest());
+  if (inside == value_) return;
+  Store(value_, inside);
+  Raise(&ControlEvents::moved);
+}
+
+void SpinControl::SetMin(int min) {
+  Store(min_, min);
+  Pull();
+}
+
+void SpinControl::SetMax(int max) {
+  Store(max_, max);
+  Pull();
+}
+
+bool SpinControl::OperatorStep(bool up, int times) {
+  return AsOperator([this, up, times] {
+    for (int i = 0; i < times; ++i) {
+      const bool rising = up == (max_ >= min_);
+      const std::int64_t next = std::int64_t{value_} + (rising ? increment_ : -increment_);
+      SetValue(static_cast<int>(std::clamp<std::int64_t>(next, Lowest(), Highest())));
+    }
+  });
+}
+
+bool SpinControl::OperatorSpin(int value) {
+  return AsOperator([this, value] { SetValue(std::clamp(value, Lowest(), Highest())); });
+}
+
+void TextBox::SetText(std::string text) {
+  if (text == text_) return;
+  Store(text_, std::move(text));
+  Raise(&ControlEvents::change);
+}
+
+bool TextBox::OperatorType(std::string text) {
+  return AsOperator([this, &text] { SetText(std::move(text)); });
+}
+
+bool TextBox::OperatorKey(char32_t code) {
+  return AsOperator([this, code] {
+    KeyPress press{code};
+    Events()->key.Emit(Index(), press);
+    if (!press.cancelled) SetText(Typed(text_, code));
+  });
+}
+
+void ScrollBar::SetValue(int value) {
+  if (value == value_) return;
+  Store(value_, value);
+  Raise(&ControlEvents::change);
+}
+
+bool ScrollBar::OperatorScroll(int value) {
+  return AsOperator([this, value] { SetValue(std::clamp(value, 0, max_)); });
+}
+
+}  // namespace marlinset

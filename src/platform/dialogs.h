@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace marlinset {
+
+/// The program's title: caption of its questions and of its boxes.
+inline constexpr std::string_view kProgramTitle = "7340 Marlinset";
+
+enum class BoxButtons { kOk, kOkCancel, kYesNo };
+enum class BoxIcon { kNone, kInformation, kCritical, kQuestion };
+enum class BoxAnswer { kOk, kCancel, kYes, kNo };
+
+/// One message box. `text` is the system's own wording; `remedy` is what helps beyond it (which device, what
+/// to do) and stands in the box's informative line.
+struct MessageBox {
+  std::string text;
+  BoxButtons buttons = BoxButtons::kOk;
+  BoxIcon icon = BoxIcon::kNone;
+  std::string caption = std::string(kProgramTitle);
+  std::string remedy = {};
+};
+
+/// Where the tool asks and tells. One implementation shows windows, one answers from a queue (script, tests).
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  Dialogs() = default;
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
+
+  /// Shows the box and returns when it is answered. Esc and the cross answer No or Cancel where there is one.
+  virtual BoxAnswer Show(const MessageBox& box) = 0;
+
+  /// A plain box with an OK button.
+  void Tell(std::string text) { Show({.text = std::move(text)}); }
+  /// A question with the buttons Yes and No.
+  bool Ask(std::string text) {
+    return Show({.text = std::move(text), .buttons = BoxButtons::kYesNo, .icon = BoxIcon::kQuestion}) ==
+           BoxAnswer::kYes;
+  }
+};
+
+}  // namespace marlinset

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/timer.h"
+
+namespace marlinset {
+
+/// The tool's one source of events. All logic runs on one thread; handlers interleave only where a routine
+/// pumps.
+class EventPump : public TimerQueue {
+ public:
+  /// Handles what is due now: bytes on the line, timer ticks, operator input, repaints. Never sleeps.
+  virtual void HandleDue() = 0;
+  /// Handles what is due; when nothing is, sleeps until something is and handles that. A wait loop calls this
+  /// only after it has looked whether what it waits for is there already.
+  virtual void Pump() = 0;
+
+  /// The program ends: every wait that stands gives up (see Ending).
+  virtual void End() { ending_ = true; }
+  /// True from the moment at which the window was closed or the program was told to stop; wait and drain
+  /// loops end.
+  bool Ending() const { return ending_; }
+
+ private:
+  bool ending_ = false;
+};
+
+}  // namespace marlinset

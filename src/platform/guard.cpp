@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/guard.h"
+
+#include <string>
+
+#include "platform/dialogs.h"
+#include "platform/runtime_error.h"
+
+namespace marlinset {
+
+bool Guard::Run(const std::function<void()>& body) {
+  try {
+    body();
+    return true;
+  } catch (const RuntimeError& error) {
+    dialogs_.Tell(std::to_string(error.Number()) + "  " + error.Description());
+  } catch (const std::exception& error) {
+    dialogs_.Tell(std::to_string(kErrInternal) + "  Internal error: " + error.what());
+  }
+  return false;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+namespace marlinset {
+
+class EventPump;
+class MSComm;
+class DataEngine;
+class Dialogs;
+class SettingsStore;
+class Guard;
+
+/// What the computer offers, as the tool sees it. Put together in app/ (or in a test) and handed down by
+/// reference.
+struct Platform {
+  EventPump& pump;
+  MSComm& ComP1;
+  DataEngine& engine;
+  Dialogs& dialogs;
+  SettingsStore& settings;
+  Guard& guard;
+  /// Folder of the program: reference database and default configuration lie here.
+  std::string programFolder;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/runtime_error.h"
+
+namespace marlinset {
+
+RuntimeError Overflow() {
+  return {kErrOverflow, "Overflow"};
+}
+RuntimeError SubscriptOutOfRange() {
+  return {kErrSubscript, "Subscript out of range"};
+}
+RuntimeError TypeMismatch() {
+  return {kErrTypeMismatch, "Type mismatch"};
+}
+RuntimeError InvalidPropertyValue() {
+  return {kErrBadProperty, "Invalid property value"};
+}
+RuntimeError NoSuchElement(int index) {
+  return {kErrNoSuchElement, "Control array element '" + std::to_string(index) + "' doesn't exist"};
+}
+
+}  // namespace marlinset

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace marlinset {
+
+/// A failure of a statement, with the stable number that operators quote to the service desk. A routine that
+/// does not handle it hands it to its caller; the guard at the edge (see guard.h) shows number and
+/// description.
+class RuntimeError : public std::exception {
+ public:
+  RuntimeError(int number, std::string description) : number_(number), description_(std::move(description)) {}
+
+  int Number() const { return number_; }
+  const std::string& Description() const { return description_; }
+  const char* what() const noexcept override { return description_.c_str(); }
+
+ private:
+  int number_;
+  std::string description_;
+};
+
+constexpr int kErrOverflow = 6;
+constexpr int kErrSubscript = 9;
+constexpr int kErrTypeMismatch = 13;
+constexpr int kErrInternal = 51;
+constexpr int kErrFileNotFound = 53;
+constexpr int kErrNoSuchElement = 340;
+constexpr int kErrElementLoaded = 360;
+constexpr int kErrBadProperty = 380;
+constexpr int kErrNoCurrentRecord = 3021;
+constexpr int kErrNoDatabase = 3024;
+constexpr int kErrNoTable = 3078;
+constexpr int kErrNoColumn = 3265;
+constexpr int kErrBadDatabase = 3343;
+constexpr int kErrPort = 8002;
+
+/// "Overflow": a number does not fit where it is to go, for example 256 into a byte of a message.
+RuntimeError Overflow();
+/// "Subscript out of range": an index beyond an array, or an array that was never filled.
+RuntimeError SubscriptOutOfRange();
+/// "Type mismatch": a value that cannot be read as what is wanted, for example a database's text as a number.
+RuntimeError TypeMismatch();
+/// "Invalid property value": a control was given what it cannot take, for example a list index that is not
+/// there.
+RuntimeError InvalidPropertyValue();
+/// "Control array element 'N' doesn't exist".
+RuntimeError NoSuchElement(int index);
+
+/// Thrown where the program has to end at once, without a question and without saving (a reference database
+/// that is of no use). Only the programs' main routines catch it.
+struct ProgramEnd {
+  int status;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace marlinset {
+
+/// The per-user settings of the tool: application "7340-Marlinset", section "Window", text values. Keys are
+/// found without regard to case; an empty value is a value.
+class SettingsStore {
+ public:
+  virtual ~SettingsStore() = default;
+  virtual std::string GetSetting(std::string_view key, std::string_view defaultValue) const = 0;
+  virtual void SaveSetting(std::string_view key, std::string_view value) = 0;
+};
+
+/// A setting as a whole number; what is no number reads 0.
+int SettingNumber(const SettingsStore& settings, std::string_view key, std::string_view defaultValue);
+
+}  // namespace marlinset

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace marlinset {
+
+/// A list of listeners, called in the order in which they were connected. A listener may connect or
+/// disconnect listeners, itself included, while it is being called; the change counts from the next Emit on.
+template <class... Args>
+class Signal {
+ public:
+  using Listener = std::function<void(Args...)>;
+  using Id = std::uint64_t;
+
+  Id Connect(Listener listener) {
+    entries_.push_back({++lastId_, std::make_shared<Listener>(std::move(listener))});
+    return lastId_;
+  }
+  void Disconnect(Id id) {
+    std::erase_if(entries_, [id](const Entry& entry) { return entry.id == id; });
+  }
+  void Emit(Args... args) const {
+    if (entries_.empty()) return;
+    const std::vector<Entry> present = entries_;
+    for (const Entry& entry : present) (*entry.listener)(args...);
+  }
+
+ private:
+  struct Entry {
+    Id id;
+    std::shared_ptr<Listener> listener;
+  };
+  std::vector<Entry> entries_;
+  Id lastId_ = 0;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace marlinset {
+
+// Text inside the tool is UTF-8; these count, cut and capitalise characters, not bytes.
+
+/// Number of characters.
+std::size_t LengthOf(std::string_view text);
+/// The first `count` characters, or all when there are fewer.
+std::string LeftOf(std::string_view text, std::size_t count);
+/// The last `count` characters, or all when there are fewer.
+std::string RightOf(std::string_view text, std::size_t count);
+/// Each character's capital, one to one: a character without a single capital stays ("ß").
+std::string UpperOf(std::string_view text);
+/// Without blanks (U+0020) at both ends.
+std::string Trim(std::string_view text);
+/// Compares without regard to the case of the letters A to Z; for names of controls, keys and columns.
+bool EqualNoCase(std::string_view a, std::string_view b);
+
+/// One byte a character in Windows code page 1252, as the unit and the files in the field have it. A
+/// character that the page does not hold becomes "?".
+std::vector<std::uint8_t> ToCodePage(std::string_view text);
+/// Back again; all 256 bytes make the round trip.
+std::string FromCodePage(const std::vector<std::uint8_t>& bytes);
+
+/// Decimal text with a leading blank in the place of the sign of a number that is not negative: 46 is " 46".
+std::string SignedText(std::int64_t number);
+/// Capital hexadecimal digits without leading zeros: 15 is "F".
+std::string HexText(std::uint64_t number);
+/// Exactly two capital hexadecimal digits.
+std::string HexByte(std::uint8_t byte);
+
+}  // namespace marlinset

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <map>
+
+#include "platform/event_pump.h"
+
+namespace marlinset {
+
+/// An event pump on a clock that jumps: a wait of ten seconds takes microseconds. Time moves only while
+/// something waits (Pump) or is told to (Advance); an idle clock fires nothing.
+class VirtualPump : public EventPump {
+ public:
+  std::int64_t Now() const override { return now_; }
+  void HandleDue() override;
+  /// Jumps to the next event. A wait that nothing scheduled could ever end is a fault of the program and is
+  /// reported as std::logic_error instead of hanging.
+  void Pump() override;
+
+  /// Runs `action` when the clock stands at `when` (at once in the next pump if that has passed). Actions of
+  /// one moment run in the order in which they were given, before the timers of that moment.
+  void At(std::int64_t when, std::function<void()> action);
+  /// Lets `milliseconds` pass, with everything that falls due.
+  void Advance(std::int64_t milliseconds);
+
+ private:
+  std::optional<std::int64_t> NextEvent() const;
+
+  std::int64_t now_ = 0;
+  std::multimap<std::int64_t, std::function<void()>> actions_;
+  int idlePumps_ = 0;
+};
+
+}  // namespace marlinset
