@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/dialogs.h"
+
+namespace marlinset {
+
+/// Boxes that a test answers: every box is recorded and takes the next of `answers`. With none left a
+/// question is refused (No, Cancel) and a plain box is confirmed, as a cautious operator would do.
+class FakeDialogs : public Dialogs {
+ public:
+  std::vector<MessageBox> shown;
+  std::deque<BoxAnswer> answers;
+  /// Answers in place of the queue when set; also the place to look at the tool while a box stands.
+  std::function<BoxAnswer(const MessageBox&)> onShow;
+
+  BoxAnswer Show(const MessageBox& box) override {
+    shown.push_back(box);
+    if (onShow) return onShow(box);
+    if (answers.empty()) return Default(box.buttons);
+    const BoxAnswer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+
+  /// Texts of all boxes so far, in order.
+  std::vector<std::string> Texts() const {
+    std::vector<std::string> texts;
+    texts.reserve(shown.size());
+    for (const MessageBox& box : shown) texts.push_back(box.text);
+    return texts;
+  }
+
+  static BoxAnswer Default(BoxButtons buttons) {
+    switch (buttons) {
+      case BoxButtons::kYesNo:
+        return BoxAnswer::kNo;
+      case BoxButtons::kOkCancel:
+        return BoxAnswer::kCancel;
+      default:
+        return BoxAnswer::kOk;
+    }
+  }
+};
+
+}  // namespace marlinset

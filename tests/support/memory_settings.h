@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/settings_store.h"
+#include "platform/text.h"
+
+namespace marlinset {
+
+/// Settings that live as long as the test, in the order in which they were first saved.
+class MemorySettings : public SettingsStore {
+ public:
+  std::vector<std::pair<std::string, std::string>> values;
+
+  std::string GetSetting(std::string_view key, std::string_view defaultValue) const override {
+    const auto found = std::find_if(values.begin(), values.end(),
+                                    [key](const auto& entry) { return EqualNoCase(entry.first, key); });
+    return found == values.end() ? std::string(defaultValue) : found->second;
+  }
+
+  void SaveSetting(std::string_view key, std::string_view value) override {
+    for (auto& [name, stored] : values) {
+      if (!EqualNoCase(name, key)) continue;
+      stored = value;
+      return;
+    }
+    values.emplace_back(key, value);
+  }
+
+  bool Has(std::string_view key) const {
+    return std::any_of(values.begin(), values.end(),
+                       [key](const auto& entry) { return EqualNoCase(entry.first, key); });
+  }
+};
+
+}  // namespace marlinset

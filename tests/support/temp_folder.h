@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace marlinset {
+
+/// A fresh folder that goes with the test, and what lies in it.
+class TempFolder {
+ public:
+  TempFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "marlinset-test-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    path_ = pattern;
+  }
+  ~TempFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+
+  /// The folder, without a trailing separator.
+  const std::string& Path() const { return path_; }
+  /// Full path of a file in the folder; makes nothing.
+  std::string File(std::string_view name) const { return (std::filesystem::path(path_) / name).string(); }
+  /// Writes a file as it is, bytes and all; returns its full path.
+  std::string Write(std::string_view name, std::string_view content) const {
+    std::ofstream out(File(name), std::ios::binary | std::ios::trunc);
+    out.write(content.data(), static_cast<std::streamsize>(content.size()));
+    if (!out.flush()) throw std::runtime_error("cannot write " + File(name));
+    return File(name);
+  }
+  /// The bytes of a file, empty when there is none.
+  std::string Read(std::string_view name) const {
+    std::ifstream in(File(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace marlinset
