@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "core/variables.h"
+#include "link/replies.h"
+
+namespace marlinset {
+
+class FrmStart;
+class Timer;
+struct Platform;
+
+/// The wire layer: every message to the unit leaves through SendPacket, every byte from it comes in through
+/// ReceivePacket. Panel 1 of the status bar is the result of the last exchange and is read as state: "Sent"
+/// while an answer is awaited, then "Ack In", "Nack In" or "Local Mode".
+class Communications {
+ public:
+  Communications(Platform& platform, Variables& variables, FrmStart& form);
+
+  /// Frames the fields (address, packet id, command, data), writes them to the port and pumps until they have
+  /// gone. A negative field goes out as its low byte, an empty one as 0; above 255 is failure 6. On a closed
+  /// port: a box, and panel 1 "Ack In", so that the caller's wait ends at once and reports no second error.
+  void SendPacket(const std::vector<PacketField>& fields);
+
+  /// Takes what lies in the receive buffer as one message. Safe to call with nothing to read. All effects go
+  /// through the status bar, the flags and the decoders; a failure on the way ends as "Buff Over" in panel 3.
+  void ReceivePacket();
+
+  /// The acknowledged send of `PacketFields`: panel 1 "Sent", one attempt, wait on `timer` until "Ack In".
+  /// Returns whether the acknowledgement came.
+  bool AckWait(Timer& timer);
+  /// The same on dPause.
+  bool AckWait();
+  /// As AckWait(timer), with UnitLocalMode held True during the wait so that no panel sends meanwhile; False
+  /// after.
+  bool LockedAckWait(Timer& timer);
+
+  /// The query wait: the fields are sent, and sent once more if nothing has come within 100 ms; the wait ends
+  /// there. Clears UnitStandardText first.
+  void ReplyWait(std::vector<PacketField> fields);
+
+  /// Pumps and receives while `timer` runs and `done` does not hold, then stops the timer. Ends early when
+  /// the port or the program goes away.
+  void WaitOn(Timer& timer, const std::function<bool()>& done);
+
+  /// Whether the program still runs and the line is open: no wait lasts longer.
+  bool LineUp() const;
+
+  /// Panel 4 ends in "7340Q": the unit has the down converter's processing modes and the program output.
+  bool IsModelQ() const;
+
+ private:
+  void Transmit();
+  void RefusePacket();
+  std::vector<std::uint8_t> DrainInput();
+  void HandleMessage(std::span<const std::uint8_t> message);
+  void HandleFrame(std::span<const std::uint8_t> frame);
+  void DispatchPacket(std::span<const std::uint8_t> frame);
+  bool LogByte(std::uint8_t byte);
+
+  Platform& platform_;
+  Variables& vars_;
+  FrmStart& form_;
+  Replies replies_;
+};
+
+}  // namespace marlinset

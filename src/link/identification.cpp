@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/identification.h"
+
+#include "core/frm_start.h"
+#include "link/communications.h"
+#include "platform/dialogs.h"
+#include "platform/event_pump.h"
+#include "platform/ms_comm.h"
+#include "platform/platform.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+/// Once a unit has been asked for its identification, acknowledgements are awaited no longer than this.
+constexpr int kAckMs = 100;
+
+}  // namespace
+
+Identification::Identification(Platform& platform, Variables& variables, FrmStart& form,
+                               Communications& communications)
+    : platform_(platform), vars_(variables), form_(form), comms_(communications) {
+  form_.bGetID.OnClick([this] { GetId(); });
+  form_.bSend.OnClick([this] { SelectMode(); });
+  form_.bBroad.OnClick([this] { BroadcastMode(); });
+  form_.AboutTimer1.OnTick([this] { form_.AboutTimer1.SetEnabled(false); });
+}
+
+void Identification::OpenIfClosed() {
+  if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
+}
+
+bool Identification::ModelKnown() const {
+  const std::string& model = form_.StatBar(4).Text();
+  return RightOf(model, 4) == "7340" || RightOf(model, 5) == "7340Q";
+}
+
+void Identification::GetId() {
+  OpenIfClosed();
+  form_.StatBar(4).SetText("Getting ID");
+  vars_.PacketFields = {15, 0, 53};
+  comms_.SendPacket(vars_.PacketFields);
+  comms_.WaitOn(form_.dPause, [this] { return ModelKnown(); });
+  form_.dPause.SetInterval(kAckMs);
+  comms_.ReceivePacket();
+  if (ModelKnown() || !platform_.ComP1.PortOpen()) return;
+  form_.pComBut.SetBackColor(kRed);
+  form_.HideImages();
+  form_.StatBar(4).SetText("Get Id Failed. ");
+  if (form_.StatBar(1).Text() == "Local Mode") {
+    platform_.dialogs.Tell("Local Mode detected, Interactive mode suspended.");
+  } else {
+    platform_.dialogs.Tell(
+        "Ensure that the PC is properly connected and the proper Com Port is selected from the Options "
+        "Menu.");
+  }
+}
+
+void Identification::SelectMode() {
+  OpenIfClosed();
+  vars_.PacketFields = {15, 0, 33};
+  comms_.SendPacket(vars_.PacketFields);
+  form_.StatBar(3).SetText("Mode Switched to Select");
+}
+
+void Identification::BroadcastMode() {
+  OpenIfClosed();
+  vars_.PacketFields = {15, 0, 34};
+  comms_.SendPacket(vars_.PacketFields);
+}
+
+void Identification::AskFirmwareOnce() {
+  vars_.PacketFields = {15, 0, 54, 1};
+  form_.AboutTimer1.Restart();
+  vars_.WaitFullReply = true;
+  comms_.SendPacket(vars_.PacketFields);
+  while (form_.AboutTimer1.Enabled() && firmwareWanted_ && comms_.LineUp()) {
+    comms_.ReceivePacket();
+    if (form_.AboutTimer1.Enabled()) platform_.pump.Pump();
+  }
+  comms_.ReceivePacket();
+}
+
+void Identification::GetFirmware() {
+  if (firmwareRunning_) return;
+  firmwareRunning_ = true;
+  firmwareWanted_ = true;
+  vars_.UnitIdText.clear();
+  do {
+    AskFirmwareOnce();
+  } while (vars_.UnitIdText.empty() && firmwareWanted_ && comms_.LineUp() && form_.mnuInter.Checked());
+  form_.AboutTimer1.SetEnabled(false);
+  vars_.WaitFullReply = false;
+  firmwareRunning_ = false;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/ports.h"
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "link/interactive_mode.h"
+#include "platform/dialogs.h"
+#include "platform/ms_comm.h"
+#include "platform/platform.h"
+#include "platform/settings_store.h"
+
+namespace marlinset {
+
+void EnableLinkButtons(FrmStart& form, bool enabled) {
+  for (Button* button :
+       {&form.bOpen, &form.bSend, &form.bClose, &form.bGetID, &form.bBroad, &form.bSConfig}) {
+    button->SetEnabled(enabled);
+  }
+}
+
+Ports::Ports(Platform& platform, Variables& variables, FrmStart& form)
+    : platform_(platform), vars_(variables), form_(form) {
+  form_.bOpen.OnClick([this] { Open(); });
+  form_.bClose.OnClick([this] { Close(); });
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    ComMenu(port).OnClick([this, port] {
+      const bool alreadyChecked = ComMenu(port).Checked();
+      if (platform_.ComP1.PortOpen()) form_.bClose.Press();
+      SetComMenu(port, alreadyChecked);
+    });
+  }
+}
+
+MenuItem& Ports::ComMenu(int port) const {
+  MenuItem* const items[] = {&form_.mnuCom1, &form_.mnuCom2, &form_.mnuCom3, &form_.mnuCom4};
+  return *items[port - kLowestPort];
+}
+
+void Ports::TickOnly(int port) {
+  for (int other = kLowestPort; other <= kHighestPort; ++other) ComMenu(other).SetChecked(other == port);
+}
+
+void Ports::Open() {
+  if (platform_.ComP1.PortOpen()) {
+    form_.StatBar(2).SetText("Port Open Already ");
+    return;
+  }
+  form_.tInput.SetText("");
+  form_.StatBar(1).SetText("");
+  try {
+    platform_.ComP1.SetCommPort(vars_.ComPortNumber);
+    platform_.ComP1.SetPortOpen(true);
+  } catch (const RuntimeError& error) {
+    form_.pComBut.SetBackColor(kRed);
+    form_.HideImages();
+    form_.StatBar(2).SetText("Port Closed");
+    platform_.dialogs.Show({.text = error.Description(), .icon = BoxIcon::kCritical});
+    return;
+  }
+  form_.pComBut.SetBackColor(kGreen);
+  form_.HideImages();
+  form_.StatBar(2).SetText("Port Open ");
+}
+
+void Ports::ShowClosed() {
+  form_.pComBut.SetBackColor(kRed);
+  form_.HideImages();
+  form_.ShowVideoPicture(2);
+}
+
+void Ports::Close() {
+  if (!platform_.ComP1.PortOpen()) {
+    form_.StatBar(2).SetText("Port Closed Already ");
+    return;
+  }
+  LeaveInteractiveMode(form_);
+  platform_.ComP1.SetPortOpen(false);
+  ShowClosed();
+  form_.StatBar(2).SetText("Port Closed ");
+}
+
+void Ports::ClosePort() {
+  if (platform_.ComP1.PortOpen()) {
+    LeaveInteractiveMode(form_);
+    platform_.ComP1.SetPortOpen(false);
+  }
+  ShowClosed();
+  form_.StatBar(2).SetText("Offline");
+  form_.InterTime.SetEnabled(false);
+  form_.mnuInter.SetChecked(false);
+  form_.mnuOff.SetChecked(true);
+  EnableLinkButtons(form_, true);
+}
+
+void Ports::LineLost(int commEvent) {
+  if (commEvent == kCommCtsTimeout) {
+    ClosePort();
+    platform_.dialogs.Tell("CTS Timeout Transfer aborted");
+    return;
+  }
+  const int port = vars_.ComPortNumber;
+  LeaveInteractiveMode(form_);
+  ClosePort();
+  platform_.dialogs.Show({.text = "The device behind port " + std::to_string(port) + " (" +
+                                  platform_.ComP1.DeviceName(port) + ") is gone. The tool is off line.",
+                          .icon = BoxIcon::kCritical,
+                          .remedy = "Check cable and adapter, then press Open or choose another port in the "
+                                    "Options menu. The configuration is as it was."});
+}
+
+std::string Ports::ScanPorts() {
+  std::string present;
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    try {
+      platform_.ComP1.SetCommPort(port);
+      platform_.ComP1.SetPortOpen(true);
+      platform_.ComP1.SetPortOpen(false);
+    } catch (const RuntimeError&) {
+      continue;
+    }
+    At(vars_.ComPortPresent, port) = true;
+    present += std::to_string(port);
+  }
+  return present;
+}
+
+void Ports::SetUpCom() {
+  vars_.PortList = ScanPorts();
+  int first = 0;
+  for (int port = kHighestPort; port >= kLowestPort; --port) {
+    const bool present = At(vars_.ComPortPresent, port);
+    ComMenu(port).SetEnabled(present);
+    if (present) first = port;
+  }
+  if (first != 0) {
+    TickOnly(first);
+    vars_.ComPortNumber = first;
+  }
+  const std::string remembered = platform_.settings.GetSetting("Comm", "1");
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    if (remembered != std::to_string(port) || !ComMenu(port).Enabled()) continue;
+    TickOnly(port);
+    vars_.ComPortNumber = port;
+  }
+}
+
+void Ports::SetComMenu(int port, bool alreadyChecked) {
+  if (platform_.ComP1.PortOpen()) {
+    platform_.dialogs.Tell("Close port before changing port allocations. Port change ignored.");
+    return;
+  }
+  if (alreadyChecked) return;
+  TickOnly(port);
+  vars_.ComPortNumber = port;
+  platform_.settings.SaveSetting("Comm", std::to_string(port));
+}
+
+}  // namespace marlinset

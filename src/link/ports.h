@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+namespace marlinset {
+
+class FrmStart;
+class MenuItem;
+struct Platform;
+struct Variables;
+
+/// Opening, closing and choosing the serial port: the buttons Open and Close, the port menu and the line's
+/// events. Connects to `bOpen`, `bClose`, `mnuCom1` to `mnuCom4`.
+class Ports {
+ public:
+  Ports(Platform& platform, Variables& variables, FrmStart& form);
+
+  /// Finds the ports and ticks the one to use: the remembered one when it is there, otherwise the first.
+  void SetUpCom();
+  /// The digits of the ports that can be opened ("134"); notes them in ComPortPresent.
+  std::string ScanPorts();
+  /// Chooses a port; refused while the port is open.
+  void SetComMenu(int port, bool alreadyChecked);
+  /// Leaves interactive mode, closes the port and shows it.
+  void ClosePort();
+
+  /// The line reports that its device has gone or does not take bytes any more.
+  void LineLost(int commEvent);
+
+ private:
+  void Open();
+  void Close();
+  void ShowClosed();
+  MenuItem& ComMenu(int port) const;
+  void TickOnly(int port);
+
+  Platform& platform_;
+  Variables& vars_;
+  FrmStart& form_;
+};
+
+/// Enables the six buttons that talk to the unit: Open, Send, Close, Get ID, Broad, Send Setup; or disables
+/// them.
+void EnableLinkButtons(FrmStart& form, bool enabled);
+
+}  // namespace marlinset

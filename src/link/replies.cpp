@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/replies.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+constexpr std::array<std::string_view, 9> kStandards = {
+    "", "NTSC", "PAL", "1080p/24", "1080i/60", "1080i/50", "525i/60", "625i/50", "720p/60"};
+
+/// First and last number of a run of commands that units are known to send without being asked.
+struct Run {
+  int first;
+  int last;
+};
+constexpr Run kQueryPass[] = {{2, 2}, {4, 4}, {8, 13}, {16, 17}, {49, 49}, {56, 58}, {208, 208}};
+constexpr Run kAddr0Pass[] = {{44, 44}};
+constexpr Run kAddr1Pass[] = {{22, 22},   {24, 31},   {67, 67},   {69, 70},   {72, 72},   {74, 74},
+                              {76, 77},   {79, 79},   {81, 81},   {83, 83},   {85, 85},   {87, 95},
+                              {102, 102}, {104, 107}, {120, 126}, {142, 159}, {176, 189}, {208, 208}};
+constexpr Run kAddr2Pass[] = {{48, 59}};
+
+bool Passes(std::span<const Run> runs, int command) {
+  return std::any_of(runs.begin(), runs.end(),
+                     [command](const Run& run) { return command >= run.first && command <= run.last; });
+}
+
+constexpr int kVideoStatus = 52;
+constexpr int kIdentification = 53;
+constexpr int kFirmware = 54;
+constexpr int kBroadcastNotice = 187;
+
+constexpr int kManualBit = 0x80;
+constexpr int kNoVideoBit = 0x40;
+constexpr int kStandardBits = 0x3F;
+
+struct Model {
+  int code;
+  const char* text;
+  MenuItem FrmStart::*menu;
+};
+constexpr Model kModels[] = {{2, "HD7340", &FrmStart::mnuHD7340},
+                             {8, "HD7340", &FrmStart::mnuHD7340},
+                             {10, "HDSD7340", &FrmStart::mnuHD7340},
+                             {32, "HD7340Q", &FrmStart::mnuHD7340Q}};
+
+}  // namespace
+
+std::string_view VideoStandardText(int code) {
+  return code >= 1 && code < static_cast<int>(kStandards.size()) ? kStandards[static_cast<std::size_t>(code)]
+                                                                 : std::string_view();
+}
+
+int VideoStandardCode(std::string_view text) {
+  if (text.empty()) return 0;
+  const auto* found = std::find(kStandards.begin(), kStandards.end(), text);
+  return found == kStandards.end() ? 0 : static_cast<int>(found - kStandards.begin());
+}
+
+Replies::Replies(Platform& platform, Variables& variables, FrmStart& form)
+    : platform_(platform), vars_(variables), form_(form) {}
+
+void Replies::DecodeQueryReply(std::span<const std::uint8_t> frame) {
+  const int command = At(frame, 4);
+  switch (command) {
+    case kVideoStatus:
+      ShowVideoStatus(frame);
+      break;
+    case kIdentification:
+      ShowIdentification(frame);
+      break;
+    case kFirmware:
+      TakeFirmwareText(frame);
+      break;
+    case kBroadcastNotice:
+      LeaveBroadcast();
+      break;
+    default:
+      if (!Passes(kQueryPass, command)) ShowUnknown(frame);
+  }
+}
+
+void Replies::DecodeAddr0Reply(std::span<const std::uint8_t> frame) {
+  if (!Passes(kAddr0Pass, At(frame, 4))) ShowUnknown(frame);
+}
+
+void Replies::DecodeAddr1Reply(std::span<const std::uint8_t> frame) {
+  if (!Passes(kAddr1Pass, At(frame, 4))) ShowUnknown(frame);
+}
+
+void Replies::DecodeAddr2Reply(std::span<const std::uint8_t> frame) {
+  if (!Passes(kAddr2Pass, At(frame, 4))) ShowUnknown(frame);
+}
+
+void Replies::ShowVideoStatus(std::span<const std::uint8_t> frame) {
+  const int status = At(frame, 5);
+  vars_.UnitVideoStandard = status;
+  const bool manual = (status & kManualBit) != 0;
+  if (manual) form_.StatBar(3).SetText("Auto Disable");
+  form_.mnuAuto.SetChecked(!manual);
+  form_.mnuMan.SetChecked(manual);
+  const bool noVideo = (status & kNoVideoBit) != 0;
+  form_.StatBar(3).SetText(noVideo ? "No Video Present " : "Video Present ");
+  form_.ShowVideoPicture(noVideo ? 1 : 0);
+  const std::string_view standard = VideoStandardText(status & kStandardBits);
+  if (!standard.empty()) vars_.UnitStandardText = standard;
+  form_.StatBar(2).SetText(vars_.UnitStandardText);
+}
+
+void Replies::ShowIdentification(std::span<const std::uint8_t> frame) {
+  const int code = At(frame, 5);
+  for (const Model& model : kModels) {
+    if (model.code != code) continue;
+    form_.StatBar(4).SetText(model.text);
+    vars_.UnitLocalMode = false;
+    (form_.*model.menu).Press();
+    return;
+  }
+  platform_.dialogs.Tell("Invalid Identification Recieved, verify com port and retry. " + SignedText(code) +
+                         SignedText(At(frame, 6)));
+}
+
+/// Eight characters, a blank and six digits; then, unless the marker is "R", a blank, the marker, a blank and
+/// six digits more.
+void Replies::TakeFirmwareText(std::span<const std::uint8_t> frame) {
+  form_.AboutTimer1.SetEnabled(false);
+  std::string& text = vars_.UnitIdText;
+  text.clear();
+  for (int i = 5; i <= 12; ++i) text += FromCodePage({At(frame, i)});
+  text += ' ';
+  for (int i = 13; i <= 15; ++i) text += HexByte(At(frame, i));
+  const std::string marker = FromCodePage({At(frame, 16)});
+  if (marker == "R") return;
+  text += " " + marker + " ";
+  for (int i = 17; i <= 19; ++i) text += HexByte(At(frame, i));
+}
+
+void Replies::LeaveBroadcast() {
+  form_.StatBar(3).SetText("Broadcast Packet In");
+  form_.bSend.Press();
+  platform_.dialogs.Tell("Broadcast Mode detected, switched to Select Mode");
+}
+
+void Replies::ShowUnknown(std::span<const std::uint8_t> frame) {
+  platform_.dialogs.Tell("Unknown Command " + SignedText(At(frame, 2)) + SignedText(At(frame, 3)) +
+                         SignedText(At(frame, 4)));
+}
+
+}  // namespace marlinset
