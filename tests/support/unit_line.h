@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <set>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/ms_comm.h"
+#include "platform/reply_gate.h"
+#include "platform/virtual_pump.h"
+#include "unit/unit_model.h"
+
+namespace marlinset {
+
+/// A serial line on the virtual clock with a virtual unit at its far end. Bytes take no time unless the line
+/// is paced; a reply arrives whole, in a later pump. Make the pump first, and pump no more once the line is
+/// gone.
+class UnitLine : public MSComm {
+ public:
+  explicit UnitLine(VirtualPump& pump, UnitSettings settings = {});
+
+  UnitModel& Unit() { return unit_; }
+  /// Call after telling the unit something that makes it speak on its own: StartBroadcast, Flood, Say, and
+  /// the end of local mode or silence while it broadcasts.
+  void Settle() { Schedule(); }
+
+  /// Bits a second in both directions, 0 for a line without a speed.
+  void SetPace(int bitsPerSecond);
+  /// Off: bytes become readable as they arrive, pieces and all. On at first, as on a real port.
+  void SetGate(bool on) { gated_ = on; }
+  /// The ports that have a device behind them; 1 at first.
+  void SetPorts(std::set<int> ports) { ports_ = std::move(ports); }
+  /// Every opening fails with this text; an empty text ends that.
+  void RefuseOpen(std::string text) { refusal_ = std::move(text); }
+
+  /// Bytes that arrive at `atMs` of the pump's clock, whoever sent them.
+  void Inject(Bytes bytes, std::int64_t atMs);
+  /// The device goes away now: the port is closed and the tool is told. Openings fail until Return.
+  void Vanish();
+  void Return() { gone_ = false; }
+  /// Raises OnComm with any code.
+  void RaiseEvent(int code);
+
+  /// What the tool wrote since the last ClearSent, one element an Output.
+  const std::vector<Bytes>& Sent() const { return sent_; }
+  void ClearSent() { sent_.clear(); }
+  /// How often the port was opened with success.
+  int Openings() const { return openings_; }
+
+  int CommPort() const override { return port_; }
+  void SetCommPort(int port) override { port_ = port; }
+  bool PortOpen() const override { return open_; }
+  void SetPortOpen(bool open) override;
+  void Output(std::span<const std::uint8_t> bytes) override;
+  std::size_t OutBufferCount() const override { return outgoing_; }
+  std::size_t InBufferCount() const override { return input_.size(); }
+  void DiscardInput() override { input_.clear(); }
+  std::uint8_t Input() override;
+  int CommEvent() const override { return event_; }
+  std::string DeviceName(int port) const override;
+
+ private:
+  LineTime Now() const { return std::chrono::milliseconds{pump_.Now()}; }
+  /// The clock's first moment that is not before `time`.
+  static std::int64_t Clock(LineTime time);
+  void Open();
+  void Close();
+  void Schedule();
+  void TakeReplies();
+  void Arrive(std::span<const std::uint8_t> bytes);
+  void WaitForQuiet();
+  void Store(std::span<const std::uint8_t> bytes);
+
+  VirtualPump& pump_;
+  UnitModel unit_;
+  LinePace toUnit_;
+  LinePace fromUnit_;
+  ReplyGate gate_;
+  bool gated_ = true;
+  std::uint64_t arrivals_ = 0;
+  std::uint64_t session_ = 0;  ///< counts openings and closings: what was on its way at one of them is lost
+  std::set<int> ports_{1};
+  std::string refusal_;
+  bool gone_ = false;
+  bool open_ = false;
+  int port_ = 1;
+  int openings_ = 0;
+  int event_ = 0;
+  std::size_t outgoing_ = 0;
+  std::deque<std::uint8_t> input_;
+  std::vector<Bytes> sent_;
+};
+
+}  // namespace marlinset
