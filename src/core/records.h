@@ -5,7 +5,7 @@
 #include <string>
 
 // The rows of the reference database as the tool holds them. A field carries the name of its column without
-// blanks and slashes; which column feeds which field stands in core/load_arrays.cpp.
+// blanks and slashes; which column feeds which field stands in core/record_columns.cpp.
 
 namespace marlinset {
 

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/record_columns.h"
+
+#include <array>
+
+namespace marlinset {
+namespace {
+
+// The table knows one pair of limits, that of the first line; it holds for all lines that a unit writes.
+constexpr std::string_view kVitcMin = "VITC1 Line1Num Min";
+constexpr std::string_view kVitcMax = "VITC1 Line1Num Max";
+
+constexpr auto kVideoStandard = std::to_array<RecordColumn<VideoStandardRec>>({
+    {"Description", &VideoStandardRec::Description},
+    {"Code", &VideoStandardRec::Code},
+    {"Order", &VideoStandardRec::Order},
+    {"Ignore1", &VideoStandardRec::Ignore1},
+    {"Frame Rate", &VideoStandardRec::FrameRate},
+    {kVitcMin, &VideoStandardRec::Vitc1Min},
+    {kVitcMax, &VideoStandardRec::Vitc1Max},
+    {"VITC1 Line1Num Default1", &VideoStandardRec::Vitc1Default1},
+    {"VITC1 Line1Num Default2", &VideoStandardRec::Vitc1Default2},
+    {kVitcMin, &VideoStandardRec::Vitc2Line1Min},
+    {kVitcMax, &VideoStandardRec::Vitc2Line1Max},
+    {"VITC2 Line1Num Default1", &VideoStandardRec::Vitc2Line1Default1},
+    {"VITC2 Line1Num Default2", &VideoStandardRec::Vitc2Line1Default2},
+    {kVitcMin, &VideoStandardRec::Vitc2Line2Min},
+    {kVitcMax, &VideoStandardRec::Vitc2Line2Max},
+    {"VITC2 Line2Num Default1", &VideoStandardRec::Vitc2Line2Default1},
+    {"VITC2 Line2Num Default2", &VideoStandardRec::Vitc2Line2Default2},
+    {kVitcMin, &VideoStandardRec::Vitc3Min},
+    {kVitcMax, &VideoStandardRec::Vitc3Max},
+    {"VITC3 Line1Num Default1", &VideoStandardRec::Vitc3Default1},
+    {"VITC3 Line1Num Default2", &VideoStandardRec::Vitc3Default2},
+    {"ANC LineNum Min", &VideoStandardRec::AncMin},
+    {"ANC LineNum Max", &VideoStandardRec::AncMax},
+    {"ANC LineNum Default", &VideoStandardRec::AncDefault},
+});
+
+constexpr auto kCharMaxPos = std::to_array<RecordColumn<CharMaxPosRec>>({
+    {"Description", &CharMaxPosRec::Description},
+    {"Video Standard", &CharMaxPosRec::VideoStandard},
+    {"HardwareID", &CharMaxPosRec::HardwareID},
+    {"Min Vert Posn", &CharMaxPosRec::MinVertPosn},
+    {"Max Vert Posn", &CharMaxPosRec::MaxVertPosn},
+    {"Min Hor Posn", &CharMaxPosRec::MinHorPosn},
+    {"Max Hor Posn", &CharMaxPosRec::MaxHorPosn},
+});
+
+constexpr auto kCharStyle = std::to_array<RecordColumn<CharStyleRec>>({
+    {"Char Style ID", &CharStyleRec::CharStyleID},
+    {"Description", &CharStyleRec::Description},
+    {"Code", &CharStyleRec::Code},
+    {"Order", &CharStyleRec::Order},
+    {"Ignore1", &CharStyleRec::Ignore1},
+});
+
+constexpr auto kCharSize = std::to_array<RecordColumn<CharSizeRec>>({
+    {"Char Size ID", &CharSizeRec::CharSizeID},
+    {"Description", &CharSizeRec::Description},
+    {"Code", &CharSizeRec::Code},
+    {"Ignore1", &CharSizeRec::Ignore1},
+});
+
+constexpr auto kCodedItem = std::to_array<RecordColumn<CodedItemRec>>({
+    {"Description", &CodedItemRec::Description},
+    {"Code", &CodedItemRec::Code},
+    {"Ignore1", &CodedItemRec::Ignore1},
+});
+
+constexpr auto kDownConvProcess = std::to_array<RecordColumn<DownConvProcessRec>>({
+    {"Order", &DownConvProcessRec::Order},
+    {"Description", &DownConvProcessRec::Description},
+    {"Code", &DownConvProcessRec::Code},
+    {"Video Standard", &DownConvProcessRec::VideoStandard},
+    {"Ignore1", &DownConvProcessRec::Ignore1},
+});
+
+constexpr auto kOrderedCode = std::to_array<RecordColumn<OrderedCodeRec>>({
+    {"Order", &OrderedCodeRec::Order},
+    {"Description", &OrderedCodeRec::Description},
+    {"Code", &OrderedCodeRec::Code},
+    {"Ignore1", &OrderedCodeRec::Ignore1},
+});
+
+constexpr auto kCodeSource = std::to_array<RecordColumn<CodeSourceRec>>({
+    {"Field Value", &CodeSourceRec::FieldValue},
+    {"Description", &CodeSourceRec::Description},
+    {"Gen Number", &CodeSourceRec::GenNumber},
+    {"Drop Frame", &CodeSourceRec::DropFrame},
+});
+
+constexpr auto kTimeCodeAssignment = std::to_array<RecordColumn<TimeCodeAssignmentRec>>({
+    {"Name", &TimeCodeAssignmentRec::Name},
+    {"Order", &TimeCodeAssignmentRec::Order},
+    {"VITC Mode", &TimeCodeAssignmentRec::VITCMode},
+    {"Field Name", &TimeCodeAssignmentRec::FieldName},
+    {"Field Value", &TimeCodeAssignmentRec::FieldValue},
+    {"Ignore1", &TimeCodeAssignmentRec::Ignore1},
+});
+
+constexpr auto kOperatingMode = std::to_array<RecordColumn<OperatingModeRec>>({
+    {"ModeId", &OperatingModeRec::ModeId},
+    {"Name", &OperatingModeRec::Name},
+    {"Order", &OperatingModeRec::Order},
+    {"Description", &OperatingModeRec::Description},
+    {"Ignore1", &OperatingModeRec::Ignore1},
+});
+
+constexpr auto kHelpMessage = std::to_array<RecordColumn<HelpMessageRec>>({
+    {"Module Ident", &HelpMessageRec::ModuleIdent},
+    {"Message Number", &HelpMessageRec::MessageNumber},
+    {"Message Text", &HelpMessageRec::MessageText},
+});
+
+constexpr auto kCharWindow = std::to_array<RecordColumn<CharWindowRec>>({
+    {"Name", &CharWindowRec::Name},
+    {"Number", &CharWindowRec::Number},
+    {"On", &CharWindowRec::On},
+    {"Top", &CharWindowRec::Top},
+    {"Left", &CharWindowRec::Left},
+    {"Length", &CharWindowRec::Length},
+    {"Slate On", &CharWindowRec::SlateOn},
+    {"Symbol On", &CharWindowRec::SymbolOn},
+    {"Symbol Length", &CharWindowRec::SymbolLength},
+    {"Field On", &CharWindowRec::FieldOn},
+    {"Field Length", &CharWindowRec::FieldLength},
+    {"Default Hor Posn", &CharWindowRec::DefaultHorPosn},
+    {"Default Vert Posn", &CharWindowRec::DefaultVertPosn},
+    {"Default on/off", &CharWindowRec::DefaultOnOff},
+    {"Default Slate on/off", &CharWindowRec::DefaultSlateOnOff},
+    {"Default Symbol on/off", &CharWindowRec::DefaultSymbolOnOff},
+    {"Default Field on/off", &CharWindowRec::DefaultFieldOnOff},
+    {"Ignore1", &CharWindowRec::Ignore1},
+    {"Double Height", &CharWindowRec::DoubleHeight},
+});
+
+constexpr auto kSystemParameter = std::to_array<RecordColumn<SystemParameterRec>>({
+    {"Class", &SystemParameterRec::Class},
+    {"Parameter", &SystemParameterRec::Parameter},
+    {"Description", &SystemParameterRec::Description},
+    {"Value", &SystemParameterRec::Value},
+});
+
+}  // namespace
+
+template <>
+std::span<const RecordColumn<VideoStandardRec>> ColumnsOf() {
+  return kVideoStandard;
+}
+template <>
+std::span<const RecordColumn<CharMaxPosRec>> ColumnsOf() {
+  return kCharMaxPos;
+}
+template <>
+std::span<const RecordColumn<CharStyleRec>> ColumnsOf() {
+  return kCharStyle;
+}
+template <>
+std::span<const RecordColumn<CharSizeRec>> ColumnsOf() {
+  return kCharSize;
+}
+template <>
+std::span<const RecordColumn<CodedItemRec>> ColumnsOf() {
+  return kCodedItem;
+}
+template <>
+std::span<const RecordColumn<DownConvProcessRec>> ColumnsOf() {
+  return kDownConvProcess;
+}
+template <>
+std::span<const RecordColumn<OrderedCodeRec>> ColumnsOf() {
+  return kOrderedCode;
+}
+template <>
+std::span<const RecordColumn<CodeSourceRec>> ColumnsOf() {
+  return kCodeSource;
+}
+template <>
+std::span<const RecordColumn<TimeCodeAssignmentRec>> ColumnsOf() {
+  return kTimeCodeAssignment;
+}
+template <>
+std::span<const RecordColumn<OperatingModeRec>> ColumnsOf() {
+  return kOperatingMode;
+}
+template <>
+std::span<const RecordColumn<HelpMessageRec>> ColumnsOf() {
+  return kHelpMessage;
+}
+template <>
+std::span<const RecordColumn<CharWindowRec>> ColumnsOf() {
+  return kCharWindow;
+}
+template <>
+std::span<const RecordColumn<SystemParameterRec>> ColumnsOf() {
+  return kSystemParameter;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/sqlite/sqlite_engine.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+// Far above anything a reference database holds; a file that claims more is damaged.
+constexpr std::size_t kMostRows = 100000;
+constexpr int kLongestValue = 1 << 20;  // bytes
+// How long a file that is just being written may keep a reader waiting.
+constexpr int kBusyMilliseconds = 1000;
+
+struct CloseDatabase {
+  void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+};
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Handle = std::unique_ptr<sqlite3, CloseDatabase>;
+using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+RuntimeError BadDatabase(const std::string& path, std::string_view reason) {
+  return {kErrBadDatabase, "Unrecognized database '" + path + "': " + std::string(reason) + "."};
+}
+
+RuntimeError NoTable(std::string_view name) {
+  return {kErrNoTable, "Couldn't find table '" + std::string(name) + "' in the database."};
+}
+
+RuntimeError NoCurrentRecord() {
+  return {kErrNoCurrentRecord, "No current record."};
+}
+
+struct RowSet {
+  std::vector<std::string> columns;
+  std::vector<std::vector<FieldValue>> rows;
+};
+
+class SqliteRecordset : public Recordset {
+ public:
+  explicit SqliteRecordset(RowSet set) : set_(std::move(set)) {}
+
+  int RecordCount() const override { return static_cast<int>(set_.rows.size()); }
+  void MoveFirst() override { MoveTo(0); }
+  void MoveLast() override { MoveTo(set_.rows.size() - 1); }
+  void MoveNext() override {
+    if (current_ >= set_.rows.size()) throw NoCurrentRecord();
+    ++current_;
+  }
+
+  FieldValue Fields(std::string_view column) const override {
+    const std::size_t index = IndexOf(column);
+    if (current_ >= set_.rows.size()) throw NoCurrentRecord();
+    return set_.rows[current_][index];
+  }
+
+ private:
+  void MoveTo(std::size_t row) {
+    if (set_.rows.empty()) throw NoCurrentRecord();
+    current_ = row;
+  }
+  std::size_t IndexOf(std::string_view column) const {
+    for (std::size_t i = 0; i < set_.columns.size(); ++i) {
+      if (EqualNoCase(set_.columns[i], column)) return i;
+    }
+    throw RuntimeError(kErrNoColumn, "Item '" + std::string(column) + "' not found in this collection.");
+  }
+
+  RowSet set_;
+  std::size_t current_ = 0;
+};
+
+FieldValue ValueOf(sqlite3_stmt* statement, int column) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+      return {};
+    case SQLITE_INTEGER:
+      return std::int64_t{sqlite3_column_int64(statement, column)};
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(statement, column);
+    default: {
+      const void* bytes = sqlite3_column_blob(statement, column);
+      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+      return bytes == nullptr ? std::string() : std::string(static_cast<const char*>(bytes), size);
+    }
+  }
+}
+
+/// A name in double quotes, a text in single ones, with the quotes inside it doubled.
+std::string Quoted(std::string_view text, char quote = '"') {
+  std::string quoted(1, quote);
+  for (const char c : text) quoted.append(c == quote ? 2 : 1, c);
+  return quoted + quote;
+}
+
+bool IsQuery(std::string_view text) {
+  constexpr std::string_view kSelect = "select ";
+  return EqualNoCase(text.substr(0, kSelect.size()), kSelect);
+}
+
+class SqliteDatabase : public Database {
+ public:
+  SqliteDatabase(Handle handle, std::string path) : handle_(std::move(handle)), path_(std::move(path)) {
+    Check();
+  }
+
+  std::unique_ptr<Recordset> OpenRecordset(std::string_view nameOrQuery) override {
+    if (IsQuery(nameOrQuery)) {
+      CompareWithoutCase();
+      return std::make_unique<SqliteRecordset>(Read(Prepare(std::string(nameOrQuery)).get()));
+    }
+    return std::make_unique<SqliteRecordset>(Read(PrepareTable(nameOrQuery).get()));
+  }
+
+ private:
+  /// Reads every page once; what does not hang together is refused here, before any row is taken from it.
+  void Check() {
+    const RowSet result = Query("PRAGMA quick_check(1)");
+    const std::string verdict = result.rows.empty() ? "no answer" : TextOf(result.rows[0].at(0));
+    if (verdict != "ok") throw BadDatabase(path_, verdict);
+  }
+
+  /// Lays a view of the same name over each table, in which texts compare without regard to case. The views
+  /// live in this connection's own memory; the file stays as it is.
+  void CompareWithoutCase() {
+    if (std::exchange(comparesWithoutCase_, true)) return;
+    Query("PRAGMA temp_store = MEMORY");
+    for (const std::string& table : Names(
+             "SELECT name FROM main.sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite@_%' ESCAPE "
+             "'@'")) {
+      std::string columns;
+      for (const std::string& column :
+           Names("SELECT name FROM pragma_table_info(" + Quoted(table, '\'') + ", 'main') ORDER BY cid")) {
+        if (!columns.empty()) columns += ", ";
+        columns += Quoted(column) + " COLLATE NOCASE AS " + Quoted(column);
+      }
+      Query("CREATE TEMP VIEW " + Quoted(table) + " AS SELECT " + columns + " FROM main." + Quoted(table));
+    }
+  }
+
+  Statement PrepareTable(std::string_view name) {
+    const Statement search = Prepare(
+        "SELECT name FROM main.sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE AND name NOT "
+        "LIKE "
+        "'sqlite@_%' ESCAPE '@'");
+    sqlite3_bind_text(search.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
+    const RowSet found = Read(search.get());
+    if (found.rows.empty()) throw NoTable(name);
+    return Prepare("SELECT * FROM main." + Quoted(TextOf(found.rows[0].at(0))) + " ORDER BY rowid");
+  }
+
+  std::vector<std::string> Names(const std::string& query) {
+    std::vector<std::string> names;
+    for (const auto& row : Query(query).rows) names.push_back(TextOf(row.at(0)));
+    return names;
+  }
+
+  RowSet Query(const std::string& sql) { return Read(Prepare(sql).get()); }
+
+  Statement Prepare(const std::string& sql) {
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v2(handle_.get(), sql.c_str(), -1, &statement, nullptr);
+    if (result != SQLITE_OK) throw Failure();
+    return Statement(statement);
+  }
+
+  RowSet Read(sqlite3_stmt* statement) {
+    RowSet set;
+    const int columns = sqlite3_column_count(statement);
+    for (int i = 0; i < columns; ++i) set.columns.emplace_back(sqlite3_column_name(statement, i));
+    int result = sqlite3_step(statement);
+    for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
+      if (set.rows.size() == kMostRows) throw BadDatabase(path_, "too many rows");
+      auto& row = set.rows.emplace_back();
+      for (int i = 0; i < columns; ++i) row.push_back(ValueOf(statement, i));
+    }
+    if (result != SQLITE_DONE) throw Failure();
+    return set;
+  }
+
+  /// SQLite tells a missing table and column only in words.
+  RuntimeError Failure() const {
+    const std::string message = sqlite3_errmsg(handle_.get());
+    if (sqlite3_errcode(handle_.get()) != SQLITE_ERROR) return BadDatabase(path_, message);
+    constexpr std::string_view kTable = "no such table: ";
+    constexpr std::string_view kColumn = "no such column: ";
+    if (message.starts_with(kTable)) return NoTable(message.substr(kTable.size()));
+    if (message.starts_with(kColumn)) {
+      return {kErrNoColumn, "Item '" + message.substr(kColumn.size()) + "' not found in this collection."};
+    }
+    return {kErrInternal, "Query failed: " + message};
+  }
+
+  Handle handle_;
+  std::string path_;
+  bool comparesWithoutCase_ = false;
+};
+
+/// The first bytes of every SQLite file. Looked at here because the library takes an empty file for an empty
+/// database.
+void CheckSignature(const std::string& path) {
+  constexpr std::string_view kSignature("SQLite format 3\0", 16);
+  std::array<char, 16> start{};
+  std::ifstream in(path, std::ios::binary);
+  if (!in) throw BadDatabase(path, "the file cannot be read");
+  in.read(start.data(), start.size());
+  if (!in || std::string_view(start.data(), start.size()) != kSignature) {
+    throw BadDatabase(path, "the file is not a reference database");
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<Database> SqliteEngine::OpenDatabase(const std::string& path) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(path, ignored)) {
+    throw RuntimeError(kErrNoDatabase, "Couldn't find file '" + path + "'.");
+  }
+  CheckSignature(path);
+  sqlite3* opened = nullptr;
+  // An absolute path is never taken for a URI or for one of SQLite's own names.
+  const std::string absolute = std::filesystem::absolute(path, ignored).string();
+  const int result = sqlite3_open_v2(absolute.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
+  Handle handle(opened);
+  if (result != SQLITE_OK) throw BadDatabase(path, sqlite3_errstr(result));
+  sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
+  sqlite3_limit(handle.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
+  sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  return std::make_unique<SqliteDatabase>(std::move(handle), path);
+}
+
+}  // namespace marlinset
