@@ -48,7 +48,8 @@ struct KeyPress {
 struct ControlEvents {
   Signal<int> click;
   Signal<int> change;
-  Signal<int> moved;  ///< a spin's value is another one, for whatever reason; before `change`
+  Signal<int> moved;   ///< a spin's value is another one, for whatever reason; before `change`
+  Signal<int> pulled;  ///< a spin's limits pulled its value, or a row was just built: no `change`
   Signal<int> mouseMove;
   Signal<int> lostFocus;
   Signal<int, KeyPress&> key;
@@ -66,8 +67,10 @@ class EventSource {
   void OnClick(Handler handler) { events_->click.Connect(Plain(std::move(handler))); }
   void OnChange(IndexHandler handler) { events_->change.Connect(std::move(handler)); }
   void OnChange(Handler handler) { events_->change.Connect(Plain(std::move(handler))); }
-  /// A spin's echo and stored position follow here: also when limits pull the value, which is no Change.
+  /// A spin's value moved, by a change or a pull: echo and stored position follow here.
   void OnMoved(IndexHandler handler) { events_->moved.Connect(std::move(handler)); }
+  /// A spin's value moved without a Change: its limits pulled it, or its row was just built.
+  void OnPulled(IndexHandler handler) { events_->pulled.Connect(std::move(handler)); }
   void OnMouseMove(IndexHandler handler) { events_->mouseMove.Connect(std::move(handler)); }
   void OnMouseMove(Handler handler) { events_->mouseMove.Connect(Plain(std::move(handler))); }
   void OnLostFocus(IndexHandler handler) { events_->lostFocus.Connect(std::move(handler)); }

@@ -144,7 +144,12 @@ void SpinControl::Pull() {
   const int inside = std::clamp(value_, Lowest(), Highest());
   if (inside == value_) return;
   Store(value_, inside);
+  Announce();
+}
+
+void SpinControl::Announce() {
   Raise(&ControlEvents::moved);
+  Raise(&ControlEvents::pulled);
 }
 
 void SpinControl::SetMin(int min) {

@@ -126,12 +126,12 @@ class SpinControl : public Control {
   int Highest() const;
   /// Takes any value, also outside the limits; Change runs on a real change.
   void SetValue(int value);
-  /// New limits pull the value inside. A pull is no Change, but is announced (OnMoved).
+  /// New limits pull the value inside. A pull is no Change, but is announced (OnMoved, OnPulled).
   void SetMin(int min);
   void SetMax(int max);
   void SetIncrement(int increment) { Store(increment_, increment); }
   /// Announces the present value again, for a row that was just built.
-  void Announce() { Raise(&ControlEvents::moved); }
+  void Announce();
   /// `times` clicks on an arrow: up goes towards Max, down towards Min; each click that moves is a change of
   /// its own.
   bool OperatorStep(bool up, int times = 1);

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The rows of character windows and of parameters: building, defaults, arranging.
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <string_view>
+
+#include "core/frm_start.h"
+#include "core/panel_setup.h"
+#include "core/variables.h"
+
+namespace marlinset {
+namespace {
+
+/// Height of a row and number of rows that fit into the tables' viewports, in the sheets' units.
+constexpr int kRowHeight = 255;
+constexpr int kRowsInView = 16;
+
+/// The windows that units show in mode "HD Video Downconvert".
+constexpr std::array<std::string_view, 7> kDownconvertWindows = {
+    "Video Timecode", "Video User Bits", "Text", "PullDown", "Debug", "Debug2", "Debug3"};
+
+/// The message's window is as wide as its message, so its right-hand limit takes no account of a base width.
+constexpr int kTextWindowRow = 13;
+
+/// Classes that are internal to the unit; their parameters don't stand in the list.
+constexpr bool IsHiddenClass(int parameterClass) {
+  return parameterClass == 1 || parameterClass == 25;
+}
+
+int CheckValue(bool on) {
+  return on ? 1 : 0;
+}
+
+/// The value as it is when it is at most `max`; 0 below 0; otherwise `max`.
+int WithinMax(int value, int max) {
+  if (value <= max) return value;
+  return value < 0 ? 0 : max;
+}
+
+void FitScrollBar(ScrollBar& bar, PictureBox& sheet, int rows) {
+  const int hiddenRows = std::max(0, rows - kRowsInView);
+  bar.SetMax(hiddenRows * kRowHeight);
+  bar.SetVisible(hiddenRows > 0);
+  bar.SetValue(std::min(bar.Value(), bar.Max()));
+  sheet.SetTop(kRowHeight - bar.Value());
+}
+
+}  // namespace
+
+void PanelSetup::BuildWindowRows() {
+  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
+    if (row > 0) {
+      form_.lName.Load(row);
+      for (auto* boxes : {&form_.chSlate, &form_.chOnOff, &form_.chField, &form_.chSym}) boxes->Load(row);
+      form_.tVert.Load(row);
+      form_.udVer.Load(row);
+      form_.tHor.Load(row);
+      form_.udHor.Load(row);
+      form_.chDblSize.Load(row);
+      form_.Line2.Load(row);
+    }
+    form_.lName(row).SetCaption(At(vars_.CharWindows, row).Name);
+    CheckWindowDefaults(row);
+    form_.udVer(row).SetValue(At(vars_.CharWindows, row).DefaultVertPosn);
+    form_.udHor(row).SetValue(At(vars_.CharWindows, row).DefaultHorPosn);
+    echoes_.ShowWindowRow(row);
+  }
+}
+
+void PanelSetup::CheckWindowDefaults(int row) {
+  const CharWindowRec window = At(vars_.CharWindows, row);
+  form_.chSlate(row).SetValue(CheckValue(window.DefaultSlateOnOff));
+  form_.chOnOff(row).SetValue(CheckValue(window.DefaultOnOff));
+  form_.chField(row).SetValue(CheckValue(window.DefaultFieldOnOff));
+  form_.chSym(row).SetValue(CheckValue(window.DefaultSymbolOnOff));
+  form_.chDblSize(row).SetValue(CheckValue(window.DoubleHeight));
+}
+
+void PanelSetup::SetPositionLimits(int row) {
+  const CharMaxPosRec& limits = At(vars_.CharMaxPositions, vars_.CurCharMaxRow);
+  form_.udVer(row).SetMin(limits.MaxVertPosn);
+  form_.udVer(row).SetMax(limits.MinVertPosn);
+  form_.udHor(row).SetMin(limits.MinHorPosn);
+  form_.udHor(row).SetMax(limits.MaxHorPosn - At(vars_.CharWindows, row).Length);
+}
+
+void PanelSetup::DefaultWindow(int row) {
+  const CharMaxPosRec& limits = At(vars_.CharMaxPositions, vars_.CurCharMaxRow);
+  form_.lName(row).SetCaption(At(vars_.CharWindows, row).Name);
+  SetPositionLimits(row);
+  CheckWindowDefaults(row);
+  // A tick that changed just now has lowered the limit already; it counts once.
+  form_.udHor(row).SetMax(limits.MaxHorPosn - At(vars_.CharWindows, row).Length);
+  LimitForField(row);
+  const CharWindowRec window = At(vars_.CharWindows, row);
+  form_.udVer(row).SetValue(WithinMax(window.DefaultVertPosn, form_.udVer(row).Max()));
+  if (row == kTextWindowRow) form_.udHor(row).SetMax(limits.MaxHorPosn);
+  form_.udHor(row).SetValue(WithinMax(window.DefaultHorPosn, form_.udHor(row).Max()));
+}
+
+/// Leaves room for field digit and symbol where the window has them, whatever the state of the boxes;
+/// disables the boxes of a window that has none.
+void PanelSetup::LimitForField(int row) {
+  const CharWindowRec window = At(vars_.CharWindows, row);
+  const auto apply = [&](CheckBox& box, int length) {
+    box.SetEnabled(length != 0);
+    if (length != 0) form_.udHor(row).SetMax(form_.udHor(row).Max() - length);
+  };
+  apply(form_.chField(row), window.FieldLength);
+  apply(form_.chSym(row), window.SymbolLength);
+}
+
+bool PanelSetup::WindowIsShown(int row) const {
+  if (vars_.OperatingMode != kDefaultOperatingMode) return true;
+  const std::string& name = form_.lName(row).Caption();
+  return std::find(kDownconvertWindows.begin(), kDownconvertWindows.end(), name) != kDownconvertWindows.end();
+}
+
+void PanelSetup::ShowWindow(int row, bool shown) {
+  if (!shown) {
+    form_.chOnOff(row).SetValue(0);
+    form_.chSlate(row).SetValue(0);
+  }
+  form_.tVert(row).SetEnabled(shown);
+  form_.tHor(row).SetEnabled(shown);
+  Control* const controls[] = {&form_.lName(row),     &form_.chSlate(row), &form_.chOnOff(row),
+                               &form_.chField(row),   &form_.chSym(row),   &form_.tVert(row),
+                               &form_.udVer(row),     &form_.tHor(row),    &form_.udHor(row),
+                               &form_.chDblSize(row), &form_.Line2(row)};
+  for (Control* control : controls) control->SetVisible(shown);
+}
+
+void PanelSetup::ArrangeWindowRows() {
+  int shownRows = 0;
+  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
+    const bool shown = WindowIsShown(row);
+    ShowWindow(row, shown);
+    if (shown) ++shownRows;
+  }
+  FitScrollBar(form_.VScroll1, form_.pWinIn, shownRows);
+  const auto shownParameters =
+      std::count_if(vars_.SystemParameters.begin(), vars_.SystemParameters.end(),
+                    [](const SystemParameterRec& parameter) { return !IsHiddenClass(parameter.Class); });
+  FitScrollBar(form_.VScroll2, form_.pParIn, static_cast<int>(shownParameters));
+}
+
+void PanelSetup::BuildParameterRows() {
+  for (int row = 0; row <= UBound(vars_.SystemParameters); ++row) {
+    LoadParameterRow(row);
+    FillParameterRow(row);
+  }
+}
+
+void PanelSetup::LoadParameterRow(int row) {
+  if (form_.lClass.Has(row)) return;
+  form_.lClass.Load(row);
+  form_.lParam.Load(row);
+  form_.lDesc.Load(row);
+  form_.tVal.Load(row);
+  form_.udVal.Load(row);
+  form_.lPara2.Load(row);
+}
+
+void PanelSetup::FillParameterRow(int row) {
+  const SystemParameterRec parameter = At(vars_.SystemParameters, row);
+  const bool shown = !IsHiddenClass(parameter.Class);
+  form_.lClass(row).SetCaption(std::to_string(parameter.Class));
+  form_.lParam(row).SetCaption(shown ? std::to_string(parameter.Parameter) : "");
+  form_.lDesc(row).SetCaption(shown ? parameter.Description : "");
+  if (shown) {
+    form_.udVal(row).SetMin(std::numeric_limits<int>::min());
+    form_.udVal(row).SetMax(std::numeric_limits<int>::max());
+    form_.udVal(row).SetValue(parameter.Value);
+  }
+  echoes_.ShowParameterRow(row);
+  ShowParameterRow(row, shown);
+}
+
+void PanelSetup::ShowParameterRow(int row, bool shown) {
+  Control* const controls[] = {&form_.lClass(row), &form_.lParam(row), &form_.lDesc(row),
+                               &form_.tVal(row),   &form_.udVal(row),  &form_.lPara2(row)};
+  for (Control* control : controls) control->SetVisible(shown);
+}
+
+}  // namespace marlinset

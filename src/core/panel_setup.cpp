@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/panel_setup.h"
+
+#include <cstdlib>
+#include <string_view>
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "core/vertical_step.h"
+
+namespace marlinset {
+namespace {
+
+/// The filter that both filter boxes stand at after the start.
+constexpr int kStartFilter = 9;
+constexpr int kLongestSlate = 200;
+
+/// The box that the rows of a field name feed. Field names without a box are passed over.
+struct RoutingBox {
+  std::string_view fieldName;
+  ControlArray<ComboBox> FrmStart::*boxes;
+  int index;
+};
+constexpr RoutingBox kRoutingBoxes[] = {
+    {"VTRT", &FrmStart::comTB, 0},   {"VTRU", &FrmStart::ComUB, 0},   {"LTC1GT", &FrmStart::comTB, 1},
+    {"LTC1GU", &FrmStart::ComUB, 1}, {"VITC1T", &FrmStart::comTB, 2}, {"VITC1U", &FrmStart::ComUB, 2},
+    {"VITC2", &FrmStart::comTB, 3},  {"VITC3T", &FrmStart::comTB, 4}, {"VITC3U", &FrmStart::ComUB, 4}};
+
+void SelectFirst(ComboBox& box) {
+  if (box.ListCount() >= 1) box.SetListIndex(0);
+}
+
+template <class Rec>
+void AddOffered(ComboBox& box, const std::vector<Rec>& rows) {
+  for (int i = 0; i <= UBound(rows); ++i) {
+    if (!At(rows, i).Ignore1) box.AddItem(At(rows, i).Description);
+  }
+}
+
+template <class Rec>
+void Refill(ComboBox& box, const std::vector<Rec>& rows) {
+  box.Clear();
+  AddOffered(box, rows);
+  SelectFirst(box);
+}
+
+void SetLimits(SpinControl& spin, int lowest, int highest) {
+  spin.SetMax(lowest);
+  spin.SetMin(highest);
+}
+
+}  // namespace
+
+PanelSetup::PanelSetup(Variables& variables, FrmStart& form)
+    : vars_(variables), form_(form), echoes_(variables, form) {}
+
+void PanelSetup::InitPanels() {
+  for (const int mode : form_.oVITC.Indices()) form_.oVITC(mode).SetEnabled(false);
+  form_.comVS.Clear();
+  AddOffered(form_.comVS, vars_.VideoStandards);
+  ClearRouting();
+  for (const int line : {1, 2, 3}) form_.upVitc1(line).SetValue(10);
+  FillRouting();
+  InitLines();
+  NoteVitcDefaults();
+  Refill(form_.ComWin(2), vars_.CharStyles);
+  Refill(form_.ComWin(3), vars_.CharSizes);
+  Refill(form_.ComWin(1), vars_.SlateModes);
+  Refill(form_.ComWin(4), vars_.SdiProgramOutputs);
+  FillProcessModes();
+  FillFilters();
+  ResetSlateAndMessage();
+  Refill(form_.ComWin(0), vars_.DownConverterModes);
+  BuildWindowRows();
+  BuildParameterRows();
+  form_.oView(4).SetVisible(false);
+  ArrangeWindowRows();
+  form_.oView(0).SetValue(true);
+  SelectFirst(form_.comVS);
+  SetDefaults();
+}
+
+void PanelSetup::SetDefaults() {
+  ClearRouting();
+  FillRouting();
+  SetLineLimits(LineValues::kDefault);
+  NoteVitcDefaults();
+  Refill(form_.ComWin(2), vars_.CharStyles);
+  FillFontSizes();
+  Refill(form_.ComWin(1), vars_.SlateModes);
+  ResetSlateAndMessage();
+  Refill(form_.ComWin(0), vars_.DownConverterModes);
+  FindCharMaxRow();
+  for (int row = 1; row <= UBound(vars_.CharWindows); ++row) DefaultWindow(row);
+  DefaultWindow(0);
+  form_.oView(4).SetVisible(false);
+  ArrangeWindowRows();
+  form_.bClass.Press();
+  SetVerticalSteps();
+  form_.SetCaption("7340 Marlinset");
+}
+
+void PanelSetup::ClearRouting() {
+  for (const int mode : form_.oVITC.Indices()) form_.oVITC(mode).SetEnabled(false);
+  for (const int i : form_.comTB.Indices()) {
+    form_.comTB(i).Clear();
+    form_.ComUB(i).Clear();
+  }
+}
+
+void PanelSetup::FillRouting() {
+  for (int i = 0; i <= UBound(vars_.TimeCodeAssignments); ++i) {
+    const TimeCodeAssignmentRec& assignment = At(vars_.TimeCodeAssignments, i);
+    if (assignment.Name != vars_.OperatingMode || assignment.Ignore1) continue;
+    OptionButton& mode = form_.oVITC(assignment.VITCMode - 1);
+    mode.SetEnabled(true);
+    mode.SetValue(true);
+    FillRoutingBox(assignment);
+  }
+  SelectRoutingDefaults();
+  form_.chVITC.SetValue(1);
+  form_.chDups.SetValue(0);
+  form_.chSync.SetValue(0);
+  form_.chEnable.SetValue(0);
+}
+
+void PanelSetup::FillRoutingBox(const TimeCodeAssignmentRec& assignment) {
+  for (const RoutingBox& row : kRoutingBoxes) {
+    if (row.fieldName != assignment.FieldName) continue;
+    ComboBox& box = (form_.*row.boxes)(row.index);
+    for (int i = 0; i <= UBound(vars_.CodeSources); ++i) {
+      const CodeSourceRec& source = At(vars_.CodeSources, i);
+      if (source.FieldValue == assignment.FieldValue) box.AddItem(source.Description);
+    }
+  }
+}
+
+void PanelSetup::SelectRoutingDefaults() {
+  for (const int mode : form_.oVITC.Indices()) {
+    if (!form_.oVITC(mode).Value()) continue;
+    for (const int j : form_.comTB.Indices()) {
+      SelectFirst(form_.comTB(j));
+      SelectFirst(form_.ComUB(j));
+    }
+    ShowVitcFrames(mode);
+  }
+}
+
+void PanelSetup::ShowVitcFrames(int mode) {
+  form_.fVITC1.SetVisible(true);
+  form_.fVITC2.SetVisible(mode >= 1);
+  form_.fVITC3.SetVisible(mode >= 2);
+}
+
+/// The values of the line spins at the first start: those of the first standard and its namesakes.
+void PanelSetup::InitLines() {
+  const std::string first = At(vars_.VideoStandards, 0).Description;
+  for (const VideoStandardRec& standard : vars_.VideoStandards) {
+    if (standard.Description != first) continue;
+    const auto set = [this](SpinControl& spin, int lowest, int highest, int value) {
+      SetLimits(spin, lowest, highest);
+      spin.SetValue(value);
+    };
+    set(form_.UpDown1, standard.Vitc1Min, standard.Vitc1Max, standard.Vitc1Default1);
+    for (const int line : {1, 5}) {
+      set(form_.upVitc1(line), standard.Vitc1Min, standard.Vitc1Max, standard.Vitc1Default2);
+    }
+    for (const int line : {2, 6}) {
+      set(form_.upVitc1(line), standard.Vitc2Line2Min, standard.Vitc2Line2Max, standard.Vitc2Line2Default1);
+    }
+    for (const int line : {3, 7}) {
+      set(form_.upVitc1(line), standard.Vitc3Min, standard.Vitc3Max, standard.Vitc3Default1);
+    }
+  }
+}
+
+void PanelSetup::SetLineLimits(LineValues values) {
+  const bool toDefaults = values == LineValues::kDefault;
+  for (int i = 0; i <= UBound(vars_.VideoStandards); ++i) {
+    const VideoStandardRec& standard = At(vars_.VideoStandards, i);
+    if (standard.Description != form_.comVS.Text()) continue;
+    SetLimits(form_.UpDown1, standard.Vitc1Min, standard.Vitc1Max);
+    if (toDefaults) form_.UpDown1.SetValue(standard.Vitc1Default1);
+    for (const int line : {1, 5}) SetLimits(form_.upVitc1(line), standard.Vitc1Min, standard.Vitc1Max);
+    for (const int line : {2, 6}) {
+      SetLimits(form_.upVitc1(line), standard.Vitc2Line2Min, standard.Vitc2Line2Max);
+    }
+    for (const int line : {3, 7}) SetLimits(form_.upVitc1(line), standard.Vitc3Min, standard.Vitc3Max);
+    if (!toDefaults) continue;
+    form_.upVitc1(5).SetValue(standard.Vitc1Default2);
+    form_.upVitc1(1).SetValue(standard.Vitc1Default2);
+  }
+}
+
+void PanelSetup::NoteVitcDefaults() {
+  std::size_t i = 0;
+  for (const int line : {1, 5, 2, 6, 3, 7}) {
+    vars_.VitcLineDefault[i++] = std::abs(form_.upVitc1(line).Value());
+  }
+}
+
+void PanelSetup::FillProcessModes() {
+  ComboBox& box = form_.ComDownConv(0);
+  box.Clear();
+  for (int i = 0; i <= UBound(vars_.DownConverterProcessModes); ++i) {
+    const DownConvProcessRec& mode = At(vars_.DownConverterProcessModes, i);
+    if (mode.VideoStandard == form_.comVS.Text() && !mode.Ignore1) box.AddItem(mode.Description);
+  }
+  SelectFirst(box);
+}
+
+void PanelSetup::FillFilters() {
+  for (const int i : {1, 2}) AddOffered(form_.ComDownConv(i), vars_.DownConverterFilters);
+  if (form_.ComDownConv(1).ListCount() < 1) return;
+  for (const int i : {1, 2}) form_.ComDownConv(i).SetListIndex(kStartFilter);
+}
+
+void PanelSetup::ResetSlateAndMessage() {
+  form_.chPrev.SetValue(0);
+  form_.UDDur.SetMax(kLongestSlate);
+  form_.UDDur.SetMin(0);
+  form_.UDDur.SetValue(0);
+  form_.tWinMess.SetText("");
+}
+
+/// Offers the sizes that the unit's hardware has positions for.
+void PanelSetup::FillFontSizes() {
+  ComboBox& box = form_.ComWin(3);
+  box.Clear();
+  for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
+    const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
+    if (limits.VideoStandard != form_.comVS.Text()) continue;
+    if (limits.HardwareID != 1000 && limits.HardwareID != 200) continue;
+    box.AddItem(limits.Description);
+    vars_.CurCharMaxRow = i;
+  }
+  SelectFirst(box);
+}
+
+void PanelSetup::FindCharMaxRow() {
+  for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
+    const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
+    if (limits.VideoStandard == form_.comVS.Text() && limits.Description == form_.ComWin(3).Text()) {
+      vars_.CurCharMaxRow = i;
+    }
+  }
+}
+
+void PanelSetup::SetVerticalSteps() {
+  const int step = VerticalStep(form_.ComWin(3).Text());
+  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) form_.udVer(row).SetIncrement(step);
+}
+
+}  // namespace marlinset

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/echoes.h"
+#include "core/records.h"
+
+namespace marlinset {
+
+class ComboBox;
+class FrmStart;
+struct Variables;
+
+/// Turns the reference arrays into the panels. Failures go to the caller: an array that was never filled is
+/// failure 9, fewer than ten filters are failure 380.
+class PanelSetup {
+ public:
+  PanelSetup(Variables& variables, FrmStart& form);
+
+  /// Once, at the start: fills all lists, builds the rows of windows and parameters, then SetDefaults.
+  void InitPanels();
+  /// Brings every item that a New resets to the default of the operating mode and video standard. Leaves the
+  /// standard, the inserter's tick, the down converter's modes, the program output and the parameters' values
+  /// standing.
+  void SetDefaults();
+  /// Shows the windows that the operating mode has, one under the other, and hides the others, which go off.
+  void ArrangeWindowRows();
+  /// Lists the processing modes of the selected video standard and selects the first.
+  void FillProcessModes();
+
+  enum class LineValues { kKeep, kDefault };
+  /// Sets the limits of the white flag line and of the six VITC lines from the rows named by the selected
+  /// standard, and with kDefault the white flag line and the first VITC line with its duplicate to the
+  /// standard's defaults.
+  void SetLineLimits(LineValues values);
+  /// Looks for the limits of window positions for the selected standard and font size; without any the last
+  /// ones stay.
+  void FindCharMaxRow();
+  /// Sets the limits of a window's position, without room for field digit and symbol.
+  void SetPositionLimits(int row);
+
+  /// Builds the row of a parameter that has none yet and fills it: hidden for the classes that are internal.
+  void LoadParameterRow(int row);
+  void FillParameterRow(int row);
+
+ private:
+  void FillRouting();
+  void FillRoutingBox(const TimeCodeAssignmentRec& assignment);
+  void SelectRoutingDefaults();
+  void ClearRouting();
+  void ShowVitcFrames(int mode);
+  void InitLines();
+  void NoteVitcDefaults();
+  void FillFilters();
+  void ResetSlateAndMessage();
+  void FillFontSizes();
+  void BuildWindowRows();
+  void BuildParameterRows();
+  void CheckWindowDefaults(int row);
+  void DefaultWindow(int row);
+  void LimitForField(int row);
+  bool WindowIsShown(int row) const;
+  void ShowWindow(int row, bool shown);
+  void ShowParameterRow(int row, bool shown);
+  void SetVerticalSteps();
+
+  Variables& vars_;
+  FrmStart& form_;
+  Echoes echoes_;
+};
+
+}  // namespace marlinset

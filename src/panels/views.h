@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace marlinset {
+
+class FrmStart;
+
+/// The view buttons `oView`: the main window shows one of its six panels at a time.
+class Views {
+ public:
+  explicit Views(FrmStart& form);
+  /// Shows the panel of a view button; any index that has none shows the inputs.
+  void Show(int view);
+
+ private:
+  FrmStart& form_;
+};
+
+}  // namespace marlinset
