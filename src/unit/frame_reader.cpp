@@ -8,6 +8,11 @@ namespace {
 constexpr std::uint8_t kFewestFields = 3;
 }
 
+std::size_t FrameReader::BytesToGo() const {
+  const std::size_t fields = partial_.size() < 2 ? kFewestFields : partial_[1];
+  return fields + kFrameOverhead - partial_.size();
+}
+
 bool FrameReader::Whole() const {
   return partial_.size() >= 2 && partial_.size() == partial_[1] + kFrameOverhead;
 }

@@ -22,6 +22,9 @@ class FrameReader {
   /// the frames that follow.
   std::vector<Found> Take(std::span<const std::uint8_t> bytes, LineTime now);
 
+  /// At least so many more bytes must arrive before another frame can be whole.
+  std::size_t BytesToGo() const;
+
   /// Longer than any stop of a sender in the middle of a frame, shorter than the 100 ms after which the tool
   /// repeats a query.
   static constexpr LineTime kLongestGap = std::chrono::milliseconds{50};

@@ -76,6 +76,8 @@ class UnitModel {
 
   /// Takes bytes that arrived at `now`; portions may cut frames anywhere.
   void Receive(std::span<const std::uint8_t> bytes, LineTime now);
+  /// At least so many more bytes must arrive before anything can come of them.
+  std::size_t BytesToGo() const { return reader_.BytesToGo(); }
   /// When the next bytes go out; nothing when none are to.
   std::optional<LineTime> NextReplyAt() const;
   /// The bytes that are to go out by `now`, one element for each answer or piece of one, in their order.

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/unit/pty.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace marlinset {
+namespace {
+
+int Checked(int result, const char* what) {
+  if (result < 0) throw std::system_error(errno, std::generic_category(), what);
+  return result;
+}
+
+void MakeRaw(int descriptor) {
+  termios mode{};
+  Checked(tcgetattr(descriptor, &mode), "tcgetattr");
+  cfmakeraw(&mode);
+  Checked(tcsetattr(descriptor, TCSANOW, &mode), "tcsetattr");
+}
+
+}  // namespace
+
+Pty::Pty() {
+  try {
+    near_ = Checked(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK), "posix_openpt");
+    Checked(grantpt(near_), "grantpt");
+    Checked(unlockpt(near_), "unlockpt");
+    std::array<char, 128> name{};
+    if (const int error = ptsname_r(near_, name.data(), name.size()); error != 0)
+      throw std::system_error(error, std::generic_category(), "ptsname_r");
+    device_ = name.data();
+    far_ = Checked(open(device_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC), device_.c_str());
+    MakeRaw(far_);
+  } catch (...) {
+    Close();
+    throw;
+  }
+}
+
+void Pty::Link(const std::filesystem::path& path) {
+  if (std::filesystem::is_symlink(path)) std::filesystem::remove(path);
+  std::filesystem::create_symlink(device_, path);
+  link_ = std::filesystem::absolute(path);
+}
+
+void Pty::Close() {
+  std::error_code ignored;
+  if (!link_.empty() && std::filesystem::read_symlink(link_, ignored) == device_)
+    std::filesystem::remove(link_, ignored);
+  link_.clear();
+  for (int* descriptor : {&far_, &near_})
+    if (const int open = std::exchange(*descriptor, -1); open >= 0) close(open);
+}
+
+Bytes Pty::Read() {
+  Bytes bytes(1024);
+  const ssize_t count = read(near_, bytes.data(), bytes.size());
+  bytes.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
+  return bytes;
+}
+
+void Pty::Write(std::span<const std::uint8_t> bytes) {
+  while (IsOpen() && !bytes.empty()) {
+    const ssize_t count = write(near_, bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return;
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
+  }
+}
+
+}  // namespace marlinset
