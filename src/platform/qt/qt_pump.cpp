@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/qt_pump.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <algorithm>
+#include <limits>
+
+namespace marlinset {
+
+QtPump::QtPump() {
+  alarm_.setSingleShot(true);
+  alarm_.setTimerType(Qt::PreciseTimer);
+  QObject::connect(&alarm_, &QTimer::timeout, &alarm_, [this] {
+    RunDueTimers();
+    DueChanged();
+  });
+}
+
+std::int64_t QtPump::Now() const {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start_)
+      .count();
+}
+
+void QtPump::HandleDue() {
+  HandleEvents(false);
+}
+
+void QtPump::Pump() {
+  HandleEvents(!Ending());
+}
+
+void QtPump::End() {
+  EventPump::End();
+  if (QAbstractEventDispatcher* dispatcher = QCoreApplication::eventDispatcher()) dispatcher->wakeUp();
+}
+
+void QtPump::HandleEvents(bool sleep) {
+  QCoreApplication::processEvents(sleep ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents
+                                        : QEventLoop::AllEvents);
+  // What the events brought about belongs to them: the line reports its bytes this way.
+  QCoreApplication::sendPostedEvents();
+}
+
+void QtPump::DueChanged() {
+  const auto due = NextDue();
+  if (!due) {
+    alarm_.stop();
+    return;
+  }
+  alarm_.start(static_cast<int>(std::clamp<std::int64_t>(*due - Now(), 0, std::numeric_limits<int>::max())));
+}
+
+}  // namespace marlinset

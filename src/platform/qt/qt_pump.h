@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTimer>
+#include <chrono>
+
+#include "platform/event_pump.h"
+
+namespace marlinset {
+
+/// The event pump of the real programs, on Qt's event loop. Needs a QCoreApplication that outlives it, and
+/// lives on its thread. Its timers also tick while a loop of Qt's own runs (the program's, a message box's).
+class QtPump : public EventPump {
+ public:
+  QtPump();
+
+  std::int64_t Now() const override;
+  void HandleDue() override;
+  /// Sleeps without a limit when nothing is due and no timer runs; End wakes it, and from then on it never
+  /// sleeps again.
+  void Pump() override;
+  void End() override;
+
+ protected:
+  void DueChanged() override;
+
+ private:
+  void HandleEvents(bool sleep);
+
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  /// Wakes Qt's loop when the next of our timers is due. A one-shot: Qt does not deliver a periodic timer
+  /// again while its handler pumps, and handlers of ours do.
+  QTimer alarm_;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/qt_serial_port.h"
+
+#include <QByteArray>
+#include <QFileInfo>
+#include <QMetaObject>
+#include <QString>
+#include <algorithm>
+
+namespace marlinset {
+namespace {
+
+/// What is wrong with a device that could not be opened, and what helps.
+std::string Reason(const std::string& device, const QFileInfo& node, const QSerialPort& serial) {
+  if (serial.error() == QSerialPort::DeviceNotFoundError) {
+    return "there is no device " + device + ". Plug it in, or choose another port.";
+  }
+  if (node.isDir() || node.isFile()) {
+    return device + " is not a serial device. Name the device of the port instead.";
+  }
+  if (serial.error() != QSerialPort::PermissionError) {
+    return "opening " + device + " failed (" + serial.errorString().toStdString() +
+           "). Check the device, or choose another port.";
+  }
+  if (node.isReadable() && node.isWritable()) {
+    return device + " is in use by another program. Close that program, or choose another port.";
+  }
+  const std::string denied = "you have no permission to use " + device + ". ";
+  if (node.permission(QFileDevice::ReadGroup | QFileDevice::WriteGroup)) {
+    return denied + "Add yourself to the group " + node.group().toStdString() +
+           ", which owns the device, and log in again.";
+  }
+  return denied + "Ask the administrator of this computer for it; the device belongs to " +
+         node.owner().toStdString() + ".";
+}
+
+/// The path to open a device by. QSerialPort locks a device by its name, so of several names it gets the real
+/// one; a name alone is looked for in /dev as well.
+QString RealName(const std::string& device) {
+  const QString name = QString::fromStdString(device);
+  for (const QString& path : {name, "/dev/" + name}) {
+    const QString real = QFileInfo(path).canonicalFilePath();
+    if (!real.isEmpty()) return real;
+  }
+  return name;
+}
+
+}  // namespace
+
+QtSerialPort::QtSerialPort(Guard& guard, PortMap& ports) : guard_(guard), ports_(ports) {
+  serial_.setBaudRate(57600);
+  serial_.setDataBits(QSerialPort::Data8);
+  serial_.setParity(QSerialPort::NoParity);
+  serial_.setStopBits(QSerialPort::OneStop);
+  serial_.setFlowControl(QSerialPort::NoFlowControl);
+  gap_.setSingleShot(true);
+  gap_.setTimerType(Qt::PreciseTimer);
+  gap_.setInterval(ReplyGate::kQuietGapMs);
+  QObject::connect(&serial_, &QSerialPort::readyRead, &listener_, [this] { TakeArrivals(); });
+  QObject::connect(&serial_, &QSerialPort::errorOccurred, &listener_,
+                   [this](QSerialPort::SerialPortError error) { NoteError(error); });
+  QObject::connect(&gap_, &QTimer::timeout, &listener_, [this] { LineWasQuiet(); });
+}
+
+QtSerialPort::~QtSerialPort() = default;
+
+void QtSerialPort::SetCommPort(int port) {
+  if (port < kLowestPort || port > kHighestPort) throw InvalidPropertyValue();
+  port_ = port;
+}
+
+bool QtSerialPort::PortOpen() const {
+  return serial_.isOpen() && !gone_;
+}
+
+void QtSerialPort::SetPortOpen(bool open) {
+  if (open == PortOpen()) return;
+  Close();
+  if (open) Open();
+}
+
+void QtSerialPort::Open() {
+  const std::string device = DeviceName(port_);
+  if (device.empty()) throw NoDeviceBehind(port_);
+  const QString node = RealName(device);
+  serial_.setPortName(node);
+  if (!serial_.open(QIODevice::ReadWrite)) {
+    throw RuntimeError(kErrPort, "Port " + std::to_string(port_) +
+                                     " cannot be opened: " + Reason(device, QFileInfo(node), serial_));
+  }
+  serial_.clear(QSerialPort::Input);  // what came before the opening is nobody's reply
+}
+
+void QtSerialPort::Close() {
+  serial_.close();
+  gone_ = false;
+  gap_.stop();
+  gate_.Clear();
+  DiscardInput();
+}
+
+void QtSerialPort::Output(std::span<const std::uint8_t> bytes) {
+  if (!PortOpen()) return;
+  serial_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+  serial_.flush();
+}
+
+std::size_t QtSerialPort::OutBufferCount() const {
+  return PortOpen() ? static_cast<std::size_t>(serial_.bytesToWrite()) : 0;
+}
+
+void QtSerialPort::DiscardInput() {
+  received_.clear();
+  overflowing_ = false;
+}
+
+std::uint8_t QtSerialPort::Input() {
+  if (received_.empty()) throw SubscriptOutOfRange();
+  const std::uint8_t byte = received_.front();
+  received_.pop_front();
+  overflowing_ = false;
+  return byte;
+}
+
+std::string QtSerialPort::DeviceName(int port) const {
+  ports_.Refresh();
+  return ports_.Device(port);
+}
+
+void QtSerialPort::TakeArrivals() {
+  const QByteArray bytes = serial_.readAll();
+  if (gate_.Feed(
+          {reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())}))
+    Deliver();
+  if (gate_.Holding()) {
+    gap_.start();
+  } else {
+    gap_.stop();
+  }
+}
+
+void QtSerialPort::LineWasQuiet() {
+  // After a stall of the program the gap is over and the rest is there as well: look before giving up on it.
+  // Bytes that come this way arrive at TakeArrivals, which starts the gap anew.
+  if (serial_.waitForReadyRead(0) || gap_.isActive() || !PortOpen()) return;
+  gate_.Quiet();
+  Deliver();
+}
+
+void QtSerialPort::Deliver() {
+  const std::vector<std::uint8_t> bytes = gate_.Take();
+  const std::size_t fits = std::min(bytes.size(), kInBufferSize - received_.size());
+  received_.insert(received_.end(), bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(fits));
+  if (fits > 0) RaiseLater(kCommReceive);
+  if (fits == bytes.size() || overflowing_) return;
+  overflowing_ = true;
+  RaiseLater(kCommOverflow);
+}
+
+void QtSerialPort::NoteError(QSerialPort::SerialPortError error) {
+  // Others are harmless: none at all, raised at every opening; an operation that pseudo terminals lack; a
+  // look for bytes that finds none.
+  const bool deviceFailed = error == QSerialPort::WriteError || error == QSerialPort::ReadError ||
+                            error == QSerialPort::ResourceError;
+  if (!deviceFailed || !PortOpen()) return;
+  gone_ = true;
+  gap_.stop();
+  // Not from here: QSerialPort is in the middle of the read or write that failed.
+  QMetaObject::invokeMethod(
+      &listener_, [this] { DeviceGone(); }, Qt::QueuedConnection);
+}
+
+void QtSerialPort::DeviceGone() {
+  if (!gone_) return;  // the tool was faster and has opened the port again
+  Close();
+  Raise(kCommDeviceGone);
+}
+
+void QtSerialPort::RaiseLater(int event) {
+  // Not from here: QSerialPort reports no bytes while its report of bytes has not come back, and a handler
+  // may show a box.
+  QMetaObject::invokeMethod(
+      &listener_,
+      [this, event] {
+        const bool stillMatters = event != kCommReceive || !received_.empty();
+        if (PortOpen() && stillMatters) Raise(event);
+      },
+      Qt::QueuedConnection);
+}
+
+void QtSerialPort::Raise(int event) {
+  const int outer = event_;
+  event_ = event;
+  guard_.Run([this] { RaiseOnComm(); });
+  event_ = outer;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QSerialPort>
+#include <QTimer>
+#include <deque>
+
+#include "platform/guard.h"
+#include "platform/ms_comm.h"
+#include "platform/port_map.h"
+#include "platform/reply_gate.h"
+
+namespace marlinset {
+
+/// The serial line on QSerialPort, for ports and for pseudo terminals given by path. Events come from Qt's
+/// loop, each on its own and under the guard, so their handlers may pump, show boxes, and open and close the
+/// port.
+///
+/// The receive buffer holds 1024 bytes. What does not fit is lost, and kCommOverflow says so once until the
+/// tool has read or thrown away some of it.
+class QtSerialPort : public MSComm {
+ public:
+  QtSerialPort(Guard& guard, PortMap& ports);
+  ~QtSerialPort() override;
+
+  int CommPort() const override { return port_; }
+  /// Failure 380 outside 1 to 4.
+  void SetCommPort(int port) override;
+  bool PortOpen() const override;
+  void SetPortOpen(bool open) override;
+
+  void Output(std::span<const std::uint8_t> bytes) override;
+  std::size_t OutBufferCount() const override;
+  std::size_t InBufferCount() const override { return received_.size(); }
+  void DiscardInput() override;
+  std::uint8_t Input() override;
+
+  int CommEvent() const override { return event_; }
+  /// Looks for new devices first, so it names what the next opening takes.
+  std::string DeviceName(int port) const override;
+
+ private:
+  void Open();
+  void Close();
+  void TakeArrivals();
+  void LineWasQuiet();
+  void Deliver();
+  void NoteError(QSerialPort::SerialPortError error);
+  void DeviceGone();
+  void RaiseLater(int event);
+  void Raise(int event);
+
+  Guard& guard_;
+  PortMap& ports_;
+  int port_ = kLowestPort;
+  int event_ = 0;
+  bool gone_ = false;         ///< the device failed; the close that follows is on its way
+  bool overflowing_ = false;  ///< bytes were lost since the tool last made room
+  ReplyGate gate_;
+  std::deque<std::uint8_t> received_;
+  QSerialPort serial_;
+  QTimer gap_;        ///< ends when the line was quiet for long enough
+  QObject listener_;  ///< receives everything that comes from Qt; goes first, and pending events with it
+};
+
+}  // namespace marlinset
