@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/variables.h"
+
+namespace marlinset {
+
+class FrmStart;
+
+/// What the tool can say to the unit. One command of the protocol stands here more than once where its
+/// message or its failure text depends on the occasion.
+enum class CommandId {
+  kSelect,            ///< the unit speaks only when spoken to
+  kBroadcast,         ///< the unit speaks on its own
+  kSetVideoStandard,  ///< the standard of comVS
+  kVideoSense,
+  kGetID,
+  kGetFirmware,
+  kAutoSelection,    ///< the unit follows the standard of its input
+  kManualSelection,  ///< the unit takes its standard by command
+  kSetParameter,     ///< row `index` of SystemParameters
+  kVitcOn,
+  kVitcOff,
+  kWhiteFlagOn,
+  kWhiteFlagOff,
+  kVitcSource,  ///< number of VITC lines
+  kAssignTC,    ///< comTB(0), ComUB(0)
+  kAssignUB,
+  kAssignAT,  ///< four channels without a control, always code 0
+  kAssignAU,
+  kAssignLK,
+  kAssignLI,
+  kAssignLTB,  ///< comTB(1), ComUB(1)
+  kAssignLUB,
+  kAssignVTB,  ///< comTB(2), ComUB(2)
+  kAssignVUB,
+  kAssignV2,    ///< comTB(3)
+  kAssignV3TB,  ///< comTB(4), ComUB(4)
+  kAssignV3UB,
+  kVitcLines,
+  kWhiteFlagLine,
+  kCharSize,
+  kWindow,   ///< row `index` of CharWindows
+  kCharOff,  ///< the character inserter
+  kCharOn,
+  kCharOffForSize,  ///< off and on again around a change of the font size
+  kCharOnForSize,
+  kCharStyle,
+  kSlateDuration,
+  kSlateMode,     ///< the mode of ComWin(1)
+  kSlatePreview,  ///< the slate is on now, whatever its mode
+  kText,
+  kDownConverter,         ///< aspect ratio
+  kDownConverterControl,  ///< processing mode and filters; model Q only
+  kSdiProgramOut,         ///< model Q only
+};
+
+/// Who sends: the whole-configuration send, or the handler of a panel's control.
+enum class Sender { kWholeSend, kPanel };
+
+/// How an exchange ends.
+enum class Ack {
+  kNone,           ///< sent, and that is all
+  kReply,          ///< the answer is a frame; asked twice at most
+  kStandard,       ///< acknowledged within dPause
+  kLong,           ///< acknowledged within dPause at 10 s, which then gets its interval back
+  kSlow,           ///< acknowledged within TimerNew: the unit needs seconds to take it in
+  kLocked,         ///< as kStandard, and no panel sends meanwhile (UnitLocalMode)
+  kLockedSlow,     ///< as kSlow, and no panel sends meanwhile
+  kWholeInterval,  ///< lasts the whole of dPause, even when the acknowledgement is there early
+};
+
+constexpr int kNoField = -1;
+
+/// How an exchange ends for one kind of sender, and what the operator reads when it fails: a fixed text,
+/// followed by the number in field `quotedField` of the message if there is one.
+struct Manner {
+  Ack ack = Ack::kStandard;
+  const char* failure = "";
+  int quotedField = kNoField;
+};
+
+/// Where a message gets its data from.
+struct MessageSource {
+  const FrmStart& form;
+  const Variables& vars;
+  Sender sender = Sender::kWholeSend;
+  int index = 0;     ///< row of a window or parameter
+  int flagBase = 0;  ///< base of a window's flag byte: 128 highlights the window on the unit's output
+};
+
+/// A message on its way: its fields, and what it says in an operator's words.
+struct Message {
+  std::vector<PacketField> fields;
+  std::string meaning;
+};
+
+/// The fields with which every message of a command begins.
+struct FixedFields {
+  std::size_t size;
+  std::array<std::int16_t, 9> fields;
+
+  template <class... Field>
+  constexpr FixedFields(Field... field)
+      : size(sizeof...(field)), fields{static_cast<std::int16_t>(field)...} {}
+  std::span<const std::int16_t> All() const { return std::span(fields).first(size); }
+};
+
+struct SettingCommand {
+  CommandId id;
+  const char* name;     ///< as in the description of the protocol: "cmdVitcLines"
+  const char* meaning;  ///< a word or two for operators
+  FixedFields begin;
+  /// Appends the data and may add to the meaning; null when the message is complete without.
+  void (*addData)(const MessageSource& source, Message& message);
+  Manner wholeSend;
+  Manner panel;
+
+  const Manner& MannerOf(Sender sender) const { return sender == Sender::kWholeSend ? wholeSend : panel; }
+};
+
+const SettingCommand& CommandOf(CommandId id);
+
+/// The message of a command from the panels as they stand. A code is looked up by the text of its box, where
+/// the last row with that text counts; a text that no row has leaves the field empty.
+Message MessageOf(const SettingCommand& command, const MessageSource& source);
+
+/// The command that carries the choice of comTB(index) or ComUB(index); none for ComUB(3), which the unit
+/// does not know.
+std::optional<CommandId> TimeBitsCommand(int index);
+std::optional<CommandId> UserBitsCommand(int index);
+
+/// Whether a parameter goes to the unit: classes 1 and 25 are internal.
+bool IsSendable(const SystemParameterRec& parameter);
+
+/// Characters that the unit takes for the text message.
+constexpr std::size_t kMessageCharacters = 32;
+/// The text message as the unit gets it: in capitals, cut to kMessageCharacters.
+std::string MessageText(std::string_view text);
+
+}  // namespace marlinset

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace marlinset {
+
+/// Runs `body`, then `cleanup` whichever way `body` ends; a failure of `body` goes on to the caller.
+template <class Body, class Cleanup>
+void Finally(const Body& body, const Cleanup& cleanup) {
+  try {
+    body();
+  } catch (...) {
+    cleanup();
+    throw;
+  }
+  cleanup();
+}
+
+}  // namespace marlinset

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/message_data.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "link/replies.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+constexpr std::int16_t kInternalClasses[] = {1, 25};
+
+/// How positions count in one font size: lines of video to a row of characters, and the highest row that is
+/// still on the screen.
+struct FontSize {
+  std::string_view text;
+  int divisor;
+  int minimum;
+};
+constexpr FontSize kFontSizes[] = {{"Large (32 lines/field)", 4, 8}, {"Small (16 lines/field)", 2, 18}};
+constexpr FontSize kOtherFontSize{"", 1, 37};
+
+int VerticalRow(int top, std::string_view fontSize) {
+  const auto* found = std::find_if(std::begin(kFontSizes), std::end(kFontSizes),
+                                   [fontSize](const FontSize& size) { return size.text == fontSize; });
+  const FontSize& size = found == std::end(kFontSizes) ? kOtherFontSize : *found;
+  return std::max(top / size.divisor, size.minimum);
+}
+
+int WindowFlags(const MessageSource& source) {
+  const FrmStart& form = source.form;
+  const int i = source.index;
+  const CheckBox& slate = form.chSlate(i);
+  const bool slateCounts = source.sender == Sender::kPanel || slate.Visible();
+  return source.flagBase + (form.chField(i).On() ? 2 : 0) + (form.chSym(i).On() ? 4 : 0) +
+         (form.chDblSize(i).On() ? 16 : 0) + (slate.On() && slateCounts ? 32 : 0) +
+         (form.chOnOff(i).On() ? 64 : 0);
+}
+
+}  // namespace
+
+bool IsSendable(const SystemParameterRec& parameter) {
+  return std::find(std::begin(kInternalClasses), std::end(kInternalClasses), parameter.Class) ==
+         std::end(kInternalClasses);
+}
+
+std::string MessageText(std::string_view text) {
+  return LeftOf(UpperOf(text), kMessageCharacters);
+}
+
+void AddStandard(const MessageSource& source, Message& message) {
+  const std::string& text = source.form.comVS.Text();
+  message.fields.emplace_back(VideoStandardCode(text));
+  message.meaning += ": " + text;
+}
+
+void AddParameter(const MessageSource& source, Message& message) {
+  const SystemParameterRec& row = At(source.vars.SystemParameters, source.index);
+  message.fields.emplace_back(row.Parameter);
+  message.fields.emplace_back(row.Class);
+  const auto bits = static_cast<std::uint32_t>(std::int32_t{row.Value});
+  for (const unsigned shift : {0U, 8U, 16U, 24U}) {
+    message.fields.emplace_back(static_cast<int>((bits >> shift) & 255U));
+  }
+  message.meaning += " " + std::to_string(row.Class) + "/" + std::to_string(row.Parameter) + " '" +
+                     row.Description + "' = " + std::to_string(row.Value);
+}
+
+void AddVitcSource(const MessageSource& source, Message& message) {
+  PacketField lines;
+  const int option = source.form.vitcModes.Selected();
+  if (source.sender == Sender::kWholeSend && option != kNoIndex) lines = option + 1;
+  message.fields.push_back(lines);
+  if (option != kNoIndex) message.meaning += ": " + std::to_string(option + 1);
+}
+
+void AddVitcLines(const MessageSource& source, Message& message) {
+  const FrmStart& form = source.form;
+  message.meaning += ":";
+  for (const int line : {1, 2, 3}) {
+    const int number = std::abs(form.upVitc1(line).Value());
+    const int duplicate = form.chDups.On() ? std::abs(form.upVitc1(line + 4).Value()) : 0;
+    message.fields.emplace_back(number);
+    message.fields.emplace_back(duplicate);
+    message.meaning += " " + std::to_string(number);
+    if (form.chDups.On()) message.meaning += "/" + std::to_string(duplicate);
+  }
+}
+
+void AddWhiteFlagLine(const MessageSource& source, Message& message) {
+  const int line = std::abs(source.form.UpDown1.Value());
+  message.fields.insert(message.fields.end(), 2, PacketField(line));
+  message.meaning += ": " + std::to_string(line);
+}
+
+void AddSlateDuration(const MessageSource& source, Message& message) {
+  const int frames = source.form.UDDur.Value();
+  const int low = ((frames % 256) + 256) % 256;
+  message.fields.emplace_back((frames - low) / 256);
+  message.fields.emplace_back(low);
+  message.meaning += ": " + std::to_string(frames) + " frames";
+}
+
+void AddText(const MessageSource& source, Message& message) {
+  const std::string& uncut = source.form.tWinMess.Text();
+  const std::string text = MessageText(uncut);
+  const std::size_t begin = message.fields.size();
+  for (const std::uint8_t byte : ToCodePage(text)) message.fields.emplace_back(byte);
+  if (source.sender == Sender::kPanel) message.fields.resize(begin + LengthOf(uncut));
+  message.meaning += " '" + text + "'";
+}
+
+void AddDownConverterControl(const MessageSource& source, Message& message) {
+  AddCode<&FrmStart::ComDownConv, 0, &Variables::DownConverterProcessModes>(source, message);
+  AddCode<&FrmStart::ComDownConv, 1, &Variables::DownConverterFilters>(source, message);
+  AddCode<&FrmStart::ComDownConv, 2, &Variables::DownConverterFilters>(source, message);
+}
+
+void AddWindow(const MessageSource& source, Message& message) {
+  const FrmStart& form = source.form;
+  const int i = source.index;
+  const CharWindowRec& window = At(source.vars.CharWindows, i);
+  message.fields.emplace_back(window.Number);
+  message.fields.emplace_back(WindowFlags(source));
+  message.fields.emplace_back(VerticalRow(window.Top, form.ComWin(3).Text()));
+  message.fields.emplace_back(window.Left);
+  message.fields.emplace_back(window.Length + (form.chField(i).On() ? window.FieldLength : 0) +
+                              (form.chSym(i).On() ? window.SymbolLength : 0));
+  message.meaning += " " + std::to_string(window.Number) + " '" + window.Name + "'";
+}
+
+}  // namespace marlinset

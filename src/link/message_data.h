@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/frm_start.h"
+#include "link/command_table.h"
+
+// The data of messages from the panels as they stand: what the rows of the command table name.
+
+namespace marlinset {
+
+inline int WireCode(const CodeSourceRec& row) {
+  return row.GenNumber;
+}
+template <class Row>
+int WireCode(const Row& row) {
+  return row.Code;
+}
+
+/// Appends the code of the row whose description is the box's text.
+template <class Row>
+void AddCodeOf(const std::vector<Row>& table, const ComboBox& box, Message& message) {
+  PacketField code;
+  for (const Row& row : table) {
+    if (row.Description == box.Text()) code = WireCode(row);
+  }
+  message.fields.push_back(code);
+  message.meaning += ": " + box.Text();
+}
+
+template <auto kBoxes, int kIndex, auto kTable>
+void AddCode(const MessageSource& source, Message& message) {
+  AddCodeOf(source.vars.*kTable, (source.form.*kBoxes)(kIndex), message);
+}
+
+template <auto kBoxes, int kIndex>
+void AddRouting(const MessageSource& source, Message& message) {
+  AddCode<kBoxes, kIndex, &Variables::CodeSources>(source, message);
+}
+
+/// The code of the text of comVS.
+void AddStandard(const MessageSource& source, Message& message);
+/// Parameter, class, and the value as 32 bits in two's complement, low byte first.
+void AddParameter(const MessageSource& source, Message& message);
+/// Number of VITC lines, 1 to 3. The handler of the option buttons leaves the field empty; units in the field
+/// have never got anything else from it, and take the lines from cmdVitcLines.
+void AddVitcSource(const MessageSource& source, Message& message);
+/// Three pairs of a line and its duplicate; a duplicate is 0 while duplicates are off. All three go whatever
+/// the number of lines in use.
+void AddVitcLines(const MessageSource& source, Message& message);
+/// The line, twice.
+void AddWhiteFlagLine(const MessageSource& source, Message& message);
+/// Frames as 16 bits, high byte first.
+void AddSlateDuration(const MessageSource& source, Message& message);
+/// A byte a character. The panel's handler sizes the message by the uncut text, so empty fields follow the
+/// characters of a text that was cut.
+void AddText(const MessageSource& source, Message& message);
+/// Processing mode, vertical and horizontal filter.
+void AddDownConverterControl(const MessageSource& source, Message& message);
+/// Number, flag byte, vertical row in units of the font size, horizontal position, total length.
+///
+///   flag byte  128 highlighted, 64 on, 32 slate, 16 double height, 4 symbol, 2 field digit
+///
+/// In the whole send a window whose slate box is hidden has no slate.
+void AddWindow(const MessageSource& source, Message& message);
+
+}  // namespace marlinset

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/setting_commands.h"
+
+#include "core/frm_start.h"
+#include "link/communications.h"
+#include "link/finally.h"
+#include "platform/dialogs.h"
+#include "platform/event_pump.h"
+#include "platform/ms_comm.h"
+#include "platform/platform.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kLongAckMs = 10000;
+constexpr int kHighlight = 128;
+
+std::string FailureText(const Manner& manner, const std::vector<PacketField>& fields) {
+  std::string text = manner.failure;
+  if (manner.quotedField != kNoField) text += SignedText(At(fields, manner.quotedField).value_or(0));
+  return text;
+}
+
+}  // namespace
+
+SettingCommands::SettingCommands(Platform& platform, Variables& variables, FrmStart& form,
+                                 Communications& communications)
+    : platform_(platform), vars_(variables), form_(form), comms_(communications) {}
+
+bool SettingCommands::Send(CommandId id, Sender sender, int index, int flagBase) {
+  const SettingCommand& command = CommandOf(id);
+  return Exchange(command.name, MessageOf(command, {form_, vars_, sender, index, flagBase}),
+                  command.MannerOf(sender));
+}
+
+void SettingCommands::SendAgain() {
+  if (vars_.PacketFields.empty()) return;
+  Exchange("", {vars_.PacketFields, "The previous message again"},
+           CommandOf(CommandId::kAssignUB).MannerOf(Sender::kPanel));
+}
+
+bool SettingCommands::Exchange(const char* name, Message message, const Manner& manner, Failure shown) {
+  vars_.PacketFields = message.fields;
+  const bool acknowledged = Await(manner.ack);
+  SentMessage sent{name, std::move(message.meaning), std::move(message.fields), std::nullopt, ""};
+  if (manner.ack != Ack::kNone) sent.acknowledged = acknowledged && platform_.ComP1.PortOpen();
+  if (!acknowledged) sent.failure = FailureText(manner, sent.fields);
+  MessageSent.Emit(sent);
+  ShowFailure(sent.failure, shown);
+  return acknowledged;
+}
+
+void SettingCommands::ShowFailure(const std::string& text, Failure shown) {
+  if (text.empty() || platform_.pump.Ending()) return;
+  if (shown == Failure::kBox) {
+    platform_.dialogs.Tell(text);
+  } else {
+    form_.StatBar(1).SetText(text);
+  }
+}
+
+bool SettingCommands::Await(Ack ack) {
+  switch (ack) {
+    case Ack::kReply:
+      comms_.ReplyWait(vars_.PacketFields);
+      return !vars_.UnitStandardText.empty();
+    case Ack::kStandard:
+      return comms_.AckWait();
+    case Ack::kLong:
+      return LongAckWait();
+    case Ack::kSlow:
+      return comms_.AckWait(form_.TimerNew);
+    case Ack::kLocked:
+      return comms_.LockedAckWait(form_.dPause);
+    case Ack::kLockedSlow:
+      return comms_.LockedAckWait(form_.TimerNew);
+    case Ack::kWholeInterval:
+      return WholeIntervalWait();
+    case Ack::kNone:
+      break;
+  }
+  comms_.SendPacket(vars_.PacketFields);
+  return true;
+}
+
+bool SettingCommands::LongAckWait() {
+  const int interval = form_.dPause.Interval();
+  form_.dPause.SetInterval(kLongAckMs);
+  bool acknowledged = false;
+  Finally([&] { acknowledged = comms_.AckWait(); }, [&] { form_.dPause.SetInterval(interval); });
+  return acknowledged;
+}
+
+/// The receive event takes the acknowledgement during the pump; the wait itself doesn't look for it.
+bool SettingCommands::WholeIntervalWait() {
+  form_.StatBar(1).SetText("Sent");
+  comms_.SendPacket(vars_.PacketFields);
+  form_.dPause.SetEnabled(true);
+  while (form_.dPause.Enabled() && comms_.LineUp()) platform_.pump.Pump();
+  form_.dPause.SetEnabled(false);
+  comms_.ReceivePacket();
+  return form_.StatBar(1).Text() == "Ack In";
+}
+
+void SettingCommands::SendParameter(int index) {
+  if (index < 0 || index >= static_cast<int>(vars_.SystemParameters.size())) return;
+  if (IsSendable(At(vars_.SystemParameters, index))) Send(CommandId::kSetParameter, Sender::kPanel, index);
+}
+
+void SettingCommands::SendSlate() {
+  if (vars_.UnitLocalMode || !form_.mnuInter.Checked()) return;
+  // Without the lock of the mode's own box: the windows' handlers that end here have sent unlocked, too.
+  Send(form_.chPrev.On() ? CommandId::kSlatePreview : CommandId::kSlateMode, Sender::kWholeSend);
+}
+
+bool SettingCommands::HasWindow(int index) const {
+  if (index < 0 || index >= static_cast<int>(vars_.CharWindows.size()) || !form_.lName.Has(index))
+    return false;
+  for (const ControlArray<CheckBox>* boxes :
+       {&form_.chField, &form_.chSym, &form_.chDblSize, &form_.chSlate, &form_.chOnOff}) {
+    if (!boxes->Has(index)) return false;
+  }
+  return true;
+}
+
+void SettingCommands::SendWindowAll(int index) {
+  if (!HasWindow(index)) return;
+  Send(CommandId::kWindow, Sender::kPanel, index, kHighlight);
+  if (form_.mnuInter.Checked()) SendSlate();
+}
+
+void SettingCommands::SendWindowInteractive(int index, int onBit) {
+  if (vars_.UnitLocalMode || !HasWindow(index) || !form_.lName(index).Visible()) return;
+  const SettingCommand& command = CommandOf(CommandId::kWindow);
+  Message message = MessageOf(command, {form_, vars_, Sender::kPanel, index, onBit});
+  message.meaning += onBit == kHighlight ? ", highlighted" : ", not highlighted";
+  Exchange(command.name, std::move(message), {Ack::kStandard, "ACK LOST"}, Failure::kPanel);
+  At(vars_.CharWindows, index).Highlighted = onBit == kHighlight;
+}
+
+bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn) {
+  const bool acknowledged = Send(id, sender);
+  form_.mnuCharOff.SetChecked(acknowledged && !showOn);
+  form_.mnuCharOn.SetChecked(acknowledged && showOn);
+  if (!acknowledged) {
+    form_.pComBut.SetBackColor(kRed);
+    form_.HideImages();
+  }
+  return acknowledged;
+}
+
+void SettingCommands::Report(CommandId id, bool answered) {
+  const SettingCommand& command = CommandOf(id);
+  Message message = MessageOf(command, {form_, vars_});
+  MessageSent.Emit({command.name, std::move(message.meaning), std::move(message.fields), answered, ""});
+}
+
+}  // namespace marlinset
