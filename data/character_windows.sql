@@ -1,5 +1,5 @@
 -- SPDX-License-Identifier: GPL-3.0-or-later
--- The character windows, in the order in which the panel shows them. Rows of the offered windows rise by "Number", since
+-- The character windows, in the order in which the panel shows them. Offered windows rise by "Number", since
 -- a configuration file is put into that order when it is loaded. "Text" is the fourteenth offered window, because
 -- the panel limits that row by the length of the text message. Its length is that of the longest message.
 --

@@ -154,13 +154,15 @@ class SqliteDatabase : public Database {
 
   Statement PrepareTable(std::string_view name) {
     const Statement search = Prepare(
-        "SELECT name FROM main.sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE AND name NOT "
-        "LIKE "
-        "'sqlite@_%' ESCAPE '@'");
+        "SELECT name, wr FROM pragma_table_list WHERE schema = 'main' AND type = 'table' AND name = ? "
+        "COLLATE "
+        "NOCASE AND name NOT LIKE 'sqlite@_%' ESCAPE '@'");
     sqlite3_bind_text(search.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
     const RowSet found = Read(search.get());
     if (found.rows.empty()) throw NoTable(name);
-    return Prepare("SELECT * FROM main." + Quoted(TextOf(found.rows[0].at(0))) + " ORDER BY rowid");
+    const bool withoutRowid = BooleanOf(found.rows[0].at(1));
+    return Prepare("SELECT * FROM main." + Quoted(TextOf(found.rows[0].at(0))) +
+                   (withoutRowid ? "" : " ORDER BY rowid"));
   }
 
   std::vector<std::string> Names(const std::string& query) {

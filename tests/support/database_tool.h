@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "core/load_arrays.h"
+#include "platform/guard.h"
+#include "platform/sqlite/sqlite_engine.h"
+#include "tests/support/fake_dialogs.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/sqlite_file.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/unit_line.h"
+
+namespace marlinset {
+
+/// As much of the tool as reads the reference database, with a database of its own in a temporary folder
+/// until `variables.DatabasePath` says otherwise.
+struct DatabaseTool {
+  TempFolder folder;
+  VirtualPump pump;
+  UnitLine line{pump};
+  SqliteEngine engine;
+  FakeDialogs dialogs;
+  MemorySettings settings;
+  Guard guard{dialogs};
+  Platform platform{pump, line, engine, dialogs, settings, guard, folder.Path() + "/"};
+  Variables variables;
+  ReferenceDatabase database{platform, variables};
+
+  DatabaseTool() { variables.DatabasePath = folder.File(kDatabaseFile); }
+
+  void Sql(const std::string& sql) const { RunSql(folder.File(kDatabaseFile), sql); }
+};
+
+/// The number of the failure that `action` ends with, 0 when it ends well.
+template <class Action>
+int FailureOf(Action&& action) {
+  try {
+    action();
+  } catch (const RuntimeError& failure) {
+    return failure.Number();
+  }
+  return 0;
+}
+
+}  // namespace marlinset
