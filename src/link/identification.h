@@ -18,6 +18,8 @@ class Identification {
   /// interactive mode ends, the port closes, `StopFirmwareQuery` is called or the program ends. A second
   /// query while one runs is ignored.
   void GetFirmware();
+  /// The unit has told its model.
+  bool ModelKnown() const;
   /// The dialog that wanted the text was closed.
   void StopFirmwareQuery() { firmwareWanted_ = false; }
 
@@ -26,7 +28,6 @@ class Identification {
   void SelectMode();
   void BroadcastMode();
   void OpenIfClosed();
-  bool ModelKnown() const;
   void AskFirmwareOnce();
 
   Platform& platform_;

@@ -40,6 +40,11 @@ void Ports::TickOnly(int port) {
   for (int other = kLowestPort; other <= kHighestPort; ++other) ComMenu(other).SetChecked(other == port);
 }
 
+void Ports::UsePort(int port) {
+  TickOnly(port);
+  vars_.ComPortNumber = port;
+}
+
 void Ports::Open() {
   if (platform_.ComP1.PortOpen()) {
     form_.StatBar(2).SetText("Port Open Already ");
@@ -133,14 +138,12 @@ void Ports::SetUpCom() {
     if (present) first = port;
   }
   if (first != 0) {
-    TickOnly(first);
-    vars_.ComPortNumber = first;
+    UsePort(first);
   }
   const std::string remembered = platform_.settings.GetSetting("Comm", "1");
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     if (remembered != std::to_string(port) || !ComMenu(port).Enabled()) continue;
-    TickOnly(port);
-    vars_.ComPortNumber = port;
+    UsePort(port);
   }
 }
 
@@ -150,8 +153,7 @@ void Ports::SetComMenu(int port, bool alreadyChecked) {
     return;
   }
   if (alreadyChecked) return;
-  TickOnly(port);
-  vars_.ComPortNumber = port;
+  UsePort(port);
   platform_.settings.SaveSetting("Comm", std::to_string(port));
 }
 

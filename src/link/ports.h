@@ -22,6 +22,8 @@ class Ports {
   std::string ScanPorts();
   /// Chooses a port; refused while the port is open.
   void SetComMenu(int port, bool alreadyChecked);
+  /// Uses a port for this run only; nothing is remembered.
+  void UsePort(int port);
   /// Leaves interactive mode, closes the port and shows it.
   void ClosePort();
 

@@ -24,7 +24,6 @@ enum class ControlKind {
   kButton,
   kCheckBox,
   kComboBox,
-  kForm,
   kFrame,
   kLabel,
   kLine,

@@ -15,6 +15,9 @@ class EventPump : public TimerQueue {
   /// only after it has looked whether what it waits for is there already.
   virtual void Pump() = 0;
 
+  /// Lets `milliseconds` pass with everything that falls due in them; less when the program ends.
+  virtual void Pass(std::int64_t milliseconds) = 0;
+
   /// The program ends: every wait that stands gives up (see Ending).
   virtual void End() { ending_ = true; }
   /// True from the moment at which the window was closed or the program was told to stop; wait and drain

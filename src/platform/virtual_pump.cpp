@@ -40,7 +40,7 @@ void VirtualPump::At(std::int64_t when, std::function<void()> action) {
   actions_.emplace(when, std::move(action));
 }
 
-void VirtualPump::Advance(std::int64_t milliseconds) {
+void VirtualPump::Pass(std::int64_t milliseconds) {
   const std::int64_t end = now_ + milliseconds;
   for (auto next = NextEvent(); next && *next <= end && !Ending(); next = NextEvent()) {
     now_ = std::max(now_, *next);

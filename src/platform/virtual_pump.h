@@ -9,7 +9,7 @@
 namespace marlinset {
 
 /// An event pump on a clock that jumps: a wait of ten seconds takes microseconds. Time moves only while
-/// something waits (Pump) or is told to (Advance); an idle clock fires nothing.
+/// something waits (Pump) or is told to (Pass); an idle clock fires nothing.
 class VirtualPump : public EventPump {
  public:
   std::int64_t Now() const override { return now_; }
@@ -21,8 +21,7 @@ class VirtualPump : public EventPump {
   /// Runs `action` when the clock stands at `when` (at once in the next pump if that has passed). Actions of
   /// one moment run in the order in which they were given, before the timers of that moment.
   void At(std::int64_t when, std::function<void()> action);
-  /// Lets `milliseconds` pass, with everything that falls due.
-  void Advance(std::int64_t milliseconds);
+  void Pass(std::int64_t milliseconds) override;
 
  private:
   std::optional<std::int64_t> NextEvent() const;

@@ -31,6 +31,14 @@ void QtPump::Pump() {
   HandleEvents(!Ending());
 }
 
+void QtPump::Pass(std::int64_t milliseconds) {
+  const std::int64_t end = Now() + milliseconds;
+  QTimer wake;
+  wake.setTimerType(Qt::PreciseTimer);
+  wake.start(static_cast<int>(milliseconds));
+  while (Now() < end && !Ending()) Pump();
+}
+
 void QtPump::End() {
   EventPump::End();
   if (QAbstractEventDispatcher* dispatcher = QCoreApplication::eventDispatcher()) dispatcher->wakeUp();

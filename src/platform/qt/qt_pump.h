@@ -19,6 +19,7 @@ class QtPump : public EventPump {
   /// Sleeps without a limit when nothing is due and no timer runs; End wakes it, and from then on it never
   /// sleeps again.
   void Pump() override;
+  void Pass(std::int64_t milliseconds) override;
   void End() override;
 
  protected:

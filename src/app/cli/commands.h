@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/computer.h"
+
+namespace marlinset {
+
+/// Exit statuses of the command line twin.
+enum ExitStatus : int {
+  kExitDone = 0,
+  kExitNotDone = 1,         ///< the operator's answers, or the configuration, kept it from being done
+  kExitUsage = 2,           ///< options or script lines that can't be understood
+  kExitStart = 3,           ///< the tool did not start
+  kExitPort = 4,            ///< the port can't be opened, or went away
+  kExitReply = 5,           ///< no reply, or none that makes sense
+  kExitUnacknowledged = 6,  ///< sent, but some messages were not acknowledged
+  kExitInterrupted = 130,   ///< Ctrl-C
+};
+
+/// What a run of the command line twin was asked for.
+struct CliOptions {
+  CommonOptions common;
+  std::vector<std::string> answers;  ///< for the boxes to come: yes, no, ok, cancel
+  bool virtualClock = false;
+  std::string scriptFile;  ///< empty: standard input
+  bool verbose = false;    ///< send: print each message
+};
+
+int RunScript(const CliOptions& options);
+int RunSend(const CliOptions& options);
+int RunIdentify(const CliOptions& options);
+
+}  // namespace marlinset

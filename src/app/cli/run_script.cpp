@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <cstdio>
+#include <stdexcept>
+
+#include "app/cli/commands.h"
+#include "app/cli/line_input.h"
+#include "app/cli/queued_dialogs.h"
+#include "app/cli/script.h"
+#include "app/recording_line.h"
+#include "app/tool.h"
+
+namespace marlinset {
+namespace {
+
+void Print(const std::string& answer) {
+  if (answer.empty()) return;
+  std::puts(answer.c_str());
+  std::fflush(stdout);
+}
+
+bool StartTool(Tool& tool, const std::string& commandText) {
+  try {
+    return tool.Start(commandText);
+  } catch (const ProgramEnd&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+int RunScript(const CliOptions& options) {
+  QueuedDialogs dialogs;
+  for (const std::string& answer : options.answers) dialogs.QueueAnswer(answer);
+  const auto clock = options.virtualClock ? Computer::ClockKind::kVirtual : Computer::ClockKind::kReal;
+  Computer computer(options.common, clock, dialogs);
+  RecordingLine line(computer.Line(), computer.Pump());
+  Platform platform = computer.MakePlatform(line);
+  Tool tool(platform);
+  Script script(tool, dialogs, line);
+  try {
+    LineInput input(options.scriptFile, computer.Pump(), !options.virtualClock);
+    const bool started = StartTool(tool, options.common.commandText);
+    Print(script.StartAnswer(started));
+    if (!started) return kExitStart;
+    while (!script.Ended()) {
+      const auto text = input.Next();
+      if (!text) break;
+      Print(script.Execute(*text));
+    }
+  } catch (const std::runtime_error& error) {
+    std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
+    return kExitUsage;
+  }
+  return script.AllUnderstood() ? kExitDone : kExitUsage;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <string>
+
+#include "app/cli/commands.h"
+#include "app/cli/queued_dialogs.h"
+#include "app/tool.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+
+/// Ctrl-C asks the send to stop between two messages; a second one ends the program at once.
+void CatchInterrupt() {
+  struct sigaction action = {};
+  action.sa_handler = [](int) { interrupted = 1; };
+  action.sa_flags = SA_RESETHAND;
+  ::sigaction(SIGINT, &action, nullptr);
+}
+
+/// Boxes of a run at a terminal go to standard error.
+void PrintBox(const MessageBox& box, BoxAnswer answer) {
+  std::fprintf(stderr, "%s\n", box.text.c_str());
+  if (!box.remedy.empty()) std::fprintf(stderr, "%s\n", box.remedy.c_str());
+  if (box.buttons == BoxButtons::kYesNo) {
+    std::fprintf(stderr, "  answered: %s\n", answer == BoxAnswer::kYes ? "Yes" : "No");
+  }
+}
+
+std::string HexOf(const std::vector<std::uint8_t>& bytes) {
+  std::string hex;
+  for (const std::uint8_t byte : bytes) hex += (hex.empty() ? "" : " ") + HexByte(byte);
+  return hex;
+}
+
+const char* OutcomeOf(const SentMessage& message) {
+  if (!message.acknowledged) return "sent";
+  return *message.acknowledged ? "acknowledged" : "NOT ACKNOWLEDGED";
+}
+
+/// Reports the messages of a send: all of them with their bytes, or one line that moves on a terminal.
+class Progress {
+ public:
+  Progress(const Tool& tool, bool verbose) : tool_(tool), verbose_(verbose) {}
+
+  void Show(const SentMessage& message) {
+    ++count_;
+    if (verbose_) {
+      std::printf("%4d  %-16s  %-46s  %s\n", count_, OutcomeOf(message), message.meaning.c_str(),
+                  HexOf(tool_.variables.TxBytes).c_str());
+      std::fflush(stdout);
+    } else if (::isatty(STDERR_FILENO)) {
+      std::fprintf(stderr, "\r\033[K%d %s", count_, message.meaning.c_str());
+    }
+  }
+  void Finish() const {
+    if (!verbose_ && count_ > 0 && ::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");
+  }
+
+ private:
+  const Tool& tool_;
+  bool verbose_;
+  int count_ = 0;
+};
+
+/// A tool at a terminal, started and with its port chosen: the one of the lowest number that was named on the
+/// command line, otherwise the one that the settings remember.
+class TerminalRun {
+ public:
+  explicit TerminalRun(const CliOptions& options)
+      : computer_(options.common, Computer::ClockKind::kReal, dialogs_), tool(computer_.MakePlatform()) {
+    for (const std::string& answer : options.answers) dialogs_.QueueAnswer(answer);
+    dialogs_.onShown = PrintBox;
+    started_ = Start(options);
+  }
+  bool Started() const { return started_; }
+  bool PortOpen() { return computer_.Line().PortOpen(); }
+
+ private:
+  bool Start(const CliOptions& options) {
+    try {
+      if (!tool.Start(options.common.commandText)) return false;
+    } catch (const ProgramEnd&) {
+      return false;
+    }
+    for (int port = kHighestPort; port >= kLowestPort; --port) {
+      if (!At(options.common.ports, port - kLowestPort).empty()) tool.ports.UsePort(port);
+    }
+    return true;
+  }
+  QueuedDialogs dialogs_;
+  Computer computer_;
+  bool started_ = false;
+
+ public:
+  Tool tool;
+};
+
+int StatusOf(const SendResult& result, bool portOpen) {
+  switch (result.end) {
+    case SendEnd::kComplete:
+      return result.unacknowledged > 0 ? kExitUnacknowledged : kExitDone;
+    case SendEnd::kPortClosed:
+      return kExitPort;
+    case SendEnd::kNotConfirmed:
+    case SendEnd::kNotDetected:
+      return portOpen ? kExitReply : kExitPort;
+    case SendEnd::kStopped:
+      return kExitInterrupted;
+    case SendEnd::kNone:
+    case SendEnd::kRefused:
+    case SendEnd::kNoCode:
+    case SendEnd::kFailed:
+      return kExitNotDone;
+  }
+  return kExitNotDone;
+}
+
+}  // namespace
+
+int RunSend(const CliOptions& options) {
+  TerminalRun run(options);
+  if (!run.Started()) return kExitStart;
+  Tool& tool = run.tool;
+  Progress progress(tool, options.verbose);
+  tool.commands.MessageSent.Connect([&](const SentMessage& message) { progress.Show(message); });
+  tool.wholeSend.stopRequested = [] { return interrupted != 0; };
+  CatchInterrupt();
+  tool.form.bSConfig.OperatorClick();
+  progress.Finish();
+  const SendResult& result = tool.wholeSend.Result();
+  const int status = StatusOf(result, run.PortOpen());
+  if (result.end == SendEnd::kComplete) std::printf("%s\n", tool.form.StatBar(3).Text().c_str());
+  if (result.unacknowledged > 0) {
+    std::fprintf(stderr, "%d of %d messages were not acknowledged.\n", result.unacknowledged,
+                 result.messages);
+  }
+  if (result.end == SendEnd::kStopped) std::fprintf(stderr, "Stopped; the unit holds a part of the setup.\n");
+  return status;
+}
+
+int RunIdentify(const CliOptions& options) {
+  TerminalRun run(options);
+  if (!run.Started()) return kExitStart;
+  Tool& tool = run.tool;
+  tool.form.bGetID.Press();
+  if (!run.PortOpen()) return kExitPort;
+  const std::string model = tool.form.StatBar(4).Text();
+  if (!tool.identification.ModelKnown()) return kExitReply;
+  std::printf("Model: %s\n", model.c_str());
+  tool.communications.ReplyWait({15, 0, 52});
+  if (tool.variables.UnitStandardText.empty()) {
+    std::fprintf(stderr, "The unit did not tell its video standard.\n");
+    return run.PortOpen() ? kExitReply : kExitPort;
+  }
+  std::printf("Video standard: %s, %s selection\n", tool.variables.UnitStandardText.c_str(),
+              tool.form.mnuMan.Checked() ? "manual" : "automatic");
+  std::printf("Video: %s\n", Trim(tool.form.StatBar(3).Text()).c_str());
+  tool.identification.GetFirmware();
+  if (!tool.variables.UnitIdText.empty()) std::printf("Firmware: %s\n", tool.variables.UnitIdText.c_str());
+  return kExitDone;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,316 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/cli/script.h"
+
+#include <algorithm>
+
+#include "app/cli/control_json.h"
+#include "app/cli/queued_dialogs.h"
+#include "app/cli/variables_json.h"
+#include "app/tool.h"
+#include "platform/event_pump.h"
+#include "platform/settings_store.h"
+#include "platform/text.h"
+#include "platform/virtual_pump.h"
+
+namespace marlinset {
+namespace {
+
+constexpr ControlKind KindOf(const ComboBox*) {
+  return ControlKind::kComboBox;
+}
+constexpr ControlKind KindOf(const CheckBox*) {
+  return ControlKind::kCheckBox;
+}
+constexpr ControlKind KindOf(const SpinControl*) {
+  return ControlKind::kSpin;
+}
+constexpr ControlKind KindOf(const ScrollBar*) {
+  return ControlKind::kScrollBar;
+}
+
+/// The first character of a key's text as its code; control characters such as backspace count too.
+char32_t KeyCode(const std::string& text) {
+  if (LengthOf(text) != 1) throw ScriptError("a key is one character");
+  if (text.size() == 1) return static_cast<unsigned char>(text[0]);
+  return ToCodePage(text)[0];
+}
+
+bool OnOrOff(const Word& word) {
+  if (word.text == "on") return true;
+  if (word.text == "off") return false;
+  throw ScriptError("\"" + word.text + "\" is neither on nor off");
+}
+
+std::string HexOf(const std::vector<std::uint8_t>& bytes) {
+  std::string hex;
+  for (const std::uint8_t byte : bytes) {
+    for (const char digit : HexByte(byte)) hex += static_cast<char>(std::tolower(digit));
+  }
+  return hex;
+}
+
+int EntryOf(const ComboBox& box, const Word& word) {
+  if (!word.quoted && word.text.starts_with('#')) {
+    const std::string number = word.text.substr(1);
+    const bool digits =
+        !number.empty() && number.size() < 9 && std::all_of(number.begin(), number.end(), isdigit);
+    const int index = digits ? std::stoi(number) : -1;
+    if (index >= 0 && index < box.ListCount()) return index;
+  } else {
+    const auto found = std::find(box.List().begin(), box.List().end(), word.text);
+    if (found != box.List().end()) return static_cast<int>(found - box.List().begin());
+  }
+  throw ScriptError(box.FullName() + " has no entry " + word.text);
+}
+
+}  // namespace
+
+Script::Script(Tool& tool, QueuedDialogs& dialogs, RecordingLine& line)
+    : tool_(tool), dialogs_(dialogs), line_(line) {}
+
+const std::map<std::string_view, Script::Action>& Script::Actions() {
+  static const std::map<std::string_view, Action> actions = {
+      {"get", &Script::Get},
+      {"choose", &Script::Choose},
+      {"check", &Script::Check},
+      {"click", &Script::Click},
+      {"spin", &Script::Spin},
+      {"step", &Script::Step},
+      {"type", &Script::Type},
+      {"key", &Script::Key},
+      {"hover", &Script::Hover},
+      {"leave", &Script::Leave},
+      {"scroll", &Script::Scroll},
+      {"activate", &Script::Activate},
+      {"answer", &Script::QueueAnswers},
+      {"wait", &Script::Wait},
+      {"variable", &Script::Variable},
+      {"records", &Script::Records},
+      {"row", &Script::Row},
+      {"setting", &Script::Setting},
+      {"log", &Script::Log},
+      {"quit", &Script::Quit},
+  };
+  return actions;
+}
+
+std::string Script::Answer(Json answer) {
+  answer["messages"] = dialogs_.TakeMessages();
+  return answer.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string Script::StartAnswer(bool started) {
+  Json answer = {{"ok", started}};
+  if (!started) answer["error"] = "the start failed";
+  return Answer(std::move(answer));
+}
+
+std::string Script::Execute(const std::string& text) {
+  Json answer = {{"ok", true}};
+  try {
+    const ScriptLine line(text);
+    if (line.Empty()) return {};
+    const auto action = Actions().find(line.Action());
+    if (action == Actions().end()) throw ScriptError("unknown action \"" + line.Action() + "\"");
+    answer.update((this->*action->second)(line));
+  } catch (const ScriptError& error) {
+    allUnderstood_ = false;
+    answer = {{"ok", false}, {"error", error.what()}};
+  }
+  return Answer(std::move(answer));
+}
+
+Control& Script::FindControl(const std::string& text) const {
+  const ControlName name = ParseControlName(text);
+  Control* control = name.form == tool_.form.Name() ? tool_.form.Find(name.name, name.index) : nullptr;
+  if (!control) throw ScriptError("no control " + text);
+  return *control;
+}
+
+template <class T>
+T& Script::FindA(const std::string& text) const {
+  Control& control = FindControl(text);
+  if (control.Kind() != KindOf(static_cast<const T*>(nullptr)))
+    throw ScriptError(text + " does not take that");
+  return static_cast<T&>(control);
+}
+
+Json Script::Get(const ScriptLine& line) {
+  line.Expect(1, 1);
+  return ControlJson(FindControl(line.At(0).text));
+}
+
+Json Script::Choose(const ScriptLine& line) {
+  line.Expect(2, 2);
+  auto& box = FindA<ComboBox>(line.At(0).text);
+  box.OperatorSelect(EntryOf(box, line.At(1)));
+  return Json::object();
+}
+
+Json Script::Check(const ScriptLine& line) {
+  line.Expect(2, 2);
+  auto& box = FindA<CheckBox>(line.At(0).text);
+  const int value = line.NumberAt(1);
+  if (value != 0 && value != 1) throw ScriptError("a check box is 0 or 1");
+  box.OperatorCheck(value == 1);
+  return Json::object();
+}
+
+Json Script::Click(const ScriptLine& line) {
+  line.Expect(1, 1);
+  Control& control = FindControl(line.At(0).text);
+  switch (control.Kind()) {
+    case ControlKind::kButton:
+      static_cast<Button&>(control).OperatorClick();
+      break;
+    case ControlKind::kMenuItem:
+      static_cast<MenuItem&>(control).OperatorClick();
+      break;
+    case ControlKind::kOptionButton:
+      static_cast<OptionButton&>(control).OperatorClick();
+      break;
+    case ControlKind::kLabel:
+      static_cast<Label&>(control).OperatorClick();
+      break;
+    default:
+      throw ScriptError(line.At(0).text + " can't be clicked");
+  }
+  return Json::object();
+}
+
+Json Script::Spin(const ScriptLine& line) {
+  line.Expect(2, 2);
+  FindA<SpinControl>(line.At(0).text).OperatorSpin(line.NumberAt(1));
+  return Json::object();
+}
+
+Json Script::Step(const ScriptLine& line) {
+  line.Expect(2, 3);
+  auto& spin = FindA<SpinControl>(line.At(0).text);
+  const std::string& direction = line.At(1).text;
+  if (direction != "up" && direction != "down") throw ScriptError("a step goes up or down");
+  spin.OperatorStep(direction == "up", line.Count() == 3 ? line.NumberAt(2) : 1);
+  return Json::object();
+}
+
+Json Script::Type(const ScriptLine& line) {
+  line.Expect(2, 2);
+  Control& control = FindControl(line.At(0).text);
+  if (control.Kind() == ControlKind::kTextBox) {
+    static_cast<TextBox&>(control).OperatorType(line.At(1).text);
+  } else if (control.Kind() == ControlKind::kComboBox) {
+    static_cast<ComboBox&>(control).OperatorType(line.At(1).text);
+  } else {
+    throw ScriptError(line.At(0).text + " can't be typed into");
+  }
+  return Json::object();
+}
+
+Json Script::Key(const ScriptLine& line) {
+  line.Expect(2, 2);
+  Control& control = FindControl(line.At(0).text);
+  const char32_t code = KeyCode(line.At(1).text);
+  if (control.Kind() == ControlKind::kTextBox) {
+    static_cast<TextBox&>(control).OperatorKey(code);
+  } else if (control.Kind() == ControlKind::kComboBox) {
+    static_cast<ComboBox&>(control).OperatorKey(code);
+  } else {
+    throw ScriptError(line.At(0).text + " takes no keys");
+  }
+  return Json::object();
+}
+
+Json Script::Hover(const ScriptLine& line) {
+  line.Expect(1, 1);
+  if (line.At(0).text == tool_.form.Name()) {
+    tool_.form.OperatorHover();
+  } else {
+    FindControl(line.At(0).text).OperatorHover();
+  }
+  return Json::object();
+}
+
+Json Script::Leave(const ScriptLine& line) {
+  line.Expect(1, 1);
+  FindControl(line.At(0).text).OperatorLeave();
+  return Json::object();
+}
+
+Json Script::Scroll(const ScriptLine& line) {
+  line.Expect(2, 2);
+  FindA<ScrollBar>(line.At(0).text).OperatorScroll(line.NumberAt(1));
+  return Json::object();
+}
+
+Json Script::Activate(const ScriptLine& line) {
+  line.Expect(1, 1);
+  tool_.variables.MainFormActive = OnOrOff(line.At(0));
+  return Json::object();
+}
+
+Json Script::QueueAnswers(const ScriptLine& line) {
+  line.Expect(1, 1000);
+  for (std::size_t i = 0; i < line.Count(); ++i) {
+    if (!dialogs_.QueueAnswer(line.At(i).text)) throw ScriptError("\"" + line.At(i).text + "\" is no answer");
+  }
+  return Json::object();
+}
+
+Json Script::Wait(const ScriptLine& line) {
+  line.Expect(1, 1);
+  const int milliseconds = line.NumberAt(0);
+  if (milliseconds < 0) throw ScriptError("time does not go back");
+  tool_.platform.pump.Pass(milliseconds);
+  return Json::object();
+}
+
+Json Script::Variable(const ScriptLine& line) {
+  line.Expect(1, 1);
+  const auto value = VariableJson(tool_, line.At(0).text);
+  if (!value) throw ScriptError("no variable " + line.At(0).text);
+  return {{"value", *value}};
+}
+
+Json Script::Records(const ScriptLine& line) {
+  line.Expect(1, 1);
+  const auto rows = RecordsJson(tool_, line.At(0).text);
+  if (!rows) throw ScriptError("no records " + line.At(0).text);
+  return {{"rows", *rows}};
+}
+
+Json Script::Row(const ScriptLine& line) {
+  line.Expect(4, 4);
+  const Word& word = line.At(3);
+  const Json value = word.quoted ? Json(word.text) : Json::parse(word.text, nullptr, false);
+  if (value.is_discarded()) throw ScriptError("\"" + word.text + "\" is no value");
+  const std::string wrong = SetRowField(tool_, line.At(0).text, line.NumberAt(1), line.At(2).text, value);
+  if (!wrong.empty()) throw ScriptError(wrong);
+  return Json::object();
+}
+
+Json Script::Setting(const ScriptLine& line) {
+  line.Expect(1, 1);
+  return {{"value", tool_.platform.settings.GetSetting(line.At(0).text, "")}};
+}
+
+Json Script::Log(const ScriptLine& line) {
+  line.Expect(0, 1);
+  if (line.Count() == 1) {
+    line_.Record(OnOrOff(line.At(0)));
+    return Json::object();
+  }
+  Json entries = Json::array();
+  for (const RecordingLine::Entry& entry : line_.TakeEntries()) {
+    entries.push_back(
+        {{"ms", entry.milliseconds}, {"dir", entry.sent ? "tx" : "rx"}, {"hex", HexOf(entry.bytes)}});
+  }
+  return {{"log", std::move(entries)}};
+}
+
+Json Script::Quit(const ScriptLine& line) {
+  line.Expect(0, 0);
+  ended_ = true;
+  return Json::object();
+}
+
+}  // namespace marlinset

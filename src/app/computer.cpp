@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/computer.h"
+
+#include <CLI/CLI.hpp>
+#include <QCoreApplication>
+
+#include "platform/no_line.h"
+#include "platform/qt/found_ports.h"
+#include "platform/qt/qt_pump.h"
+#include "platform/qt/qt_serial_port.h"
+#include "platform/qt/qt_settings.h"
+#include "platform/virtual_pump.h"
+
+namespace marlinset {
+
+void AddCommonOptions(CLI::App& app, CommonOptions& options) {
+  app.add_option("--program-folder", options.programFolder,
+                 "Folder of shotsys.mdb and the default configuration")
+      ->type_name("DIR");
+  app.add_option("--settings", options.settingsFile, "Settings store to use")->type_name("FILE");
+  app.add_option("--command", options.commandText, "Operating mode, by name or id")->type_name("TEXT");
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    const std::string number = std::to_string(port);
+    app.add_option("--com" + number, At(options.ports, port - kLowestPort), "Device behind port " + number)
+        ->type_name("PATH");
+  }
+}
+
+Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs)
+    : dialogs_(dialogs), guard_(dialogs), programFolder_(options.programFolder) {
+  if (programFolder_.empty()) programFolder_ = QCoreApplication::applicationDirPath().toStdString();
+  settings_ = options.settingsFile.empty() ? std::make_unique<QtSettings>()
+                                           : std::make_unique<QtSettings>(options.settingsFile);
+  if (clock == ClockKind::kVirtual) {
+    pump_ = std::make_unique<VirtualPump>();
+    line_ = std::make_unique<NoLine>();
+    return;
+  }
+  portMap_ = std::make_unique<PortMap>(options.ports, *settings_, FoundPorts);
+  pump_ = std::make_unique<QtPump>();
+  line_ = std::make_unique<QtSerialPort>(guard_, *portMap_);
+}
+
+Platform Computer::MakePlatform(MSComm& line) {
+  return {*pump_, line, engine_, dialogs_, *settings_, guard_, programFolder_};
+}
+
+}  // namespace marlinset

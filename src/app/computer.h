@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "core/variables.h"
+#include "platform/dialogs.h"
+#include "platform/event_pump.h"
+#include "platform/guard.h"
+#include "platform/ms_comm.h"
+#include "platform/platform.h"
+#include "platform/port_map.h"
+#include "platform/settings_store.h"
+#include "platform/sqlite/sqlite_engine.h"
+
+namespace CLI {
+class App;
+}
+
+namespace marlinset {
+
+/// What every program of the tool can be told on its command line.
+struct CommonOptions {
+  std::string programFolder;  ///< empty: the folder of the program
+  std::string settingsFile;   ///< empty: the user's own store
+  std::string commandText;    ///< names an operating mode
+  PortMap::Paths ports;       ///< device behind each port number, empty: chosen by the settings or found
+};
+
+/// Adds --program-folder, --settings, --command and --com1 to --com4.
+void AddCommonOptions(CLI::App& app, CommonOptions& options);
+
+/// The real computer, or one whose clock jumps and that has no serial line. Needs Qt's application object.
+class Computer {
+ public:
+  enum class ClockKind { kReal, kVirtual };
+  Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs);
+
+  EventPump& Pump() { return *pump_; }
+  MSComm& Line() { return *line_; }
+  /// With another line in place of the computer's own, if one is given.
+  Platform MakePlatform() { return MakePlatform(*line_); }
+  Platform MakePlatform(MSComm& line);
+
+ private:
+  Dialogs& dialogs_;
+  Guard guard_;
+  std::string programFolder_;
+  std::unique_ptr<SettingsStore> settings_;
+  std::unique_ptr<PortMap> portMap_;
+  std::unique_ptr<EventPump> pump_;
+  std::unique_ptr<MSComm> line_;
+  SqliteEngine engine_;
+};
+
+}  // namespace marlinset

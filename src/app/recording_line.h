@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/ms_comm.h"
+#include "platform/timer.h"
+
+namespace marlinset {
+
+/// The line, with a record of what passes: every frame sent, and every byte as the tool takes it, those taken
+/// at one moment together.
+class RecordingLine : public MSComm {
+ public:
+  struct Entry {
+    std::int64_t milliseconds;  ///< of the tool's clock
+    bool sent;
+    std::vector<std::uint8_t> bytes;
+  };
+
+  RecordingLine(MSComm& line, const TimerQueue& clock);
+
+  /// Begins or ends recording; what was recorded stays until it is taken.
+  void Record(bool on) { recording_ = on; }
+  std::vector<Entry> TakeEntries();
+
+  int CommPort() const override { return line_.CommPort(); }
+  void SetCommPort(int port) override { line_.SetCommPort(port); }
+  bool PortOpen() const override { return line_.PortOpen(); }
+  void SetPortOpen(bool open) override { line_.SetPortOpen(open); }
+  void Output(std::span<const std::uint8_t> bytes) override;
+  std::size_t OutBufferCount() const override { return line_.OutBufferCount(); }
+  std::size_t InBufferCount() const override { return line_.InBufferCount(); }
+  void DiscardInput() override { line_.DiscardInput(); }
+  std::uint8_t Input() override;
+  int CommEvent() const override { return line_.CommEvent(); }
+  std::string DeviceName(int port) const override { return line_.DeviceName(port); }
+
+ private:
+  void Note(bool sent, std::span<const std::uint8_t> bytes);
+
+  MSComm& line_;
+  const TimerQueue& clock_;
+  bool recording_ = false;
+  bool goesOn_ = false;  ///< the next byte taken belongs to the entry last noted
+  std::vector<Entry> entries_;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/tool.h"
+
+#include "platform/event_pump.h"
+#include "platform/guard.h"
+#include "platform/ms_comm.h"
+
+namespace marlinset {
+
+Tool::Tool(const Platform& computer)
+    : platform(computer),
+      form(platform.pump, platform.guard),
+      database(platform, variables),
+      panels(variables, form),
+      ports(platform, variables, form),
+      communications(platform, variables, form),
+      identification(platform, variables, form, communications),
+      commands(platform, variables, form, communications),
+      wholeSend(platform, variables, form, communications, commands),
+      views(form),
+      hardwareModel(variables, form),
+      videoStandard(variables, form, panels),
+      parameterList(variables, form, panels),
+      startUp(platform, variables, form, database, panels, ports) {
+  startUp.KeepStatusWhile([this] { return wholeSend.Running(); });
+  platform.ComP1.OnComm([this] { platform.guard.Run([this] { LineEvent(); }); });
+}
+
+bool Tool::Start(const std::string& commandText) {
+  const bool loaded = startUp.Form_Load(commandText);
+  form.SetVisible(true);
+  return loaded;
+}
+
+void Tool::LineEvent() {
+  const int event = platform.ComP1.CommEvent();
+  if (event == kCommReceive) {
+    form.pComBut.SetBackColor(kGreen);
+    form.HideImages();
+    communications.ReceivePacket();
+  } else if (event == kCommCtsTimeout || event == kCommDeviceGone) {
+    ports.LineLost(event);
+  }
+}
+
+}  // namespace marlinset

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "core/frm_start.h"
+#include "core/load_arrays.h"
+#include "core/panel_setup.h"
+#include "core/variables.h"
+#include "link/communications.h"
+#include "link/identification.h"
+#include "link/ports.h"
+#include "link/setting_commands.h"
+#include "link/whole_send.h"
+#include "panels/hardware_model.h"
+#include "panels/parameter_list.h"
+#include "panels/start_up.h"
+#include "panels/video_standard.h"
+#include "panels/views.h"
+#include "platform/platform.h"
+
+namespace marlinset {
+
+/// The whole tool without a screen, put together on a platform: the panel model and every module connected to
+/// it. Several can live in one process.
+class Tool {
+ public:
+  explicit Tool(const Platform& platform);
+
+  /// Brings the tool up in the operating mode that `commandText` names (empty: the default) and shows the
+  /// main window. False when the start failed; what went wrong has been told.
+  bool Start(const std::string& commandText);
+
+  Platform platform;
+  Variables variables;
+  FrmStart form;
+
+  ReferenceDatabase database;
+  PanelSetup panels;
+  Ports ports;
+  Communications communications;
+  Identification identification;
+  SettingCommands commands;
+  WholeSend wholeSend;
+  Views views;
+  HardwareModel hardwareModel;
+  VideoStandard videoStandard;
+  ParameterList parameterList;
+  StartUp startUp;
+
+ private:
+  void LineEvent();
+};
+
+}  // namespace marlinset
