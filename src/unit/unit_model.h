@@ -38,10 +38,10 @@ struct UnitSettings {
   int standard = 4;     ///< code of its video standard: 1 to 8, 0 for none; six bits
   bool manual = false;  ///< the standard is set by command, not taken from the input
   bool video = true;    ///< there is video at the input
-  UnitFirmware firmware;
+  UnitFirmware firmware{};
   LineTime ackTime{};  ///< from the last byte of a setting to its acknowledgement
   /// Settings that take another time, by address and command.
-  std::map<std::pair<int, int>, LineTime> ackTimes;
+  std::map<std::pair<int, int>, LineTime> ackTimes{};
 };
 
 /// What goes wrong on demand. The counts go down as they are used.

@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "unit/unit_model.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/hex.h"
+
+namespace marlinset {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr auto kGetId = "02 03 0F 00 35 B9";
+constexpr auto kVideoSense = "02 03 0F 00 34 BA";
+constexpr auto kSelect = "02 03 0F 00 21 CD";
+constexpr auto kBroadcast = "02 03 0F 00 22 CC";
+constexpr auto kParameter = "02 09 0F 00 C0 07 02 2C 01 00 00 F2";  // class 2, parameter 7: 300
+constexpr auto kManual = "02 09 0F 00 C0 00 00 01 00 00 00 27";
+constexpr auto kAutomatic = "02 09 0F 00 C0 00 00 00 00 00 00 28";
+constexpr auto kStandard5 = "02 04 0F 00 24 05 C4";
+constexpr auto kVitcOn = "02 03 01 05 2E C9";
+constexpr auto kNoticeFrame = "02 03 0F 00 BB 33";
+
+// Everything that goes out between `now` and a later moment, in order.
+std::vector<std::string> Out(UnitModel& unit, LineTime until) {
+  std::vector<std::string> all;
+  for (auto next = unit.NextReplyAt(); next && *next <= until; next = unit.NextReplyAt())
+    for (const Bytes& bytes : unit.TakeReplies(*next)) all.push_back(ToHex(bytes));
+  return all;
+}
+
+std::vector<std::string> Ask(UnitModel& unit, std::string_view frame, LineTime now = 0s) {
+  unit.Receive(FromHex(frame), now);
+  return Out(unit, now);
+}
+
+TEST(UnitModel, AnswersItsQueries) {
+  struct Case {
+    UnitSettings settings;
+    std::string_view query;
+    std::string reply;
+  };
+  UnitSettings named;
+  named.firmware = *ParseFirmware("ÉT 1     0AFF00 B 01021F");
+  const Case cases[] = {
+      {{.model = kModelHdSd7340}, kGetId, "02 05 0F 00 35 0A 00 AD"},
+      {{.model = kModelHd7340Q}, kGetId, "02 05 0F 00 35 20 00 97"},
+      {{.standard = 4}, kVideoSense, "02 04 0F 00 34 04 B5"},
+      {{.standard = 5, .manual = true}, kVideoSense, "02 04 0F 00 34 85 34"},
+      {{.standard = 2, .manual = true, .video = false}, kVideoSense, "02 04 0F 00 34 C2 F7"},
+      {{}, "02 04 0F 00 36 01 B6", "02 12 0F 00 36 4D 41 52 4C 49 4E 34 30 02 0E 00 52 00 00 00 20"},
+      {named, "02 04 0F 00 36 01 B6", "02 12 0F 00 36 C9 54 20 31 20 20 20 20 0A FF 00 42 01 02 1F 4E"},
+  };
+  for (const Case& c : cases) {
+    UnitModel unit(c.settings);
+    EXPECT_THAT(Ask(unit, c.query), ElementsAre(c.reply));
+  }
+}
+
+TEST(UnitModel, RefusesWhatItDoesNotKnow) {
+  constexpr std::string_view kRefused[] = {
+      "02 03 0F 00 63 8B",                 // no such command
+      "02 03 01 08 2E C6",                 // the packet id of another address
+      "02 08 0F 00 C0 07 02 2C 01 00 F3",  // a parameter with three bytes of its value
+      "02 04 0F 00 24 09 C0",              // no such standard
+      "02 03 01 05 2E C8",                 // wrong checksum
+      "02 04 02 08 2E 02 C2",              // SDI program output on a unit without one
+      "02 06 02 08 2D 01 02 03 BD",        // down converter control on such a unit
+  };
+  UnitModel unit;
+  for (const auto frame : kRefused) EXPECT_THAT(Ask(unit, frame), ElementsAre("05")) << frame;
+  EXPECT_THAT(unit.Memory().All(), IsEmpty());
+
+  UnitModel unitQ({.model = kModelHd7340Q});
+  EXPECT_THAT(Ask(unitQ, "02 04 02 08 2E 02 C2"), ElementsAre("04"));
+  EXPECT_THAT(Ask(unitQ, "02 06 02 08 2D 01 02 03 BD"), ElementsAre("04"));
+}
+
+TEST(UnitModel, FindsFramesInNoise) {
+  struct Case {
+    const char* what;
+    std::vector<std::pair<LineTime, std::string_view>> portions;
+    std::vector<std::string> replies;
+  };
+  const Case cases[] = {
+      {"noise in front", {{0ms, "00 FF 04 31 02 03 01 05 2E C9"}}, {"04"}},
+      {"a start mark in front", {{0ms, "02 02 03 01 05 2E C9"}}, {"04"}},
+      {"two at once", {{0ms, "02 03 01 05 2E C9 02 03 01 05 2F C8"}}, {"04", "04"}},
+      {"cut anywhere", {{0ms, "02"}, {20ms, "03 01"}, {60ms, "05 2E C9"}}, {"04"}},
+      {"a start that never goes on", {{0ms, "02 40 11 22"}, {51ms, "02 03 01 05 2E C9"}}, {"04"}},
+      {"damaged, then good", {{0ms, "02 03 01 05 2E 02 02 03 01 05 2E C9"}}, {"05", "04"}},
+      {"a length that is none", {{0ms, "02 00 02 01 02 03 01 05 2E C9"}}, {"04"}},
+  };
+  for (const Case& c : cases) {
+    UnitModel unit;
+    for (const auto& [at, bytes] : c.portions) unit.Receive(FromHex(bytes), at);
+    EXPECT_EQ(Out(unit, 1s), c.replies) << c.what;
+  }
+}
+
+TEST(UnitModel, SetsTheStandardByCommandOnlyInManualSelection) {
+  UnitModel unit({.standard = 4});
+  EXPECT_THAT(Ask(unit, kStandard5), IsEmpty());
+  EXPECT_EQ(unit.Standard(), 4);
+  EXPECT_THAT(Ask(unit, kManual), ElementsAre("04"));
+  EXPECT_THAT(Ask(unit, kStandard5), IsEmpty());
+  EXPECT_THAT(Ask(unit, kVideoSense), ElementsAre("02 04 0F 00 34 85 34"));
+  EXPECT_THAT(Ask(unit, kAutomatic), ElementsAre("04"));
+  EXPECT_THAT(Ask(unit, kVideoSense), ElementsAre("02 04 0F 00 34 04 B5"));  // its input's again
+}
+
+TEST(UnitModel, TakesNothingInLocalMode) {
+  UnitModel unit;
+  unit.SetLocal(true);
+  for (const auto frame : {kGetId, kVideoSense, kSelect, kVitcOn, kManual, "02 03 01 05 2E C8"})
+    EXPECT_THAT(Ask(unit, frame), ElementsAre("06")) << frame;
+  EXPECT_THAT(unit.Memory().All(), IsEmpty());
+  EXPECT_FALSE(unit.Manual());
+  unit.SetLocal(false);
+  EXPECT_THAT(Ask(unit, kVitcOn), ElementsAre("04"));
+}
+
+TEST(UnitModel, SpeaksOnItsOwnInBroadcastModeUntilSelected) {
+  UnitModel unit;
+  EXPECT_THAT(Ask(unit, kBroadcast, 0s), ElementsAre(kNoticeFrame));
+  EXPECT_EQ(unit.NextReplyAt(), 1s);
+  EXPECT_THAT(Out(unit, 2500ms), ElementsAre(kNoticeFrame, kNoticeFrame));
+  unit.SetLocal(true);
+  EXPECT_EQ(unit.NextReplyAt(), std::nullopt);
+  unit.SetLocal(false);
+  EXPECT_THAT(Ask(unit, kSelect, 2600ms), IsEmpty());
+  EXPECT_EQ(unit.NextReplyAt(), std::nullopt);
+}
+
+TEST(UnitModel, AcknowledgesInItsTime) {
+  UnitSettings settings{.ackTime = 30ms, .ackTimes = {{{2, 35}, 4s}}};
+  UnitModel unit(settings);
+  EXPECT_THAT(Ask(unit, kGetId, 10ms), testing::SizeIs(1));  // a query does not wait
+  unit.Receive(FromHex(kVitcOn), 10ms);
+  EXPECT_EQ(unit.NextReplyAt(), 40ms);
+  unit.Faults().lateAcks = 200ms;
+  unit.Receive(FromHex(kVitcOn), 10ms);
+  unit.Receive(FromHex("02 04 02 08 23 03 CC"), 10ms);
+  EXPECT_THAT(Out(unit, 239ms), ElementsAre("04"));
+  EXPECT_EQ(unit.NextReplyAt(), 240ms);
+  EXPECT_THAT(Out(unit, 240ms), ElementsAre("04"));
+  EXPECT_EQ(unit.NextReplyAt(), 4210ms);
+}
+
+TEST(UnitModel, FailsOnDemand) {
+  struct Case {
+    const char* what;
+    void (*prepare)(UnitFaults&);
+    std::vector<std::string_view> frames;
+    std::vector<std::string> replies;
+    bool held;
+  };
+  const std::string id = "02 05 0F 00 35 0A 00 AD";
+  const std::string damaged = "02 05 0F 00 35 0A 00 52";
+  const Case cases[] = {
+      {"lost", [](UnitFaults& f) { f.drop = 2; }, {kVitcOn, kGetId, kVitcOn, kVitcOn}, {id, "04"}, true},
+      {"refused", [](UnitFaults& f) { f.nak = 1; }, {kGetId, kVitcOn}, {id, "05"}, false},
+      {"damaged", [](UnitFaults& f) { f.corrupt = 1; }, {kVitcOn, kGetId, kGetId}, {"04", damaged, id}, true},
+      {"doubled", [](UnitFaults& f) { f.twice = 1; }, {kVitcOn, kGetId}, {"04", "04", id}, true},
+      {"silent", [](UnitFaults& f) { f.mute = true; }, {kVitcOn, kGetId, "02 03 0F 00 63 8B"}, {}, true},
+      {"in pieces",
+       [](UnitFaults& f) { f.pieceBytes = 3; },
+       {kGetId, kVitcOn},
+       {"02 05 0F", "00 35 0A", "00 AD", "04"},
+       true},
+  };
+  for (const Case& c : cases) {
+    UnitModel unit;
+    c.prepare(unit.Faults());
+    for (const auto frame : c.frames) unit.Receive(FromHex(frame), 10ms);
+    EXPECT_EQ(Out(unit, 1s), c.replies) << c.what;
+    EXPECT_EQ(unit.Memory().VitcOn().has_value(), c.held) << c.what;
+  }
+}
+
+TEST(UnitModel, PiecesAreApartOnTheLine) {
+  UnitModel unit;
+  unit.Faults().pieceBytes = 4;
+  unit.Faults().pieceGap = 16ms;
+  unit.Receive(FromHex(kGetId), 100ms);
+  EXPECT_THAT(unit.TakeReplies(115ms), testing::SizeIs(1));
+  EXPECT_EQ(unit.NextReplyAt(), 116ms);
+  EXPECT_THAT(unit.TakeReplies(116ms), testing::SizeIs(1));
+}
+
+TEST(UnitModel, FloodsAndRecordsWhatItReceived) {
+  UnitModel unit;
+  unit.Flood(3000, 0s);
+  EXPECT_EQ(unit.TakeReplies(0s).at(0).size(), 3000U);
+  unit.Receive(FromHex("11 02 03 01 05 2E C9 02 03 01 05 2E C8"), 7ms);
+  const auto frames = unit.TakeFrames();
+  ASSERT_EQ(frames.size(), 1U);  // the damaged one is none
+  EXPECT_EQ(ToHex(frames[0].bytes), kVitcOn);
+  EXPECT_EQ(frames[0].at, 7ms);
+  EXPECT_THAT(unit.TakeFrames(), IsEmpty());
+}
+
+TEST(UnitFirmware, IsReadAsAboutShowsIt) {
+  EXPECT_EQ(ParseFirmware("7340")->text, "7340");
+  EXPECT_EQ(ParseFirmware("MARLIN40 0a1B00")->version, (std::array<std::uint8_t, 3>{10, 27, 0}));
+  const auto whole = ParseFirmware("MARLIN40 0A1B00 C 010203");
+  EXPECT_EQ(whole->marker, 'C');
+  EXPECT_EQ(whole->build, (std::array<std::uint8_t, 3>{1, 2, 3}));
+  for (const char* bad : {"MARLIN400A1B00", "MARLIN40 0A1B0", "MARLIN40 0A1B0G", "MARLIN40-0A1B00",
+                          "MARLIN40 0A1B00 C", "MARLIN40 0A1B00 C 01020", "MARLIN40 0A1B00-C 010203"})
+    EXPECT_FALSE(ParseFirmware(bad)) << bad;
+}
+
+TEST(LinePace, CarriesTenBitsAByteOneAfterTheOther) {
+  LinePace pace(57600);
+  EXPECT_EQ(pace.Send(1s, 1), 1s + 173611ns);
+  EXPECT_EQ(pace.Send(1s, 575), 1s + 576 * 173611ns);  // behind the first
+  EXPECT_EQ(pace.Send(5s, 2), 5s + 2 * 173611ns);      // the line was free
+  EXPECT_EQ(LinePace().Send(1s, 1000), 1s);
+}
+
+}  // namespace
+}  // namespace marlinset
