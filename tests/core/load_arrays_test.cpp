@@ -130,18 +130,16 @@ TEST_F(LoadArraysTest, HandsAFailedOpeningToItsCaller) {
   for (const auto& [table, size] : steps) {
     EXPECT_EQ(FailureOf([&] { tool.database.LoadArrays(); }), kErrNoTable) << "without " << table;
     EXPECT_EQ(size(variables), 0U) << table;
-    tool.Sql("CREATE TABLE [" + table + "] (Device, Description, [Order]); INSERT INTO [" + table +
-             "] VALUES (1, 'x', 1)");
+    const std::string name = "[" + table + "]";
+    std::string sql = "CREATE TABLE " + name;
+    sql += " (Device, Description, [Order]); INSERT INTO " + name;
+    tool.Sql(sql + " VALUES (1, 'x', 1)");
   }
   EXPECT_EQ(FailureOf([&] { tool.database.LoadArrays(); }), 0);
   for (const auto& [table, size] : steps) EXPECT_EQ(size(variables), 1U) << table;
 }
 
 TEST_F(LoadArraysTest, EndsTheProgramOnAnUnusableDatabase) {
-  const auto message = [&](int number) {
-    return "DataBase Error. Expected file at Path " + variables.DatabasePath +
-           " Error code = " + std::to_string(number) + " App Terminated";
-  };
   EXPECT_THROW(tool.database.checkDatabase(), ProgramEnd);
   tool.Sql("CREATE TABLE [Operating Mode] (Name)");
   try {
@@ -150,7 +148,9 @@ TEST_F(LoadArraysTest, EndsTheProgramOnAnUnusableDatabase) {
   } catch (const ProgramEnd& end) {
     EXPECT_EQ(end.status, 1);
   }
-  EXPECT_THAT(tool.dialogs.Texts(), ElementsAre(message(3024), message(3078)));
+  const std::string start = "DataBase Error. Expected file at Path " + variables.DatabasePath;
+  EXPECT_THAT(tool.dialogs.Texts(), ElementsAre(start + " Error code = 3024 App Terminated",
+                                                start + " Error code = 3078 App Terminated"));
   EXPECT_EQ(tool.dialogs.shown[0].buttons, BoxButtons::kOk);
 
   tool.Sql("CREATE TABLE [Character Max Positions] (n)");

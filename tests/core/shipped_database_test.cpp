@@ -46,6 +46,7 @@ class ShippedDatabaseTest : public testing::Test {
 template <class Rec, class Value>
 auto All(const std::vector<Rec>& array, Value Rec::*field) {
   std::vector<Value> values;
+  values.reserve(array.size());
   for (const Rec& rec : array) values.push_back(rec.*field);
   return values;
 }
