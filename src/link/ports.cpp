@@ -45,6 +45,14 @@ void Ports::UsePort(int port) {
   vars_.ComPortNumber = port;
 }
 
+void Ports::UseNamedPort(std::span<const std::string> paths) {
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    if (paths[i].empty()) continue;
+    UsePort(kLowestPort + static_cast<int>(i));
+    return;
+  }
+}
+
 void Ports::Open() {
   if (platform_.ComP1.PortOpen()) {
     form_.StatBar(2).SetText("Port Open Already ");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <span>
 #include <string>
 
 namespace marlinset {
@@ -24,6 +25,9 @@ class Ports {
   void SetComMenu(int port, bool alreadyChecked);
   /// Uses a port for this run only; nothing is remembered.
   void UsePort(int port);
+  /// Uses the port of the lowest number that has a path here, the ones named on the command line, if there is
+  /// any.
+  void UseNamedPort(std::span<const std::string> paths);
   /// Leaves interactive mode, closes the port and shows it.
   void ClosePort();
 

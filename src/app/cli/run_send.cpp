@@ -88,9 +88,7 @@ class TerminalRun {
     } catch (const ProgramEnd&) {
       return false;
     }
-    for (int port = kHighestPort; port >= kLowestPort; --port) {
-      if (!At(options.common.ports, port - kLowestPort).empty()) tool.ports.UsePort(port);
-    }
+    tool.ports.UseNamedPort(options.common.ports);
     return true;
   }
   QueuedDialogs dialogs_;

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QTimer>
+
+#include "app/computer.h"
+#include "app/tool.h"
+#include "gui/main_window.h"
+#include "gui/qt_dialogs.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kExitUsage = 2;
+
+int RunWindow(const CommonOptions& options, bool send) {
+  QtDialogs dialogs;
+  Computer computer(options, Computer::ClockKind::kReal, dialogs);
+  Tool tool(computer.MakePlatform());
+  const MainWindow window(tool.form,
+                          {.deviceName = [&](int port) { return computer.Line().DeviceName(port); },
+                           .mayClose =
+                               [&] {
+                                 tool.ports.ClosePort();
+                                 computer.Pump().End();
+                                 return true;
+                               }});
+  tool.Start(options.commandText);
+  tool.ports.UseNamedPort(options.ports);
+  if (send) QTimer::singleShot(0, &window, [&tool] { tool.form.bSConfig.OperatorClick(); });
+  return QApplication::exec();
+}
+
+int Main(int argc, char** argv) {
+  CommonOptions options;
+  bool send = false;
+  CLI::App app("Configuration tool of the 7340 units", "marlinset");
+  app.set_version_flag("--version", "marlinset " MARLINSET_VERSION);
+  AddCommonOptions(app, options);
+  app.add_flag("--send", send, "Send the setup to the unit once the window is up");
+  try {
+    app.allow_extras();  // the desktop's own options are still among them
+    app.parse(argc, argv);
+    const QApplication application(argc, argv);
+    app.allow_extras(false);
+    app.parse(argc, argv);
+    return RunWindow(options, send);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : kExitUsage;
+  } catch (const ProgramEnd& end) {
+    return end.status;
+  }
+}
+
+}  // namespace
+}  // namespace marlinset
+
+int main(int argc, char** argv) {
+  return marlinset::Main(argc, argv);
+}
