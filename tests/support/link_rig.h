@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "link/communications.h"
+#include "link/frame.h"
+#include "link/identification.h"
+#include "link/ports.h"
+#include "link/setting_commands.h"
+#include "link/whole_send.h"
+#include "platform/data_engine.h"
+#include "platform/guard.h"
+#include "platform/platform.h"
+#include "tests/support/fake_dialogs.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/sample_panels.h"
+#include "tests/support/unit_line.h"
+
+namespace marlinset {
+
+/// A frame with its fields written as numbers: "15 0 52".
+inline std::string FieldsText(const Bytes& frame) {
+  std::string text;
+  for (std::size_t i = 2; i + 1 < frame.size(); ++i) {
+    text += (text.empty() ? "" : " ") + std::to_string(frame[i]);
+  }
+  return text;
+}
+
+/// The link of the tool with the sample configuration, a virtual unit at the far end of the line and a
+/// virtual clock. `Line` is UnitLine or a variation of it.
+template <class Line = UnitLine>
+struct LinkRigOn {
+  explicit LinkRigOn(int model = kModelHd7340) : line(pump, UnitSettings{.model = model}) {
+    FillSamplePanels(vars, form);
+    line.OnComm([this] { LineEvent(); });
+  }
+
+  void LineEvent() {
+    const int event = line.CommEvent();
+    if (event == kCommCtsTimeout || event == kCommDeviceGone) ports.LineLost(event);
+    if (event != kCommReceive) return;
+    form.pComBut.SetBackColor(kGreen);
+    form.HideImages();
+    comms.ReceivePacket();
+  }
+
+  void Open() { line.SetPortOpen(true); }
+  /// Open, identified: acknowledgements are awaited for 100 ms from now on.
+  void OpenIdentified() {
+    form.bGetID.Press();
+    line.ClearSent();
+  }
+  const std::string& Panel(int number) const { return form.StatBar(number).Text(); }
+
+  /// Bytes from the unit, now and in one piece, whatever they are.
+  void Receive(const Bytes& bytes) {
+    line.SetGate(false);
+    line.Inject(bytes, pump.Now());
+    pump.Pass(0);
+  }
+  void ReceiveFields(const Bytes& fields) { Receive(EncodeFrame(fields)); }
+
+  /// What was sent since the last ClearSent, a text of its fields for each message.
+  std::vector<std::string> Sent() const {
+    std::vector<std::string> texts;
+    for (const Bytes& frame : line.Sent()) texts.push_back(FieldsText(frame));
+    return texts;
+  }
+
+  struct NoEngine : DataEngine {
+    std::unique_ptr<Database> OpenDatabase(const std::string& /*path*/) override {
+      throw SubscriptOutOfRange();
+    }
+  };
+
+  VirtualPump pump;
+  Line line;
+  FakeDialogs dialogs;
+  MemorySettings settings;
+  Guard guard{dialogs};
+  NoEngine engine;
+  Platform platform{pump, line, engine, dialogs, settings, guard, ""};
+  Variables vars;
+  FrmStart form{pump, guard};
+  Ports ports{platform, vars, form};
+  Communications comms{platform, vars, form};
+  Identification identification{platform, vars, form, comms};
+  SettingCommands commands{platform, vars, form, comms};
+  WholeSend wholeSend{platform, vars, form, comms, commands};
+};
+
+using LinkRig = LinkRigOn<>;
+
+}  // namespace marlinset
