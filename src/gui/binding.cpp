@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/binding.h"
+
+#include <QMouseEvent>
+#include <QPointer>
+#include <QScrollArea>
+#include <QWidget>
+#include <algorithm>
+
+#include "gui/look.h"
+
+namespace marlinset {
+namespace {
+
+/// Scrolls what lies around the widget so that it can be seen; does nothing on a panel that is not shown.
+void BringIntoView(QWidget& widget) {
+  if (!widget.isVisible()) return;
+  for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&widget);
+  }
+}
+
+QString WithoutColon(QString caption) {
+  if (caption.endsWith(QLatin1Char(':'))) caption.chop(1);
+  return caption;
+}
+
+}  // namespace
+
+Binding::Binding(QWidget& widget, Control& control, std::function<void()> show)
+    : QObject(&widget), widget_(widget), show_(std::move(show)) {
+  widget.setObjectName(Shown(control.FullName()));
+  widget.setAccessibleName(WithoutColon(Shown(control.Caption())));
+  Add(control, &widget);
+}
+
+Binding::~Binding() = default;
+
+void Binding::Add(Control& control, QWidget* part) {
+  controls_.push_back(&control);
+  listening_.emplace_back(control.Changed, [this] { Show(); });
+  if (part) {
+    part->setObjectName(Shown(control.FullName()));
+    part->setMouseTracking(true);
+    part->installEventFilter(this);
+  }
+}
+
+void Binding::Act(const std::function<void()>& action) {
+  if (controls_.empty()) return;
+  const QPointer<Binding> alive(this);  // the action may take this very row away
+  action();
+  if (alive) Show();
+}
+
+void Binding::Show() {
+  if (controls_.empty()) return;
+  const auto all = [this](bool (Control::*flag)() const) {
+    return std::all_of(controls_.begin(), controls_.end(), [flag](Control* c) { return (c->*flag)(); });
+  };
+  widget_.setEnabled(all(&Control::Enabled));
+  const bool visible = controls_.front()->Visible();
+  // A widget that was never hidden needs no word: it comes up with its parent.
+  if (!visible || widget_.testAttribute(Qt::WA_WState_ExplicitShowHide)) widget_.setVisible(visible);
+  ShowToolTip();
+  if (show_) show_();
+  ShowMark();
+}
+
+void Binding::ShowMark() {
+  const bool marked = std::any_of(controls_.begin(), controls_.end(),
+                                  [](Control* control) { return control->BackColor() == kYellow; });
+  if (marked == marked_) return;
+  marked_ = marked;
+  SetMarked(widget_, marked);
+  if (marked) BringIntoView(widget_);
+}
+
+void Binding::ShowToolTip() {
+  QString tip = Shown(controls_.front()->ToolTip());
+  if (!disabledReason_.isEmpty() && !controls_.front()->Enabled()) tip = disabledReason_;
+  if (tip != widget_.toolTip()) widget_.setToolTip(tip);
+}
+
+void Binding::SetDisabledReason(const QString& reason) {
+  disabledReason_ = reason;
+  Show();
+}
+
+void Binding::Detach() {
+  listening_.clear();
+  controls_.clear();
+  QObject::disconnect(&widget_, nullptr, this, nullptr);
+}
+
+void Binding::Retire(QWidget& widget) {
+  for (Binding* binding : widget.findChildren<Binding*>()) binding->Detach();
+  widget.hide();
+  widget.deleteLater();
+}
+
+bool Binding::eventFilter(QObject* watched, QEvent* event) {
+  if (controls_.empty()) return QObject::eventFilter(watched, event);
+  if (event->type() == QEvent::FocusOut && watched == &widget_) controls_.front()->OperatorLeave();
+  if (event->type() == QEvent::MouseMove && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
+    controls_.front()->OperatorHover();
+    return true;  // only the innermost surface is hovered, not also the sheet below it
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+}  // namespace marlinset

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "platform/control.h"
+
+class QWidget;
+
+namespace marlinset {
+
+/// Listens to a signal of the panel model for as long as it lives.
+template <class... Args>
+class Listening {
+ public:
+  Listening(Signal<Args...>& signal, typename Signal<Args...>::Listener listener)
+      : signal_(&signal), id_(signal.Connect(std::move(listener))) {}
+  ~Listening() {
+    if (signal_) signal_->Disconnect(id_);
+  }
+  Listening(Listening&& other) noexcept : signal_(std::exchange(other.signal_, nullptr)), id_(other.id_) {}
+  Listening& operator=(Listening&& other) noexcept {
+    std::swap(signal_, other.signal_);
+    std::swap(id_, other.id_);
+    return *this;
+  }
+  Listening(const Listening&) = delete;
+  Listening& operator=(const Listening&) = delete;
+
+ private:
+  Signal<Args...>* signal_;
+  typename Signal<Args...>::Id id_;
+};
+
+/// Ties one widget to one control of the panel model. The widget takes the control's full name as object name
+/// and follows its enabled and visible flags, tool tip and yellow mark; `show` paints the rest. What the
+/// operator does is connected with the binding as context object and goes through Act.
+///
+/// The binding belongs to the widget. A control may go away before its widget does: Detach comes first then.
+class Binding : public QObject {
+  Q_OBJECT
+ public:
+  Binding(QWidget& widget, Control& control, std::function<void()> show = {});
+  ~Binding() override;
+
+  /// One more control that the widget shows (the echo beside a spin): its mark, flags and changes count too.
+  /// `part` is the child widget that carries the control's name. Show comes after the last one.
+  void Add(Control& control, QWidget* part = nullptr);
+  /// Hands the operator's action to the model and then shows what the model made of it.
+  void Act(const std::function<void()>& action);
+  /// Paints the widget as the model is now.
+  void Show();
+  /// The control is about to go; the widget keeps its last look and is deaf from now on.
+  void Detach();
+
+  /// Detaches all bindings of a widget and of the widgets in it, hides it and deletes it when it is safe.
+  static void Retire(QWidget& widget);
+
+  /// Why the widget is disabled; stands in its tool tip while it is.
+  void SetDisabledReason(const QString& reason);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void ShowMark();
+  void ShowToolTip();
+
+  QWidget& widget_;
+  std::vector<Control*> controls_;  ///< the first one names the widget; empty once detached
+  std::vector<Listening<>> listening_;
+  std::function<void()> show_;
+  QString disabledReason_;
+  bool marked_ = false;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/bindings.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPointer>
+
+#include "gui/look.h"
+
+namespace marlinset {
+namespace {
+
+/// Sets the tick exactly as told, also "none of the choice", which an exclusive button would refuse.
+void SetTick(QAbstractButton& button, bool on) {
+  if (button.isChecked() == on) return;
+  const bool exclusive = button.autoExclusive();
+  button.setAutoExclusive(false);
+  button.setChecked(on);
+  button.setAutoExclusive(exclusive);
+}
+
+Binding& Tie(QWidget& widget, Control& control, std::function<void()> show) {
+  auto* binding = new Binding(widget, control, std::move(show));
+  binding->Show();
+  return *binding;
+}
+
+/// A menu entry's share of what Binding is for widgets.
+class ActionBinding : public QObject {
+ public:
+  ActionBinding(QAction& action, MenuItem& item, char mnemonic, std::function<QString()> suffix)
+      : QObject(&action),
+        action_(action),
+        item_(item),
+        mnemonic_(mnemonic),
+        suffix_(std::move(suffix)),
+        listening_(item.Changed, [this] { Show(); }) {
+    action.setObjectName(Shown(item.FullName()));
+    connect(&action, &QAction::triggered, this, [this] {
+      const QPointer<ActionBinding> alive(this);
+      item_.OperatorClick();
+      if (alive) Show();  // the action ticked itself; the tick is the model's
+    });
+    auto* menu = qobject_cast<QMenu*>(action.parent());
+    if (menu && suffix_) connect(menu, &QMenu::aboutToShow, this, [this] { Show(); });
+    Show();
+  }
+
+ private:
+  void Show() {
+    action_.setText(ShownWithMnemonic(item_.Caption(), mnemonic_) + (suffix_ ? suffix_() : QString()));
+    action_.setEnabled(item_.Enabled());
+    action_.setVisible(item_.Visible());
+    if (action_.isCheckable()) action_.setChecked(item_.Checked());
+  }
+
+  QAction& action_;
+  MenuItem& item_;
+  char mnemonic_;
+  std::function<QString()> suffix_;
+  Listening<> listening_;
+};
+
+}  // namespace
+
+Binding& Bind(QAbstractButton& widget, Button& control) {
+  Binding& binding = Tie(widget, control, [&] { widget.setText(ShownLiteral(control.Caption())); });
+  QObject::connect(&widget, &QAbstractButton::clicked, &binding,
+                   [&] { binding.Act([&control] { control.OperatorClick(); }); });
+  return binding;
+}
+
+Binding& Bind(QAbstractButton& widget, OptionButton& control) {
+  widget.setCheckable(true);
+  Binding& binding = Tie(widget, control, [&] {
+    widget.setText(ShownLiteral(control.Caption()));
+    SetTick(widget, control.Value());
+  });
+  QObject::connect(&widget, &QAbstractButton::clicked, &binding,
+                   [&] { binding.Act([&control] { control.OperatorClick(); }); });
+  return binding;
+}
+
+Binding& Bind(QCheckBox& widget, CheckBox& control) {
+  Binding& binding = Tie(widget, control, [&] {
+    constexpr Qt::CheckState kStates[] = {Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};
+    widget.setText(ShownLiteral(control.Caption()));
+    widget.setTristate(control.Value() == 2);
+    widget.setCheckState(kStates[control.Value()]);
+  });
+  QObject::connect(&widget, &QCheckBox::clicked, &binding,
+                   [&](bool on) { binding.Act([&control, on] { control.OperatorCheck(on); }); });
+  return binding;
+}
+
+Binding& Bind(QLabel& widget, Label& control) {
+  widget.setTextFormat(Qt::PlainText);
+  return Tie(widget, control, [&] { widget.setText(Shown(control.Caption())); });
+}
+
+Binding& Bind(QLineEdit& widget, TextBox& control) {
+  Binding& binding = Tie(widget, control, [&] {
+    const QString text = Shown(control.Text());
+    if (text == widget.text()) return;
+    const int cursor = widget.cursorPosition();
+    widget.setText(text);
+    widget.setCursorPosition(cursor);
+  });
+  QObject::connect(&widget, &QLineEdit::textEdited, &binding, [&](const QString& text) {
+    binding.Act([&control, &text] { control.OperatorType(Typed(text)); });
+  });
+  return binding;
+}
+
+Binding& Bind(QPlainTextEdit& widget, TextBox& control) {
+  widget.setReadOnly(true);
+  return Tie(widget, control, [&widget, &control, before = std::string()]() mutable {
+    const std::string& text = control.Text();
+    if (text == before) return;
+    if (text.starts_with(before) && !before.empty()) {
+      widget.moveCursor(QTextCursor::End);
+      widget.insertPlainText(Shown(text.substr(before.size())));
+    } else {
+      widget.setPlainText(Shown(text));
+    }
+    widget.moveCursor(QTextCursor::End);
+    before = text;
+  });
+}
+
+Binding& Bind(QWidget& widget, Frame& control) {
+  return Tie(widget, control, {});
+}
+
+void Bind(QAction& action, MenuItem& item, char mnemonic, std::function<QString()> suffix) {
+  new ActionBinding(action, item, mnemonic, std::move(suffix));
+}
+
+void ShowWith(QWidget& widget, Control& control) {
+  class Follower : public QObject {
+   public:
+    Follower(QWidget& follower, Control& leader)
+        : QObject(&follower), listening_(leader.Changed, [&follower, &leader] { Follow(follower, leader); }) {
+      Follow(follower, leader);
+    }
+
+   private:
+    static void Follow(QWidget& follower, const Control& leader) {
+      if (!leader.Visible() || follower.testAttribute(Qt::WA_WState_ExplicitShowHide)) {
+        follower.setVisible(leader.Visible());
+      }
+    }
+    Listening<> listening_;
+  };
+  new Follower(widget, control);
+}
+
+}  // namespace marlinset

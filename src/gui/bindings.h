@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "gui/binding.h"
+#include "platform/controls.h"
+
+class QAbstractButton;
+class QAction;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace marlinset {
+
+// One binding for each kind of control. Combo boxes and spins have widgets of their own: see fields.h; the
+// indicator and the status bar too.
+
+Binding& Bind(QAbstractButton& widget, Button& control);
+/// Radio buttons and segments: which one of a choice is on is the model's word.
+Binding& Bind(QAbstractButton& widget, OptionButton& control);
+Binding& Bind(QCheckBox& widget, CheckBox& control);
+Binding& Bind(QLabel& widget, Label& control);
+Binding& Bind(QLineEdit& widget, TextBox& control);
+/// A log: shows the text and its end, takes none.
+Binding& Bind(QPlainTextEdit& widget, TextBox& control);
+/// A group, a band or a whole panel: its flags and its name.
+Binding& Bind(QWidget& widget, Frame& control);
+/// A menu entry; `mnemonic` is the letter of its caption that is underlined, 0 for none. `suffix` stands
+/// behind the caption and is asked for again each time the menu opens.
+void Bind(QAction& action, MenuItem& item, char mnemonic = 0, std::function<QString()> suffix = {});
+
+/// Shows `widget` exactly while `control` is visible: a label that belongs to a field. For controls that
+/// stay.
+void ShowWith(QWidget& widget, Control& control);
+
+}  // namespace marlinset

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <functional>
+
+#include "platform/controls.h"
+
+namespace marlinset {
+
+class Binding;
+
+/// A drop-down list for selection only. Letters typed on the closed list do nothing, so that a stray key
+/// never goes on air; the wheel turns it only while it has the focus.
+class ComboField : public QComboBox {
+  Q_OBJECT
+ public:
+  /// `characters`: how many letters of the longest usual entry the closed field shows.
+  ComboField(ComboBox& control, int characters, QWidget* parent);
+  void showPopup() override;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void ShowControl(const ComboBox& control);
+};
+
+/// A spin together with the text that echoes it. It shows the echo, which has the last word about what an
+/// operator sees, and steps and sets the spin. A typed number counts once it is complete: on Enter or when
+/// the field is left; Esc takes it back.
+class SpinField : public QAbstractSpinBox {
+  Q_OBJECT
+ public:
+  SpinField(SpinControl& spin, TextBox& echo, QWidget* parent);
+  /// The radix in which the echo stands and numbers are typed, 10 or 16; asked each time.
+  void SetRadix(std::function<int()> radix) { radix_ = std::move(radix); }
+
+  void stepBy(int steps) override;
+  QValidator::State validate(QString& text, int& position) const override;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  StepEnabled stepEnabled() const override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void ShowControl();
+  void Complete();
+  void TakeBack();
+
+  SpinControl& spin_;
+  TextBox& echo_;
+  std::function<int()> radix_;
+  Binding* binding_;
+  bool typing_ = false;
+  QString echoShown_;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+
+#include "platform/controls.h"
+
+class QGridLayout;
+class QBoxLayout;
+
+namespace marlinset {
+
+/// A group of fields under a bold title, which is the caption of its frame.
+class Group : public QWidget {
+  Q_OBJECT
+ public:
+  Group(Frame& frame, QWidget* parent);
+  /// Where the fields go: labels in column 0, fields in column 1, what is left over in column 2.
+  QGridLayout& Grid() const { return *grid_; }
+  /// Adds a row "label field". Labels are the mnemonic partners of their fields.
+  void AddRow(QLabel* label, QWidget* field);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QGridLayout* grid_;
+};
+
+/// Gives the labels of groups that stand one under the other the same width, so that their fields align.
+void AlignLabels(const QList<Group*>& groups);
+
+/// A label that is no control of its own.
+QLabel* MakeLabel(const QString& text, QWidget* parent);
+/// A label bound to its control.
+QLabel* MakeLabel(Label& control, QWidget* parent);
+
+/// Two areas side by side, the second one below the first when there is no room for both.
+class SideBySide : public QWidget {
+  Q_OBJECT
+ public:
+  SideBySide(QWidget* first, QWidget* second, QWidget* parent);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+  /// The first area takes the width that is left over; otherwise both stand at the left.
+  void LetFirstGrow();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  int WidthForBoth() const;
+  QWidget* first_;
+  QWidget* second_;
+  QBoxLayout* box_;
+};
+
+/// Stacks `widgets` from the top with two spacing units between groups; what is left over stays below.
+QWidget* MakeColumn(const QList<QWidget*>& widgets, QWidget* parent);
+
+}  // namespace marlinset

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/look.h"
+
+#include <QLayout>
+#include <QWidget>
+#include <algorithm>
+#include <cmath>
+
+namespace marlinset {
+namespace {
+
+constexpr double kLeastContrast = 4.5;
+
+double Linear(double channel) {
+  return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+/// Relative luminance as WCAG 2 defines it.
+double Luminance(const QColor& color) {
+  return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) + 0.0722 * Linear(color.blueF());
+}
+
+}  // namespace
+
+QString Shown(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+std::string Typed(const QString& text) {
+  return text.toStdString();
+}
+
+QString ShownLiteral(const std::string& text) {
+  return Shown(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString ShownWithMnemonic(const std::string& text, char mnemonic) {
+  QString shown = ShownLiteral(text);
+  const qsizetype at = mnemonic == 0 ? -1 : shown.indexOf(QLatin1Char(mnemonic), 0, Qt::CaseInsensitive);
+  if (at >= 0) shown.insert(at, QLatin1Char('&'));
+  return shown;
+}
+
+int SpaceUnit(const QWidget& widget) {
+  return std::max(4, widget.fontMetrics().height() / 3);
+}
+
+void SetSpaces(QLayout& layout, const QWidget& widget, int margin) {
+  const int unit = SpaceUnit(widget);
+  layout.setSpacing(unit);
+  layout.setContentsMargins(margin * unit, margin * unit, margin * unit, margin * unit);
+}
+
+int FiguresWidth(const QWidget& widget, int characters) {
+  return widget.fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters;
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+  const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
+  return (light + 0.05) / (dark + 0.05);
+}
+
+QColor Accent(const QPalette& palette) {
+  const QColor text = palette.color(QPalette::Active, QPalette::HighlightedText);
+  QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
+  const bool darken = Luminance(text) > Luminance(accent);
+  for (int i = 0; i < 20 && Contrast(accent, text) < kLeastContrast; ++i) {
+    accent = darken ? accent.darker(108) : accent.lighter(108);
+  }
+  return accent;
+}
+
+QColor Outline(const QPalette& palette) {
+  return Blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.22);
+}
+
+QColor Blend(const QColor& ground, const QColor& top, double amount) {
+  const auto mix = [amount](int a, int b) {
+    return std::clamp(static_cast<int>(std::lround(a + (b - a) * amount)), 0, 255);
+  };
+  return {mix(ground.red(), top.red()), mix(ground.green(), top.green()), mix(ground.blue(), top.blue())};
+}
+
+QColor MarkColor() {
+  return {255, 226, 64};
+}
+
+QColor MarkTextColor() {
+  return {24, 24, 24};
+}
+
+void SetMarked(QWidget& widget, bool marked) {
+  QPalette palette;
+  if (marked) {
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+      palette.setColor(role, MarkColor());
+    }
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText}) {
+      palette.setColor(role, MarkTextColor());
+    }
+  }
+  widget.setAutoFillBackground(marked);
+  widget.setPalette(palette);
+}
+
+}  // namespace marlinset

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/menu_bar.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <vector>
+
+#include "gui/bindings.h"
+#include "gui/look.h"
+#include "platform/ms_comm.h"
+
+namespace marlinset {
+namespace {
+
+/// One line of a menu; no item at all is a separator.
+struct MenuLine {
+  MenuItem* item = nullptr;
+  char mnemonic = 0;
+  bool ticks = false;
+  QKeySequence keys = {};
+};
+
+void AddLines(QMenu& menu, const std::vector<MenuLine>& lines) {
+  for (const MenuLine& line : lines) {
+    if (!line.item) {
+      menu.addSeparator();
+      continue;
+    }
+    QAction* action = menu.addAction(QString());
+    action->setCheckable(line.ticks);
+    action->setShortcut(line.keys);
+    Bind(*action, *line.item, line.mnemonic);
+  }
+}
+
+/// A menu that is itself an item of the panel model.
+QMenu& AddSubMenu(QMenu& menu, MenuItem& item, char mnemonic, const std::vector<MenuLine>& lines) {
+  QMenu* sub = menu.addMenu(QString());
+  Bind(*sub->menuAction(), item, mnemonic);
+  AddLines(*sub, lines);
+  return *sub;
+}
+
+/// "Com 1" with the device behind it.
+QString PortSuffix(const std::function<std::string(int)>& deviceName, int port) {
+  const std::string device = deviceName ? deviceName(port) : std::string();
+  return QStringLiteral("   ") + (device.empty() ? QStringLiteral("(no device)") : ShownLiteral(device));
+}
+
+void AddPorts(QMenu& menu, FrmStart& form, const std::function<std::string(int)>& deviceName) {
+  MenuItem* const ports[] = {&form.mnuCom1, &form.mnuCom2, &form.mnuCom3, &form.mnuCom4};
+  static_assert(std::size(ports) == kHighestPort);
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    MenuItem& item = *ports[port - kLowestPort];
+    QAction* action = menu.addAction(QString());
+    action->setCheckable(true);
+    Bind(*action, item, static_cast<char>('0' + port), [=] { return PortSuffix(deviceName, port); });
+  }
+}
+
+void FillOptions(QMenu& menu, FrmStart& form, const std::function<std::string(int)>& deviceName) {
+  AddPorts(menu, form, deviceName);
+  menu.addSeparator();
+  AddSubMenu(menu, form.mnuHardwareType, 'H', {{&form.mnuHD7340, 'H', true}, {&form.mnuHD7340Q, 'Q', true}});
+  AddLines(menu, {{}, {&form.mnuAuto, 'A', true}, {&form.mnuMan, 'M', true}, {}});
+  AddSubMenu(menu, form.mnuChar, 'I', {{&form.mnuCharOn, 'n', true}, {&form.mnuCharOff, 'f', true}});
+  AddSubMenu(menu, form.mnuStat, 'S',
+             {{&form.mnu10, '1', true},
+              {&form.mnu20, '2', true},
+              {&form.mnu30, '3', true},
+              {&form.mnu60, '6', true},
+              {&form.mnuNever, 'N', true}});
+  AddLines(menu, {{}, {&form.mnuCommD, 'D', true}});
+}
+
+}  // namespace
+
+void FillMenuBar(QMenuBar& bar, FrmStart& form, std::function<std::string(int)> deviceName) {
+  AddLines(*bar.addMenu(QStringLiteral("&File")),
+           {{&form.mnuNew, 'N', false, QKeySequence::New},
+            {&form.mnuOpen, 'O', false, QKeySequence::Open},
+            {&form.mnuSav, 'S', false, QKeySequence::Save},
+            {&form.mnuSave, 'A', false, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+            {},
+            {&form.mnuPrint, 'P', false, QKeySequence::Print},
+            {},
+            {&form.mnuExit, 'x', false, QKeySequence(Qt::CTRL | Qt::Key_Q)}});
+  QMenu* mode = bar.addMenu(QString());
+  Bind(*mode->menuAction(), form.mnuMode, 'M');
+  AddLines(*mode, {{&form.mnuInter, 'I', true}, {&form.mnuOff, 'O', true}});
+  FillOptions(*bar.addMenu(QStringLiteral("&Options")), form, deviceName);
+  AddLines(*bar.addMenu(QStringLiteral("&Parameters")),
+           {{&form.mnuAddParameter, 'A'}, {&form.mnuRemoveParameter, 'R'}});
+  AddLines(*bar.addMenu(QStringLiteral("&Help")),
+           {{&form.mnuContents, 'C', false, QKeySequence::HelpContents}, {&form.mnuAbout, 'A'}});
+}
+
+}  // namespace marlinset

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStackedWidget>
+#include <vector>
+
+#include "core/frm_start.h"
+#include "gui/binding.h"
+
+namespace marlinset {
+
+/// Shows the panel whose frame is visible. Each panel scrolls as a whole when the window is too small for it.
+class PanelHost : public QStackedWidget {
+  Q_OBJECT
+ public:
+  PanelHost(FrmStart& form, QWidget* parent);
+
+ private:
+  void Add(Frame& frame, QWidget* panel);
+  void ShowVisible();
+
+  std::vector<std::pair<Frame*, QWidget*>> pages_;
+  std::vector<Listening<>> listening_;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "gui/bindings.h"
+#include "gui/fields.h"
+#include "gui/look.h"
+#include "gui/panel_views.h"
+#include "gui/parameter_model.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kDecimal = 10;
+constexpr int kHexadecimal = 16;
+
+/// Edits a value with the row's own spin, which needs no copying to and fro.
+class ValueDelegate : public QStyledItemDelegate {
+ public:
+  ValueDelegate(FrmStart& form, ParameterModel& model, QObject* parent)
+      : QStyledItemDelegate(parent), form_(form), model_(model) {}
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                        const QModelIndex& cell) const override {
+    const int index = model_.ControlOf(cell.row());
+    auto* field = new SpinField(form_.udVal(index), form_.tVal(index), parent);
+    field->SetRadix([this] { return form_.bValue.Caption() == "Value (Hex)" ? kHexadecimal : kDecimal; });
+    field->setAccessibleName(Shown(form_.lDesc(index).Caption()));
+    return field;
+  }
+  /// Numbers stand at the right; two hard blanks keep them off the next column.
+  QString displayText(const QVariant& value, const QLocale& /*locale*/) const override {
+    return value.toString() + QString(2, QChar::Nbsp);
+  }
+  void setEditorData(QWidget* /*editor*/, const QModelIndex& /*cell*/) const override {}
+  void setModelData(QWidget* /*editor*/, QAbstractItemModel* /*model*/,
+                    const QModelIndex& /*cell*/) const override {}
+
+ private:
+  FrmStart& form_;
+  ParameterModel& model_;
+};
+
+void SetColumns(QTableView& table) {
+  QHeaderView& header = *table.horizontalHeader();
+  const int unit = SpaceUnit(table);
+  for (const int column : {ParameterModel::kClass, ParameterModel::kParameter}) {
+    header.setSectionResizeMode(column, QHeaderView::ResizeToContents);
+  }
+  header.setSectionResizeMode(ParameterModel::kDescription, QHeaderView::Stretch);
+  header.setSectionResizeMode(ParameterModel::kValue, QHeaderView::Fixed);
+  const int figures = FiguresWidth(table, 14);
+  header.resizeSection(ParameterModel::kValue, figures + 4 * unit);
+  header.setHighlightSections(false);
+  header.setSectionsClickable(true);
+}
+
+}  // namespace
+
+QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
+  auto* page = new QWidget(parent);
+  auto* table = new QTableView(page);
+  auto* model = new ParameterModel(form, table);
+  table->setModel(model);
+  table->setItemDelegate(new ValueDelegate(form, *model, table));
+  table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table->setSelectionMode(QAbstractItemView::SingleSelection);
+  table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                         QAbstractItemView::SelectedClicked);
+  table->setAlternatingRowColors(true);
+  table->setShowGrid(false);
+  table->setWordWrap(false);
+  table->verticalHeader()->hide();
+  table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 2 * SpaceUnit(*table));
+  SetColumns(*table);
+  QObject::connect(table->horizontalHeader(), &QHeaderView::sectionClicked, model,
+                   [model](int column) { model->Head(column).OperatorClick(); });
+  QObject::connect(model, &ParameterModel::Marked, table, [table](const QModelIndex& cell) {
+    if (table->isVisible()) table->scrollTo(cell);
+  });
+  (new Binding(*table, form.pParIn))->Show();
+  auto* rows = new QVBoxLayout(page);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(table);
+  Bind(*page, form.fParameters);
+  return page;
+}
+
+}  // namespace marlinset

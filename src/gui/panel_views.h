@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/frm_start.h"
+
+class QWidget;
+
+namespace marlinset {
+
+// The panels, each a list of bindings and a layout. The widget carries the name of its frame.
+
+QWidget* MakeInputsPanel(FrmStart& form, QWidget* parent);
+QWidget* MakeOutputsPanel(FrmStart& form, QWidget* parent);
+QWidget* MakeWindowsPanel(FrmStart& form, QWidget* parent);
+QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent);
+QWidget* MakeDownConverterPanel(FrmStart& form, QWidget* parent);
+
+/// Letters of a source's name that a routing field shows ("RP188 VITC1 Ancillary Data Reader").
+constexpr int kSourceCharacters = 28;
+
+}  // namespace marlinset

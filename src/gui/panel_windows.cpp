@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "gui/bindings.h"
+#include "gui/fields.h"
+#include "gui/group.h"
+#include "gui/look.h"
+#include "gui/panel_views.h"
+#include "gui/window_table.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kChoiceCharacters = 20;
+constexpr std::size_t kMessageCharacters = 32;  // as many as the unit burns into the Text window
+
+void AddCombo(Group& group, ComboBox& combo) {
+  group.AddRow(MakeLabel(Shown(combo.Caption()), &group), new ComboField(combo, kChoiceCharacters, &group));
+}
+
+Group* MakeAttributes(FrmStart& form, QWidget* parent) {
+  auto* group = new Group(form.fAttribs, parent);
+  AddCombo(*group, form.ComWin(2));
+  AddCombo(*group, form.ComWin(3));
+  return group;
+}
+
+Group* MakeSlate(FrmStart& form, QWidget* parent) {
+  auto* group = new Group(form.fVirtual, parent);
+  AddCombo(*group, form.ComWin(1));
+  group->AddRow(MakeLabel(Shown(form.UDDur.Caption()), group),
+                new SpinField(form.UDDur, form.tLineNumber(4), group));
+  auto* preview = new QCheckBox(group);
+  Bind(*preview, form.chPrev);
+  group->Grid().addWidget(preview, group->Grid().rowCount(), 1);
+  return group;
+}
+
+/// How many of the 32 characters are used; says so plainly when there are more.
+class CharacterCount : public QLabel {
+ public:
+  CharacterCount(TextBox& text, QWidget* parent)
+      : QLabel(parent), listening_(text.Changed, [this, &text] { Count(text); }) {
+    setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignRight);
+    Count(text);
+  }
+
+ private:
+  void Count(const TextBox& text) {
+    const std::size_t used = LengthOf(text.Text());
+    QString shown = QStringLiteral("%1 of %2 characters").arg(used).arg(kMessageCharacters);
+    if (used > kMessageCharacters) shown += QStringLiteral(", the rest is cut");
+    if (shown != this->text()) setText(shown);
+  }
+  Listening<> listening_;
+};
+
+Group* MakeMessage(FrmStart& form, QWidget* parent) {
+  auto* group = new Group(form.fWinMess, parent);
+  auto* line = new QLineEdit(group);
+  Bind(*line, form.tWinMess);
+  line->setAccessibleName(Shown(form.fWinMess.Caption()));
+  group->Grid().addWidget(line, 1, 0, 1, 3);
+  group->Grid().addWidget(new CharacterCount(form.tWinMess, group), 2, 0, 1, 3);
+  return group;
+}
+
+Group* MakeProgramOut(FrmStart& form, QWidget* parent) {
+  auto* group = new Group(form.fSDIProgramOut, parent);
+  group->Grid().addWidget(new ComboField(form.ComWin(4), kChoiceCharacters, group), 1, 0, 1, 2);
+  return group;
+}
+
+}  // namespace
+
+QWidget* MakeWindowsPanel(FrmStart& form, QWidget* parent) {
+  auto* page = new QWidget(parent);
+  auto* position = new Group(form.fPosition, page);
+  auto* table = new WindowTable(form, position);
+  position->Grid().addWidget(table, 1, 0, 1, 3);
+  position->Grid().setRowStretch(1, 1);
+  Group* attributes = MakeAttributes(form, page);
+  Group* slate = MakeSlate(form, page);
+  AlignLabels({attributes, slate});
+  QWidget* right = MakeColumn({attributes, slate, MakeMessage(form, page), MakeProgramOut(form, page)}, page);
+  auto* both = new SideBySide(position, right, page);
+  both->LetFirstGrow();
+  auto* whole = new QHBoxLayout(page);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->addWidget(both);
+  Bind(*page, form.fWindows);
+  return page;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/qt_dialogs.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "gui/look.h"
+
+namespace marlinset {
+namespace {
+
+struct ButtonSet {
+  QMessageBox::StandardButtons buttons;
+  QMessageBox::StandardButton safe;  ///< default, and the answer of Esc and the cross
+};
+
+ButtonSet ButtonsOf(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::kYesNo:
+      return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
+    case BoxButtons::kOkCancel:
+      return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel};
+    case BoxButtons::kOk:
+      break;
+  }
+  return {QMessageBox::Ok, QMessageBox::Ok};
+}
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::kInformation:
+      return QMessageBox::Information;
+    case BoxIcon::kCritical:
+      return QMessageBox::Critical;
+    case BoxIcon::kQuestion:
+      return QMessageBox::Question;
+    case BoxIcon::kNone:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+BoxAnswer AnswerOf(int button) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return BoxAnswer::kYes;
+    case QMessageBox::No:
+      return BoxAnswer::kNo;
+    case QMessageBox::Cancel:
+      return BoxAnswer::kCancel;
+    default:
+      return BoxAnswer::kOk;
+  }
+}
+
+}  // namespace
+
+BoxAnswer QtDialogs::Show(const MessageBox& box) {
+  const ButtonSet set = ButtonsOf(box.buttons);
+  QMessageBox window(IconOf(box.icon), Shown(box.caption), Shown(box.text), set.buttons,
+                     QApplication::activeWindow());
+  window.setTextFormat(Qt::PlainText);
+  window.setInformativeText(Shown(box.remedy));
+  window.setDefaultButton(set.safe);
+  window.setEscapeButton(set.safe);
+  return AnswerOf(window.exec());
+}
+
+}  // namespace marlinset

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFrame>
+#include <QStatusBar>
+#include <optional>
+
+#include "core/frm_start.h"
+#include "gui/binding.h"
+#include "gui/icons.h"
+
+namespace marlinset {
+
+/// One panel of the status bar: its text, cut with an ellipsis when it does not fit and always whole in the
+/// tool tip, behind its picture.
+class StatusPanelView : public QWidget {
+  Q_OBJECT
+ public:
+  StatusPanelView(FrmStart& form, StatusPanel& panel, QWidget* parent);
+  /// What can be read of the text at the present width.
+  QString ReadableText() const;
+  std::optional<VideoPicture> Picture() const { return picture_; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void ShowControl();
+  QRect TextArea() const;
+
+  FrmStart& form_;
+  StatusPanel& panel_;
+  std::optional<VideoPicture> picture_;
+};
+
+/// The status bar: four panels of equal and steady width.
+class StatusBarView : public QStatusBar {
+  Q_OBJECT
+ public:
+  StatusBarView(FrmStart& form, QWidget* parent);
+};
+
+}  // namespace marlinset

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+
+#include "core/frm_start.h"
+
+class QBoxLayout;
+
+namespace marlinset {
+
+/// What stands above the panels. First row: indicator, video standard, VITC mode, Open, Close and the main
+/// action; second row: the choice of the panel (Alt+1 to Alt+5) and the service buttons.
+class ToolArea : public QWidget {
+  Q_OBJECT
+ public:
+  ToolArea(FrmStart& form, QWidget* parent);
+
+ private:
+  QWidget* MakeVitcModes(FrmStart& form);
+  QWidget* MakeViews(FrmStart& form);
+  void AddButtons(FrmStart& form, QBoxLayout& row);
+  void AddService(FrmStart& form, QBoxLayout& row);
+};
+
+}  // namespace marlinset

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <map>
+#include <vector>
+
+#include "core/frm_start.h"
+#include "gui/binding.h"
+
+class QHBoxLayout;
+class QScrollArea;
+class QVBoxLayout;
+
+namespace marlinset {
+
+/// The table of the character windows: fixed headers over rows that come and go with the elements of the row
+/// controls. A row is shown while its name is.
+class WindowTable : public QWidget {
+  Q_OBJECT
+ public:
+  WindowTable(FrmStart& form, QWidget* parent);
+  ~WindowTable() override;
+  /// The row of window `index`, null when there is none.
+  QWidget* Row(int index) const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  class RowStrip;
+
+  template <class T>
+  void Watch(ControlArray<T>& array);
+  bool Complete(int index) const;
+  void AddRow(int index);
+  void RemoveRow(int index);
+  void MeasureColumns();
+  QWidget* MakeHeader();
+  void FillRow(RowStrip& row, int index);
+
+  FrmStart& form_;
+  std::vector<int> widths_;  ///< of the columns in pixels; the first one grows
+  QWidget* header_;
+  QHBoxLayout* headerCells_ = nullptr;
+  QScrollArea* area_;
+  QVBoxLayout* rowStack_;
+  std::map<int, RowStrip*> rows_;
+  std::vector<Listening<int>> listening_;
+};
+
+}  // namespace marlinset
