@@ -43,7 +43,7 @@ struct ControlsTest : testing::Test {
   Guard guard{dialogs};
   Form form{"frmTest", guard};
   Events events;
-  const Events none;
+  const Events none = {};
   const Events click = {"click"};
   const Events change = {"change"};
 };
@@ -63,8 +63,8 @@ TEST_F(ControlsTest, CheckBoxClicksOnARealChange) {
 }
 
 TEST_F(ControlsTest, OptionButtonClicksWhenItIsSetAndClearsItsGroupInSilence) {
-  ControlArray<OptionButton> options(form, "o", {0, 1, 2});
   OptionGroup group;
+  ControlArray<OptionButton> options(form, "o", {0, 1, 2});
   for (const int i : options.Indices()) options(i).Join(group);
   std::vector<int> clicked;
   options.OnClick([&](int index) { clicked.push_back(index); });

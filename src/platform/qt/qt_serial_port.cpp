@@ -37,9 +37,9 @@ std::string Reason(const std::string& device, const QFileInfo& node, const QSeri
 /// The path to open a device by. QSerialPort locks a device by its name, so of several names it gets the real
 /// one; a name alone is looked for in /dev as well.
 QString RealName(const std::string& device) {
-  const QString name = QString::fromStdString(device);
+  QString name = QString::fromStdString(device);
   for (const QString& path : {name, "/dev/" + name}) {
-    const QString real = QFileInfo(path).canonicalFilePath();
+    QString real = QFileInfo(path).canonicalFilePath();
     if (!real.isEmpty()) return real;
   }
   return name;

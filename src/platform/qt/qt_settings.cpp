@@ -28,7 +28,7 @@ QtSettings::QtSettings(const QString& file) : settings_(file, QSettings::IniForm
 
 QString QtSettings::StoredKey(std::string_view key) const {
   const QStringList stored = settings_.childKeys();
-  const QString exact = ToQt(key);
+  QString exact = ToQt(key);
   if (stored.contains(exact)) return exact;
   for (const QString& name : stored) {
     if (EqualNoCase(name.toStdString(), key)) return name;

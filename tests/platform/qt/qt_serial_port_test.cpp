@@ -108,9 +108,10 @@ TEST_F(QtSerialPortTest, LooksForTheRestBeforeItGivesUpOnAFrame) {
   SendPart(head);
   unit.Send(tail);
   // A stall: the gap's timer is due as well as the rest, and comes first.
-  bool over = false;
-  QTimer::singleShot(4 * ReplyGate::kQuietGapMs, [&over] { over = true; });
-  while (!over) {
+  QTimer stall;
+  stall.setSingleShot(true);
+  stall.start(4 * ReplyGate::kQuietGapMs);
+  while (stall.isActive()) {
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers | QEventLoop::WaitForMoreEvents);
   }
   EXPECT_TRUE(bench.Wait([this] { return !events.empty(); }));
