@@ -301,9 +301,13 @@ const SettingCommand& CommandOf(CommandId id) {
   return *found;
 }
 
+std::vector<PacketField> FieldsOf(CommandId id) {
+  const auto fixed = CommandOf(id).begin.All();
+  return {fixed.begin(), fixed.end()};
+}
+
 Message MessageOf(const SettingCommand& command, const MessageSource& source) {
-  Message message{{}, command.meaning};
-  for (const int field : command.begin.All()) message.fields.emplace_back(field);
+  Message message{FieldsOf(command.id), command.meaning};
   if (command.addData) command.addData(source, message);
   return message;
 }

@@ -129,6 +129,9 @@ struct SettingCommand {
 
 const SettingCommand& CommandOf(CommandId id);
 
+/// The fixed fields of a command: the whole message of one that takes no data from the panels.
+std::vector<PacketField> FieldsOf(CommandId id);
+
 /// The message of a command from the panels as they stand. A code is looked up by the text of its box, where
 /// the last row with that text counts; a text that no row has leaves the field empty.
 Message MessageOf(const SettingCommand& command, const MessageSource& source);

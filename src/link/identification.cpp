@@ -2,6 +2,7 @@
 #include "link/identification.h"
 
 #include "core/frm_start.h"
+#include "link/command_table.h"
 #include "link/communications.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
@@ -38,7 +39,7 @@ bool Identification::ModelKnown() const {
 void Identification::GetId() {
   OpenIfClosed();
   form_.StatBar(4).SetText("Getting ID");
-  vars_.PacketFields = {15, 0, 53};
+  vars_.PacketFields = FieldsOf(CommandId::kGetID);
   comms_.SendPacket(vars_.PacketFields);
   comms_.WaitOn(form_.dPause, [this] { return ModelKnown(); });
   form_.dPause.SetInterval(kAckMs);
@@ -58,19 +59,19 @@ void Identification::GetId() {
 
 void Identification::SelectMode() {
   OpenIfClosed();
-  vars_.PacketFields = {15, 0, 33};
+  vars_.PacketFields = FieldsOf(CommandId::kSelect);
   comms_.SendPacket(vars_.PacketFields);
   form_.StatBar(3).SetText("Mode Switched to Select");
 }
 
 void Identification::BroadcastMode() {
   OpenIfClosed();
-  vars_.PacketFields = {15, 0, 34};
+  vars_.PacketFields = FieldsOf(CommandId::kBroadcast);
   comms_.SendPacket(vars_.PacketFields);
 }
 
 void Identification::AskFirmwareOnce() {
-  vars_.PacketFields = {15, 0, 54, 1};
+  vars_.PacketFields = FieldsOf(CommandId::kGetFirmware);
   form_.AboutTimer1.Restart();
   vars_.WaitFullReply = true;
   comms_.SendPacket(vars_.PacketFields);
