@@ -173,7 +173,7 @@ void UnitModel::Flood(std::size_t count, LineTime now) {
   Say(Bytes(count, kFloodByte), now);
 }
 
-void UnitModel::Say(Bytes bytes, LineTime now) {
+void UnitModel::Say(const Bytes& bytes, LineTime now) {
   if (!faults_.mute) Queue(bytes, now);
 }
 

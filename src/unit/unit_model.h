@@ -93,7 +93,7 @@ class UnitModel {
   /// Sends `count` bytes that are no answer to anything.
   void Flood(std::size_t count, LineTime now);
   /// Sends any bytes.
-  void Say(Bytes bytes, LineTime now);
+  void Say(const Bytes& bytes, LineTime now);
   UnitFaults& Faults() { return faults_; }
 
   const UnitMemory& Memory() const { return memory_; }

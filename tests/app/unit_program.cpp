@@ -33,6 +33,7 @@ UnitProgram::UnitProgram(const std::vector<std::string>& options) {
   std::vector<std::string> words{UNIT_PROGRAM};
   words.insert(words.end(), options.begin(), options.end());
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
 

@@ -74,8 +74,8 @@ TEST(UnitState, IsOneLineOfJson) {
            R"({"model":32,"standard":4,"manual":false,"video":true,"local":false,"broadcast":false,)",
            R"("held":{"cmdSetParameter":{"2/7":[15,0,192,7,2,44,1,0,0]},"cmdWhiteFlagOff":[1,5,57],)",
            R"("parameters":{"2/7":300})",
-           R"("windows":{"3":{"on":true,"slate":false,"doubleHeight":false,"symbol":false,"field":false,)"
-           R"("highlighted":false,"row":9,"position":21,"length":11}})",
+           R"("windows":{"3":{"on":true,"slate":false,"doubleHeight":false,)",
+           R"("symbol":false,"field":false,"highlighted":false,"row":9,"position":21,"length":11}})",
            R"("whiteFlag":{"on":false,"line":15},"inserter":{"on":null,"size":2,"style":null})",
            R"("message":"\"\\\u000a\u0009")",
        })
