@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "bench/bench_tool.h"
+
+#include <stdexcept>
+
+namespace marlinset {
+
+BoxAnswer BenchTool::Refusal::Show(const MessageBox& box) {
+  throw std::runtime_error("a message box came up: " + box.text);
+}
+
+CommonOptions BenchTool::Options(const std::string& device) const {
+  CommonOptions options;
+  options.settingsFile = folder_.filePath("settings.ini").toStdString();
+  options.ports[0] = device;
+  return options;
+}
+
+BenchTool::BenchTool(const std::string& device)
+    : computer_(Options(device), Computer::ClockKind::kReal, dialogs_), tool_(computer_.MakePlatform()) {
+  if (!tool_.Start("")) throw std::runtime_error("the tool does not start");
+  tool_.ports.UsePort(kLowestPort);
+  tool_.form.bGetID.Press();
+  if (!tool_.identification.ModelKnown()) throw std::runtime_error("the unit does not identify itself");
+}
+
+}  // namespace marlinset

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTemporaryDir>
+#include <string>
+
+#include "app/computer.h"
+#include "app/tool.h"
+#include "platform/dialogs.h"
+
+namespace marlinset {
+
+/// The tool of `marlinset-cli` on a real line, with settings of its own, its port open and the unit
+/// identified. A message box ends the measurement: std::runtime_error with its text.
+class BenchTool {
+ public:
+  explicit BenchTool(const std::string& device);
+
+  Tool& operator*() { return tool_; }
+  Tool* operator->() { return &tool_; }
+
+ private:
+  class Refusal : public Dialogs {
+    BoxAnswer Show(const MessageBox& box) override;
+  };
+  CommonOptions Options(const std::string& device) const;
+
+  QTemporaryDir folder_;
+  Refusal dialogs_;
+  Computer computer_;
+  Tool tool_;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Speed of the tool against what the line and the system allow. Each measurement reports the ratio as a
+// counter; bare times say more about the machine than about the tool.
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+#include <array>
+#include <chrono>
+#include <functional>
+#include <stdexcept>
+#include <vector>
+
+#include "bench/bare_line.h"
+#include "bench/bench_tool.h"
+#include "bench/virtual_unit.h"
+#include "link/frame.h"
+
+extern char** environ;
+
+namespace marlinset {
+namespace {
+
+constexpr int kBitsPerSecond = 57600;
+constexpr double kBitsPerByte = 10;
+const std::array<std::uint8_t, 3> kVitcOnFields{1, 5, 46};
+
+double SecondsOf(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+// The whole configuration over a line of the real speed, against the time that its bytes are on the wire.
+void WholeSend(benchmark::State& state) {
+  VirtualUnit unit({"--model", "32", "--pace", QString::number(kBitsPerSecond)}, true);
+  BenchTool tool(unit.Device());
+  unit.TakeLineBytes();
+  double seconds = 0;
+  for (auto step : state) {
+    const double taken = SecondsOf([&] { tool->form.bSConfig.Press(); });
+    if (tool->wholeSend.Result().end != SendEnd::kComplete) return state.SkipWithError("not complete");
+    state.SetIterationTime(taken);
+    seconds += taken;
+  }
+  const auto bytes = static_cast<double>(unit.TakeLineBytes());
+  const auto sends = static_cast<double>(state.iterations());
+  state.counters["messages"] = tool->wholeSend.Result().messages;
+  state.counters["bytes"] = bytes / sends;
+  state.counters["ratio"] = seconds / (bytes * kBitsPerByte / kBitsPerSecond);
+}
+BENCHMARK(WholeSend)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(10);
+
+// One acknowledged setting over a line without a speed, against a bare loop of write, poll and read. The two
+// take turns, each with a unit of its own, so that whatever else the machine does hits both.
+void Exchange(benchmark::State& state) {
+  VirtualUnit bareUnit;
+  VirtualUnit toolUnit;
+  const BareLine bare(bareUnit.Device());
+  BenchTool tool(toolUnit.Device());
+  const std::vector<std::uint8_t> message = EncodeFrame(kVitcOnFields);
+  double bareSeconds = 0;
+  double toolSeconds = 0;
+  for (auto step : state) {
+    bareSeconds += SecondsOf([&] { benchmark::DoNotOptimize(bare.Exchange(message)); });
+    bool acknowledged = false;
+    const double taken = SecondsOf([&] {
+      tool->variables.PacketFields.assign(kVitcOnFields.begin(), kVitcOnFields.end());
+      acknowledged = tool->communications.AckWait();
+    });
+    if (!acknowledged) return state.SkipWithError("not acknowledged");
+    state.SetIterationTime(taken);
+    toolSeconds += taken;
+  }
+  state.counters["bare_us"] = 1e6 * bareSeconds / static_cast<double>(state.iterations());
+  state.counters["ratio"] = toolSeconds / bareSeconds;
+}
+BENCHMARK(Exchange)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(5000);
+
+// Runs marlinset-cli with an empty standard input until it ends.
+void RunCli(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), ProgramPath("marlinset-cli"));
+  std::vector<char*> argv;
+  for (std::string& argument : arguments) argv.push_back(argument.data());
+  argv.push_back(nullptr);
+  posix_spawn_file_actions_t files;
+  posix_spawn_file_actions_init(&files);
+  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  pid_t child = 0;
+  const int failed = posix_spawn(&child, argv[0], &files, nullptr, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&files);
+  int status = 0;
+  if (failed != 0 || waitpid(child, &status, 0) != child || status != 0)
+    throw std::runtime_error("marlinset-cli fails");
+}
+
+// The tool from nothing to ready and gone again, against the same program when it only prints its version:
+// what is left is reading the database and filling the panels.
+void StartWithoutWindow(benchmark::State& state) {
+  const QTemporaryDir folder;
+  const std::string settings = folder.filePath("settings.ini").toStdString();
+  double versionSeconds = 0;
+  double startSeconds = 0;
+  for (auto step : state) {
+    versionSeconds += SecondsOf([] { RunCli({"--version"}); });
+    const double taken = SecondsOf([&] { RunCli({"script", "--clock", "virtual", "--settings", settings}); });
+    state.SetIterationTime(taken);
+    startSeconds += taken;
+  }
+  state.counters["version_ms"] = 1e3 * versionSeconds / static_cast<double>(state.iterations());
+  state.counters["ratio"] = startSeconds / versionSeconds;
+}
+BENCHMARK(StartWithoutWindow)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(50);
+
+}  // namespace
+}  // namespace marlinset
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
