@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/look.h"
 
+#include <QApplication>
+#include <QFontDatabase>
 #include <QLayout>
 #include <QWidget>
 #include <algorithm>
@@ -55,6 +57,13 @@ int FiguresWidth(const QWidget& widget, int characters) {
   return widget.fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters;
 }
 
+QFont FixedFont() {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  const QFont other = QApplication::font();
+  if (other.pointSizeF() > 0) font.setPointSizeF(other.pointSizeF());
+  return font;
+}
+
 double Contrast(const QColor& a, const QColor& b) {
   const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
   return (light + 0.05) / (dark + 0.05);
@@ -63,10 +72,8 @@ double Contrast(const QColor& a, const QColor& b) {
 QColor Accent(const QPalette& palette) {
   const QColor text = palette.color(QPalette::Active, QPalette::HighlightedText);
   QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
-  const bool darken = Luminance(text) > Luminance(accent);
-  for (int i = 0; i < 20 && Contrast(accent, text) < kLeastContrast; ++i) {
-    accent = darken ? accent.darker(108) : accent.lighter(108);
-  }
+  const QColor away = Luminance(text) > Luminance(accent) ? Qt::black : Qt::white;
+  for (int i = 0; i < 50 && Contrast(accent, text) < kLeastContrast; ++i) accent = Blend(accent, away, 0.06);
   return accent;
 }
 

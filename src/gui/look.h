@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QPalette>
 #include <QString>
 #include <string>
@@ -29,6 +30,9 @@ int SpaceUnit(const QWidget& widget);
 void SetSpaces(QLayout& layout, const QWidget& widget, int margin = 0);
 /// Width of `characters` figures in the widget's font.
 int FiguresWidth(const QWidget& widget, int characters);
+
+/// The desktop's fixed-width type in the size of the other texts.
+QFont FixedFont();
 
 /// How well a text of one colour can be read on another, 1 (not at all) to 21. 4.5 is the least we accept.
 double Contrast(const QColor& a, const QColor& b);

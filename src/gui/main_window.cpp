@@ -2,7 +2,6 @@
 #include "gui/main_window.h"
 
 #include <QCloseEvent>
-#include <QFontDatabase>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -54,7 +53,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
 
 QWidget* MainWindow::MakeLog() {
   auto* log = new QPlainTextEdit(this);
-  log->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  log->setFont(FixedFont());
   log->setFocusPolicy(Qt::ClickFocus);
   const int margins = 2 * (log->frameWidth() + static_cast<int>(log->document()->documentMargin()));
   log->setFixedHeight(kLogLines * log->fontMetrics().lineSpacing() + margins);

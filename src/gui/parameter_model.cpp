@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/parameter_model.h"
 
-#include <QFontDatabase>
 #include <algorithm>
 
 #include "gui/look.h"
@@ -115,8 +114,7 @@ QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
       return static_cast<int>(Qt::AlignVCenter |
                               (cell.column() == kDescription ? Qt::AlignLeft : Qt::AlignRight));
     case Qt::FontRole:
-      return cell.column() == kValue ? QVariant(QFontDatabase::systemFont(QFontDatabase::FixedFont))
-                                     : QVariant();
+      return cell.column() == kValue ? QVariant(FixedFont()) : QVariant();
     case Qt::BackgroundRole:
       return marked ? QVariant(MarkColor()) : QVariant();
     case Qt::ForegroundRole:

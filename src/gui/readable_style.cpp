@@ -12,12 +12,13 @@ namespace {
 /// A faint edge for what is disabled, a plain one for the rest.
 void PaintEdge(QPainter& painter, const QStyleOption& option, bool round) {
   const QPalette& palette = option.palette;
-  if (palette.color(QPalette::Base).lightness() > palette.color(QPalette::Text).lightness()) return;
+  const QColor base = palette.color(QPalette::Base);
+  const bool light = base.lightness() > palette.color(QPalette::Text).lightness();
+  if (light && base != MarkColor()) return;
   const double strength = option.state & QStyle::State_Enabled ? 0.5 : 0.2;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(
-      Blend(palette.color(QPalette::Base), palette.color(QPalette::Active, QPalette::Text), strength));
+  painter.setPen(Blend(base, palette.color(QPalette::Active, QPalette::Text), strength));
   painter.setBrush(Qt::NoBrush);
   const QRectF edge = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
   if (round) {

@@ -5,9 +5,9 @@
 
 namespace marlinset {
 
-/// The desktop's style with one thing added: on a dark palette check boxes, option buttons and fields get an
-/// edge that can be seen. The usual styles draw that edge darker than the background, where it vanishes.
-/// For QApplication::setStyle.
+/// The desktop's style with one thing added: on a dark palette, and on a yellow mark, check boxes, option
+/// buttons and fields get an edge that can be seen. The usual styles draw that edge darker than the
+/// background, where it vanishes. For QApplication::setStyle.
 class ReadableStyle : public QProxyStyle {
   Q_OBJECT
  public:
