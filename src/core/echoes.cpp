@@ -52,7 +52,7 @@ void Echoes::ShowWindowRow(int row) {
 }
 
 void Echoes::ShowParameterRow(int row) {
-  ShowParameterValue(row);
+  form_.tVal(row).SetText(ParameterText(At(vars_.SystemParameters, row).Value, vars_.ParDisType));
 }
 
 void Echoes::ShowVertical(int row) {

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "app/tool.h"
+#include "platform/guard.h"
+#include "platform/sqlite/sqlite_engine.h"
+#include "tests/support/fake_dialogs.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/unit_line.h"
+
+namespace marlinset {
+
+/// The whole tool on the virtual clock with the shipped reference database and a virtual unit on every port.
+struct ToolRig {
+  explicit ToolRig(const UnitSettings& unit = {}, const std::string& folder = SHIPPED_DATABASE_FOLDER)
+      : line(pump, unit), tool({pump, line, engine, dialogs, settings, guard, folder}) {
+    line.SetPorts({1, 2, 3, 4});
+  }
+
+  const std::string& Panel(int number) const { return tool.form.StatBar(number).Text(); }
+  std::vector<std::string> Boxes() const {
+    std::vector<std::string> texts;
+    for (const MessageBox& box : dialogs.shown) texts.push_back(box.text);
+    return texts;
+  }
+
+  VirtualPump pump;
+  UnitLine line;
+  SqliteEngine engine;
+  FakeDialogs dialogs;
+  MemorySettings settings;
+  Guard guard{dialogs};
+  Tool tool;
+};
+
+}  // namespace marlinset
