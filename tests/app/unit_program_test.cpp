@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/app/unit_program.h"
-
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +11,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/app/child_program.h"
 #include "tests/support/hex.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/app/unit_program.h"
+#include "tests/app/child_program.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -26,11 +26,11 @@ struct Pipe {
 
 }  // namespace
 
-UnitProgram::UnitProgram(const std::vector<std::string>& options) {
+ChildProgram::ChildProgram(const char* program, const std::vector<std::string>& options) {
   const Pipe in;
   const Pipe out;
   const Pipe errors;
-  std::vector<std::string> words{UNIT_PROGRAM};
+  std::vector<std::string> words{program};
   words.insert(words.end(), options.begin(), options.end());
   std::vector<char*> arguments;
   arguments.reserve(words.size() + 1);
@@ -42,28 +42,32 @@ UnitProgram::UnitProgram(const std::vector<std::string>& options) {
   posix_spawn_file_actions_adddup2(&actions, in.ends[0], STDIN_FILENO);
   posix_spawn_file_actions_adddup2(&actions, out.ends[1], STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions, errors.ends[1], STDERR_FILENO);
-  const int failure = posix_spawn(&process_, UNIT_PROGRAM, &actions, nullptr, arguments.data(), environ);
+  const int failure = posix_spawn(&process_, program, &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   for (const int end : {in.ends[0], out.ends[1], errors.ends[1]}) close(end);
   input_ = in.ends[1];
   output_ = out.ends[0];
   errors_ = errors.ends[0];
-  if (failure != 0) throw std::runtime_error("marlinset-unit does not start");
+  if (failure != 0) throw std::runtime_error(std::string(program) + " does not start");
 }
 
-UnitProgram::~UnitProgram() {
+ChildProgram::~ChildProgram() {
   End();
   close(output_);
   close(errors_);
 }
 
-void UnitProgram::Tell(const std::string& line) const {
-  const std::string text = line + "\n";
-  if (write(input_, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
-    throw std::runtime_error("marlinset-unit takes no input");
+void ChildProgram::Interrupt() const {
+  kill(process_, SIGINT);
 }
 
-std::string UnitProgram::NextLine(int descriptor, std::string& text) {
+void ChildProgram::Tell(const std::string& line) const {
+  const std::string text = line + "\n";
+  if (write(input_, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
+    throw std::runtime_error("the program takes no input");
+}
+
+std::string ChildProgram::NextLine(int descriptor, std::string& text) {
   pollfd event{descriptor, POLLIN, 0};
   while (text.find('\n') == std::string::npos) {
     std::array<char, 4096> portion{};
@@ -78,7 +82,7 @@ std::string UnitProgram::NextLine(int descriptor, std::string& text) {
   return line;
 }
 
-int UnitProgram::End() {
+int ChildProgram::End() {
   if (input_ >= 0) close(std::exchange(input_, -1));
   const pid_t process = std::exchange(process_, -1);
   if (process < 0) return -1;
