@@ -102,9 +102,6 @@ struct WholeSend::Step {
   Marks marks = {};
   Condition condition = Always;
   std::optional<CommandId> otherwise = {};
-  /// Part of the cycle that hides the change of the font size: its outcome shows in the inserter's menu,
-  /// which does not show the momentary off.
-  bool cyclesInserter = false;
 };
 
 std::span<const WholeSend::Step> WholeSend::StepsBeforeWindows() {
@@ -128,9 +125,9 @@ std::span<const WholeSend::Step> WholeSend::StepsBeforeWindows() {
       {kAssignV3UB, {"ComUB", 4}},
       {kVitcLines, kVitcLineControls},
       {kCharStyle, {"ComWin", 2}},
-      {kCharOffForSize, {}, CharOnTicked, {}, true},
+      {kCharOffForSize, {}, CharOnTicked},
       {kCharSize, {"ComWin", 3}},
-      {kCharOnForSize, {}, CharOnTicked, {}, true},
+      {kCharOnForSize, {}, CharOnTicked},
       {kSlateDuration, {"tLineNumber", 4}},
       {kSlateMode, {"ComWin", 1}},
       {kSdiProgramOut, {"ComWin", 4}, ModelQ},
@@ -302,7 +299,8 @@ void WholeSend::RunStep(const Step& step) {
   if (!holds && !step.otherwise) return;
   const CommandId command = holds ? step.command : *step.otherwise;
   Marked(form_, step.marks.All(), [&] {
-    if (step.cyclesInserter) {
+    if (command == kCharOffForSize || command == kCharOnForSize) {
+      // The menu does not show the momentary off that hides the change of the font size.
       commands_.SendCharInserter(command, Sender::kWholeSend, true);
     } else {
       commands_.Send(command, Sender::kWholeSend);

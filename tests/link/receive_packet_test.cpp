@@ -6,7 +6,6 @@
 namespace marlinset {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// What one arrival of bytes does to panels, indicator and boxes.

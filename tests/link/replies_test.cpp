@@ -11,34 +11,34 @@ namespace {
 using testing::ElementsAre;
 
 struct StatusCase {
-  std::uint8_t status;
-  const char* standard;  ///< "1080p/24" stood before
+  int status;
   bool manual;
+  const char* standard;  ///< "1080p/24" stood before
   const char* panel3;
   const char* picture;
 };
 
 TEST(Replies, ShowTheVideoStatus) {
   const StatusCase kCases[] = {
-      {0xC1, "NTSC", true, "No Video Present ", "Image2(1)"},
-      {0x00, "1080p/24", false, "Video Present ", "Image2(0)"},
-      {0x09, "1080p/24", false, "Video Present ", "Image2(0)"},
-      {0x3F, "1080p/24", false, "Video Present ", "Image2(0)"},
-      {0x82, "PAL", true, "Video Present ", "Image2(0)"},
-      {0x44, "1080i/60", false, "No Video Present ", "Image2(1)"},
-      {0x05, "1080i/50", false, "Video Present ", "Image2(0)"},
-      {0x06, "525i/60", false, "Video Present ", "Image2(0)"},
-      {0x07, "625i/50", false, "Video Present ", "Image2(0)"},
-      {0x88, "720p/60", true, "Video Present ", "Image2(0)"},
+      {0xC1, true, "NTSC", "No Video Present ", "Image2(1)"},
+      {0x00, false, "1080p/24", "Video Present ", "Image2(0)"},
+      {0x09, false, "1080p/24", "Video Present ", "Image2(0)"},
+      {0x3F, false, "1080p/24", "Video Present ", "Image2(0)"},
+      {0x82, true, "PAL", "Video Present ", "Image2(0)"},
+      {0x44, false, "1080i/60", "No Video Present ", "Image2(1)"},
+      {0x05, false, "1080i/50", "Video Present ", "Image2(0)"},
+      {0x06, false, "525i/60", "Video Present ", "Image2(0)"},
+      {0x07, false, "625i/50", "Video Present ", "Image2(0)"},
+      {0x88, true, "720p/60", "Video Present ", "Image2(0)"},
   };
   for (const StatusCase& c : kCases) {
-    SCOPED_TRACE(static_cast<int>(c.status));
+    SCOPED_TRACE(c.status);
     LinkRig rig;
     rig.Open();
     rig.vars.UnitStandardText = "1080p/24";
     rig.form.mnuAuto.SetChecked(c.manual);
     rig.form.mnuMan.SetChecked(!c.manual);
-    rig.ReceiveFields({15, 0, 52, c.status});
+    rig.ReceiveFields({15, 0, 52, static_cast<std::uint8_t>(c.status)});
     EXPECT_EQ(rig.vars.UnitVideoStandard, c.status);
     EXPECT_EQ(rig.vars.UnitStandardText, c.standard);
     EXPECT_EQ(rig.Panel(2), c.standard);
@@ -50,23 +50,23 @@ TEST(Replies, ShowTheVideoStatus) {
 }
 
 struct ModelCase {
-  std::uint8_t code;
+  int code;
+  bool modelQ;
   const char* panel4;
   const char* menu;
-  bool modelQ;
   std::vector<std::string> boxes;
 };
 
 TEST(Replies, ShowTheModelAndChooseItsMenu) {
   const ModelCase kCases[] = {
-      {2, "HD7340", "HD7340", false, {}},
-      {8, "HD7340", "HD7340", false, {}},
-      {10, "HDSD7340", "HD7340", false, {}},
-      {32, "HD7340Q", "HD7340Q", true, {}},
-      {99, "Getting ID", "", false, {"Invalid Identification Recieved, verify com port and retry.  99 200"}},
+      {2, false, "HD7340", "HD7340", {}},
+      {8, false, "HD7340", "HD7340", {}},
+      {10, false, "HDSD7340", "HD7340", {}},
+      {32, true, "HD7340Q", "HD7340Q", {}},
+      {99, false, "Getting ID", "", {"Invalid Identification Recieved, verify com port and retry.  99 200"}},
   };
   for (const ModelCase& c : kCases) {
-    SCOPED_TRACE(static_cast<int>(c.code));
+    SCOPED_TRACE(c.code);
     LinkRig rig;
     rig.Open();
     std::string menu;
@@ -74,7 +74,7 @@ TEST(Replies, ShowTheModelAndChooseItsMenu) {
     rig.form.mnuHD7340Q.OnClick([&] { menu += "HD7340Q"; });
     rig.form.StatBar(4).SetText("Getting ID");
     rig.vars.UnitLocalMode = true;
-    rig.ReceiveFields({15, 0, 53, c.code, 200});
+    rig.ReceiveFields({15, 0, 53, static_cast<std::uint8_t>(c.code), 200});
     EXPECT_EQ(rig.Panel(4), c.panel4);
     EXPECT_EQ(menu, c.menu);
     EXPECT_EQ(rig.comms.IsModelQ(), c.modelQ);

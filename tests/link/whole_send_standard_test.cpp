@@ -7,7 +7,6 @@ namespace marlinset {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr int kStandard1080i60 = 4;
 const char* const kNotDetected = "Video Standard not detected. Verify communications.";
@@ -21,10 +20,10 @@ struct StandardCase {
   const char* what;
   const char* configuration;
   bool manual;
+  SendEnd end;
   std::vector<BoxAnswer> answers;
   std::vector<std::string> boxes;
   std::vector<std::string> sent;  ///< behind the first question for the status
-  SendEnd end;
 };
 
 constexpr BoxAnswer kYes = BoxAnswer::kYes;
@@ -33,27 +32,27 @@ const char* const kSense = "15 0 52";
 const char* const kManual = "15 0 192 0 0 1 0 0 0";
 
 const StandardCase kCases[] = {
-    {"agreed", "1080i/60", false, {}, {}, {}, SendEnd::kComplete},
-    {"by command, refused", "525i/60", true, {kNo}, {kChange}, {}, SendEnd::kRefused},
-    {"by command", "525i/60", true, {kYes}, {kChange}, {"15 0 36 6", kSense}, SendEnd::kComplete},
-    {"by command, 720p/60", "720p/60", true, {kYes}, {kChange}, {}, SendEnd::kNoCode},
-    {"by command, without a code", "2160p", true, {kYes}, {kChange}, {}, SendEnd::kNoCode},
+    {"agreed", "1080i/60", false, SendEnd::kComplete, {}, {}, {}},
+    {"by command, refused", "525i/60", true, SendEnd::kRefused, {kNo}, {kChange}, {}},
+    {"by command", "525i/60", true, SendEnd::kComplete, {kYes}, {kChange}, {"15 0 36 6", kSense}},
+    {"by command, 720p/60", "720p/60", true, SendEnd::kNoCode, {kYes}, {kChange}, {}},
+    {"by command, without a code", "2160p", true, SendEnd::kNoCode, {kYes}, {kChange}, {}},
     {"by input, refused",
      "525i/60",
      false,
+     SendEnd::kRefused,
      {kNo, BoxAnswer::kOk},
      {kMismatch, kAdvice},
-     {},
-     SendEnd::kRefused},
-    {"by input", "525i/60", false, {kYes}, {kMismatch}, {kManual, "15 0 36 6", kSense}, SendEnd::kComplete},
+     {}},
+    {"by input", "525i/60", false, SendEnd::kComplete, {kYes}, {kMismatch}, {kManual, "15 0 36 6", kSense}},
     {"by input, 720p/60",
      "720p/60",
      false,
+     SendEnd::kComplete,
      {kYes},
      {kMismatch},
-     {kManual, "15 0 36 8", kSense},
-     SendEnd::kComplete},
-    {"by input, without a code", "2160p", false, {kYes}, {kMismatch}, {kManual}, SendEnd::kNoCode},
+     {kManual, "15 0 36 8", kSense}},
+    {"by input, without a code", "2160p", false, SendEnd::kNoCode, {kYes}, {kMismatch}, {kManual}},
 };
 
 TEST(WholeSendStandard, BringsUnitAndConfigurationTogether) {

@@ -80,6 +80,7 @@ std::vector<Row> SequenceOf(bool modelQ, bool charOn) {
 
 std::vector<std::string> FieldsOf(const std::vector<Row>& rows) {
   std::vector<std::string> fields;
+  fields.reserve(rows.size());
   for (const Row& row : rows) fields.emplace_back(row.fields);
   return fields;
 }
