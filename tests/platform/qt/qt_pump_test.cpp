@@ -5,6 +5,7 @@
 
 #include <QMetaObject>
 #include <QObject>
+#include <QTimer>
 #include <vector>
 
 #include "platform/runtime_error.h"
@@ -35,18 +36,21 @@ TEST(QtPump, TicksOtherTimersWhileAHandlerPumps) {
   QtBench bench;
   int innerTicks = 0;
   bool outerDone = false;
-  Timer inner(bench.pump, bench.guard, "inner", 5);
+  Timer inner(bench.pump, bench.guard, "inner", 7);
   Timer outer(bench.pump, bench.guard, "outer", 10);
   inner.OnTick([&] { ++innerTicks; });
   outer.OnTick([&] {
     const int before = innerTicks;
-    while (innerTicks < before + 2) bench.pump.Pump();
+    while (innerTicks < before + 2 && !bench.pump.Ending()) bench.pump.Pump();
     outerDone = true;
     outer.SetEnabled(false);
   });
   inner.SetEnabled(true);
   outer.SetEnabled(true);
+  QObject watchdog;
+  QTimer::singleShot(20000, &watchdog, [&] { bench.pump.End(); });
   EXPECT_TRUE(bench.Wait([&] { return outerDone; }));
+  EXPECT_FALSE(bench.pump.Ending());
 }
 
 TEST(QtPump, KeepsTickingAfterAHandlerFailed) {

@@ -171,6 +171,7 @@ TEST_F(QtSerialPortTest, ForgetsWhatCameBeforeTheOpening) {
   port.Output(kReply);  // nothing happens on a closed port
   EXPECT_EQ(port.OutBufferCount(), 0U);
 
+  unit.Send(Bytes{0x00, 0x02});
   port.SetPortOpen(true);
   unit.Send(kReply);
   EXPECT_EQ(NextReply(), kReply);
