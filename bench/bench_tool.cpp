@@ -17,7 +17,8 @@ CommonOptions BenchTool::Options(const std::string& device) const {
 }
 
 BenchTool::BenchTool(const std::string& device)
-    : computer_(Options(device), Computer::ClockKind::kReal, dialogs_), tool_(computer_.MakePlatform()) {
+    : computer_(Options(device), Computer::ClockKind::kReal, dialogs_, fileDialog_),
+      tool_(computer_.MakePlatform()) {
   if (!tool_.Start("")) throw std::runtime_error("the tool does not start");
   tool_.ports.UsePort(kLowestPort);
   tool_.form.bGetID.Press();

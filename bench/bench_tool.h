@@ -25,8 +25,14 @@ class BenchTool {
   };
   CommonOptions Options(const std::string& device) const;
 
+  class NoFiles : public FileDialog {
+    std::optional<std::string> AskOpen() override { return std::nullopt; }
+    std::optional<std::string> AskSave() override { return std::nullopt; }
+  };
+
   QTemporaryDir folder_;
   Refusal dialogs_;
+  NoFiles fileDialog_;
   Computer computer_;
   Tool tool_;
 };

@@ -26,8 +26,8 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
   }
 }
 
-Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs)
-    : dialogs_(dialogs), guard_(dialogs), programFolder_(options.programFolder) {
+Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs, FileDialog& fileDialog)
+    : dialogs_(dialogs), fileDialog_(fileDialog), guard_(dialogs), programFolder_(options.programFolder) {
   if (programFolder_.empty()) programFolder_ = QCoreApplication::applicationDirPath().toStdString();
   settings_ = options.settingsFile.empty() ? std::make_unique<QtSettings>()
                                            : std::make_unique<QtSettings>(options.settingsFile);
@@ -42,7 +42,7 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
 }
 
 Platform Computer::MakePlatform(MSComm& line) {
-  return {*pump_, line, engine_, dialogs_, *settings_, guard_, programFolder_};
+  return {*pump_, line, engine_, dialogs_, *settings_, guard_, fileDialog_, files_, programFolder_};
 }
 
 }  // namespace marlinset

@@ -8,7 +8,9 @@
 #include "core/variables.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
+#include "platform/file_dialog.h"
 #include "platform/guard.h"
+#include "platform/local_files.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/port_map.h"
@@ -36,7 +38,7 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options);
 class Computer {
  public:
   enum class ClockKind { kReal, kVirtual };
-  Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs);
+  Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs, FileDialog& fileDialog);
 
   EventPump& Pump() { return *pump_; }
   MSComm& Line() { return *line_; }
@@ -46,6 +48,8 @@ class Computer {
 
  private:
   Dialogs& dialogs_;
+  FileDialog& fileDialog_;
+  LocalFiles files_;
   Guard guard_;
   std::string programFolder_;
   std::unique_ptr<SettingsStore> settings_;

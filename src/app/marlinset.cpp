@@ -7,6 +7,7 @@
 #include "app/tool.h"
 #include "gui/main_window.h"
 #include "gui/qt_dialogs.h"
+#include "gui/qt_file_dialog.h"
 
 namespace marlinset {
 namespace {
@@ -15,7 +16,8 @@ constexpr int kExitUsage = 2;
 
 int RunWindow(const CommonOptions& options, bool send) {
   QtDialogs dialogs;
-  Computer computer(options, Computer::ClockKind::kReal, dialogs);
+  QtFileDialog fileDialog;
+  Computer computer(options, Computer::ClockKind::kReal, dialogs, fileDialog);
   Tool tool(computer.MakePlatform());
   const MainWindow window(tool.form,
                           {.deviceName = [&](int port) { return computer.Line().DeviceName(port); },

@@ -11,6 +11,8 @@ class DataEngine;
 class Dialogs;
 class SettingsStore;
 class Guard;
+class FileDialog;
+class FileSystem;
 
 /// What the computer offers, as the tool sees it. Put together in app/ (or in a test) and handed down by
 /// reference.
@@ -21,6 +23,8 @@ struct Platform {
   Dialogs& dialogs;
   SettingsStore& settings;
   Guard& guard;
+  FileDialog& fileDialog;
+  FileSystem& files;
   /// Folder of the program: reference database and default configuration lie here.
   std::string programFolder;
 };

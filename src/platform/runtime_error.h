@@ -22,11 +22,17 @@ class RuntimeError : public std::exception {
   std::string description_;
 };
 
+constexpr int kErrInvalidCall = 5;
 constexpr int kErrOverflow = 6;
+constexpr int kErrMemory = 7;
 constexpr int kErrSubscript = 9;
 constexpr int kErrTypeMismatch = 13;
 constexpr int kErrInternal = 51;
 constexpr int kErrFileNotFound = 53;
+constexpr int kErrDevice = 57;
+constexpr int kErrDiskFull = 61;
+constexpr int kErrFileAccess = 75;
+constexpr int kErrPathNotFound = 76;
 constexpr int kErrNoSuchElement = 340;
 constexpr int kErrElementLoaded = 360;
 constexpr int kErrBadProperty = 380;

@@ -7,9 +7,11 @@
 #include "platform/guard.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "tests/support/fake_dialogs.h"
+#include "tests/support/fake_file_dialog.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/sqlite_file.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/test_files.h"
 #include "tests/support/unit_line.h"
 
 namespace marlinset {
@@ -24,7 +26,9 @@ struct DatabaseTool {
   FakeDialogs dialogs;
   MemorySettings settings;
   Guard guard{dialogs};
-  Platform platform{pump, line, engine, dialogs, settings, guard, folder.Path() + "/"};
+  FakeFileDialog fileDialog;
+  TestFiles files;
+  Platform platform{pump, line, engine, dialogs, settings, guard, fileDialog, files, folder.Path() + "/"};
   Variables variables;
   ReferenceDatabase database{platform, variables};
 

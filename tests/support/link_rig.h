@@ -17,8 +17,10 @@
 #include "platform/guard.h"
 #include "platform/platform.h"
 #include "tests/support/fake_dialogs.h"
+#include "tests/support/fake_file_dialog.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/sample_panels.h"
+#include "tests/support/test_files.h"
 #include "tests/support/unit_line.h"
 
 namespace marlinset {
@@ -84,8 +86,10 @@ struct LinkRigOn {
   FakeDialogs dialogs;
   MemorySettings settings;
   Guard guard{dialogs};
+  FakeFileDialog fileDialog;
+  TestFiles files;
   NoEngine engine;
-  Platform platform{pump, line, engine, dialogs, settings, guard, ""};
+  Platform platform{pump, line, engine, dialogs, settings, guard, fileDialog, files, ""};
   Variables vars;
   FrmStart form{pump, guard};
   Ports ports{platform, vars, form};

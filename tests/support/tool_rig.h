@@ -7,7 +7,9 @@
 #include "platform/guard.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "tests/support/fake_dialogs.h"
+#include "tests/support/fake_file_dialog.h"
 #include "tests/support/memory_settings.h"
+#include "tests/support/test_files.h"
 #include "tests/support/unit_line.h"
 
 namespace marlinset {
@@ -15,7 +17,7 @@ namespace marlinset {
 /// The whole tool on the virtual clock with the shipped reference database and a virtual unit on every port.
 struct ToolRig {
   explicit ToolRig(const UnitSettings& unit = {}, const std::string& folder = SHIPPED_DATABASE_FOLDER)
-      : line(pump, unit), tool({pump, line, engine, dialogs, settings, guard, folder}) {
+      : line(pump, unit), tool({pump, line, engine, dialogs, settings, guard, fileDialog, files, folder}) {
     line.SetPorts({1, 2, 3, 4});
   }
 
@@ -32,6 +34,8 @@ struct ToolRig {
   FakeDialogs dialogs;
   MemorySettings settings;
   Guard guard{dialogs};
+  FakeFileDialog fileDialog;
+  TestFiles files;
   Tool tool;
 };
 

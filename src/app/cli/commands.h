@@ -24,6 +24,7 @@ enum ExitStatus : int {
 struct CliOptions {
   CommonOptions common;
   std::vector<std::string> answers;  ///< for the boxes to come: yes, no, ok, cancel
+  std::vector<std::string> files;    ///< for the file dialogs to come: a path, or cancel
   bool virtualClock = false;
   std::string scriptFile;  ///< empty: standard input
   bool verbose = false;    ///< send: print each message

@@ -2,6 +2,7 @@
 #include "app/cli/queued_dialogs.h"
 
 #include <array>
+#include <system_error>
 #include <utility>
 
 namespace marlinset {
@@ -46,6 +47,33 @@ bool QueuedDialogs::QueueAnswer(std::string_view word) {
 
 Json QueuedDialogs::TakeMessages() {
   return std::exchange(messages_, Json::array());
+}
+
+QueuedFileDialog::QueuedFileDialog(QueuedDialogs& messages) : messages_(messages) {
+  std::error_code unknown;
+  startFolder_ = std::filesystem::current_path(unknown);
+}
+
+void QueuedFileDialog::QueueFile(const std::string& path) {
+  if (path == "cancel") {
+    files_.emplace_back();
+  } else {
+    files_.emplace_back((startFolder_ / path).string());
+  }
+}
+
+std::optional<std::string> QueuedFileDialog::Next(const char* kind) {
+  std::optional<std::string> file;
+  if (!files_.empty()) {
+    file = std::move(files_.front());
+    files_.pop_front();
+  }
+  messages_.Note({{"kind", kind},
+                  {"file", file ? Json(*file) : Json()},
+                  {"filename", FileName},
+                  {"initdir", InitDir},
+                  {"filter", Filter}});
+  return file;
 }
 
 }  // namespace marlinset

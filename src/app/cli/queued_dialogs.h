@@ -2,12 +2,15 @@
 #pragma once
 
 #include <deque>
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "app/cli/json.h"
 #include "platform/dialogs.h"
+#include "platform/file_dialog.h"
 
 namespace marlinset {
 
@@ -22,6 +25,8 @@ class QueuedDialogs : public Dialogs {
   /// Called for each box with its answer, for whoever prints them.
   std::function<void(const MessageBox&, BoxAnswer)> onShown;
 
+  /// Notes something else that came up: a file dialog.
+  void Note(Json message) { messages_.push_back(std::move(message)); }
   /// What came up since the last call, in order.
   Json TakeMessages();
 
@@ -30,6 +35,28 @@ class QueuedDialogs : public Dialogs {
 
   std::deque<BoxAnswer> answers_;
   Json messages_ = Json::array();
+};
+
+/// The file dialog of a tool without a screen: answered from a queue, noted with the boxes. With an empty
+/// queue it is cancelled.
+class QueuedFileDialog : public FileDialog {
+ public:
+  explicit QueuedFileDialog(QueuedDialogs& messages);
+
+  /// Queues a path, or "cancel". A path that is not full counts from the folder in which the program was
+  /// started, whatever folder the tool has gone to since.
+  void QueueFile(const std::string& path);
+
+ protected:
+  std::optional<std::string> AskOpen() override { return Next("open"); }
+  std::optional<std::string> AskSave() override { return Next("save"); }
+
+ private:
+  std::optional<std::string> Next(const char* kind);
+
+  QueuedDialogs& messages_;
+  std::filesystem::path startFolder_;
+  std::deque<std::optional<std::string>> files_;
 };
 
 }  // namespace marlinset

@@ -32,7 +32,9 @@ int RunScript(const CliOptions& options) {
   QueuedDialogs dialogs;
   for (const std::string& answer : options.answers) dialogs.QueueAnswer(answer);
   const auto clock = options.virtualClock ? Computer::ClockKind::kVirtual : Computer::ClockKind::kReal;
-  Computer computer(options.common, clock, dialogs);
+  QueuedFileDialog fileDialog(dialogs);
+  for (const std::string& file : options.files) fileDialog.QueueFile(file);
+  Computer computer(options.common, clock, dialogs, fileDialog);
   RecordingLine line(computer.Line(), computer.Pump());
   Platform platform = computer.MakePlatform(line);
   Tool tool(platform);

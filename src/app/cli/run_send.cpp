@@ -73,7 +73,8 @@ class Progress {
 class TerminalRun {
  public:
   explicit TerminalRun(const CliOptions& options)
-      : computer_(options.common, Computer::ClockKind::kReal, dialogs_), tool(computer_.MakePlatform()) {
+      : computer_(options.common, Computer::ClockKind::kReal, dialogs_, fileDialog_),
+        tool(computer_.MakePlatform()) {
     for (const std::string& answer : options.answers) dialogs_.QueueAnswer(answer);
     dialogs_.onShown = PrintBox;
     started_ = Start(options);
@@ -92,6 +93,7 @@ class TerminalRun {
     return true;
   }
   QueuedDialogs dialogs_;
+  QueuedFileDialog fileDialog_{dialogs_};
   Computer computer_;
   bool started_ = false;
 

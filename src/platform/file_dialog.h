@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace marlinset {
+
+/// How a cancelled file dialog reports itself when CancelError is set.
+inline constexpr int kErrDialogCancelled = 32755;
+
+/// Flags of a file dialog.
+inline constexpr int kOverwritePrompt = 2;  ///< asks before an existing file is chosen for saving
+inline constexpr int kHideReadOnly = 4;
+
+/// The tool's one file dialog. It also carries the name of the file in work between dialogs: whoever saves or
+/// loads a configuration does so under `FileName`. One implementation shows a window, one answers from a
+/// queue (script, tests).
+class FileDialog {
+ public:
+  virtual ~FileDialog() = default;
+  FileDialog() = default;
+  FileDialog(const FileDialog&) = delete;
+  FileDialog& operator=(const FileDialog&) = delete;
+
+  bool CancelError = false;  ///< a cancelled dialog is failure 32755 instead of nothing
+  std::string Filter;        ///< description and pattern, "Text files|*.txt"
+  int FilterIndex = 1;       ///< pattern in force, from 1
+  int Flags = 0;
+  std::string FileName;  ///< full path; what is offered before a dialog, what was chosen after it
+  std::string InitDir;   ///< folder that the dialog opens in
+
+  /// Asks for a file to open; stores the choice in FileName. Cancelled: FileName stays.
+  void ShowOpen() { Take(AskOpen()); }
+  /// Asks for a file to save to; stores the choice in FileName. Cancelled: FileName stays.
+  void ShowSave() { Take(AskSave()); }
+
+ protected:
+  /// The full path chosen; nothing when the operator cancelled.
+  virtual std::optional<std::string> AskOpen() = 0;
+  virtual std::optional<std::string> AskSave() = 0;
+
+ private:
+  void Take(std::optional<std::string> choice);
+};
+
+}  // namespace marlinset

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/file_system.h"
+
+#include <filesystem>
+
+namespace marlinset {
+
+std::size_t LastSeparator(std::string_view path) {
+  constexpr bool kSlashIsNative = std::filesystem::path::preferred_separator == '/';
+  return path.find_last_of(kSlashIsNative ? "\\/" : "\\");
+}
+
+std::string FileNameOf(std::string_view path) {
+  const auto separator = LastSeparator(path);
+  return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
+}
+
+}  // namespace marlinset

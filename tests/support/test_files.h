@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/local_files.h"
+#include "platform/runtime_error.h"
+
+namespace marlinset {
+
+/// The computer's files with faults on demand. Changes of the folder are recorded, not made: the folder
+/// belongs to the whole test program.
+class TestFiles : public FileSystem {
+ public:
+  std::vector<std::string> folders;           ///< every ChangeDirectory that went well
+  bool refuseFolders = false;                 ///< ChangeDirectory fails
+  bool refuseCopies = false;                  ///< a folder that takes no new file
+  bool refuseReading = false;                 ///< files open but do not give their bytes
+  std::optional<std::size_t> room;            ///< bytes that still fit on the disk
+  std::optional<std::string> writeElsewhere;  ///< what is opened for writing in place of the file
+
+  bool FileExists(const std::string& path) const override { return local_.FileExists(path); }
+  std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
+    auto file = local_.OpenForReading(path);
+    if (refuseReading) return std::make_unique<DeafFile>(file->Length());
+    return file;
+  }
+  std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) override {
+    auto file = local_.OpenForWriting(writeElsewhere.value_or(path));
+    if (room) return std::make_unique<FullFile>(std::move(file), *room);
+    return file;
+  }
+  void Copy(const std::string& from, const std::string& to) override {
+    if (refuseCopies) throw RuntimeError(kErrFileAccess, "Path/File access error");
+    local_.Copy(from, to);
+  }
+  void ChangeDirectory(const std::string& folder) override {
+    if (refuseFolders) throw RuntimeError(kErrPathNotFound, "Path not found");
+    folders.push_back(folder);
+  }
+
+ private:
+  class DeafFile : public InputFile {
+   public:
+    explicit DeafFile(std::size_t length) : length_(length) {}
+    std::size_t Length() const override { return length_; }
+    std::vector<std::uint8_t> ReadAll() override { throw RuntimeError(kErrDevice, "Device I/O error"); }
+
+   private:
+    std::size_t length_;
+  };
+
+  class FullFile : public OutputFile {
+   public:
+    FullFile(std::unique_ptr<OutputFile> file, std::size_t& room) : file_(std::move(file)), room_(room) {}
+    void Write(std::span<const std::uint8_t> bytes) override {
+      const bool fits = bytes.size() <= room_;
+      const auto written = bytes.first(fits ? bytes.size() : room_);
+      room_ -= written.size();
+      file_->Write(written);
+      if (!fits) throw RuntimeError(kErrDiskFull, "Disk full");
+    }
+
+   private:
+    std::unique_ptr<OutputFile> file_;
+    std::size_t& room_;
+  };
+
+  LocalFiles local_;
+};
+
+}  // namespace marlinset
