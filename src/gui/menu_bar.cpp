@@ -75,7 +75,7 @@ void FillOptions(QMenu& menu, FrmStart& form, const std::function<std::string(in
 
 }  // namespace
 
-void FillMenuBar(QMenuBar& bar, FrmStart& form, std::function<std::string(int)> deviceName) {
+void FillMenuBar(QMenuBar& bar, FrmStart& form, const std::function<std::string(int)>& deviceName) {
   AddLines(*bar.addMenu(QStringLiteral("&File")),
            {{&form.mnuNew, 'N', false, QKeySequence::New},
             {&form.mnuOpen, 'O', false, QKeySequence::Open},

@@ -12,6 +12,6 @@ namespace marlinset {
 
 /// The menus File, Mode, Options, Parameters and Help. `deviceName` tells the device behind a port number,
 /// empty when there is none; it is asked each time the menu Options opens.
-void FillMenuBar(QMenuBar& bar, FrmStart& form, std::function<std::string(int)> deviceName);
+void FillMenuBar(QMenuBar& bar, FrmStart& form, const std::function<std::string(int)>& deviceName);
 
 }  // namespace marlinset
