@@ -8,6 +8,7 @@
 #include "gui/main_window.h"
 #include "gui/qt_dialogs.h"
 #include "gui/qt_file_dialog.h"
+#include "gui/readable_style.h"
 
 namespace marlinset {
 namespace {
@@ -44,6 +45,7 @@ int Main(int argc, char** argv) {
     app.allow_extras();  // the desktop's own options are still among them
     app.parse(argc, argv);
     const QApplication application(argc, argv);
+    QApplication::setStyle(new ReadableStyle);
     app.allow_extras(false);
     app.parse(argc, argv);
     return RunWindow(options, send);

@@ -2,8 +2,6 @@
 #include "app/tool.h"
 
 #include "platform/event_pump.h"
-#include "platform/guard.h"
-#include "platform/ms_comm.h"
 
 namespace marlinset {
 
@@ -14,6 +12,7 @@ Tool::Tool(const Platform& computer)
       panels(variables, form),
       ports(platform, variables, form),
       communications(platform, variables, form),
+      lineEvents(platform, form, communications, ports),
       identification(platform, variables, form, communications),
       commands(platform, variables, form, communications),
       wholeSend(platform, variables, form, communications, commands),
@@ -23,24 +22,12 @@ Tool::Tool(const Platform& computer)
       parameterList(variables, form, panels),
       startUp(platform, variables, form, database, panels, ports) {
   startUp.KeepStatusWhile([this] { return wholeSend.Running(); });
-  platform.ComP1.OnComm([this] { platform.guard.Run([this] { LineEvent(); }); });
 }
 
 bool Tool::Start(const std::string& commandText) {
   const bool loaded = startUp.Form_Load(commandText);
   form.SetVisible(true);
   return loaded;
-}
-
-void Tool::LineEvent() {
-  const int event = platform.ComP1.CommEvent();
-  if (event == kCommReceive) {
-    form.pComBut.SetBackColor(kGreen);
-    form.HideImages();
-    communications.ReceivePacket();
-  } else if (event == kCommCtsTimeout || event == kCommDeviceGone) {
-    ports.LineLost(event);
-  }
 }
 
 }  // namespace marlinset

@@ -9,6 +9,7 @@
 #include "core/variables.h"
 #include "link/communications.h"
 #include "link/identification.h"
+#include "link/line_events.h"
 #include "link/ports.h"
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
@@ -39,6 +40,7 @@ class Tool {
   PanelSetup panels;
   Ports ports;
   Communications communications;
+  LineEvents lineEvents;
   Identification identification;
   SettingCommands commands;
   WholeSend wholeSend;
@@ -47,9 +49,6 @@ class Tool {
   VideoStandard videoStandard;
   ParameterList parameterList;
   StartUp startUp;
-
- private:
-  void LineEvent();
 };
 
 }  // namespace marlinset

@@ -23,11 +23,6 @@ constexpr std::array<std::string_view, 7> kDownconvertWindows = {
 /// The message's window is as wide as its message, so its right-hand limit takes no account of a base width.
 constexpr int kTextWindowRow = 13;
 
-/// Classes that are internal to the unit; their parameters don't stand in the list.
-constexpr bool IsHiddenClass(int parameterClass) {
-  return parameterClass == 1 || parameterClass == 25;
-}
-
 int CheckValue(bool on) {
   return on ? 1 : 0;
 }
@@ -141,7 +136,7 @@ void PanelSetup::ArrangeWindowRows() {
   FitScrollBar(form_.VScroll1, form_.pWinIn, shownRows);
   const auto shownParameters =
       std::count_if(vars_.SystemParameters.begin(), vars_.SystemParameters.end(),
-                    [](const SystemParameterRec& parameter) { return !IsHiddenClass(parameter.Class); });
+                    [](const SystemParameterRec& parameter) { return !IsInternalClass(parameter.Class); });
   FitScrollBar(form_.VScroll2, form_.pParIn, static_cast<int>(shownParameters));
 }
 
@@ -164,7 +159,7 @@ void PanelSetup::LoadParameterRow(int row) {
 
 void PanelSetup::FillParameterRow(int row) {
   const SystemParameterRec parameter = At(vars_.SystemParameters, row);
-  const bool shown = !IsHiddenClass(parameter.Class);
+  const bool shown = !IsInternalClass(parameter.Class);
   form_.lClass(row).SetCaption(std::to_string(parameter.Class));
   form_.lParam(row).SetCaption(shown ? std::to_string(parameter.Parameter) : "");
   form_.lDesc(row).SetCaption(shown ? parameter.Description : "");

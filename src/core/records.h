@@ -153,4 +153,10 @@ struct SystemParameterRec {
   std::int16_t Value = 0;
 };
 
+/// Parameters of classes 1 and 25 are the unit's own affair: they stand in no visible row and are not sent
+/// one by one.
+constexpr bool IsInternalClass(int parameterClass) {
+  return parameterClass == 1 || parameterClass == 25;
+}
+
 }  // namespace marlinset

@@ -11,8 +11,6 @@
 namespace marlinset {
 namespace {
 
-constexpr std::int16_t kInternalClasses[] = {1, 25};
-
 /// How positions count in one font size: lines of video to a row of characters, and the highest row that is
 /// still on the screen.
 struct FontSize {
@@ -43,8 +41,7 @@ int WindowFlags(const MessageSource& source) {
 }  // namespace
 
 bool IsSendable(const SystemParameterRec& parameter) {
-  return std::find(std::begin(kInternalClasses), std::end(kInternalClasses), parameter.Class) ==
-         std::end(kInternalClasses);
+  return !IsInternalClass(parameter.Class);
 }
 
 std::string MessageText(std::string_view text) {

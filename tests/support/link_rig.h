@@ -10,6 +10,7 @@
 #include "link/communications.h"
 #include "link/frame.h"
 #include "link/identification.h"
+#include "link/line_events.h"
 #include "link/ports.h"
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
@@ -40,16 +41,6 @@ template <class Line = UnitLine>
 struct LinkRigOn {
   explicit LinkRigOn(int model = kModelHd7340) : line(pump, UnitSettings{.model = model}) {
     FillSamplePanels(vars, form);
-    line.OnComm([this] { LineEvent(); });
-  }
-
-  void LineEvent() {
-    const int event = line.CommEvent();
-    if (event == kCommCtsTimeout || event == kCommDeviceGone) ports.LineLost(event);
-    if (event != kCommReceive) return;
-    form.pComBut.SetBackColor(kGreen);
-    form.HideImages();
-    comms.ReceivePacket();
   }
 
   void Open() { line.SetPortOpen(true); }
@@ -94,6 +85,7 @@ struct LinkRigOn {
   FrmStart form{pump, guard};
   Ports ports{platform, vars, form};
   Communications comms{platform, vars, form};
+  LineEvents lineEvents{platform, form, comms, ports};
   Identification identification{platform, vars, form, comms};
   SettingCommands commands{platform, vars, form, comms};
   WholeSend wholeSend{platform, vars, form, comms, commands};
