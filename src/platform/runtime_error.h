@@ -33,6 +33,7 @@ constexpr int kErrDevice = 57;
 constexpr int kErrDiskFull = 61;
 constexpr int kErrFileAccess = 75;
 constexpr int kErrPathNotFound = 76;
+constexpr int kErrFileFormat = 321;
 constexpr int kErrNoSuchElement = 340;
 constexpr int kErrElementLoaded = 360;
 constexpr int kErrBadProperty = 380;

@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/configuration_file.h"
+
+#include <functional>
+#include <utility>
+
+#include "core/frm_start.h"
+#include "core/panel_setup.h"
+#include "core/variables.h"
+#include "files/panel_document.h"
+#include "files/qcf_writer.h"
+#include "platform/dialogs.h"
+#include "platform/file_dialog.h"
+#include "platform/file_system.h"
+#include "platform/platform.h"
+#include "platform/settings_store.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+constexpr std::string_view kFilter = "Brandal Marlinset File|*.qcf";
+constexpr std::string_view kFolderKey = "Load";
+constexpr std::string_view kDefaultFileKey = "Default";
+constexpr std::string_view kBackupExtension = ".bak";
+constexpr std::string_view kHeaderFault = "Data Process Error, file header corrupt or unreadable";
+constexpr std::string_view kNoModelFault = "No 7340 Configuration found in file, using Default.";
+constexpr std::string_view kCorrupt = "Data Process Error, file may be corrupt";
+
+/// Runs a flow with a file dialog; a failure other than a cancelled dialog is told. A cancelled dialog leaves
+/// no trace: the name in work is the one from before.
+void WithDialog(Platform& platform, std::string_view message, const std::function<void()>& flow) {
+  const std::string nameBefore = platform.fileDialog.FileName;
+  try {
+    flow();
+  } catch (const RuntimeError& failure) {
+    if (failure.Number() == kErrDialogCancelled) {
+      platform.fileDialog.FileName = nameBefore;
+    } else {
+      platform.dialogs.Tell(std::string(message));
+    }
+  }
+}
+
+}  // namespace
+
+bool IsSystemDefaultName(std::string_view name) {
+  return UpperOf(LeftOf(Trim(name), kSystemDefault.size())) == UpperOf(kSystemDefault);
+}
+
+ConfigurationFile::ConfigurationFile(Platform& platform, Variables& variables, FrmStart& form,
+                                     PanelSetup& panels)
+    : platform_(platform),
+      vars_(variables),
+      form_(form),
+      panels_(panels),
+      loader_(platform, variables, form, panels) {}
+
+void ConfigurationFile::SaveConfig(std::string_view flow) {
+  if (flow != "SaveAs" && flow != "Save") return;
+  platform_.fileDialog.CancelError = true;
+  vars_.LoadFolder = platform_.settings.GetSetting(kFolderKey, vars_.AppPath);
+  WithDialog(platform_, "Error during save, save aborted!", [&] {
+    platform_.fileDialog.Filter = kFilter;
+    platform_.fileDialog.FilterIndex = 1;
+    if (flow == "SaveAs") {
+      AskForName();
+    } else {
+      NameWithoutAsking();
+    }
+    vars_.CurrentFile = platform_.fileDialog.FileName;
+    UpdateFileTitle();
+    WriteConfigFile();
+    ShowStatus("File " + vars_.CurrentFile + " Saved ");
+  });
+}
+
+void ConfigurationFile::AskForName() {
+  FileDialog& dialog = platform_.fileDialog;
+  dialog.Flags = kOverwritePrompt;
+  if (!vars_.LoadFolder.empty()) platform_.files.ChangeDirectory(vars_.LoadFolder);
+  dialog.FileName = vars_.CurrentFile + std::string(kConfigurationExtension);
+  dialog.InitDir = vars_.LoadFolder;
+  for (dialog.ShowSave(); IsSystemDefaultName(FileNameOf(dialog.FileName)); dialog.ShowSave()) {
+    platform_.dialogs.Tell("Cannot overwrite a system default QCF file. Please choose another file name");
+  }
+}
+
+void ConfigurationFile::NameWithoutAsking() {
+  platform_.fileDialog.Flags = kHideReadOnly;
+  platform_.fileDialog.FileName = vars_.LoadFolder + vars_.CurrentFile + std::string(kConfigurationExtension);
+}
+
+void ConfigurationFile::UpdateFileTitle() {
+  const std::string path = vars_.CurrentFile;
+  const std::size_t separator = LastSeparator(path);
+  std::string folder;
+  if (separator != std::string::npos) {
+    const std::size_t name = separator + 1;
+    const std::size_t dot = path.find('.', name);
+    if (dot == std::string::npos) throw RuntimeError(kErrInvalidCall, "Invalid procedure call or argument");
+    vars_.CurrentFile = path.substr(name, dot - name);
+    folder = path.substr(0, name);
+  }
+  platform_.settings.SaveSetting(kFolderKey, folder);
+  form_.SetCaption("7340 Marlinset - " + vars_.CurrentFile);
+}
+
+void ConfigurationFile::WriteConfigFile() {
+  const std::string name = platform_.fileDialog.FileName;
+  KeepOldContent(name);
+  unfinished_ = name;
+  const std::unique_ptr<OutputFile> file = platform_.files.OpenForWriting(name);
+  const QcfDocument document = DocumentOfPanels(vars_, form_);
+  file->Write(kQcfSignature);
+  file->Write(IdentificationBlock(document));
+  file->Write(ConfigurationBlock(document));
+  unfinished_.clear();
+}
+
+/// What a save left half written is no content to keep: it would take the place of the last whole one.
+void ConfigurationFile::KeepOldContent(const std::string& name) {
+  FileSystem& files = platform_.files;
+  if (!files.FileExists(name)) return;
+  const std::string kept = name + std::string(kBackupExtension);
+  if (files.FileExists(kept) && (name == unfinished_ || !IsWhole(name))) return;
+  files.Copy(name, kept);
+}
+
+bool ConfigurationFile::IsWhole(const std::string& name) {
+  try {
+    ReadDocument(platform_.files.OpenForReading(name)->ReadAll());
+    return true;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
+void ConfigurationFile::LoadConfig() {
+  FileDialog& dialog = platform_.fileDialog;
+  dialog.CancelError = true;
+  vars_.ConfigFolder = platform_.settings.GetSetting(kFolderKey, vars_.AppPath);
+  ShowStatus("Getting Saved Data ");
+  WithDialog(platform_, "Error during load, load aborted!", [&] {
+    dialog.Filter = kFilter;
+    dialog.FilterIndex = 1;
+    dialog.Flags = kHideReadOnly;
+    dialog.FileName = "*" + std::string(kConfigurationExtension);
+    if (!vars_.ConfigFolder.empty()) ChangeToConfigFolder();
+    dialog.InitDir = vars_.ConfigFolder;
+    dialog.ShowOpen();
+    ReadConfigFile();
+    vars_.CurrentFile = dialog.FileName;
+    UpdateFileTitle();
+    ShowStatus("File " + vars_.CurrentFile + " Loaded ");
+  });
+}
+
+void ConfigurationFile::ChangeToConfigFolder() {
+  try {
+    platform_.files.ChangeDirectory(vars_.ConfigFolder);
+  } catch (const RuntimeError&) {
+    // The dialog opens where it can then.
+  }
+}
+
+void ConfigurationFile::ReadConfigFile() {
+  lastRead_ = ReadEnd::kNotFound;
+  const auto bytes = OpeningStage();
+  if (bytes) lastRead_ = ParsingStage(*bytes);
+}
+
+/// The bytes of the file, unless there is nothing to parse; LastRead tells why then.
+std::optional<std::vector<std::uint8_t>> ConfigurationFile::OpeningStage() {
+  std::unique_ptr<InputFile> file;
+  for (bool located = false; !file;) {
+    try {
+      file = platform_.files.OpenForReading(platform_.fileDialog.FileName);
+    } catch (const RuntimeError&) {
+      if (!LocateFile()) return std::nullopt;
+      located = true;
+      continue;
+    }
+    if (located) platform_.settings.SaveSetting(kDefaultFileKey, platform_.fileDialog.FileName);
+  }
+  lastRead_ = ReadEnd::kEmpty;
+  if (file->Length() == 0) return std::nullopt;
+  lastRead_ = ReadEnd::kNotReadable;
+  try {
+    return file->ReadAll();
+  } catch (const RuntimeError&) {
+    ResetPanels("Import Error");
+    return std::nullopt;
+  }
+}
+
+/// Lets the operator look for the file. False when none was chosen.
+bool ConfigurationFile::LocateFile() {
+  FileDialog& dialog = platform_.fileDialog;
+  platform_.dialogs.Tell("Default folder could not found.  Please browse to the .qcf file location");
+  const std::string nameBefore = dialog.FileName;
+  try {
+    platform_.files.ChangeDirectory(vars_.AppPath);
+    dialog.FileName.clear();
+    dialog.InitDir = vars_.AppPath;
+    dialog.ShowOpen();
+  } catch (const RuntimeError&) {
+    dialog.FileName.clear();
+  }
+  if (!dialog.FileName.empty()) return true;
+  dialog.FileName = nameBefore;
+  platform_.dialogs.Tell("Qcf file location was not set, Data will not be loaded properly");
+  return false;
+}
+
+ReadEnd ConfigurationFile::ParsingStage(const std::vector<std::uint8_t>& bytes) {
+  // A damaged file: the defaults are set. A failure of panels or database once the windows are in place: what
+  // was taken stays.
+  const auto parse = [this](const std::function<void()>& step) {
+    try {
+      step();
+      return true;
+    } catch (const QcfError& failure) {
+      ResetPanels(std::string(failure.Which() == QcfError::Fault::kHeader ? kHeaderFault : kNoModelFault));
+    } catch (const RuntimeError&) {
+      ResetPanels(std::string(kCorrupt));
+    }
+    return false;
+  };
+  const auto take = [this](const std::function<void()>& step) {
+    try {
+      step();
+      return true;
+    } catch (const RuntimeError& failure) {
+      platform_.dialogs.Tell(std::to_string(failure.Number()) + "    " + failure.Description());
+      return false;
+    }
+  };
+  std::optional<QcfReader> reader;
+  std::vector<SystemParameterRec> parameters;
+  if (!parse([&] { loader_.LoadPanels(reader.emplace(bytes)); })) return ReadEnd::kNotReadable;
+  if (!take([&] { loader_.UnloadParameterRows(); })) return ReadEnd::kIncomplete;
+  if (!parse([&] { parameters = PanelLoader::ReadParameters(*reader); })) return ReadEnd::kNotReadable;
+  if (!take([&] { loader_.TakeParameters(std::move(parameters)); })) return ReadEnd::kIncomplete;
+  return ReadEnd::kLoaded;
+}
+
+void ConfigurationFile::ResetPanels(std::string message) {
+  platform_.dialogs.Tell(std::move(message));
+  panels_.SetDefaults();
+}
+
+void ConfigurationFile::ShowStatus(const std::string& text) {
+  form_.StatBar(4).SetText(text);
+}
+
+}  // namespace marlinset

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/panel_loader.h"
+
+namespace marlinset {
+
+/// Names of the shipped configurations begin so; the tool never saves over them.
+inline constexpr std::string_view kSystemDefault = "System Default";
+inline constexpr std::string_view kConfigurationExtension = ".qcf";
+
+/// Whether a file name, without regard to case and to blanks before it, begins with "System Default".
+bool IsSystemDefaultName(std::string_view name);
+
+/// How the last read of a configuration file ended.
+enum class ReadEnd {
+  kNone,         ///< there was none yet
+  kLoaded,       ///< the panels hold the file's configuration
+  kEmpty,        ///< the file has no byte; the panels stayed
+  kNotFound,     ///< it could not be opened and no other was chosen; the panels stayed
+  kNotReadable,  ///< it is damaged or for another tool; the panels hold the defaults
+  kIncomplete,   ///< all but the parameters was taken
+};
+
+/// Saving and loading the working configuration. The file in work is the one that the file dialog's FileName
+/// holds. Every failure is told here; only a failure while the defaults are set goes to the caller.
+class ConfigurationFile {
+ public:
+  ConfigurationFile(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels);
+
+  /// "SaveAs" asks for the name, "Save" writes under the present one; any other text does nothing. The file
+  /// is written in place, so that a longer one keeps its old end, which no reader looks at; what it held
+  /// before stands beside it in NAME.qcf.bak. A failure leaves what was written by then.
+  void SaveConfig(std::string_view flow);
+
+  /// Asks for a file and reads it. Title and status name the file also when it could not be read.
+  void LoadConfig();
+
+  /// Reads the file named by the dialog.
+  void ReadConfigFile();
+  ReadEnd LastRead() const { return lastRead_; }
+
+  /// Reduces CurrentFile from a full path to the bare name without folder and extension (what follows the
+  /// leftmost dot), remembers the folder and shows the name in the title. A path without a folder stays as it
+  /// is. Failure 5 for a name without a dot.
+  void UpdateFileTitle();
+
+ private:
+  void AskForName();
+  void NameWithoutAsking();
+  void WriteConfigFile();
+  void KeepOldContent(const std::string& name);
+  bool IsWhole(const std::string& name);
+  void ChangeToConfigFolder();
+  std::optional<std::vector<std::uint8_t>> OpeningStage();
+  bool LocateFile();
+  ReadEnd ParsingStage(const std::vector<std::uint8_t>& bytes);
+  void ResetPanels(std::string message);
+  void ShowStatus(const std::string& text);
+
+  Platform& platform_;
+  Variables& vars_;
+  FrmStart& form_;
+  PanelSetup& panels_;
+  PanelLoader loader_;
+  ReadEnd lastRead_ = ReadEnd::kNone;
+  std::string unfinished_;  ///< the file that the last save did not come to the end of
+};
+
+}  // namespace marlinset

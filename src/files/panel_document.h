@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "files/qcf_document.h"
+
+namespace marlinset {
+
+class FrmStart;
+struct Variables;
+
+/// The working configuration as this tool would save it now. Whether its numbers fit into a file shows when
+/// it is written.
+QcfDocument DocumentOfPanels(const Variables& variables, const FrmStart& form);
+
+}  // namespace marlinset

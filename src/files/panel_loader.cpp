@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/panel_loader.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "core/frm_start.h"
+#include "core/panel_setup.h"
+#include "core/variables.h"
+#include "core/vertical_step.h"
+#include "files/old_names.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+
+namespace marlinset {
+namespace {
+
+Control& ControlOf(const FrmStart& form, const QcfField& field, int index) {
+  Control* control = form.Find(field.control, index);
+  if (!control) throw NoSuchElement(index);
+  return *control;
+}
+
+/// A number of four bytes that the tools in the field can hold.
+int Whole(std::int64_t number) {
+  if (number > std::numeric_limits<std::int32_t>::max()) throw Overflow();
+  return static_cast<int>(number);
+}
+
+std::int64_t NumberOf(const QcfEntry& entry) {
+  return std::get<std::int64_t>(entry.value);
+}
+
+CharWindowRec WindowOf(const QcfRecord& record) {
+  constexpr std::pair<std::string_view, bool CharWindowRec::*> kFlags[] = {
+      {"chSlate", &CharWindowRec::DefaultSlateOnOff},
+      {"chOnOff", &CharWindowRec::DefaultOnOff},
+      {"chField", &CharWindowRec::DefaultFieldOnOff},
+      {"chSym", &CharWindowRec::DefaultSymbolOnOff},
+      {"chDblSize", &CharWindowRec::DoubleHeight}};
+  constexpr std::pair<std::string_view, std::int16_t CharWindowRec::*> kPositions[] = {
+      {"udVer", &CharWindowRec::DefaultVertPosn}, {"udHor", &CharWindowRec::DefaultHorPosn}};
+  CharWindowRec window;
+  for (const QcfEntry& entry : record) {
+    if (entry.field->encoding == QcfEncoding::kText) window.Name = std::get<std::string>(entry.value);
+    for (const auto& [control, flag] : kFlags) {
+      if (control == entry.field->control) window.*flag = NumberOf(entry) != 0;
+    }
+    for (const auto& [control, position] : kPositions) {
+      if (control == entry.field->control) window.*position = static_cast<std::int16_t>(NumberOf(entry));
+    }
+  }
+  return window;
+}
+
+}  // namespace
+
+PanelLoader::PanelLoader(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels)
+    : platform_(platform),
+      vars_(variables),
+      form_(form),
+      panels_(panels),
+      upgrade_(platform, variables, form, panels) {}
+
+void PanelLoader::LoadPanels(QcfReader& reader) {
+  for (const QcfField& field : QcfFields()) {
+    if (field.use == QcfUse::kVersion || field.since > reader.FormatVersion()) continue;
+    if (field.use == QcfUse::kParameters) return;
+    Apply(field, reader.Read(field), reader.FormatVersion());
+  }
+}
+
+void PanelLoader::Apply(const QcfField& field, const QcfValue& value, int version) {
+  if (field.use == QcfUse::kWindows) {
+    TakeWindows(std::get<std::vector<QcfRecord>>(value), version);
+  } else if (field.encoding == QcfEncoding::kText) {
+    ApplyText(field, std::get<std::string>(value));
+  } else {
+    ApplyNumber(field, std::get<std::int64_t>(value));
+  }
+}
+
+void PanelLoader::ApplyNumber(const QcfField& field, std::int64_t stored) {
+  const int number = Whole(stored);
+  switch (field.use) {
+    case QcfUse::kVitcOption:
+      if (number >= 1 && number <= 3) form_.oVITC(number - 1).SetValue(true);
+      return;
+    case QcfUse::kInserter:
+      return TakeInserter(number == 1);
+    case QcfUse::kVitcLine:
+      return TakeVitcLine(form_.upVitc1(field.index), number);
+    default:
+      break;
+  }
+  Control& control = ControlOf(form_, field, field.index);
+  if (control.Kind() == ControlKind::kCheckBox) {
+    static_cast<CheckBox&>(control).SetValue(number);
+  } else {
+    static_cast<SpinControl&>(control).SetValue(number);
+  }
+}
+
+void PanelLoader::ApplyText(const QcfField& field, const std::string& text) {
+  switch (field.use) {
+    case QcfUse::kOperatingMode:
+      return TakeOperatingMode(text);
+    case QcfUse::kSource:
+      return LookUp(field, TranslateCodeName(text));
+    case QcfUse::kSourceOfBox:
+      return LookUp(field, TranslateCodeName(text, &BoxOf(field, field.index)));
+    case QcfUse::kFontSize:
+      LookUp(field, text);
+      return SetVerticalSteps();
+    case QcfUse::kCombo:
+      return LookUp(field, text);
+    default:
+      return static_cast<TextBox&>(ControlOf(form_, field, field.index)).SetText(text);
+  }
+}
+
+void PanelLoader::TakeOperatingMode(const std::string& text) {
+  const std::string name = TranslateModeName(text);
+  const bool known = std::any_of(vars_.OperatingModes.begin(), vars_.OperatingModes.end(),
+                                 [&](const OperatingModeRec& mode) { return mode.Name == name; });
+  if (!known) throw TypeMismatch();
+  vars_.OperatingMode = name;
+  panels_.SetDefaults();
+}
+
+void PanelLoader::TakeInserter(bool on) {
+  form_.mnuCharOff.SetChecked(!on);
+  form_.mnuCharOn.SetChecked(on);
+}
+
+/// A line outside the range of the video standard goes to its other end; the lines, but not their duplicates,
+/// one beyond it. Files and units in the field have it so.
+void PanelLoader::TakeVitcLine(SpinControl& line, int number) {
+  const int lowest = line.Lowest();
+  const bool isDuplicate = line.Index() >= 5;
+  if (number < lowest) {
+    line.SetValue(line.Highest());
+  } else if (number > line.Highest()) {
+    line.SetValue(isDuplicate ? lowest : lowest - 1);
+  } else {
+    line.SetValue(number);
+  }
+}
+
+ComboBox& PanelLoader::BoxOf(const QcfField& field, int index) const {
+  return static_cast<ComboBox&>(ControlOf(form_, field, index));
+}
+
+/// A mode without sources for a box writes an empty text and has to read it again without a word.
+void PanelLoader::LookUp(const QcfField& field, const std::string& text) {
+  ComboBox& box = BoxOf(field, field.index);
+  const auto found = std::find(box.List().begin(), box.List().end(), text);
+  if (found != box.List().end()) {
+    box.SetListIndex(static_cast<int>(found - box.List().begin()));
+    return;
+  }
+  if (text.empty() && box.ListCount() == 0) return;
+  platform_.dialogs.Tell(std::string(field.missing));
+  ComboBox& fallback = BoxOf(field, field.fallback);
+  if (fallback.ListCount() > 0) fallback.SetListIndex(0);
+}
+
+/// For the rows that stand now, not for those that the file is about to bring.
+void PanelLoader::SetVerticalSteps() {
+  const int step = VerticalStep(form_.ComWin(3).Text());
+  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) form_.udVer(row).SetIncrement(step);
+}
+
+void PanelLoader::TakeWindows(const std::vector<QcfRecord>& records, int version) {
+  std::vector<CharWindowRec> windows;
+  windows.reserve(records.size());
+  for (const QcfRecord& record : records) windows.push_back(WindowOf(record));
+  vars_.CharWindows = std::move(windows);
+  upgrade_.MergeCharWindows(version < 2 ? Upgrade::DoubleHeight::kFromDatabase
+                                        : Upgrade::DoubleHeight::kFromFile);
+  upgrade_.SortCharWindows();
+  upgrade_.RebuildWindowRows();
+  panels_.ArrangeWindowRows();
+}
+
+std::vector<SystemParameterRec> PanelLoader::ReadParameters(QcfReader& reader) {
+  std::vector<SystemParameterRec> parameters;
+  const QcfValue value = reader.Read(QcfFieldOf(QcfUse::kParameters));
+  for (const QcfRecord& record : std::get<std::vector<QcfRecord>>(value)) {
+    parameters.push_back({.Class = static_cast<std::int16_t>(NumberOf(record[0])),
+                          .Parameter = static_cast<std::int16_t>(NumberOf(record[1])),
+                          .Description = std::get<std::string>(record[2].value),
+                          .Value = LoadedParameterValue(NumberOf(record[3]))});
+  }
+  return parameters;
+}
+
+void PanelLoader::UnloadParameterRows() {
+  for (const int row : form_.lClass.Indices()) {
+    if (row < 1) continue;
+    form_.lClass.Unload(row);
+    form_.lParam.Unload(row);
+    form_.lDesc.Unload(row);
+    form_.tVal.Unload(row);
+    form_.udVal.Unload(row);
+    form_.lPara2.Unload(row);
+  }
+}
+
+void PanelLoader::TakeParameters(std::vector<SystemParameterRec> parameters) {
+  vars_.SystemParameters = std::move(parameters);
+  upgrade_.RemoveDeletedParameters();
+  int lastRow = UBound(vars_.SystemParameters);
+  for (int row = 0; row <= lastRow; ++row) {
+    panels_.LoadParameterRow(row);
+    panels_.FillParameterRow(row);
+  }
+  upgrade_.MergeParameters(lastRow);
+  form_.bClass.Press();
+}
+
+}  // namespace marlinset

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "platform/control.h"
+
+namespace marlinset {
+
+// The layout of a configuration file, in one table: writer, reader, listing, comparison and JSON walk it.
+// docs/qcf-format.md tells it in words.
+
+/// How a field stands in the file. All numbers are big-endian.
+enum class QcfEncoding {
+  kByte,     ///< one unsigned byte
+  kU32,      ///< four bytes, unsigned
+  kText,     ///< U32 number of characters, then one byte of code page 1252 for each
+  kValue,    ///< a parameter's value, four bytes; read in another way than written
+  kRecords,  ///< U32 number of records, then the records; 0 can't be read
+};
+
+/// What a load does with a field.
+enum class QcfUse {
+  kVersion,
+  kOperatingMode,
+  kCombo,        ///< looked up in the box
+  kFontSize,     ///< looked up, then sets the vertical step of the windows
+  kSource,       ///< old name translated, then looked up
+  kSourceOfBox,  ///< old name translated as this very box has it, then looked up
+  kVitcOption,   ///< 1 to 3 number of VITC lines, 0 none chosen
+  kInserter,     ///< 1 characters on
+  kVitcLine,     ///< brought into the range of the video standard
+  kPlain,        ///< set as it is
+  kWindows,
+  kParameters,
+  kPartOfRecord,
+};
+
+/// Highest format version; files of version 1 lack the fields that are newer.
+inline constexpr int kQcfVersion = 2;
+
+struct QcfField {
+  std::string_view name;
+  QcfEncoding encoding = QcfEncoding::kByte;
+  QcfUse use = QcfUse::kPartOfRecord;
+  std::string_view control = {};  ///< of a record's field: the array, with the record's number as index
+  int index = kNoIndex;
+  int since = 1;                  ///< first format version that has the field
+  std::string_view missing = {};  ///< told when the box does not offer the text
+  int fallback = kNoIndex;        ///< the element whose first entry is selected then
+  std::span<const QcfField> record = {};
+};
+
+/// The fields of the configuration block in file order.
+std::span<const QcfField> QcfFields();
+
+/// The field with this use, which is used once.
+const QcfField& QcfFieldOf(QcfUse use);
+
+}  // namespace marlinset

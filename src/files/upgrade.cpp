@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/upgrade.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "core/frm_start.h"
+#include "core/panel_setup.h"
+#include "core/record_columns.h"
+#include "core/variables.h"
+#include "platform/data_engine.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+/// Limits of a window's position until those of standard and font size come: rows and columns of a small
+/// picture.
+constexpr int kLowestRow = 30;
+constexpr int kLastColumn = 32;
+
+bool KeepAll(const Recordset&) {
+  return true;
+}
+
+/// Rows of units long gone don't count, as when the tool starts.
+bool HasDevice(const Recordset& rows) {
+  return DoubleOf(rows.Fields("Device")) != 0;
+}
+
+bool SameKey(const SystemParameterRec& a, const SystemParameterRec& b) {
+  return a.Parameter == b.Parameter && a.Class == b.Class;
+}
+
+bool Holds(const std::vector<SystemParameterRec>& list, const SystemParameterRec& wanted) {
+  return std::any_of(list.begin(), list.end(),
+                     [&](const SystemParameterRec& parameter) { return SameKey(parameter, wanted); });
+}
+
+/// What the database knows better than any file.
+void CopyConstants(const CharWindowRec& row, CharWindowRec& window) {
+  window.Number = row.Number;
+  window.On = row.On;
+  window.Top = row.Top;
+  window.Left = row.Left;
+  window.Length = row.Length;
+  window.SymbolOn = row.SymbolOn;
+  window.SymbolLength = row.SymbolLength;
+  window.FieldOn = row.FieldOn;
+  window.FieldLength = row.FieldLength;
+  window.SlateOn = row.SlateOn;
+  window.Ignore1 = row.Ignore1;
+}
+
+}  // namespace
+
+Upgrade::Upgrade(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels)
+    : platform_(platform), vars_(variables), form_(form), panels_(panels) {}
+
+template <class Rec>
+std::optional<std::vector<Rec>> Upgrade::ReadTable(std::string_view table, bool (*keep)(const Recordset&)) {
+  std::unique_ptr<Database> database;
+  std::unique_ptr<Recordset> rows;
+  try {
+    database = platform_.engine.OpenDatabase(vars_.DatabasePath);
+    rows = database->OpenRecordset(table);
+  } catch (const RuntimeError& failure) {
+    platform_.dialogs.Tell(std::to_string(failure.Number()) + " " + failure.Description());
+    return std::nullopt;
+  }
+  std::vector<Rec> records;
+  rows->MoveFirst();
+  for (int left = rows->RecordCount(); left > 0; --left, rows->MoveNext()) {
+    if (!keep(*rows)) continue;
+    Rec record;
+    for (const auto& column : ColumnsOf<Rec>()) ReadColumn(*rows, column, record);
+    records.push_back(std::move(record));
+  }
+  return records;
+}
+
+CharWindowRec* Upgrade::FindWindow(const std::string& name) {
+  const std::string wanted = UpperOf(Trim(name));
+  const auto found =
+      std::find_if(vars_.CharWindows.begin(), vars_.CharWindows.end(),
+                   [&](const CharWindowRec& window) { return UpperOf(Trim(window.Name)) == wanted; });
+  return found == vars_.CharWindows.end() ? nullptr : &*found;
+}
+
+void Upgrade::MergeCharWindows(DoubleHeight doubleHeight) {
+  const auto rows = ReadTable<CharWindowRec>("Character Windows", HasDevice);
+  if (!rows) return;
+  bool added = false;
+  for (const CharWindowRec& row : *rows) {
+    CharWindowRec* window = FindWindow(row.Name);
+    if (window) {
+      CopyConstants(row, *window);
+      if (doubleHeight == DoubleHeight::kFromDatabase) window->DoubleHeight = row.DoubleHeight;
+    } else {
+      vars_.CharWindows.push_back(row);
+      added = true;
+    }
+  }
+  if (added) {
+    platform_.dialogs.Tell(
+        "New character windows have been added to this configuration.  Please verify the settings.");
+  }
+}
+
+void Upgrade::SortCharWindows() {
+  std::vector<CharWindowRec>& windows = vars_.CharWindows;
+  for (std::size_t i = 0; i < windows.size(); ++i) {
+    for (std::size_t j = i; j < windows.size(); ++j) {
+      if (windows[j].Number < windows[i].Number) std::swap(windows[i], windows[j]);
+    }
+  }
+}
+
+void Upgrade::RebuildWindowRows() {
+  const auto forRows = [this](int first, int last, auto&& action) {
+    for (int row = first; row <= last; ++row) {
+      action(form_.lName, row);
+      for (auto* boxes : {&form_.chSlate, &form_.chOnOff, &form_.chField, &form_.chSym}) action(*boxes, row);
+      action(form_.tVert, row);
+      action(form_.udVer, row);
+      action(form_.tHor, row);
+      action(form_.udHor, row);
+      action(form_.chDblSize, row);
+      action(form_.Line2, row);
+    }
+  };
+  forRows(1, form_.lName.UBound(), [](auto& array, int row) { array.Unload(row); });
+  forRows(1, UBound(vars_.CharWindows), [](auto& array, int row) { array.Load(row); });
+  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
+    const CharWindowRec window = At(vars_.CharWindows, row);
+    form_.lName(row).SetCaption(window.Name);
+    form_.chSlate(row).SetValue(window.DefaultSlateOnOff ? 1 : 0);
+    form_.chOnOff(row).SetValue(window.DefaultOnOff ? 1 : 0);
+    form_.chField(row).SetValue(window.DefaultFieldOnOff ? 1 : 0);
+    form_.chSym(row).SetValue(window.DefaultSymbolOnOff ? 1 : 0);
+    form_.chDblSize(row).SetValue(window.DoubleHeight ? 1 : 0);
+    SpinControl& vertical = form_.udVer(row);
+    vertical.SetMin(kLowestRow);
+    vertical.SetMax(0);
+    vertical.SetIncrement(form_.udVer(0).Increment());
+    vertical.SetValue(window.DefaultVertPosn);
+    vertical.Announce();
+    SpinControl& horizontal = form_.udHor(row);
+    horizontal.SetMin(0);
+    horizontal.SetMax(kLastColumn);
+    horizontal.SetValue(window.DefaultHorPosn);
+    horizontal.Announce();
+  }
+}
+
+void Upgrade::RemoveDeletedParameters() {
+  const auto deleted = ReadTable<SystemParameterRec>("Deleted Parameters", KeepAll);
+  if (!deleted) return;
+  std::vector<SystemParameterRec> kept;
+  for (const SystemParameterRec& parameter : vars_.SystemParameters) {
+    if (!Holds(*deleted, parameter)) kept.push_back(parameter);
+  }
+  if (kept.size() == vars_.SystemParameters.size()) return;
+  if (kept.empty()) throw SubscriptOutOfRange();
+  vars_.SystemParameters = std::move(kept);
+  platform_.dialogs.Tell("Extra parameters have been removed from the QCF file");
+}
+
+void Upgrade::MergeParameters(int& lastRow) {
+  const auto rows = ReadTable<SystemParameterRec>("System Parameters", KeepAll);
+  if (!rows) return;
+  bool added = false;
+  for (const SystemParameterRec& row : *rows) {
+    if (Holds(vars_.SystemParameters, row)) continue;
+    vars_.SystemParameters.push_back(row);
+    ++lastRow;
+    panels_.LoadParameterRow(lastRow);
+    panels_.FillParameterRow(lastRow);
+    added = true;
+  }
+  vars_.NextParameterClass = lastRow;
+  if (!added) return;
+  platform_.dialogs.Show(
+      {.text = "New parameters have been added to this configuration.  Please verify the settings.",
+       .icon = BoxIcon::kInformation});
+}
+
+}  // namespace marlinset
