@@ -20,6 +20,8 @@ Tool::Tool(const Platform& computer)
       hardwareModel(variables, form),
       videoStandard(variables, form, panels),
       parameterList(variables, form, panels),
+      configurationFile(platform, variables, form, panels),
+      fileCommands(platform, variables, form, panels, configurationFile),
       startUp(platform, variables, form, database, panels, ports) {
   startUp.KeepStatusWhile([this] { return wholeSend.Running(); });
 }

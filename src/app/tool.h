@@ -7,12 +7,14 @@
 #include "core/load_arrays.h"
 #include "core/panel_setup.h"
 #include "core/variables.h"
+#include "files/configuration_file.h"
 #include "link/communications.h"
 #include "link/identification.h"
 #include "link/line_events.h"
 #include "link/ports.h"
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
+#include "panels/file_commands.h"
 #include "panels/hardware_model.h"
 #include "panels/parameter_list.h"
 #include "panels/start_up.h"
@@ -48,6 +50,8 @@ class Tool {
   HardwareModel hardwareModel;
   VideoStandard videoStandard;
   ParameterList parameterList;
+  ConfigurationFile configurationFile;
+  FileCommands fileCommands;
   StartUp startUp;
 };
 

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/file_commands.h"
+
+#include <string>
+
+#include "core/frm_start.h"
+#include "core/panel_setup.h"
+#include "core/variables.h"
+#include "files/configuration_file.h"
+#include "platform/dialogs.h"
+#include "platform/file_dialog.h"
+#include "platform/platform.h"
+#include "platform/settings_store.h"
+
+namespace marlinset {
+
+FileCommands::FileCommands(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels,
+                           ConfigurationFile& file)
+    : platform_(platform), vars_(variables), form_(form), panels_(panels), file_(file) {
+  form_.mnuNew.OnClick([this] { mnuNew_Click(); });
+  form_.mnuOpen.OnClick([this] { mnuOpen_Click(); });
+  form_.mnuSav.OnClick([this] { mnuSav_Click(); });
+  form_.mnuSave.OnClick([this] { mnuSave_Click(); });
+}
+
+void FileCommands::mnuNew_Click() {
+  AskToSave();
+  Replace([this] { panels_.SetDefaults(); });
+  vars_.ConfigSaved = true;
+  platform_.fileDialog.FileName =
+      platform_.settings.GetSetting("Load", vars_.AppPath) + "New" + std::string(kConfigurationExtension);
+  vars_.CurrentFile = platform_.fileDialog.FileName;
+  file_.UpdateFileTitle();
+}
+
+void FileCommands::mnuOpen_Click() {
+  AskToSave();
+  Replace([this] { file_.LoadConfig(); });
+  vars_.ConfigSaved = true;
+}
+
+void FileCommands::mnuSav_Click() {
+  if (IsSystemDefaultName(vars_.CurrentFile)) {
+    form_.mnuSave.Press();
+    return;
+  }
+  Save("Save");
+}
+
+void FileCommands::mnuSave_Click() {
+  Save("SaveAs");
+}
+
+void FileCommands::AskToSave() {
+  if (!vars_.ConfigSaved && platform_.dialogs.Ask("Save changes before opening a new configuration?")) {
+    Save("SaveAs");
+  }
+}
+
+/// In interactive mode the unit follows at once.
+void FileCommands::Replace(const std::function<void()>& action) {
+  const bool interactive = form_.mnuInter.Checked();
+  Suspended([&] {
+    action();
+    if (interactive) form_.bSConfig.Press();
+  });
+}
+
+void FileCommands::Save(std::string_view flow) {
+  Suspended([&] { file_.SaveConfig(flow); });
+  vars_.ConfigSaved = true;
+}
+
+void FileCommands::Suspended(const std::function<void()>& action) {
+  if (!form_.mnuInter.Checked()) {
+    action();
+    return;
+  }
+  Suspend();
+  action();
+  Resume();
+}
+
+void FileCommands::Suspend() {
+  form_.InterTime.SetEnabled(false);
+  form_.mnuInter.SetChecked(false);
+  form_.mnuOff.SetChecked(true);
+  form_.StatBar(3).SetText("Interactive mode disabled ");
+  form_.ShowVideoPicture(2);
+  form_.HideImages();
+}
+
+void FileCommands::Resume() {
+  form_.StatBar(3).SetText("Interactive mode enabled ");
+  form_.mnuInter.SetChecked(true);
+  form_.mnuOff.SetChecked(false);
+  form_.InterTime.SetEnabled(true);
+}
+
+}  // namespace marlinset

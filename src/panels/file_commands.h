@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+namespace marlinset {
+
+class ConfigurationFile;
+class FrmStart;
+class PanelSetup;
+struct Platform;
+struct Variables;
+
+/// The file commands of the menu: New, Open, Save and Save As. Each ends with the configuration counted as
+/// saved, whatever became of it. In interactive mode polling rests meanwhile, and a new configuration goes to
+/// the unit at once.
+class FileCommands {
+ public:
+  FileCommands(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels,
+               ConfigurationFile& file);
+
+  void mnuNew_Click();
+  void mnuOpen_Click();
+  void mnuSav_Click();
+  void mnuSave_Click();  ///< Save As
+
+  /// Runs `action`; when interactive mode is on, it is suspended meanwhile.
+  void Suspended(const std::function<void()>& action);
+
+ private:
+  void AskToSave();
+  void Replace(const std::function<void()>& action);
+  void Save(std::string_view flow);
+  void Suspend();
+  void Resume();
+
+  Platform& platform_;
+  Variables& vars_;
+  FrmStart& form_;
+  PanelSetup& panels_;
+  ConfigurationFile& file_;
+};
+
+}  // namespace marlinset
