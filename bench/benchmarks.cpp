@@ -36,10 +36,34 @@ double SecondsOf(const std::function<void()>& work) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+const QStringList kPacedUnit{"--model", "32", "--pace", QString::number(kBitsPerSecond)};
+
+double WireSeconds(std::size_t bytes) {
+  return static_cast<double>(bytes) * kBitsPerByte / kBitsPerSecond;
+}
+
+// The part of a send that is answered by one byte, in a bare loop: seconds for a second of its bytes on the
+// wire. What is beyond 1 is the virtual unit's and the system's, not the tool's.
+double BareRatio(const std::vector<std::vector<std::uint8_t>>& messages) {
+  VirtualUnit unit(kPacedUnit, true);
+  const BareLine line(unit.Device());
+  const double seconds = SecondsOf([&] {
+    for (const auto& message : messages) line.Exchange(message);
+  });
+  return seconds / WireSeconds(unit.TakeLineBytes());
+}
+
 // The whole configuration over a line of the real speed, against the time that its bytes are on the wire.
 void WholeSend(benchmark::State& state) {
-  VirtualUnit unit({"--model", "32", "--pace", QString::number(kBitsPerSecond)}, true);
+  VirtualUnit unit(kPacedUnit, true);
   BenchTool tool(unit.Device());
+  std::vector<std::vector<std::uint8_t>> settings;
+  tool->commands.MessageSent.Connect([&](const SentMessage& message) {
+    constexpr int kLinkAddress = 15;
+    constexpr int kSetParameter = 192;
+    if (message.fields[0] != kLinkAddress || message.fields[2] == kSetParameter)
+      settings.push_back(tool->variables.TxBytes);
+  });
   unit.TakeLineBytes();
   double seconds = 0;
   for (auto step : state) {
@@ -48,11 +72,11 @@ void WholeSend(benchmark::State& state) {
     state.SetIterationTime(taken);
     seconds += taken;
   }
-  const auto bytes = static_cast<double>(unit.TakeLineBytes());
-  const auto sends = static_cast<double>(state.iterations());
+  const std::size_t bytes = unit.TakeLineBytes();
   state.counters["messages"] = tool->wholeSend.Result().messages;
-  state.counters["bytes"] = bytes / sends;
-  state.counters["ratio"] = seconds / (bytes * kBitsPerByte / kBitsPerSecond);
+  state.counters["bytes"] = static_cast<double>(bytes) / static_cast<double>(state.iterations());
+  state.counters["ratio"] = seconds / WireSeconds(bytes);
+  state.counters["bare_ratio"] = BareRatio(settings);
 }
 BENCHMARK(WholeSend)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(10);
 
