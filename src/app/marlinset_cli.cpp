@@ -7,17 +7,20 @@
 namespace marlinset {
 namespace {
 
-void AddAnswers(CLI::App& command, CliOptions& options) {
+void AddDialogAnswers(CLI::App& command, CliOptions& options) {
   command.add_option("--answer", options.answers, "Answer to a question to come (repeatable)")
       ->type_name("yes|no|ok|cancel")
       ->check(CLI::IsMember({"yes", "no", "ok", "cancel"}))
+      ->allow_extra_args(false);
+  command.add_option("--file", options.files, "Answer to a file dialog to come (repeatable)")
+      ->type_name("PATH|cancel")
       ->allow_extra_args(false);
 }
 
 CLI::App* AddScript(CLI::App& app, CliOptions& options) {
   CLI::App* script = app.add_subcommand("script", "Execute actions, one a line, with a JSON answer each");
   AddCommonOptions(*script, options.common);
-  AddAnswers(*script, options);
+  AddDialogAnswers(*script, options);
   script
       ->add_option_function<std::string>(
           "--clock", [&options](const std::string& clock) { options.virtualClock = clock == "virtual"; },
@@ -29,11 +32,36 @@ CLI::App* AddScript(CLI::App& app, CliOptions& options) {
 }
 
 CLI::App* AddSend(CLI::App& app, CliOptions& options) {
-  CLI::App* send = app.add_subcommand("send", "Send the default configuration to the unit");
+  CLI::App* send = app.add_subcommand("send", "Send a configuration to the unit");
   AddCommonOptions(*send, options.common);
-  AddAnswers(*send, options);
+  AddDialogAnswers(*send, options);
   send->add_flag("--verbose", options.verbose, "Print each message with its meaning and its acknowledgement");
+  send->add_option("FILE", options.configurations, "Configuration file; without it the defaults")
+      ->expected(0, 1);
   return send;
+}
+
+CLI::App* AddShow(CLI::App& app, CliOptions& options) {
+  CLI::App* show = app.add_subcommand("show", "List what configuration files hold");
+  show->add_flag("--json", options.json, "One JSON object a line and file");
+  show->add_option("FILE", options.configurations, "Configuration files")->required();
+  return show;
+}
+
+CLI::App* AddDiff(CLI::App& app, CliOptions& options) {
+  CLI::App* diff = app.add_subcommand("diff", "Compare two configuration files");
+  diff->add_option("FILE", options.configurations, "The left and the right file")->required()->expected(2);
+  return diff;
+}
+
+CLI::App* AddCompose(CLI::App& app, CliOptions& options) {
+  CLI::App* compose =
+      app.add_subcommand("compose", "Write a configuration file from what show --json printed");
+  compose->add_option("JSON", options.configurations, "The JSON text")->required()->expected(1);
+  compose->add_option("-o,--output", options.output, "Configuration file to write")
+      ->type_name("FILE")
+      ->required();
+  return compose;
 }
 
 CLI::App* AddIdentify(CLI::App& app, CliOptions& options) {
@@ -49,12 +77,18 @@ int Main(int argc, char** argv) {
   app.require_subcommand(1);
   const CLI::App* script = AddScript(app, options);
   const CLI::App* send = AddSend(app, options);
+  const CLI::App* show = AddShow(app, options);
+  const CLI::App* diff = AddDiff(app, options);
+  const CLI::App* compose = AddCompose(app, options);
   AddIdentify(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kExitDone : kExitUsage;
   }
+  if (show->parsed()) return RunShow(options);
+  if (diff->parsed()) return RunDiff(options);
+  if (compose->parsed()) return RunCompose(options);
   const QCoreApplication application(argc, argv);
   if (script->parsed()) return RunScript(options);
   return send->parsed() ? RunSend(options) : RunIdentify(options);

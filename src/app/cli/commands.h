@@ -26,12 +26,21 @@ struct CliOptions {
   std::vector<std::string> answers;  ///< for the boxes to come: yes, no, ok, cancel
   std::vector<std::string> files;    ///< for the file dialogs to come: a path, or cancel
   bool virtualClock = false;
-  std::string scriptFile;  ///< empty: standard input
-  bool verbose = false;    ///< send: print each message
+  std::string scriptFile;                   ///< empty: standard input
+  std::vector<std::string> configurations;  ///< configuration files; compose: the JSON text
+  std::string output;                       ///< compose: the configuration file to write
+  bool json = false;                        ///< show: as JSON
+  bool verbose = false;                     ///< send: print each message
 };
 
 int RunScript(const CliOptions& options);
 int RunSend(const CliOptions& options);
 int RunIdentify(const CliOptions& options);
+/// Lists configuration files. kExitNotDone when one can't be read.
+int RunShow(const CliOptions& options);
+/// Compares two configuration files. kExitNotDone when they differ, kExitUsage when one can't be read.
+int RunDiff(const CliOptions& options);
+/// Writes a configuration file from what show --json printed.
+int RunCompose(const CliOptions& options);
 
 }  // namespace marlinset

@@ -38,7 +38,7 @@ int RunScript(const CliOptions& options) {
   RecordingLine line(computer.Line(), computer.Pump());
   Platform platform = computer.MakePlatform(line);
   Tool tool(platform);
-  Script script(tool, dialogs, line);
+  Script script(tool, dialogs, fileDialog, line);
   try {
     LineInput input(options.scriptFile, computer.Pump(), !options.virtualClock);
     const bool started = StartTool(tool, options.common.commandText);

@@ -76,6 +76,7 @@ class TerminalRun {
       : computer_(options.common, Computer::ClockKind::kReal, dialogs_, fileDialog_),
         tool(computer_.MakePlatform()) {
     for (const std::string& answer : options.answers) dialogs_.QueueAnswer(answer);
+    for (const std::string& file : options.files) fileDialog_.QueueFile(file);
     dialogs_.onShown = PrintBox;
     started_ = Start(options);
   }
@@ -127,6 +128,11 @@ int RunSend(const CliOptions& options) {
   TerminalRun run(options);
   if (!run.Started()) return kExitStart;
   Tool& tool = run.tool;
+  if (!options.configurations.empty()) {
+    tool.platform.fileDialog.FileName = options.configurations.front();
+    tool.configurationFile.ReadConfigFile();
+    if (tool.configurationFile.LastRead() != ReadEnd::kLoaded) return kExitNotDone;
+  }
   Progress progress(tool, options.verbose);
   tool.commands.MessageSent.Connect([&](const SentMessage& message) { progress.Show(message); });
   tool.wholeSend.stopRequested = [] { return interrupted != 0; };

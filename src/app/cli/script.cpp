@@ -4,9 +4,11 @@
 #include <algorithm>
 
 #include "app/cli/control_json.h"
+#include "app/cli/document_json.h"
 #include "app/cli/queued_dialogs.h"
 #include "app/cli/variables_json.h"
 #include "app/tool.h"
+#include "files/panel_document.h"
 #include "platform/event_pump.h"
 #include "platform/settings_store.h"
 #include "platform/text.h"
@@ -65,8 +67,8 @@ int EntryOf(const ComboBox& box, const Word& word) {
 
 }  // namespace
 
-Script::Script(Tool& tool, QueuedDialogs& dialogs, RecordingLine& line)
-    : tool_(tool), dialogs_(dialogs), line_(line) {}
+Script::Script(Tool& tool, QueuedDialogs& dialogs, QueuedFileDialog& fileDialog, RecordingLine& line)
+    : tool_(tool), dialogs_(dialogs), fileDialog_(fileDialog), line_(line) {}
 
 const std::map<std::string_view, Script::Action>& Script::Actions() {
   static const std::map<std::string_view, Action> actions = {
@@ -88,6 +90,10 @@ const std::map<std::string_view, Script::Action>& Script::Actions() {
       {"records", &Script::Records},
       {"row", &Script::Row},
       {"setting", &Script::Setting},
+      {"file", &Script::QueueFile},
+      {"open", &Script::Open},
+      {"save", &Script::Save},
+      {"state", &Script::State},
       {"log", &Script::Log},
       {"quit", &Script::Quit},
   };
@@ -291,6 +297,32 @@ Json Script::Row(const ScriptLine& line) {
 Json Script::Setting(const ScriptLine& line) {
   line.Expect(1, 1);
   return {{"value", tool_.platform.settings.GetSetting(line.At(0).text, "")}};
+}
+
+Json Script::QueueFile(const ScriptLine& line) {
+  fileDialog_.QueueFile(line.Path());
+  return Json::object();
+}
+
+Json Script::Open(const ScriptLine& line) {
+  fileDialog_.QueueFile(line.Path());
+  tool_.form.mnuOpen.OperatorClick();
+  return Json::object();
+}
+
+Json Script::Save(const ScriptLine& line) {
+  fileDialog_.QueueFile(line.Path());
+  tool_.form.mnuSave.OperatorClick();
+  return Json::object();
+}
+
+Json Script::State(const ScriptLine& line) {
+  line.Expect(0, 0);
+  try {
+    return {{"state", DocumentJson(DocumentOfPanels(tool_.variables, tool_.form))}};
+  } catch (const RuntimeError& failure) {
+    throw ScriptError(failure.Description());
+  }
 }
 
 Json Script::Log(const ScriptLine& line) {

@@ -16,12 +16,13 @@ namespace marlinset {
 
 class Control;
 class QueuedDialogs;
+class QueuedFileDialog;
 class Tool;
 
 /// Executes script lines on a tool without a screen, one JSON answer each. The contract is docs/script.md.
 class Script {
  public:
-  Script(Tool& tool, QueuedDialogs& dialogs, RecordingLine& line);
+  Script(Tool& tool, QueuedDialogs& dialogs, QueuedFileDialog& fileDialog, RecordingLine& line);
 
   /// Answer to the start itself.
   std::string StartAnswer(bool started);
@@ -59,11 +60,16 @@ class Script {
   Json Records(const ScriptLine& line);
   Json Row(const ScriptLine& line);
   Json Setting(const ScriptLine& line);
+  Json QueueFile(const ScriptLine& line);
+  Json Open(const ScriptLine& line);
+  Json Save(const ScriptLine& line);
+  Json State(const ScriptLine& line);
   Json Log(const ScriptLine& line);
   Json Quit(const ScriptLine& line);
 
   Tool& tool_;
   QueuedDialogs& dialogs_;
+  QueuedFileDialog& fileDialog_;
   RecordingLine& line_;
   bool allUnderstood_ = true;
   bool ended_ = false;

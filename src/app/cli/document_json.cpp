@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/cli/document_json.h"
+
+#include <array>
+#include <charconv>
+#include <limits>
+#include <stdexcept>
+
+#include "files/qcf_identification.h"
+#include "files/qcf_listing.h"
+#include "files/qcf_writer.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+constexpr const char* kIdentification = "identification";
+constexpr const char* kLength = "configuration length";
+constexpr const char* kTail = "tail";
+constexpr const char* kLoadedAs = "loaded as";
+
+struct ItemKey {
+  std::uint8_t tag;
+  const char* key;
+};
+constexpr std::array<ItemKey, 4> kItems = {
+    {{kQcfModels, "models"}, {kQcfTitle, "title"}, {kQcfToolVersion, "version"}, {kQcfReserved, "reserved"}}};
+
+std::runtime_error Wrong(std::string_view where, const std::string& what) {
+  return std::runtime_error("\"" + std::string(where) + "\" " + what);
+}
+
+std::string HexOf(const std::vector<std::uint8_t>& bytes) {
+  std::string hex;
+  for (const std::uint8_t byte : bytes) hex += HexByte(byte);
+  return hex;
+}
+
+std::vector<std::uint8_t> BytesOf(std::string_view name, const Json& json) {
+  const std::string hex = json.is_string() ? json.get<std::string>() : "?";
+  std::vector<std::uint8_t> bytes(hex.size() / 2);
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const char* begin = hex.data() + 2 * i;
+    if (std::from_chars(begin, begin + 2, bytes[i], 16).ptr != begin + 2)
+      throw Wrong(name, "is not hexadecimal");
+  }
+  if (hex.size() % 2 != 0) throw Wrong(name, "is not hexadecimal");
+  return bytes;
+}
+
+Json IdentificationJson(const std::vector<std::uint8_t>& block) {
+  const auto items = IdentificationItems(block);
+  if (!items) return HexOf(block);
+  Json list = Json::array();
+  for (const QcfItem& item : *items) {
+    for (const ItemKey& row : kItems) {
+      if (row.tag != item.tag) continue;
+      list.push_back(std::visit([&](const auto& content) { return Json{{row.key, content}}; }, item.content));
+    }
+  }
+  return list;
+}
+
+QcfItem ItemOf(const Json& json) {
+  for (const ItemKey& row : kItems) {
+    if (!json.is_object() || json.size() != 1 || !json.contains(row.key)) continue;
+    const Json& content = json[row.key];
+    if (row.tag != kQcfModels && content.is_string()) return {row.tag, content.get<std::string>()};
+    if (row.tag == kQcfModels && content.is_array())
+      return {row.tag, content.get<std::vector<std::string>>()};
+  }
+  throw Wrong(kIdentification, "holds something unknown");
+}
+
+std::vector<std::uint8_t> IdentificationBytes(const Json& json) {
+  if (json.is_string()) return BytesOf(kIdentification, json);
+  if (!json.is_array()) throw Wrong(kIdentification, "is no list");
+  std::vector<QcfItem> items;
+  for (const Json& item : json) items.push_back(ItemOf(item));
+  return IdentificationOf(items);
+}
+
+void AddEntries(Json& json, const QcfRecord& entries);
+
+/// What a load makes of a parameter's value, when that is another number.
+void AddLoadedAs(Json& json, std::int64_t stored) {
+  try {
+    const std::int16_t loaded = LoadedParameterValue(stored);
+    if (loaded != ShownParameterValue(stored)) json[kLoadedAs] = loaded;
+  } catch (const RuntimeError&) {
+    json[kLoadedAs] = nullptr;
+  }
+}
+
+void AddEntry(Json& json, const QcfEntry& entry) {
+  const std::string name(entry.field->name);
+  if (const auto* records = std::get_if<std::vector<QcfRecord>>(&entry.value)) {
+    Json list = Json::array();
+    for (const QcfRecord& record : *records) AddEntries(list.emplace_back(Json::object()), record);
+    json[name] = std::move(list);
+  } else if (const auto* text = std::get_if<std::string>(&entry.value)) {
+    json[name] = *text;
+  } else if (entry.field->encoding == QcfEncoding::kValue) {
+    const std::int64_t stored = std::get<std::int64_t>(entry.value);
+    json[name] = ShownParameterValue(stored);
+    AddLoadedAs(json, stored);
+  } else {
+    json[name] = std::get<std::int64_t>(entry.value);
+  }
+}
+
+void AddEntries(Json& json, const QcfRecord& entries) {
+  for (const QcfEntry& entry : entries) AddEntry(json, entry);
+}
+
+std::int64_t NumberOf(const QcfField& field, const Json& json) {
+  if (!json.is_number_integer()) throw Wrong(field.name, "is no whole number");
+  const bool isValue = field.encoding == QcfEncoding::kValue;
+  const std::int64_t lowest = isValue ? std::numeric_limits<std::int16_t>::min() : 0;
+  const std::int64_t highest = field.encoding == QcfEncoding::kByte
+                                   ? std::numeric_limits<std::uint8_t>::max()
+                                   : std::int64_t{std::numeric_limits<std::uint32_t>::max()};
+  const bool tooLarge = json.is_number_unsigned() && json.get<std::uint64_t>() > std::uint64_t(highest);
+  const auto number = tooLarge ? highest + 1 : json.get<std::int64_t>();
+  if (number < lowest || number > highest) {
+    throw Wrong(field.name, "is not from " + std::to_string(lowest) + " to " + std::to_string(highest));
+  }
+  return isValue ? StoredOfShown(number) : number;
+}
+
+/// Reads the fields of one object; refuses keys that no field has.
+class ObjectReader {
+ public:
+  ObjectReader(const Json& json, std::string_view name) : json_(json), name_(name) {
+    if (!json.is_object()) throw Wrong(name, "is no object");
+  }
+  const Json& Take(std::string_view key) {
+    const Json* value = TakeIfThere(key);
+    if (!value) throw Wrong(key, "is missing in " + std::string(name_));
+    return *value;
+  }
+  const Json* TakeIfThere(std::string_view key) {
+    taken_.emplace_back(key);
+    const auto found = json_.find(std::string(key));
+    return found == json_.end() ? nullptr : &*found;
+  }
+  void Finish() const {
+    for (const auto& item : json_.items()) {
+      if (std::find(taken_.begin(), taken_.end(), item.key()) == taken_.end()) {
+        throw Wrong(item.key(), "is no field of " + std::string(name_));
+      }
+    }
+  }
+
+ private:
+  const Json& json_;
+  std::string_view name_;
+  std::vector<std::string> taken_;
+};
+
+QcfRecord RecordOf(const QcfField& list, const Json& json, int version);
+
+QcfValue ValueOf(const QcfField& field, const Json& json, int version) {
+  switch (field.encoding) {
+    case QcfEncoding::kText:
+      if (!json.is_string()) throw Wrong(field.name, "is no text");
+      return json.get<std::string>();
+    case QcfEncoding::kRecords: {
+      if (!json.is_array() || json.empty()) throw Wrong(field.name, "is no list with something in it");
+      std::vector<QcfRecord> records;
+      for (const Json& record : json) records.push_back(RecordOf(field, record, version));
+      return records;
+    }
+    default:
+      return NumberOf(field, json);
+  }
+}
+
+QcfRecord RecordOf(const QcfField& list, const Json& json, int version) {
+  ObjectReader object(json, list.name);
+  QcfRecord record;
+  for (const QcfField& part : list.record) {
+    if (part.since <= version) record.push_back({&part, ValueOf(part, object.Take(part.name), version)});
+  }
+  object.TakeIfThere(kLoadedAs);
+  object.Finish();
+  return record;
+}
+
+}  // namespace
+
+Json DocumentJson(const QcfDocument& document) {
+  Json json = {{kIdentification, IdentificationJson(document.identification)}};
+  if (document.configurationLength) json[kLength] = *document.configurationLength;
+  AddEntries(json, document.entries);
+  if (!document.tail.empty()) json[kTail] = HexOf(document.tail);
+  return json;
+}
+
+QcfDocument DocumentOfJson(const Json& json) {
+  ObjectReader object(json, "the configuration");
+  QcfDocument document;
+  document.identification = IdentificationBytes(object.Take(kIdentification));
+  if (const Json* length = object.TakeIfThere(kLength)) {
+    document.configurationLength =
+        static_cast<std::uint32_t>(NumberOf({.name = kLength, .encoding = QcfEncoding::kU32}, *length));
+  }
+  int version = kQcfVersion;
+  for (const QcfField& field : QcfFields()) {
+    if (field.since > version) continue;
+    document.entries.push_back({&field, ValueOf(field, object.Take(field.name), version)});
+    if (field.use != QcfUse::kVersion) continue;
+    version = FormatVersionOf(document);
+    if (version < 1 || version > kQcfVersion) throw Wrong(field.name, "is unknown");
+  }
+  if (const Json* tail = object.TakeIfThere(kTail)) document.tail = BytesOf(kTail, *tail);
+  object.Finish();
+  return document;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/qcf_identification.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "files/qcf_writer.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+
+namespace marlinset {
+namespace {
+
+constexpr std::string_view kDigits = "0123456789ABCDEF";
+constexpr std::size_t kModelDigits = 4;
+
+bool IsText(std::uint8_t tag) {
+  return tag == kQcfTitle || tag == kQcfToolVersion || tag == kQcfReserved;
+}
+
+std::size_t NumberAt(std::span<const std::uint8_t> block, std::size_t at) {
+  std::size_t number = 0;
+  for (std::size_t i = 0; i < 4; ++i) number = (number << 8U) | block[at + i];
+  return number;
+}
+
+/// One digit a byte; nothing when a byte is no digit.
+std::optional<std::string> ModelText(std::span<const std::uint8_t> digits) {
+  std::string text;
+  for (const std::uint8_t digit : digits) {
+    if (digit >= kDigits.size()) return std::nullopt;
+    text += kDigits[digit];
+  }
+  return text;
+}
+
+/// The item at the beginning of `block`, which it takes off.
+std::optional<QcfItem> TakeItem(std::span<const std::uint8_t>& block) {
+  if (block.size() < 5 || (block[0] != kQcfModels && !IsText(block[0]))) return std::nullopt;
+  const std::uint8_t tag = block[0];
+  const std::size_t size = NumberAt(block, 1) * (tag == kQcfModels ? kModelDigits : 1);
+  if (size > block.size() - 5) return std::nullopt;
+  const auto content = block.subspan(5, size);
+  block = block.subspan(5 + size);
+  if (tag != kQcfModels) return QcfItem{tag, FromCodePage({content.begin(), content.end()})};
+  std::vector<std::string> models;
+  for (std::size_t at = 0; at < size; at += kModelDigits) {
+    const auto model = ModelText(content.subspan(at, kModelDigits));
+    if (!model) return std::nullopt;
+    models.push_back(*model);
+  }
+  return QcfItem{tag, std::move(models)};
+}
+
+}  // namespace
+
+std::optional<std::vector<QcfItem>> IdentificationItems(std::span<const std::uint8_t> block) {
+  std::vector<QcfItem> items;
+  while (!block.empty()) {
+    auto item = TakeItem(block);
+    if (!item) return std::nullopt;
+    items.push_back(std::move(*item));
+  }
+  return items;
+}
+
+std::vector<std::uint8_t> IdentificationOf(const std::vector<QcfItem>& items) {
+  std::vector<std::uint8_t> block;
+  for (const QcfItem& item : items) {
+    block.push_back(item.tag);
+    if (const auto* text = std::get_if<std::string>(&item.content)) {
+      const auto bytes = ToCodePage(*text);
+      AppendCount(block, bytes.size());
+      block.insert(block.end(), bytes.begin(), bytes.end());
+      continue;
+    }
+    const auto& models = std::get<std::vector<std::string>>(item.content);
+    AppendCount(block, models.size());
+    for (const std::string& model : models) {
+      if (model.size() != kModelDigits) throw TypeMismatch();
+      for (const char digit : model) {
+        const auto value = kDigits.find(digit);
+        if (value == std::string_view::npos) throw TypeMismatch();
+        block.push_back(static_cast<std::uint8_t>(value));
+      }
+    }
+  }
+  return block;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace marlinset {
+
+/// An item of the identification block: model numbers ("7340"), or a text.
+struct QcfItem {
+  std::uint8_t tag;
+  std::variant<std::vector<std::string>, std::string> content;
+};
+
+/// The items of an identification block, nothing when it does not consist of whole items that this tool
+/// knows.
+std::optional<std::vector<QcfItem>> IdentificationItems(std::span<const std::uint8_t> block);
+
+/// The block of these items. Failure 13 for a model that is not four hexadecimal digits.
+std::vector<std::uint8_t> IdentificationOf(const std::vector<QcfItem>& items);
+
+}  // namespace marlinset

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "files/qcf_document.h"
+
+namespace marlinset {
+
+/// A value of a configuration by its name. Values of a window carry its name ("character windows / Text /
+/// Vertical"), those of a parameter its class and number ("system parameters / 2.7 / Value").
+struct QcfLine {
+  std::string name;
+  std::string text;  ///< numbers in decimal, texts in double quotes
+};
+
+/// All values of the configuration in file order.
+std::vector<QcfLine> ListingOf(const QcfDocument& document);
+
+/// A parameter's value as a number: 16 bits with their sign; what does not fit into them as it stands.
+std::int64_t ShownParameterValue(std::int64_t stored);
+/// Back again.
+std::int64_t StoredOfShown(std::int64_t shown);
+
+enum class QcfDifference { kEqual, kChanged, kOnlyLeft, kOnlyRight };
+
+struct QcfComparison {
+  QcfDifference difference;
+  std::string name;
+  std::string left;   ///< empty when only the right one has it
+  std::string right;  ///< empty when only the left one has it
+};
+
+/// The values of two configurations side by side, in the order of the left one, then what only the right one
+/// has. Windows and parameters are paired by name and number, wherever they stand.
+std::vector<QcfComparison> Compare(const QcfDocument& left, const QcfDocument& right);
+
+}  // namespace marlinset
