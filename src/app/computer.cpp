@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
+#include <filesystem>
 
 #include "platform/no_line.h"
 #include "platform/qt/found_ports.h"
@@ -29,6 +30,9 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
 Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs, FileDialog& fileDialog)
     : dialogs_(dialogs), fileDialog_(fileDialog), guard_(dialogs), programFolder_(options.programFolder) {
   if (programFolder_.empty()) programFolder_ = QCoreApplication::applicationDirPath().toStdString();
+  std::error_code unreadable;  // the folder then stays as it was named, and the database's failure names it
+  const auto whole = std::filesystem::absolute(programFolder_, unreadable);
+  if (!unreadable) programFolder_ = whole.string();
   settings_ = options.settingsFile.empty() ? std::make_unique<QtSettings>()
                                            : std::make_unique<QtSettings>(options.settingsFile);
   if (clock == ClockKind::kVirtual) {

@@ -37,7 +37,7 @@ Echoes::Echoes(Variables& variables, FrmStart& form) : vars_(variables), form_(f
   form_.udVer.OnMoved([this](int row) { ShowVertical(row); });
   form_.udHor.OnMoved([this](int row) { ShowHorizontal(row); });
   form_.udVal.OnMoved([this](int row) { ShowParameterValue(row); });
-  form_.upVitc1.OnPulled([this](int line) { ShowVitcLine(line); });
+  form_.upVitc1.OnMoved([this](int line) { ShowVitcLine(line); });
 
   showWhiteFlag(kNoIndex);
   showDuration(kNoIndex);

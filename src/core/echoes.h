@@ -7,8 +7,7 @@ class FrmStart;
 struct Variables;
 
 /// Keeps the texts beside the spins, and the positions that CharWindows holds, in step with the spins'
-/// values, also where limits pull a value. The echoes of the VITC lines follow only a pull here: on a change
-/// the rules of the lines write them, because those rules still need the number from before the change.
+/// values, also where limits pull a value.
 class Echoes {
  public:
   Echoes(Variables& variables, FrmStart& form);

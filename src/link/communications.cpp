@@ -55,6 +55,7 @@ void Communications::Transmit() {
   form_.HideImages();
   form_.StatBar(3).SetText("Packet Out");
   while (LineUp() && platform_.ComP1.OutBufferCount() >= 1) platform_.pump.Pump();
+  if (!platform_.ComP1.PortOpen()) return;  // it went away meanwhile, and shows that
   form_.pComBut.SetBackColor(kYellow);
   form_.HideImages();
 }
@@ -182,7 +183,7 @@ bool Communications::LineUp() const {
 
 void Communications::WaitOn(Timer& timer, const std::function<bool()>& done) {
   timer.SetEnabled(true);
-  while (timer.Enabled()) {
+  while (timer.Enabled() && !timer.InHandler()) {
     ReceivePacket();
     if (done() || !LineUp()) {
       timer.SetEnabled(false);

@@ -44,7 +44,8 @@ class Communications {
   void ReplyWait(std::vector<PacketField> fields);
 
   /// Pumps and receives while `timer` runs and `done` does not hold, then stops the timer. Ends early when
-  /// the port or the program goes away.
+  /// the port or the program goes away, and at once when the timer can't tick because its own handler is what
+  /// waits.
   void WaitOn(Timer& timer, const std::function<bool()>& done);
 
   /// Whether the program still runs and the line is open: no wait lasts longer.

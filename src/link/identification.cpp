@@ -27,24 +27,27 @@ Identification::Identification(Platform& platform, Variables& variables, FrmStar
   form_.AboutTimer1.OnTick([this] { form_.AboutTimer1.SetEnabled(false); });
 }
 
-void Identification::OpenIfClosed() {
+/// False when the port can't be opened; the operator has been told why, and nothing is sent.
+bool Identification::OpenIfClosed() {
   if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
+  return platform_.ComP1.PortOpen();
 }
 
-bool Identification::ModelKnown() const {
-  const std::string& model = form_.StatBar(4).Text();
+bool UnitIsIdentified(const FrmStart& form) {
+  const std::string& model = form.StatBar(4).Text();
   return RightOf(model, 4) == "7340" || RightOf(model, 5) == "7340Q";
 }
 
 void Identification::GetId() {
-  OpenIfClosed();
+  const bool open = OpenIfClosed();
   form_.StatBar(4).SetText("Getting ID");
+  if (!open) return;
   vars_.PacketFields = FieldsOf(CommandId::kGetID);
   comms_.SendPacket(vars_.PacketFields);
-  comms_.WaitOn(form_.dPause, [this] { return ModelKnown(); });
+  comms_.WaitOn(form_.dPause, [this] { return UnitIsIdentified(form_); });
   form_.dPause.SetInterval(kAckMs);
   comms_.ReceivePacket();
-  if (ModelKnown() || !platform_.ComP1.PortOpen()) return;
+  if (UnitIsIdentified(form_) || !platform_.ComP1.PortOpen()) return;
   form_.pComBut.SetBackColor(kRed);
   form_.HideImages();
   form_.StatBar(4).SetText("Get Id Failed. ");
@@ -58,14 +61,14 @@ void Identification::GetId() {
 }
 
 void Identification::SelectMode() {
-  OpenIfClosed();
+  if (!OpenIfClosed()) return;
   vars_.PacketFields = FieldsOf(CommandId::kSelect);
   comms_.SendPacket(vars_.PacketFields);
   form_.StatBar(3).SetText("Mode Switched to Select");
 }
 
 void Identification::BroadcastMode() {
-  OpenIfClosed();
+  if (!OpenIfClosed()) return;
   vars_.PacketFields = FieldsOf(CommandId::kBroadcast);
   comms_.SendPacket(vars_.PacketFields);
 }

@@ -8,6 +8,9 @@ class FrmStart;
 struct Platform;
 struct Variables;
 
+/// Panel 4 tells the model of a unit.
+bool UnitIsIdentified(const FrmStart& form);
+
 /// The buttons that ask the unit who it is or change how it reports (`bGetID`, `bSend`, `bBroad`), and the
 /// query for its firmware text.
 class Identification {
@@ -18,8 +21,6 @@ class Identification {
   /// interactive mode ends, the port closes, `StopFirmwareQuery` is called or the program ends. A second
   /// query while one runs is ignored.
   void GetFirmware();
-  /// The unit has told its model.
-  bool ModelKnown() const;
   /// The dialog that wanted the text was closed.
   void StopFirmwareQuery() { firmwareWanted_ = false; }
 
@@ -27,7 +28,7 @@ class Identification {
   void GetId();
   void SelectMode();
   void BroadcastMode();
-  void OpenIfClosed();
+  bool OpenIfClosed();
   void AskFirmwareOnce();
 
   Platform& platform_;

@@ -46,10 +46,12 @@ void Ports::UsePort(int port) {
 }
 
 void Ports::UseNamedPort(std::span<const std::string> paths) {
-  for (std::size_t i = 0; i < paths.size(); ++i) {
-    if (paths[i].empty()) continue;
-    UsePort(kLowestPort + static_cast<int>(i));
-    return;
+  const auto named = [paths](int port) {
+    return !paths[static_cast<std::size_t>(port - kLowestPort)].empty();
+  };
+  if (named(vars_.ComPortNumber)) return;
+  for (int port = kHighestPort; port >= kLowestPort; --port) {
+    if (named(port)) UsePort(port);
   }
 }
 

@@ -25,8 +25,8 @@ class Ports {
   void SetComMenu(int port, bool alreadyChecked);
   /// Uses a port for this run only; nothing is remembered.
   void UsePort(int port);
-  /// Uses the port of the lowest number that has a path here, the ones named on the command line, if there is
-  /// any.
+  /// Whoever names devices on the command line (a path a port, empty for none) means one of those: unless the
+  /// port in use is among them, the one of the lowest number is used.
   void UseNamedPort(std::span<const std::string> paths);
   /// Leaves interactive mode, closes the port and shows it.
   void ClosePort();

@@ -15,6 +15,9 @@ namespace {
 
 constexpr int kLongAckMs = 10000;
 constexpr int kHighlight = 128;
+/// Units acknowledge also what needs no answer. Given this time, such an acknowledgement comes in by itself
+/// instead of together with the next answer, where it would hide that one.
+constexpr int kUnaskedAnswerMs = 25;
 
 std::string FailureText(const Manner& manner, const std::vector<PacketField>& fields) {
   std::string text = manner.failure;
@@ -81,6 +84,7 @@ bool SettingCommands::Await(Ack ack) {
       break;
   }
   comms_.SendPacket(vars_.PacketFields);
+  if (comms_.LineUp()) platform_.pump.Pass(kUnaskedAnswerMs);
   return true;
 }
 
@@ -136,7 +140,7 @@ void SettingCommands::SendWindowInteractive(int index, int onBit) {
   Message message = MessageOf(command, {form_, vars_, Sender::kPanel, index, onBit});
   message.meaning += onBit == kHighlight ? ", highlighted" : ", not highlighted";
   Exchange(command.name, std::move(message), {Ack::kStandard, "ACK LOST"}, Failure::kPanel);
-  At(vars_.CharWindows, index).Highlighted = onBit == kHighlight;
+  if (HasWindow(index)) At(vars_.CharWindows, index).Highlighted = onBit == kHighlight;
 }
 
 bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn) {

@@ -8,6 +8,7 @@
 #include "core/frm_start.h"
 #include "link/communications.h"
 #include "link/finally.h"
+#include "link/identification.h"
 #include "link/ports.h"
 #include "link/replies.h"
 #include "platform/dialogs.h"
@@ -172,7 +173,7 @@ void WholeSend::SendSetup() {
       return;
     }
     form_.bGetID.Press();
-    commands_.Report(kGetID, form_.StatBar(4).Text() != "Get Id Failed. ");
+    commands_.Report(kGetID, UnitIsIdentified(form_));
     result_.end = Run();
   });
 }

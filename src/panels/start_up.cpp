@@ -79,8 +79,9 @@ void StartUp::SetPaths(const std::string& commandText) {
 void StartUp::DecideOperatingMode(const std::string& commandText) {
   vars_.OperatingMode = kDefaultOperatingMode;
   std::string note = commandText.empty() ? "" : "(Default) Command Argument Ignored";
-  for (const OperatingModeRec& mode : vars_.OperatingModes) {
-    if (commandText.empty() || (commandText != mode.Name && commandText != mode.ModeId)) continue;
+  for (int i = 0; !commandText.empty() && i <= UBound(vars_.OperatingModes); ++i) {
+    const OperatingModeRec& mode = At(vars_.OperatingModes, i);
+    if (commandText != mode.Name && commandText != mode.ModeId) continue;
     vars_.OperatingMode = mode.Name;
     note.clear();
     break;

@@ -19,7 +19,7 @@ void VideoStandard::TakeTypingBack() {
 }
 
 void VideoStandard::Click() {
-  vars_.VsLastIndex = static_cast<std::uint8_t>(form_.comVS.ListIndex());
+  if (form_.comVS.ListIndex() >= 0) vars_.VsLastIndex = static_cast<std::uint8_t>(form_.comVS.ListIndex());
   panels_.FillProcessModes();
   ApplyStandardLimits();
 }

@@ -36,7 +36,8 @@ enum class ControlKind {
   kTextBox,
 };
 
-/// A key press on its way to a control; a handler may cancel it. Code 8 is backspace, others are characters.
+/// A key press on its way to a control; a handler may cancel it. Code 8 is backspace, others are code points
+/// of characters.
 struct KeyPress {
   char32_t code;
   bool cancelled = false;
@@ -47,8 +48,7 @@ struct KeyPress {
 struct ControlEvents {
   Signal<int> click;
   Signal<int> change;
-  Signal<int> moved;   ///< a spin's value is another one, for whatever reason; before `change`
-  Signal<int> pulled;  ///< a spin's limits pulled its value, or a row was just built: no `change`
+  Signal<int> moved;  ///< a spin's value is another one, for whatever reason; before `change`
   Signal<int> mouseMove;
   Signal<int> lostFocus;
   Signal<int, KeyPress&> key;
@@ -68,8 +68,6 @@ class EventSource {
   void OnChange(Handler handler) { events_->change.Connect(Plain(std::move(handler))); }
   /// A spin's value moved, by a change or a pull: echo and stored position follow here.
   void OnMoved(IndexHandler handler) { events_->moved.Connect(std::move(handler)); }
-  /// A spin's value moved without a Change: its limits pulled it, or its row was just built.
-  void OnPulled(IndexHandler handler) { events_->pulled.Connect(std::move(handler)); }
   void OnMouseMove(IndexHandler handler) { events_->mouseMove.Connect(std::move(handler)); }
   void OnMouseMove(Handler handler) { events_->mouseMove.Connect(Plain(std::move(handler))); }
   void OnLostFocus(IndexHandler handler) { events_->lostFocus.Connect(std::move(handler)); }

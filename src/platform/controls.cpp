@@ -15,8 +15,7 @@ constexpr char32_t kBackspace = 8;
 /// The text after one key press at its end.
 std::string Typed(const std::string& text, char32_t code) {
   if (code == kBackspace) return LeftOf(text, LengthOf(text) - std::min<std::size_t>(LengthOf(text), 1));
-  if (code < 0x80) return text + static_cast<char>(code);
-  return text + FromCodePage({static_cast<std::uint8_t>(std::min<char32_t>(code, 0xFF))});
+  return text + TextOfCode(code);
 }
 
 }  // namespace
@@ -149,7 +148,6 @@ void SpinControl::Pull() {
 
 void SpinControl::Announce() {
   Raise(&ControlEvents::moved);
-  Raise(&ControlEvents::pulled);
 }
 
 void SpinControl::SetMin(int min) {
@@ -167,7 +165,9 @@ bool SpinControl::OperatorStep(bool up, int times) {
     for (int i = 0; i < times; ++i) {
       const bool rising = up == (max_ >= min_);
       const std::int64_t next = std::int64_t{value_} + (rising ? increment_ : -increment_);
+      const int before = value_;
       SetValue(static_cast<int>(std::clamp<std::int64_t>(next, Lowest(), Highest())));
+      if (value_ == before) break;  // at the limit
     }
   });
 }

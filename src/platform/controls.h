@@ -126,7 +126,7 @@ class SpinControl : public Control {
   int Highest() const;
   /// Takes any value, also outside the limits; Change runs on a real change.
   void SetValue(int value);
-  /// New limits pull the value inside. A pull is no Change, but is announced (OnMoved, OnPulled).
+  /// New limits pull the value inside. A pull is no Change, but is announced (OnMoved).
   void SetMin(int min);
   void SetMax(int max);
   void SetIncrement(int increment) { Store(increment_, increment); }

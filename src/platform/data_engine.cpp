@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/data_engine.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <locale>
@@ -15,11 +17,13 @@ namespace {
 
 /// Reads a number at the beginning of a text with a point as decimal sign, whatever the user's locale is.
 bool ReadNumber(std::string_view text, double& number, bool& restIsBlank) {
-  std::istringstream in{std::string(text)};
-  in.imbue(std::locale::classic());
-  if (!(in >> number)) return false;
-  in >> std::ws;
-  restIsBlank = in.eof();
+  constexpr std::string_view kBlanks = " \t\r\n";
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  if (text.starts_with('+')) text.remove_prefix(1);
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc()) return false;
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  restIsBlank = text.find_first_not_of(kBlanks) == std::string_view::npos;
   return true;
 }
 

@@ -79,6 +79,17 @@ std::size_t LengthOf(std::string_view text) {
   return count;
 }
 
+char32_t CodeOf(std::string_view text) {
+  std::size_t at = 0;
+  return text.empty() ? 0 : NextCharacter(text, at);
+}
+
+std::string TextOfCode(char32_t code) {
+  std::string text;
+  Append(text, code);
+  return text;
+}
+
 std::string LeftOf(std::string_view text, std::size_t count) {
   std::size_t at = 0;
   while (count-- > 0 && at < text.size()) NextCharacter(text, at);

@@ -13,6 +13,10 @@ namespace marlinset {
 
 /// Number of characters.
 std::size_t LengthOf(std::string_view text);
+/// The first character's code point; 0 for an empty text.
+char32_t CodeOf(std::string_view text);
+/// The text of one code point.
+std::string TextOfCode(char32_t code);
 /// The first `count` characters, or all when there are fewer.
 std::string LeftOf(std::string_view text, std::size_t count);
 /// The last `count` characters, or all when there are fewer.

@@ -50,6 +50,8 @@ class Timer {
   bool Enabled() const { return enabled_; }
   /// Enabling a timer that runs already changes nothing.
   void SetEnabled(bool enabled);
+  /// Its handler is running: it will not tick before that ends.
+  bool InHandler() const { return inHandler_; }
   int Interval() const { return intervalMs_; }
   /// A new interval restarts a running timer; 0 never ticks.
   void SetInterval(int milliseconds);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/cli/queued_dialogs.h"
 
+#include <algorithm>
 #include <array>
 #include <system_error>
 #include <utility>
@@ -16,9 +17,15 @@ constexpr std::array<std::string_view, 4> kAnswers = {"ok", "cancel", "yes", "no
 }  // namespace
 
 BoxAnswer QueuedDialogs::NextAnswer(BoxButtons buttons) {
-  if (answers_.empty()) return buttons == BoxButtons::kYesNo ? BoxAnswer::kNo : BoxAnswer::kOk;
-  const BoxAnswer answer = answers_.front();
-  answers_.pop_front();
+  const bool question = buttons == BoxButtons::kYesNo;
+  const auto fits = [&](BoxAnswer answer) {
+    const bool yesOrNo = answer == BoxAnswer::kYes || answer == BoxAnswer::kNo;
+    return question ? yesOrNo : answer == BoxAnswer::kOk || (!yesOrNo && buttons == BoxButtons::kOkCancel);
+  };
+  const auto found = std::find_if(answers_.begin(), answers_.end(), fits);
+  if (found == answers_.end()) return question ? BoxAnswer::kNo : BoxAnswer::kOk;
+  const BoxAnswer answer = *found;
+  answers_.erase(found);
   return answer;
 }
 
@@ -36,13 +43,13 @@ BoxAnswer QueuedDialogs::Show(const MessageBox& box) {
   return answer;
 }
 
-bool QueuedDialogs::QueueAnswer(std::string_view word) {
-  for (std::size_t i = 0; i < kAnswers.size(); ++i) {
-    if (kAnswers[i] != word) continue;
-    answers_.push_back(static_cast<BoxAnswer>(i));
-    return true;
-  }
-  return false;
+bool QueuedDialogs::IsAnswer(std::string_view word) {
+  return std::find(kAnswers.begin(), kAnswers.end(), word) != kAnswers.end();
+}
+
+void QueuedDialogs::QueueAnswer(std::string_view word) {
+  const auto* found = std::find(kAnswers.begin(), kAnswers.end(), word);
+  if (found != kAnswers.end()) answers_.push_back(static_cast<BoxAnswer>(found - kAnswers.begin()));
 }
 
 Json QueuedDialogs::TakeMessages() {

@@ -14,14 +14,17 @@
 
 namespace marlinset {
 
-/// Boxes of a tool without a screen: answered from a queue, and kept as JSON for the next answer line. With
-/// an empty queue a box with OK is answered OK and a question No.
+/// Boxes of a tool without a screen: answered from a queue, and kept as JSON for the next answer line. A box
+/// takes the first answer in the queue that it has a button for; without one a box with OK is answered OK
+/// and a question No.
 class QueuedDialogs : public Dialogs {
  public:
   BoxAnswer Show(const MessageBox& box) override;
 
-  /// Queues "yes", "no", "ok" or "cancel"; false for any other word.
-  bool QueueAnswer(std::string_view word);
+  /// "yes", "no", "ok" or "cancel".
+  static bool IsAnswer(std::string_view word);
+  /// Queues one of these words; any other is passed over.
+  void QueueAnswer(std::string_view word);
   /// Called for each box with its answer, for whoever prints them.
   std::function<void(const MessageBox&, BoxAnswer)> onShown;
 

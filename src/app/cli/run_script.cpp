@@ -42,6 +42,7 @@ int RunScript(const CliOptions& options) {
   try {
     LineInput input(options.scriptFile, computer.Pump(), !options.virtualClock);
     const bool started = StartTool(tool, options.common.commandText);
+    tool.ports.UseNamedPort(options.common.ports);
     Print(script.StartAnswer(started));
     if (!started) return kExitStart;
     while (!script.Ended()) {

@@ -8,6 +8,7 @@
 #include "app/cli/commands.h"
 #include "app/cli/queued_dialogs.h"
 #include "app/tool.h"
+#include "link/frame.h"
 #include "platform/text.h"
 
 namespace marlinset {
@@ -25,6 +26,7 @@ void CatchInterrupt() {
 
 /// Boxes of a run at a terminal go to standard error.
 void PrintBox(const MessageBox& box, BoxAnswer answer) {
+  if (::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");  // the progress stood there
   std::fprintf(stderr, "%s\n", box.text.c_str());
   if (!box.remedy.empty()) std::fprintf(stderr, "%s\n", box.remedy.c_str());
   if (box.buttons == BoxButtons::kYesNo) {
@@ -32,10 +34,13 @@ void PrintBox(const MessageBox& box, BoxAnswer answer) {
   }
 }
 
-std::string HexOf(const std::vector<std::uint8_t>& bytes) {
-  std::string hex;
-  for (const std::uint8_t byte : bytes) hex += (hex.empty() ? "" : " ") + HexByte(byte);
-  return hex;
+/// The frame of a message as it went over the line.
+std::string FrameText(const std::vector<PacketField>& fields) {
+  std::vector<std::uint8_t> bytes;
+  for (const PacketField& field : fields) bytes.push_back(static_cast<std::uint8_t>(field.value_or(0)));
+  std::string text;
+  for (const std::uint8_t byte : EncodeFrame(bytes)) text += (text.empty() ? "" : " ") + HexByte(byte);
+  return text;
 }
 
 const char* OutcomeOf(const SentMessage& message) {
@@ -52,7 +57,7 @@ class Progress {
     ++count_;
     if (verbose_) {
       std::printf("%4d  %-16s  %-46s  %s\n", count_, OutcomeOf(message), message.meaning.c_str(),
-                  HexOf(tool_.variables.TxBytes).c_str());
+                  FrameText(message.fields).c_str());
       std::fflush(stdout);
     } else if (::isatty(STDERR_FILENO)) {
       std::fprintf(stderr, "\r\033[K%d %s", count_, message.meaning.c_str());
@@ -146,7 +151,7 @@ int RunSend(const CliOptions& options) {
     std::fprintf(stderr, "%d of %d messages were not acknowledged.\n", result.unacknowledged,
                  result.messages);
   }
-  if (result.end == SendEnd::kStopped) std::fprintf(stderr, "Stopped; the unit holds a part of the setup.\n");
+  if (result.end == SendEnd::kStopped) std::fprintf(stderr, "Stopped between two messages.\n");
   return status;
 }
 
@@ -157,7 +162,7 @@ int RunIdentify(const CliOptions& options) {
   tool.form.bGetID.Press();
   if (!run.PortOpen()) return kExitPort;
   const std::string model = tool.form.StatBar(4).Text();
-  if (!tool.identification.ModelKnown()) return kExitReply;
+  if (!UnitIsIdentified(tool.form)) return kExitReply;
   std::printf("Model: %s\n", model.c_str());
   tool.communications.ReplyWait({15, 0, 52});
   if (tool.variables.UnitStandardText.empty()) {

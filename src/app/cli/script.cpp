@@ -30,11 +30,9 @@ constexpr ControlKind KindOf(const ScrollBar*) {
   return ControlKind::kScrollBar;
 }
 
-/// The first character of a key's text as its code; control characters such as backspace count too.
 char32_t KeyCode(const std::string& text) {
   if (LengthOf(text) != 1) throw ScriptError("a key is one character");
-  if (text.size() == 1) return static_cast<unsigned char>(text[0]);
-  return ToCodePage(text)[0];
+  return CodeOf(text);
 }
 
 bool OnOrOff(const Word& word) {
@@ -195,7 +193,9 @@ Json Script::Step(const ScriptLine& line) {
   auto& spin = FindA<SpinControl>(line.At(0).text);
   const std::string& direction = line.At(1).text;
   if (direction != "up" && direction != "down") throw ScriptError("a step goes up or down");
-  spin.OperatorStep(direction == "up", line.Count() == 3 ? line.NumberAt(2) : 1);
+  const int times = line.Count() == 3 ? line.NumberAt(2) : 1;
+  if (times < 1) throw ScriptError("a step is taken once or more often");
+  spin.OperatorStep(direction == "up", times);
   return Json::object();
 }
 
@@ -257,8 +257,10 @@ Json Script::Activate(const ScriptLine& line) {
 Json Script::QueueAnswers(const ScriptLine& line) {
   line.Expect(1, 1000);
   for (std::size_t i = 0; i < line.Count(); ++i) {
-    if (!dialogs_.QueueAnswer(line.At(i).text)) throw ScriptError("\"" + line.At(i).text + "\" is no answer");
+    if (!QueuedDialogs::IsAnswer(line.At(i).text))
+      throw ScriptError("\"" + line.At(i).text + "\" is no answer");
   }
+  for (std::size_t i = 0; i < line.Count(); ++i) dialogs_.QueueAnswer(line.At(i).text);
   return Json::object();
 }
 
@@ -288,7 +290,8 @@ Json Script::Row(const ScriptLine& line) {
   line.Expect(4, 4);
   const Word& word = line.At(3);
   const Json value = word.quoted ? Json(word.text) : Json::parse(word.text, nullptr, false);
-  if (value.is_discarded()) throw ScriptError("\"" + word.text + "\" is no value");
+  if (!value.is_primitive() || value.is_null() || value.is_discarded())
+    throw ScriptError("\"" + word.text + "\" is no value");
   const std::string wrong = SetRowField(tool_, line.At(0).text, line.NumberAt(1), line.At(2).text, value);
   if (!wrong.empty()) throw ScriptError(wrong);
   return Json::object();

@@ -101,7 +101,8 @@ ControlName ParseControlName(std::string_view text) {
   result.name = text.substr(0, open);
   if (open != std::string_view::npos) {
     const bool closed = text.back() == ')';
-    if (!closed || !ParseNumber(text.substr(open + 1, text.size() - open - 2), result.index)) {
+    if (!closed || !ParseNumber(text.substr(open + 1, text.size() - open - 2), result.index) ||
+        result.index < 0) {
       throw ScriptError("\"" + std::string(text) + "\" is no name of a control");
     }
   }
