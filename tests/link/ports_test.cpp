@@ -80,7 +80,7 @@ void EnterInteractive(LinkRig& rig) {
   rig.form.bOpen.Press();
   rig.form.mnuInter.SetChecked(true);
   rig.form.mnuOff.SetChecked(false);
-  rig.form.mnuHD7340.SetEnabled(false);
+  for (MenuItem* model : {&rig.form.mnuHD7340, &rig.form.mnuHD7340Q}) model->SetEnabled(false);
   rig.form.InterTime.SetEnabled(true);
   rig.form.chPrev.SetValue(1);
 }
@@ -89,7 +89,7 @@ void ExpectOffLine(const LinkRig& rig) {
   EXPECT_FALSE(rig.line.PortOpen());
   EXPECT_FALSE(rig.form.mnuInter.Checked());
   EXPECT_TRUE(rig.form.mnuOff.Checked());
-  EXPECT_TRUE(rig.form.mnuHD7340.Enabled());
+  EXPECT_TRUE(rig.form.mnuHD7340.Enabled() && rig.form.mnuHD7340Q.Enabled());
   EXPECT_FALSE(rig.form.InterTime.Enabled());
   EXPECT_EQ(rig.form.chPrev.Value(), 0);
   EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);

@@ -171,16 +171,40 @@ TEST(ReceivePacket, LosesWhatItReadWhenMoreComesThanItHasRoomFor) {
   EXPECT_EQ(rig.form.pComBut.BackColor(), kYellow);
 }
 
+/// Fails at the third byte of an arrival.
+struct FailingLine : UnitLine {
+  using UnitLine::UnitLine;
+  std::uint8_t Input() override {
+    if (++read_ == 3) throw RuntimeError(kErrPort, "The line failed.");
+    return UnitLine::Input();
+  }
+  int read_ = 0;
+};
+
 TEST(ReceivePacket, ThrowsTheRestOfAFaultyArrivalAway) {
-  LinkRig rig;
+  LinkRigOn<FailingLine> rig;
   rig.Open();
-  rig.line.OnComm({});
-  rig.Receive({0x02});
-  rig.comms.ReceivePacket();
+  rig.Receive(kStatus);
+  EXPECT_EQ(rig.Panel(3), "Buff Over");
+  EXPECT_EQ(rig.line.InBufferCount(), 0U);
+  EXPECT_EQ(rig.form.pComBut.BackColor(), kYellow);
   rig.Receive({0x04});
-  rig.comms.ReceivePacket();
   EXPECT_EQ(rig.Panel(1), "Ack In");
   EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
+}
+
+TEST(ReceivePacket, TakesAFrameForTheAnswerBeforeItsBoxIsRead) {
+  LinkRig rig;
+  rig.Open();
+  rig.form.timeRes.SetEnabled(true);
+  bool running = true;
+  rig.dialogs.onShow = [&](const MessageBox&) {
+    running = rig.form.timeRes.Enabled();
+    return BoxAnswer::kOk;
+  };
+  rig.ReceiveFields({15, 0, 99});
+  EXPECT_EQ(rig.dialogs.shown.size(), 1U);
+  EXPECT_FALSE(running) << "the query would go out again behind the box";
 }
 
 }  // namespace

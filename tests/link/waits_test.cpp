@@ -59,6 +59,19 @@ TEST(AckWait, LocksOtherSendersOutWhenTold) {
   EXPECT_FALSE(rig.vars.UnitLocalMode);  // also when the unit has said that it is
 }
 
+TEST(AckWait, IsLostWhenTheUnitBroadcastsInItsMiddle) {
+  LinkRig rig;
+  rig.OpenIdentified();
+  rig.line.Unit().Faults().drop = 1;
+  rig.line.Inject(EncodeFrame(Bytes{15, 0, 187}), 50);
+  rig.vars.PacketFields = {1, 5, 46};
+  EXPECT_FALSE(rig.comms.AckWait());
+  EXPECT_EQ(rig.Panel(1), "Sent");
+  EXPECT_EQ(rig.pump.Now(), 100);
+  EXPECT_THAT(rig.Sent(), ElementsAre("1 5 46", "15 0 33"));
+  EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("Broadcast Mode detected, switched to Select Mode"));
+}
+
 struct ReplyCase {
   const char* what;
   void (*prepare)(UnitModel& unit);
@@ -93,6 +106,15 @@ TEST(ReplyWait, AsksTwiceAtMost) {
     EXPECT_EQ(rig.vars.UnitStandardText, c.standardLater);
     EXPECT_EQ(rig.Sent().size(), c.sendings);
   }
+}
+
+TEST(ReplyWait, RepeatsTheFieldsAsTheyStandThen) {
+  LinkRig rig;
+  rig.Open();
+  rig.line.Unit().Faults().mute = true;
+  rig.pump.At(50, [&] { rig.vars.PacketFields = {15, 0, 34}; });
+  rig.comms.ReplyWait({15, 0, 52});
+  EXPECT_THAT(rig.Sent(), ElementsAre("15 0 52", "15 0 34"));
 }
 
 /// Waits of ten seconds that something ends after 30 ms.
@@ -160,6 +182,16 @@ TEST(GetID, KnowsALocalUnitAndForgetsAModelFromBefore) {
   EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("Local Mode detected, Interactive mode suspended."));
 }
 
+TEST(GetID, DoesNotBlameTheCableOfAPortThatWasClosed) {
+  LinkRig rig;
+  rig.line.Unit().Faults().mute = true;
+  rig.pump.At(30, [&] { rig.form.bClose.Press(); });
+  rig.form.bGetID.Press();
+  EXPECT_EQ(rig.Panel(4), "Getting ID");
+  EXPECT_EQ(rig.form.dPause.Interval(), 100);
+  EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
+}
+
 TEST(SelectAndBroadcast, OpenThePortAndAwaitNothing) {
   LinkRig rig;
   rig.line.Unit().Faults().mute = true;
@@ -184,6 +216,29 @@ TEST(GetFirmware, AsksEverySecondUntilTheTextHasCome) {
   EXPECT_EQ(rig.Sent(), std::vector<std::string>(4, "15 0 54 1"));
   EXPECT_FALSE(rig.vars.WaitFullReply);
   EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
+}
+
+TEST(GetFirmware, LeavesAShortReplyAloneForAFullSecond) {
+  LinkRig rig;
+  rig.Open();
+  rig.form.mnuInter.SetChecked(true);
+  rig.line.Unit().Faults().mute = true;
+  rig.form.AboutTimer1.SetEnabled(true);
+  rig.pump.Pass(700);
+  std::size_t unread = 0;
+  rig.pump.At(1600, [&] {
+    rig.line.SetGate(false);
+    rig.line.Inject(Bytes(19, kAck), 1600);
+  });
+  rig.pump.At(1650, [&] { unread = rig.line.InBufferCount(); });
+  rig.pump.At(1699, [&] { EXPECT_EQ(rig.Sent().size(), 1U); });
+  rig.pump.At(1701, [&] {
+    EXPECT_EQ(rig.Sent().size(), 2U);
+    rig.identification.StopFirmwareQuery();
+  });
+  rig.identification.GetFirmware();
+  EXPECT_EQ(unread, 19U);
+  EXPECT_EQ(rig.pump.Now(), 1701);
 }
 
 TEST(GetFirmware, EndsWithInteractiveModeOrItsDialog) {

@@ -75,6 +75,7 @@ TEST(WholeSendStandard, BringsUnitAndConfigurationTogether) {
     std::vector<std::string> expected{"15 0 53", kSense};
     expected.insert(expected.end(), c.sent.begin(), c.sent.end());
     const bool goesOn = c.end == SendEnd::kComplete;
+    EXPECT_EQ(rig.Panel(3) == "Changed to Manual Mode", !goesOn && !c.sent.empty());
     if (goesOn) expected.emplace_back("15 0 192 7 2 44 1 0 0");
     std::vector<std::string> sent = rig.Sent();
     if (goesOn) sent.resize(expected.size());
@@ -85,6 +86,18 @@ TEST(WholeSendStandard, BringsUnitAndConfigurationTogether) {
     EXPECT_TRUE(rig.form.bSConfig.Enabled());
     EXPECT_EQ(enabled, 1);  // once, however often the prologue ran
   }
+}
+
+/// A line that is read only now and then hands over what came meanwhile in one piece.
+TEST(WholeSendStandard, KeepsTheAcknowledgementOfTheModeApartFromTheStatus) {
+  LinkRig rig;
+  rig.line.Unit().SetStandard(kStandard1080i60);
+  SelectText(rig.form.comVS, "525i/60");
+  rig.line.OnComm({});
+  rig.dialogs.answers = {kYes};
+  rig.form.bSConfig.OperatorClick();
+  EXPECT_THAT(rig.dialogs.Texts(), ElementsAre(kMismatch));
+  EXPECT_EQ(rig.wholeSend.Result().end, SendEnd::kComplete);
 }
 
 TEST(WholeSendStandard, AsksAgainWhileTheUnitKeepsItsOwn) {

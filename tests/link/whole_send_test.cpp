@@ -200,6 +200,73 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
   }
 }
 
+TEST(WholeSend, KeepsTheOtherSendersAwayWhileItRuns) {
+  LinkRig rig;
+  rig.form.mnuInter.SetChecked(true);
+  rig.form.InterTime.SetEnabled(true);
+  rig.form.lName(1).SetBackColor(kYellow);  // highlighted by the operator
+  std::size_t sent = 0;
+  bool windows = false;
+  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+    if (++sent == 1) return;  // the identification is the button's own
+    EXPECT_FALSE(rig.form.InterTime.Enabled());
+    for (const Button* button : {&rig.form.bOpen, &rig.form.bSend, &rig.form.bClose, &rig.form.bGetID,
+                                 &rig.form.bBroad, &rig.form.bSConfig}) {
+      EXPECT_FALSE(button->Enabled()) << button->Name();
+    }
+    if (windows || std::string_view(message.command) != "cmdWindow") return;
+    windows = true;
+    EXPECT_EQ(Marked(rig), "") << "all names are white before the highlights are taken off";
+  });
+  rig.form.bSConfig.OperatorClick();
+  EXPECT_TRUE(windows);
+  ExpectIdle(rig);
+}
+
+TEST(WholeSend, GivesTheAcknowledgementsTheTimeThatTheyHadBefore) {
+  for (const int interval : {100, 250, 10000}) {
+    LinkRig rig;
+    rig.Open();
+    rig.form.dPause.SetInterval(interval);
+    rig.wholeSend.SendConfiguration();
+    EXPECT_EQ(rig.form.dPause.Interval(), interval);
+    EXPECT_EQ(rig.wholeSend.Result().end, SendEnd::kComplete);
+  }
+}
+
+TEST(WholeSend, TakesAnEditThatComesBeforeTheControlsTurn) {
+  LinkRig rig;
+  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+    if (message.meaning.starts_with("VITC lines: ")) {
+      rig.form.tWinMess.SetText("roll 4");
+      rig.form.chVITC.SetValue(0);
+      SelectText(rig.form.comTB(0), "Film Data");
+      SelectText(rig.form.ComWin(0), "Crop");
+    }
+  });
+  rig.form.bSConfig.OperatorClick();
+  std::vector<std::string> expected = FieldsOf(SequenceOf(false, true));
+  std::replace(expected.begin(), expected.end(), std::string("2 8 43 5"), std::string("2 8 43 6"));
+  std::replace(expected.begin(), expected.end(), std::string("2 8 40 14 84 65 75 69 32 51 32 201"),
+               std::string("2 8 40 14 82 79 76 76 32 52"));
+  EXPECT_EQ(rig.Sent(), Framed(expected)) << "the others are not sent again";
+}
+
+TEST(WholeSend, CountsAnIdentificationThatThePortCutShort) {
+  LinkRig rig;
+  rig.line.Unit().Faults().mute = true;
+  rig.pump.At(30, [&] { rig.line.Vanish(); });
+  std::vector<std::pair<std::string, std::optional<bool>>> told;
+  rig.commands.MessageSent.Connect(
+      [&](const SentMessage& message) { told.emplace_back(message.command, message.acknowledged); });
+  rig.form.bSConfig.OperatorClick();
+  EXPECT_THAT(rig.Sent(), ElementsAre("15 0 53"));
+  ASSERT_FALSE(told.empty());
+  EXPECT_EQ(told[0], std::pair(std::string("cmdGetID"), std::optional(false)));
+  EXPECT_EQ(rig.wholeSend.Result().unacknowledged, rig.wholeSend.Result().messages);
+  ExpectIdle(rig);
+}
+
 TEST(WholeSend, DescribesEachMessage) {
   LinkRig rig(kModelHd7340Q);
   std::vector<std::string> meanings;
