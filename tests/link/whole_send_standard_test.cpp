@@ -94,6 +94,7 @@ TEST(WholeSendStandard, KeepsTheAcknowledgementOfTheModeApartFromTheStatus) {
   rig.line.Unit().SetStandard(kStandard1080i60);
   SelectText(rig.form.comVS, "525i/60");
   rig.line.OnComm({});
+  rig.line.Unit().Faults().lateAcks = rig.line.Unit().Faults().lateFrames = std::chrono::milliseconds{10};
   rig.dialogs.answers = {kYes};
   rig.form.bSConfig.OperatorClick();
   EXPECT_THAT(rig.dialogs.Texts(), ElementsAre(kMismatch));
