@@ -116,7 +116,11 @@ TEST(ArrangeWindowRows, DownconvertShowsSevenWindowsAndSwitchesTheOthersOff) {
   for (const int row : rig.tool.form.lName.Indices()) {
     const bool visible = rig.tool.form.lName(row).Visible();
     if (visible) shown.insert(rig.tool.form.lName(row).Caption());
-    EXPECT_EQ(rig.tool.form.udVer(row).Visible(), visible);
+    for (const char* name :
+         {"chSlate", "chOnOff", "chField", "chSym", "chDblSize", "tVert", "udVer", "tHor", "udHor"}) {
+      EXPECT_EQ(rig.tool.form.Find(name, row)->Visible(), visible) << name << row;
+    }
+    EXPECT_EQ(rig.tool.form.tVert(row).Enabled(), visible);
     EXPECT_EQ(rig.tool.form.tHor(row).Enabled(), visible);
     if (!visible) {
       EXPECT_EQ(rig.tool.form.chOnOff(row).Value() + rig.tool.form.chSlate(row).Value(), 0) << row;
@@ -124,11 +128,17 @@ TEST(ArrangeWindowRows, DownconvertShowsSevenWindowsAndSwitchesTheOthersOff) {
   }
   EXPECT_EQ(shown, (std::set<std::string>{"Video Timecode", "Video User Bits", "Text", "PullDown", "Debug",
                                           "Debug2", "Debug3"}));
+  EXPECT_FALSE(rig.tool.form.VScroll1.Visible()) << "all fit";
+  EXPECT_EQ(rig.tool.form.VScroll1.Max(), 0);
 
   ToolRig episodic;
   ASSERT_TRUE(episodic.tool.Start("MCAM"));
   for (const int row : episodic.tool.form.lName.Indices()) {
     EXPECT_TRUE(episodic.tool.form.lName(row).Visible()) << row;
+  }
+  for (const ScrollBar* bar : {&episodic.tool.form.VScroll1, &episodic.tool.form.VScroll2}) {
+    EXPECT_TRUE(bar->Visible()) << bar->Name();
+    EXPECT_GT(bar->Max(), 0) << bar->Name();
   }
 }
 
