@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "files/panel_document.h"
+#include "files/qcf_writer.h"
+#include "tests/files/sample.h"
+
+namespace marlinset {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr auto kCorrupt = "Data Process Error, file may be corrupt";
+constexpr auto kNewWindows =
+    "New character windows have been added to this configuration.  Please verify the settings.";
+constexpr auto kNewParameters =
+    "New parameters have been added to this configuration.  Please verify the settings.";
+constexpr auto kExtraParameters = "Extra parameters have been removed from the QCF file";
+
+struct Loading : ::testing::Test, FileRig {
+  void SetUp() override { ASSERT_TRUE(started); }
+
+  const CharWindowRec& Window(std::string_view name) {
+    return *std::find_if(vars.CharWindows.begin(), vars.CharWindows.end(),
+                         [&](const CharWindowRec& window) { return window.Name == name; });
+  }
+  const SystemParameterRec* Parameter(int parameterClass, int number) {
+    const auto found = std::find_if(
+        vars.SystemParameters.begin(), vars.SystemParameters.end(), [&](const SystemParameterRec& parameter) {
+          return parameter.Class == parameterClass && parameter.Parameter == number;
+        });
+    return found == vars.SystemParameters.end() ? nullptr : &*found;
+  }
+  FileBytes PanelBytes() { return WriteDocument(DocumentOfPanels(vars, form)); }
+  /// Rows and arrays belong together, whatever a file did.
+  void ExpectWholePanels() {
+    EXPECT_EQ(form.lName.UBound(), UBound(vars.CharWindows));
+    EXPECT_GE(form.lClass.UBound(), UBound(vars.SystemParameters));
+    EXPECT_GE(form.lPara2.UBound(), UBound(vars.SystemParameters));
+    for (int row = 0; row <= UBound(vars.CharWindows); ++row) {
+      EXPECT_EQ(form.lName(row).Caption(), At(vars.CharWindows, row).Name);
+      EXPECT_EQ(At(vars.CharWindows, row).Left, form.udHor(row).Value());
+      EXPECT_EQ(form.tVert(row).Text(), std::to_string(form.udVer(row).Value()));
+    }
+  }
+};
+
+TEST_F(Loading, BringsAFileOfVersionTwoToThePanels) {
+  EXPECT_EQ(Load(Sample(2)), ReadEnd::kLoaded);
+  EXPECT_THAT(TakeBoxes(), ElementsAre(kNewWindows, kExtraParameters, kNewParameters));
+  EXPECT_EQ(vars.OperatingMode, "Multi-Camera Episodic");
+  EXPECT_EQ(form.comVS.Text(), "1080i/50");
+  EXPECT_EQ(form.vitcModes.Selected(), 1);
+  EXPECT_TRUE(form.mnuCharOff.Checked() && !form.mnuCharOn.Checked());
+  EXPECT_EQ(form.comTB(1).Text(), "Time Code Generator");
+  EXPECT_EQ(form.ComUB(2).Text(), "User Bit Generator");
+  EXPECT_EQ(form.upVitc1(1).Value(), 12);
+  EXPECT_EQ(form.upVitc1(5).Value(), 13);
+  EXPECT_EQ(form.chSync.Value(), 1);
+  EXPECT_EQ(form.UpDown1.Value(), 7);
+  EXPECT_EQ(form.UDDur.Value(), 300);
+  EXPECT_EQ(form.tWinMess.Text(), "Take 3 é");
+  EXPECT_EQ(form.ComDownConv(2).Text(), "Sharp");
+  EXPECT_EQ(form.ComWin(4).Text(), "SD Clean");
+  EXPECT_EQ(form.udVer(2).Increment(), 2) << "a small font";
+  ExpectWholePanels();
+}
+
+TEST_F(Loading, MergesWindowsAndParametersWithTheDatabase) {
+  Load(Sample(2));
+  EXPECT_EQ(vars.CharWindows.front().Name, "Old Window") << "without a number it sorts first";
+  EXPECT_EQ(vars.CharWindows.size(), 21U);
+  const CharWindowRec& text = Window(" TEXT ");
+  EXPECT_EQ(text.Number, 14);
+  EXPECT_EQ(text.Length, 32);
+  EXPECT_EQ(text.Top, 168);
+  EXPECT_TRUE(text.DefaultSlateOnOff);
+  EXPECT_TRUE(Window("Video Timecode").DoubleHeight);
+  EXPECT_EQ(Window("Film Footage").DefaultHorPosn, 20) << "a window that the file lacks";
+  EXPECT_EQ(form.udVer(5).Min(), 30);
+  EXPECT_EQ(form.udHor(5).Max(), 32);
+  EXPECT_EQ(Parameter(2, 9), nullptr);
+  EXPECT_EQ(Parameter(7, 1)->Description, "Phase of mine");
+  EXPECT_EQ(Parameter(7, 1)->Value, 300);
+  EXPECT_EQ(Parameter(25, 1)->Value, 21);
+  EXPECT_EQ(Parameter(2, 0)->Value, 8);
+  EXPECT_EQ(vars.NextParameterClass, UBound(vars.SystemParameters));
+  EXPECT_EQ(dialogs.shown.back().icon, BoxIcon::kInformation);
+}
+
+TEST_F(Loading, CarriesAFileOfVersionOneForward) {
+  form.ComWin(4).SetListIndex(2);
+  form.ComDownConv(1).SetListIndex(3);
+  EXPECT_EQ(Load(Sample(1)), ReadEnd::kLoaded);
+  EXPECT_THAT(TakeBoxes(),
+              ElementsAre("Input Time Bits not found, auto set to default",
+                          "Window Style not found, auto set to default", kNewWindows, kNewParameters));
+  EXPECT_EQ(vars.OperatingMode, "KeyKode Accuracy Test");
+  EXPECT_EQ(form.ComUB(0).Text(), "Video LTC Reader User Bits");
+  EXPECT_EQ(form.comTB(1).Text(), "Video Recorder Time");
+  EXPECT_EQ(form.ComUB(1).Text(), "Video Recorder User Bits");
+  EXPECT_EQ(form.comTB(2).Text(), "Output Video Recorder Time");
+  EXPECT_EQ(form.ComUB(2).Text(), "Input Video Recorder Time");
+  std::vector<int> lines;
+  for (const int spin : {1, 5, 2, 6, 3, 7}) lines.push_back(form.upVitc1(spin).Value());
+  EXPECT_THAT(lines, ElementsAre(20, 10, 9, 20, 10, 20)) << "10 to 20 are the lines of 1080i/60";
+  EXPECT_EQ(form.UpDown1.Value(), 255);
+  EXPECT_EQ(form.ComWin(4).ListIndex(), 2) << "not in the file";
+  EXPECT_EQ(form.ComDownConv(1).ListIndex(), 3);
+  EXPECT_TRUE(Window("Scene and Take").DoubleHeight) << "from the database";
+  EXPECT_EQ(Window("video timecode").Number, 1);
+  EXPECT_EQ(Parameter(2, 0)->Value, 266);
+  ExpectWholePanels();
+}
+
+TEST_F(Loading, UnknownUserBitsOfTheFirstLineResetThoseOfTheOutput) {
+  FileBytes bytes = Sample(2);
+  bytes[Behind(bytes, "User Bit Generator") - 1] = 'x';
+  Load(bytes);
+  EXPECT_EQ(TakeBoxes().front(), "Output VITC1 User Bit not found, auto set to default");
+  EXPECT_EQ(form.ComUB(1).ListIndex(), 0);
+  EXPECT_EQ(form.ComUB(2).Text(), "Video Recorder User Bits") << "its default stands";
+}
+
+TEST_F(Loading, EntriesThatTheListsHaveLostAreToldAndReplaced) {
+  std::erase_if(vars.CharStyles, [](const auto& row) { return row.Description == "White on Grey Box"; });
+  std::erase_if(vars.SlateModes,
+                [](const auto& row) { return row.Description == "On at Event Start for Duration"; });
+  std::erase_if(vars.DownConverterProcessModes,
+                [](const auto& row) { return row.Description == "Motion Adaptive"; });
+  for (const int box : {1, 2}) form.ComDownConv(box).Clear();
+  form.ComWin(4).Clear();
+  form.ComWin(4).AddItem("HD Clean");
+  Load(Sample(2));
+  const auto boxes = TakeBoxes();
+  EXPECT_THAT(boxes, ElementsAre("Window Style not found, auto set to default",
+                                 "Slate Mode not found, auto set to default",
+                                 "Downconverter Processing Mode not found, auto set to default",
+                                 "Horizontal Filter not found, auto set to default",
+                                 "Horizontal Filter not found, auto set to default",
+                                 "Horizontal Filter not found, auto set to default", kNewWindows,
+                                 kExtraParameters, kNewParameters));
+  EXPECT_EQ(form.ComWin(4).Text(), "HD Clean");
+  EXPECT_EQ(form.ComDownConv(1).ListIndex(), -1) << "nothing to fall back to";
+}
+
+TEST_F(Loading, AFileCutAnywhereLeavesDefaultsAndALivingTool) {
+  // A short length of the block lets a reader come to the place of the cut.
+  FileBytes whole = Sample(2);
+  std::fill_n(whole.begin() + 45, 4, std::uint8_t{0});
+  const std::size_t mode = Behind(whole, "Multi-Camera Episodic");
+  for (std::size_t length = 1; length < whole.size(); length += length < 120 ? 1 : 7) {
+    vars.OperatingMode = "Test";
+    EXPECT_EQ(Load({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)}),
+              ReadEnd::kNotReadable);
+    EXPECT_EQ(TakeBoxes().back(), kCorrupt) << length;
+    EXPECT_EQ(vars.OperatingMode, length < mode ? "Test" : "Multi-Camera Episodic") << length;
+    EXPECT_EQ(form.tWinMess.Text(), "");
+    ExpectWholePanels();
+  }
+  EXPECT_EQ(Load(whole), ReadEnd::kLoaded);
+}
+
+TEST_F(Loading, AFlippedByteNeverBringsTheToolDown) {
+  FileBytes bytes = Sample(2);
+  for (std::size_t i = 0; i < bytes.size(); i += 3) {
+    bytes[i] ^= 0xFF;
+    EXPECT_NE(Load(bytes), ReadEnd::kNone);
+    bytes[i] ^= 0xFF;
+  }
+  EXPECT_EQ(Load(bytes), ReadEnd::kLoaded);
+  ExpectWholePanels();
+}
+
+TEST_F(Loading, EachFailureHasItsMessage) {
+  const FileBytes good = Sample(2);
+  const auto with = [&](std::size_t at, std::uint8_t byte) {
+    FileBytes bytes = good;
+    bytes[at] = byte;
+    return bytes;
+  };
+  const auto told = [&](const FileBytes& bytes) {
+    EXPECT_EQ(Load(bytes), ReadEnd::kNotReadable);
+    return TakeBoxes().back();
+  };
+  EXPECT_EQ(told(with(0, 'X')), "Data Process Error, file header corrupt or unreadable");
+  EXPECT_EQ(told(with(16, 9)), "No 7340 Configuration found in file, using Default.");
+  EXPECT_EQ(told(with(Behind(good, "Multi-Camera Episodi"), 'k')), kCorrupt) << "an unknown mode";
+  EXPECT_EQ(told(with(Behind(good, "(16 lines/field)"), 0x80)), kCorrupt) << "a slate too long to count";
+  EXPECT_EQ(told(with(Behind(good, "LTC Output Level (mV)") + 2, 0xFF)), kCorrupt) << "a negative parameter";
+  EXPECT_EQ(told(with(Behind(good, "User Bit Generator") + 33, 7)), kCorrupt) << "a tick that is neither";
+  EXPECT_EQ(Load({}), ReadEnd::kEmpty);
+  files.refuseReading = true;
+  EXPECT_EQ(told(good), "Import Error");
+}
+
+TEST_F(Loading, AFailureBehindTheWindowsKeepsWhatWasTaken) {
+  std::vector<SystemParameterRec> before = vars.SystemParameters;
+  vars.DatabasePath = folder.File("none.mdb");
+  EXPECT_EQ(Load(Sample(2)), ReadEnd::kLoaded) << "a database that is gone is told by each merge";
+  const auto boxes = TakeBoxes();
+  ASSERT_EQ(boxes.size(), 3U);
+  for (const std::string& box : boxes) EXPECT_TRUE(box.starts_with("3024 ")) << box;
+  RunSql(folder.File("shotsys.mdb"),
+         "CREATE TABLE \"Character Windows\" (\"Device\"); INSERT INTO \"Character Windows\" VALUES (0);"
+         "CREATE TABLE \"Deleted Parameters\" (\"Class\")");
+  vars.DatabasePath = folder.File("shotsys.mdb");
+  EXPECT_EQ(Load(Sample(2)), ReadEnd::kIncomplete);
+  EXPECT_TRUE(TakeBoxes().back().starts_with("3021    ")) << "no deleted parameter at all";
+  EXPECT_EQ(form.tWinMess.Text(), "Take 3 é") << "no defaults";
+}
+
+TEST_F(Loading, AFileThatIsNotThereIsLookedFor) {
+  fileDialog.FileName = folder.File("gone.qcf");
+  tool.configurationFile.ReadConfigFile();
+  EXPECT_THAT(TakeBoxes(),
+              ElementsAre("Default folder could not found.  Please browse to the .qcf file location",
+                          "Qcf file location was not set, Data will not be loaded properly"));
+  EXPECT_EQ(fileDialog.shown.back().initDir, vars.AppPath);
+  EXPECT_EQ(fileDialog.FileName, folder.File("gone.qcf"));
+  EXPECT_FALSE(settings.Has("Default"));
+  const std::string found = Write("found.qcf", Sample(2));
+  fileDialog.choices = {folder.Path(), found};
+  tool.configurationFile.ReadConfigFile();
+  EXPECT_EQ(TakeBoxes().size(), 2U + 3) << "a folder is no file: asked again";
+  EXPECT_EQ(tool.configurationFile.LastRead(), ReadEnd::kLoaded);
+  EXPECT_EQ(settings.GetSetting("Default", ""), found);
+}
+
+TEST_F(Loading, OpenNamesTheFileEvenWhenItCouldNotBeRead) {
+  fileDialog.choices = {Write("odd.name.qcf", {1, 2, 3})};
+  tool.configurationFile.LoadConfig();
+  EXPECT_EQ(vars.CurrentFile, "odd");
+  EXPECT_EQ(form.Caption(), "7340 Marlinset - odd");
+  EXPECT_EQ(Panel(4), "File odd Loaded ");
+  EXPECT_EQ(settings.GetSetting("Load", ""), folder.Path() + "/");
+  EXPECT_EQ(fileDialog.shown.back().filter, "Brandal Marlinset File|*.qcf");
+  EXPECT_EQ(fileDialog.shown.back().fileName, "*.qcf");
+  TakeBoxes();
+
+  fileDialog.choices = {Write("undotted", Sample(2))};
+  tool.configurationFile.LoadConfig();
+  EXPECT_EQ(TakeBoxes().back(), "Error during load, load aborted!") << "after it was taken";
+  EXPECT_EQ(form.tWinMess.Text(), "Take 3 é");
+}
+
+TEST_F(Loading, ACancelledOpenChangesNothing) {
+  fileDialog.FileName = "before.qcf";
+  const FileBytes before = PanelBytes();
+  tool.configurationFile.LoadConfig();
+  EXPECT_THAT(TakeBoxes(), IsEmpty());
+  EXPECT_EQ(fileDialog.FileName, "before.qcf");
+  EXPECT_EQ(vars.CurrentFile, "Unsaved");
+  EXPECT_EQ(PanelBytes(), before);
+  EXPECT_EQ(Panel(4), "Getting Saved Data ");
+}
+
+}  // namespace
+}  // namespace marlinset
