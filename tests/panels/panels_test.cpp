@@ -54,6 +54,9 @@ TEST_F(Panels, TypingIntoTheStandardIsTakenBack) {
   form.comVS.OperatorKey('x');
   EXPECT_EQ(form.comVS.Text(), text);
   EXPECT_EQ(form.comVS.ListIndex(), 2);
+  form.comVS.SetListIndex(-1);
+  form.comVS.OperatorKey('\b');  // changes no text, and yet
+  EXPECT_EQ(form.comVS.ListIndex(), 2);
 }
 
 TEST_F(Panels, AStandardWithoutPositionsKeepsTheLastLimits) {

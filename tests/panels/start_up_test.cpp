@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/support/sqlite_file.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/tool_rig.h"
@@ -34,7 +36,11 @@ TEST(FormLoad, FirstStartWithoutSettings) {
   EXPECT_FALSE(form.fFilters.Visible());
   EXPECT_EQ(rig.tool.variables.PortList, "1234");
   EXPECT_TRUE(form.mnuCom1.Checked());
-  EXPECT_EQ(form.fCodes.BackColor(), 12583104U) << "red 192, green 0, blue 192";
+  EXPECT_TRUE(form.mnuOff.Checked() && !form.mnuInter.Checked());
+  EXPECT_TRUE(form.mnuCharOn.Checked() && !form.mnuCharOff.Checked());
+  for (const Frame* frame : {&form.fParameters, &form.fCodes, &form.fOutputs, &form.fWindows}) {
+    EXPECT_EQ(frame->BackColor(), 12583104U) << "red 192, green 0, blue 192: " << frame->Name();
+  }
 }
 
 TEST(FormLoad, SettingsAreRestored) {
@@ -69,6 +75,52 @@ TEST(FormLoad, SettingsBeyondTheirRangeAndNoNumbersFallBack) {
   EXPECT_EQ(rig.tool.variables.HardwareType, "HD7340");
   EXPECT_EQ(rig.tool.variables.ComPortNumber, 1);
   EXPECT_FALSE(rig.tool.form.tInput.Visible());
+}
+
+TEST(FormLoad, EachTimeOutAndTheLastPageAreRestored) {
+  for (const auto& [choice, seconds] : {std::pair{"1", 10}, {"2", 20}, {"3", 30}, {"4", 60}, {"5", 0}}) {
+    ToolRig rig;
+    rig.settings.SaveSetting("Timer", choice);
+    rig.settings.SaveSetting("Page", "5");
+    ASSERT_TRUE(rig.tool.Start(""));
+    const FrmStart& form = rig.tool.form;
+    EXPECT_EQ(form.tClearStat.Enabled(), seconds > 0);
+    EXPECT_EQ(form.tClearStat.Interval(), seconds > 0 ? seconds * 1000 : 10000);
+    std::string ticked;
+    for (const MenuItem* item : {&form.mnu10, &form.mnu20, &form.mnu30, &form.mnu60, &form.mnuNever}) {
+      if (item->Checked()) ticked += item->Name();
+    }
+    EXPECT_EQ(ticked, seconds > 0 ? "mnu" + std::to_string(seconds) : "mnuNever");
+    EXPECT_TRUE(form.views.Selected() == 5 && form.fDownConverter.Visible());
+  }
+}
+
+TEST(FormLoad, AFolderKeepsItsKindOfSeparator) {
+  for (const auto& [folder, path] : {std::pair{"C:\\tool", "C:\\tool\\"},
+                                     {"C:\\tool\\", "C:\\tool\\"},
+                                     {"/no/tool", "/no/tool/"},
+                                     {"/no/tool/", "/no/tool/"}}) {
+    ToolRig rig({}, folder);
+    rig.tool.Start("");
+    EXPECT_EQ(rig.tool.variables.AppPath, path);
+    EXPECT_EQ(rig.tool.variables.DatabasePath, std::string(path) + "shotsys.mdb");
+  }
+}
+
+TEST(FormLoad, ATableTooSmallForThePanelsIsToldByItsFailure) {
+  for (const auto& [sql, box] :
+       {std::pair{R"(delete from "Character Styles")", "9  Subscript out of range"},
+        {R"(delete from "Down Converter Filters" where "Order" not in (select "Order" from )"
+         R"("Down Converter Filters" where Ignore1 = 0 order by "Order" limit 9))",
+         "380  Invalid property value"}}) {
+    const TempFolder folder;
+    std::filesystem::copy_file(SHIPPED_DATABASE_FOLDER "shotsys.mdb", folder.File("shotsys.mdb"));
+    RunSql(folder.File("shotsys.mdb"), sql);
+    ToolRig rig({}, folder.Path());
+    EXPECT_FALSE(rig.tool.Start(""));
+    EXPECT_THAT(rig.Boxes(), ElementsAre(box));
+    EXPECT_FALSE(rig.tool.variables.MainFormActive);
+  }
 }
 
 TEST(FormLoad, TheCommandTextNamesAModeByNameOrId) {
@@ -112,12 +164,12 @@ TEST(StatusTimeOut, ClearsThePanelsOffLineOnly) {
   ToolRig rig;
   ASSERT_TRUE(rig.tool.Start(""));
   FrmStart& form = rig.tool.form;
-  form.StatBar(1).SetText("Ack In");
+  for (const int panel : {1, 2, 3}) form.StatBar(panel).SetText("Ack In");
   form.StatBar(4).SetText("HD7340");
   rig.pump.Pass(9999);
   EXPECT_EQ(rig.Panel(4), "HD7340");
   rig.pump.Pass(1);
-  EXPECT_EQ(rig.Panel(1) + rig.Panel(4), "");
+  EXPECT_EQ(rig.Panel(1) + rig.Panel(2) + rig.Panel(3) + rig.Panel(4), "");
   EXPECT_EQ(form.StatBar(3).Picture(), "Image2(2)");
 
   form.StatBar(4).SetText("HD7340");
