@@ -2,9 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "tests/app/child_program.h"
+#include "tests/support/sqlite_file.h"
 #include "tests/support/temp_folder.h"
 
 namespace marlinset {
@@ -134,12 +136,64 @@ TEST_F(CliTest, WhatAScriptCannotDoIsToldAndItGoesOn) {
   EXPECT_EQ(script.End(), 2);
 }
 
+TEST_F(CliTest, AScriptDoesWhatAnOperatorCould) {
+  CliProgram script(Words({"script", "--clock", "virtual", "--command", "MCAM"}));
+  script.ReadLine();
+  EXPECT_EQ(Answer(script, "variable OperatingMode")["value"], "Multi-Camera Episodic");
+  for (const char* line : {"scroll VScroll1 255", "hover lName(0)", "leave tWinMess", "log off"}) {
+    EXPECT_EQ(Answer(script, line)["ok"], true) << line;
+  }
+  EXPECT_EQ(Answer(script, "get VScroll1")["value"], 255);
+
+  // What is disabled can be pointed at, but does nothing.
+  for (const char* line : {"click bGetID", "check chField(3) 1"}) {
+    EXPECT_EQ(Answer(script, line)["ok"], true) << line;
+  }
+  EXPECT_EQ(Answer(script, "get StatBar(4)")["text"], "");
+  EXPECT_EQ(Answer(script, "get chField(3)")["value"], 0);
+
+  EXPECT_EQ(Answer(script, "answer no yes")["ok"], true);
+  for (const char* answer : {"no", "yes", "no"}) {  // the third by itself
+    Answer(script, "step udVal(20) up");
+    const json messages = Answer(script, "click mnuNew")["messages"];
+    ASSERT_FALSE(messages.empty());
+    EXPECT_EQ(messages[0]["answer"], answer);
+    EXPECT_EQ(messages.size(), std::string_view(answer) == "yes" ? 2U : 1U) << "Yes saves first";
+  }
+  EXPECT_EQ(script.End(), 0);
+}
+
 TEST_F(CliTest, AStartThatFailsSaysWhy) {
-  CliProgram script(Words({"script", "--clock", "virtual", "--program-folder", folder_.Path()}));
-  const json answer = json::parse(script.ReadLine());
-  EXPECT_EQ(answer["ok"], false);
-  EXPECT_THAT(answer["messages"][0]["text"].get<std::string>(), testing::StartsWith("3024  "));
-  EXPECT_EQ(script.End(), 3);
+  struct Case {
+    const char* sql;
+    const char* box;
+  };
+  const Case cases[] = {
+      {nullptr, "3024  "},
+      {"create table \"Operating Mode\"(ModeId text, Name text, \"Order\", Description text, Ignore1);"
+       "insert into \"Operating Mode\" values('A', 'HD Video Downconvert', 1, '', 0)",
+       "DataBase Error. Expected file at Path "}};
+  for (const Case& testCase : cases) {
+    if (testCase.sql) RunSql(folder_.File("shotsys.mdb"), testCase.sql);
+    CliProgram script(Words({"script", "--clock", "virtual", "--program-folder", folder_.Path()}));
+    const json answer = json::parse(script.ReadLine());
+    EXPECT_EQ(answer["ok"], false);
+    EXPECT_THAT(answer["messages"][0]["text"].get<std::string>(), testing::StartsWith(testCase.box));
+    EXPECT_EQ(script.End(), 3);
+  }
+}
+
+TEST_F(CliTest, AScriptComesFromAFileThatMustBeThere) {
+  const std::string file = folder_.File("look.script");
+  CliProgram missing(Words({"script", "--clock", "virtual", file}));
+  EXPECT_THAT(missing.ReadDiagnostic(), HasSubstr(file));
+  EXPECT_EQ(missing.End(), 2);
+
+  std::ofstream(file) << "variable CurrentFile\n";
+  CliProgram script(Words({"script", "--clock", "virtual", file}));
+  script.ReadLine();
+  EXPECT_EQ(json::parse(script.ReadLine(), nullptr, false)["value"], "Unsaved");
+  EXPECT_EQ(script.End(), 0);
 }
 
 TEST_F(CliTest, SendTellsEachMessageAndTheEnd) {
@@ -170,6 +224,7 @@ TEST_F(CliTest, SendEndsWithTheStatusOfWhatHappened) {
       {{"--standard", "0"}, "state", {}, 5, "Video Standard not detected. Verify communications."},
       {{"--standard", "1"}, "state", {}, 1, "Video Standard Mismatch, Switch to Manual Mode?"},
       {{"--standard", "1", "--manual"}, "state", {"--answer", "yes"}, 0, "Video Standard will be changed!"},
+      {{"--standard", "5"}, "state", {"--answer", "yes"}, 0, "Video Standard Mismatch"},
       {{"--standard", "1"}, "unplug", {}, 4, "there is no device"},
       {{}, "state", {"--baud", "9600"}, 2, "--baud"},
   };
