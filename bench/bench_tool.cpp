@@ -22,7 +22,13 @@ BenchTool::BenchTool(const std::string& device)
   if (!tool_.Start("")) throw std::runtime_error("the tool does not start");
   tool_.ports.UsePort(kLowestPort);
   tool_.form.bGetID.Press();
-  if (!tool_.identification.ModelKnown()) throw std::runtime_error("the unit does not identify itself");
+  if (!UnitIsIdentified(tool_.form)) throw std::runtime_error("the unit does not identify itself");
+}
+
+BenchTool::BenchTool()
+    : computer_(Options(""), Computer::ClockKind::kVirtual, dialogs_, fileDialog_),
+      tool_(computer_.MakePlatform()) {
+  if (!tool_.Start("")) throw std::runtime_error("the tool does not start");
 }
 
 }  // namespace marlinset

@@ -15,6 +15,8 @@ namespace marlinset {
 class BenchTool {
  public:
   explicit BenchTool(const std::string& device);
+  /// Started, without a line.
+  BenchTool();
 
   Tool& operator*() { return tool_; }
   Tool* operator->() { return &tool_; }

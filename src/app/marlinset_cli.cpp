@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
+#include <cstdio>
+#include <exception>
 
 #include "app/cli/commands.h"
 
@@ -98,5 +100,10 @@ int Main(int argc, char** argv) {
 }  // namespace marlinset
 
 int main(int argc, char** argv) {
-  return marlinset::Main(argc, argv);
+  try {
+    return marlinset::Main(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
+    return marlinset::kExitNotDone;
+  }
 }

@@ -73,6 +73,25 @@ TEST(QcfFormat, WritesWhatItReadByteForByte) {
   EXPECT_EQ(ToHex(ReadDocument(Sample(1)).tail), "00 00 51 43 46");
 }
 
+TEST(QcfFormat, TheExampleOfTheDocumentIsAFile) {
+  std::ifstream page(SAMPLE_FOLDER "../../docs/qcf-format.md");
+  FileBytes bytes;
+  constexpr std::size_t kOffset = 5;
+  constexpr std::size_t kColumn = 48;
+  bool inExample = false;
+  for (std::string line; std::getline(page, line);) {
+    inExample = inExample || line == "## An example";
+    if (!inExample || line.size() < kOffset + kColumn || line[3] != ' ' || line[4] != ' ') continue;
+    EXPECT_EQ(std::stoul(line), bytes.size()) << line;
+    const FileBytes part = FromHex(line.substr(kOffset, kColumn));
+    bytes.insert(bytes.end(), part.begin(), part.end());
+  }
+  const QcfDocument document = ReadDocument(bytes);
+  EXPECT_EQ(ListingOf(document).back().text, "300");
+  EXPECT_FALSE(document.configurationLength);
+  EXPECT_TRUE(document.tail.empty());
+}
+
 TEST(QcfFormat, AFileCutAnywhereIsDamaged) {
   for (const int version : {1, 2}) {
     const FileBytes whole = Sample(version);
