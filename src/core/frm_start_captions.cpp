@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/frm_start.h"
+#include "platform/dialogs.h"
 
 namespace marlinset {
 namespace {
@@ -132,7 +133,7 @@ constexpr CaptionRow kCaptions[] = {
 }  // namespace
 
 void FrmStart::SetCaptions() {
-  SetCaption("7340 Marlinset");
+  SetCaption(std::string(kProgramTitle));
   for (const CaptionRow& row : kCaptions) {
     Control* control = Find(row.control, row.index);
     if (!control) throw NoSuchElement(row.index);

@@ -7,6 +7,7 @@
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "core/vertical_step.h"
+#include "platform/dialogs.h"
 
 namespace marlinset {
 namespace {
@@ -14,6 +15,9 @@ namespace {
 /// The filter that both filter boxes stand at after the start.
 constexpr int kStartFilter = 9;
 constexpr int kLongestSlate = 200;
+/// Hardware whose rows of positions make a font size one that can be chosen.
+constexpr int kHdHardware = 1000;
+constexpr int kSdHardware = 200;
 
 /// The box that the rows of a field name feed. Field names without a box are passed over.
 struct RoutingBox {
@@ -97,7 +101,7 @@ void PanelSetup::SetDefaults() {
   ArrangeWindowRows();
   form_.bClass.Press();
   SetVerticalSteps();
-  form_.SetCaption("7340 Marlinset");
+  form_.SetCaption(std::string(kProgramTitle));
 }
 
 void PanelSetup::ClearRouting() {
@@ -230,7 +234,7 @@ void PanelSetup::FillFontSizes() {
   for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
     const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
     if (limits.VideoStandard != form_.comVS.Text()) continue;
-    if (limits.HardwareID != 1000 && limits.HardwareID != 200) continue;
+    if (limits.HardwareID != kHdHardware && limits.HardwareID != kSdHardware) continue;
     box.AddItem(limits.Description);
     vars_.CurCharMaxRow = i;
   }

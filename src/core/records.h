@@ -16,8 +16,7 @@ struct VideoStandardRec {
   double Order = 0;
   bool Ignore1 = false;
   std::int16_t FrameRate = 0;
-  std::int16_t Vitc1Min =
-      0;  ///< limits of the first VITC line and of the white flag line, in lines of a field
+  std::int16_t Vitc1Min = 0;  ///< limits of first VITC line and white flag, in lines of a field
   std::int16_t Vitc1Max = 0;
   std::int16_t Vitc1Default1 = 0;  ///< default of the white flag line
   std::int16_t Vitc1Default2 = 0;  ///< default of the first VITC line and of its duplicate

@@ -5,7 +5,7 @@
 
 namespace marlinset {
 
-/// The tool's boxes on the screen, over the window in use. The system's text stands as it is, the remedy in
+/// The tool's boxes on the screen, over the window in use. The tool's text stands as it is, the remedy in
 /// the informative line below. The default button is the safe one, Esc and the cross answer No or Cancel.
 class QtDialogs : public Dialogs {
  public:

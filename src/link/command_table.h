@@ -116,7 +116,7 @@ struct FixedFields {
 
 struct SettingCommand {
   CommandId id;
-  const char* name;     ///< as in the description of the protocol: "cmdVitcLines"
+  const char* name;     ///< as docs/protocol.md has it: "cmdVitcLines"
   const char* meaning;  ///< a word or two for operators
   FixedFields begin;
   /// Appends the data and may add to the meaning; null when the message is complete without.

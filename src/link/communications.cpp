@@ -8,6 +8,7 @@
 #include "platform/event_pump.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
+#include "platform/reply_gate.h"
 #include "platform/text.h"
 
 namespace marlinset {
@@ -20,6 +21,8 @@ constexpr std::size_t kLogCharacters = 200;
 /// More bytes than this behind a full log: the unit floods the line and is taken out of broadcast mode.
 constexpr std::size_t kFloodBytes = 50;
 constexpr int kReplyMs = 100;
+
+static_assert(ReplyGate::kLongestReply == kLongestFrame, "what is longer than a frame is a flood");
 
 }  // namespace
 
@@ -140,7 +143,8 @@ void Communications::HandleFrame(std::span<const std::uint8_t> frame) {
   if (frame.size() < 2) throw SubscriptOutOfRange();
   switch (CheckFrame(frame)) {
     case FrameCheck::kWrongLength:
-      form_.StatBar(3).SetText("Packet Length Mismatch");
+      form_.StatBar(3).SetText(
+          "Packet Length Mismatch");  // gone at once; operators know only the second text
       form_.StatBar(3).SetText("Mode Switched to Select");
       break;
     case FrameCheck::kWrongChecksum:
@@ -187,7 +191,7 @@ void Communications::WaitOn(Timer& timer, const std::function<bool()>& done) {
     ReceivePacket();
     if (done() || !LineUp()) {
       timer.SetEnabled(false);
-    } else {
+    } else if (timer.Enabled()) {  // a whole frame that was just taken in stops the timer of its wait
       platform_.pump.Pump();
     }
   }

@@ -11,8 +11,8 @@ class MenuItem;
 struct Platform;
 struct Variables;
 
-/// Opening, closing and choosing the serial port: the buttons Open and Close, the port menu and the line's
-/// events. Connects to `bOpen`, `bClose`, `mnuCom1` to `mnuCom4`.
+/// Opening, closing and choosing the serial port: the buttons Open and Close and the port menu.
+/// Connects to `bOpen`, `bClose`, `mnuCom1` to `mnuCom4`.
 class Ports {
  public:
   Ports(Platform& platform, Variables& variables, FrmStart& form);

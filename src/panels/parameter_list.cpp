@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/parameter_list.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -18,13 +19,9 @@ ParameterList::ParameterList(Variables& variables, FrmStart& form, PanelSetup& p
 
 void ParameterList::bClass_Click() {
   std::vector<SystemParameterRec>& list = vars_.SystemParameters;
-  for (int i = 0; i <= UBound(list); ++i) {
-    for (int j = 0; j <= UBound(list); ++j) {
-      SystemParameterRec& a = At(list, i);
-      SystemParameterRec& b = At(list, j);
-      if (a.Class < b.Class || (a.Class == b.Class && a.Parameter < b.Parameter)) std::swap(a, b);
-    }
-  }
+  std::stable_sort(list.begin(), list.end(), [](const SystemParameterRec& a, const SystemParameterRec& b) {
+    return std::pair(a.Class, a.Parameter) < std::pair(b.Class, b.Parameter);
+  });
   ClearCaptions();
   for (int row = 0; row <= UBound(list); ++row) panels_.LoadParameterRow(row);
   FillRows();

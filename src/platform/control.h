@@ -85,8 +85,8 @@ class EventSource {
 };
 
 /// A control of a form: the part that rules, files and senders see. A widget shows it, repaints on `Changed`
-/// and calls only the operator's entry points (Operator...), which run under the guard and do nothing while
-/// the control is disabled or hidden.
+/// and calls only the operator's entry points (Operator...). They run under the guard, do nothing while the
+/// control is disabled or hidden, and return whether the control took the action.
 class Control : public EventSource {
  public:
   /// A single control.
@@ -118,7 +118,7 @@ class Control : public EventSource {
 
   /// The mouse moves over the control.
   void OperatorHover();
-  /// The control loses the focus.
+  /// The control loses the focus, as it does also by being disabled or hidden.
   void OperatorLeave();
 
   /// Something that a screen shows is another one now.

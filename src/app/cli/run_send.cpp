@@ -164,7 +164,7 @@ int RunIdentify(const CliOptions& options) {
   const std::string model = tool.form.StatBar(4).Text();
   if (!UnitIsIdentified(tool.form)) return kExitReply;
   std::printf("Model: %s\n", model.c_str());
-  tool.communications.ReplyWait({15, 0, 52});
+  tool.communications.ReplyWait(FieldsOf(CommandId::kVideoSense));
   if (tool.variables.UnitStandardText.empty()) {
     std::fprintf(stderr, "The unit did not tell its video standard.\n");
     return run.PortOpen() ? kExitReply : kExitPort;
