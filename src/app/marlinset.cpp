@@ -2,6 +2,8 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QTimer>
+#include <cstdio>
+#include <exception>
 
 #include "app/computer.h"
 #include "app/tool.h"
@@ -51,8 +53,6 @@ int Main(int argc, char** argv) {
     return RunWindow(options, send);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kExitUsage;
-  } catch (const ProgramEnd& end) {
-    return end.status;
   }
 }
 
@@ -60,5 +60,12 @@ int Main(int argc, char** argv) {
 }  // namespace marlinset
 
 int main(int argc, char** argv) {
-  return marlinset::Main(argc, argv);
+  try {
+    return marlinset::Main(argc, argv);
+  } catch (const marlinset::ProgramEnd& end) {
+    return end.status;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "marlinset: %s\n", error.what());
+  }
+  return 1;
 }

@@ -13,8 +13,8 @@ enum class BoxButtons { kOk, kOkCancel, kYesNo };
 enum class BoxIcon { kNone, kInformation, kCritical, kQuestion };
 enum class BoxAnswer { kOk, kCancel, kYes, kNo };
 
-/// One message box. `text` is what the tool says, word for word; `remedy` is what helps beyond it (which device, what
-/// to do) and stands in the box's informative line.
+/// One message box. `text` is what the tool says, word for word; `remedy` is what helps beyond it (which
+/// device, what to do) and stands in the box's informative line.
 struct MessageBox {
   std::string text;
   BoxButtons buttons = BoxButtons::kOk;

@@ -37,6 +37,7 @@ void PrintBox(const MessageBox& box, BoxAnswer answer) {
 /// The frame of a message as it went over the line.
 std::string FrameText(const std::vector<PacketField>& fields) {
   std::vector<std::uint8_t> bytes;
+  bytes.reserve(fields.size());
   for (const PacketField& field : fields) bytes.push_back(static_cast<std::uint8_t>(field.value_or(0)));
   std::string text;
   for (const std::uint8_t byte : EncodeFrame(bytes)) text += (text.empty() ? "" : " ") + HexByte(byte);
