@@ -13,6 +13,19 @@
 #include "platform/virtual_pump.h"
 
 namespace marlinset {
+namespace {
+
+/// A path as the command line has it, counted from the folder in which the program was started: file dialogs
+/// take the tool to other folders. A path that has no whole form stays as it is, and whoever opens it tells
+/// what is wrong.
+std::string WholePath(const std::string& path) {
+  if (path.empty()) return path;
+  std::error_code unknown;
+  const auto whole = std::filesystem::absolute(path, unknown);
+  return unknown ? path : whole.string();
+}
+
+}  // namespace
 
 void AddCommonOptions(CLI::App& app, CommonOptions& options) {
   app.add_option("--program-folder", options.programFolder,
@@ -30,9 +43,7 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
 Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs, FileDialog& fileDialog)
     : dialogs_(dialogs), fileDialog_(fileDialog), guard_(dialogs), programFolder_(options.programFolder) {
   if (programFolder_.empty()) programFolder_ = QCoreApplication::applicationDirPath().toStdString();
-  std::error_code unreadable;  // the folder then stays as it was named, and the database's failure names it
-  const auto whole = std::filesystem::absolute(programFolder_, unreadable);
-  if (!unreadable) programFolder_ = whole.string();
+  programFolder_ = WholePath(programFolder_);
   settings_ = options.settingsFile.empty() ? std::make_unique<QtSettings>()
                                            : std::make_unique<QtSettings>(options.settingsFile);
   if (clock == ClockKind::kVirtual) {
@@ -40,7 +51,9 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
     line_ = std::make_unique<NoLine>();
     return;
   }
-  portMap_ = std::make_unique<PortMap>(options.ports, *settings_, FoundPorts);
+  PortMap::Paths ports = options.ports;
+  for (std::string& path : ports) path = WholePath(path);
+  portMap_ = std::make_unique<PortMap>(ports, *settings_, FoundPorts);
   pump_ = std::make_unique<QtPump>();
   line_ = std::make_unique<QtSerialPort>(guard_, *portMap_);
 }

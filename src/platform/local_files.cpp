@@ -69,25 +69,32 @@ class LocalOutput : public OutputFile {
   std::fstream stream_;
 };
 
+/// Pipes and sockets are no files: opening one waits for whoever is at its other end, perhaps for ever.
+bool MayBlock(const fs::file_status& status) {
+  return fs::is_fifo(status) || fs::is_socket(status);
+}
+
 }  // namespace
 
 bool LocalFiles::FileExists(const std::string& path) const {
   std::error_code unknown;
   const fs::file_status status = fs::status(PathOf(path), unknown);
-  return fs::exists(status) && !fs::is_directory(status);
+  return fs::exists(status) && !fs::is_directory(status) && !MayBlock(status);
 }
 
 std::unique_ptr<InputFile> LocalFiles::OpenForReading(const std::string& path) {
   std::error_code unknown;
   const fs::file_status status = fs::status(PathOf(path), unknown);
   if (status.type() == fs::file_type::not_found) throw RuntimeError(kErrFileNotFound, "File not found");
-  if (fs::is_directory(status)) throw NoAccess();
+  if (fs::is_directory(status) || MayBlock(status)) throw NoAccess();
   return std::make_unique<LocalInput>(PathOf(path));
 }
 
 std::unique_ptr<OutputFile> LocalFiles::OpenForWriting(const std::string& path) {
   std::error_code unknown;
-  const bool isThere = fs::status(PathOf(path), unknown).type() != fs::file_type::not_found;
+  const fs::file_status status = fs::status(PathOf(path), unknown);
+  if (MayBlock(status)) throw NoAccess();
+  const bool isThere = status.type() != fs::file_type::not_found;
   return std::make_unique<LocalOutput>(PathOf(path), isThere);
 }
 

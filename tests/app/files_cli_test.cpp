@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "tests/app/child_program.h"
@@ -153,6 +154,19 @@ TEST_F(FilesCliTest, SendTakesAFile) {
                       folder_.File("bad.qcf")});
   EXPECT_EQ(refused.ReadDiagnostic(), "Data Process Error, file may be corrupt");
   EXPECT_EQ(refused.End(), 1) << "nothing is sent in its place";
+}
+
+TEST_F(FilesCliTest, AFileFromAnotherFolderLeavesTheNamedPortInPlace) {
+  UnitProgram unit({"--link", folder_.File("unit")});
+  ASSERT_THAT(unit.ReadLine(), StartsWith("ready"));
+  const std::string link = std::filesystem::relative(folder_.File("unit")).string();
+  CliProgram script({"script", "--com1", link, "--settings", folder_.File("settings.ini")});
+  script.ReadLine();
+  script.Tell("open " + Sample(2));
+  EXPECT_THAT(script.ReadLine(), StartsWith(R"({"ok":true)"));
+  script.Tell("click bOpen");
+  EXPECT_EQ(script.ReadLine(), R"({"ok":true,"messages":[]})");
+  EXPECT_EQ(script.End(), 0);
 }
 
 }  // namespace

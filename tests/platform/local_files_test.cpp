@@ -2,6 +2,7 @@
 #include "platform/local_files.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 
@@ -44,6 +45,11 @@ TEST_F(LocalFilesTest, SaysWhyAFileCannotBeUsed) {
   std::filesystem::resize_file(folder_.Write("vast", ""), 0x80000000U);
   EXPECT_EQ(reading(folder_.File("vast")), kErrOverflow);
   EXPECT_FALSE(files_.FileExists(folder_.Path())) << "a folder is no file";
+  const std::string pipe = folder_.File("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(reading(pipe), kErrFileAccess) << "nobody is at its other end, ever";
+  EXPECT_EQ(FailureOf([&] { files_.OpenForWriting(pipe); }), kErrFileAccess);
+  EXPECT_FALSE(files_.FileExists(pipe));
 }
 
 TEST_F(LocalFilesTest, ACopyIsWholeOrNotMade) {
