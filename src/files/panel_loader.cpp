@@ -176,9 +176,14 @@ void PanelLoader::TakeWindows(const std::vector<QcfRecord>& records, int version
   std::vector<CharWindowRec> windows;
   windows.reserve(records.size());
   for (const QcfRecord& record : records) windows.push_back(WindowOf(record));
-  vars_.CharWindows = std::move(windows);
-  upgrade_.MergeCharWindows(version < 2 ? Upgrade::DoubleHeight::kFromDatabase
-                                        : Upgrade::DoubleHeight::kFromFile);
+  std::vector<CharWindowRec> before = std::exchange(vars_.CharWindows, std::move(windows));
+  try {
+    upgrade_.MergeCharWindows(version < 2 ? Upgrade::DoubleHeight::kFromDatabase
+                                          : Upgrade::DoubleHeight::kFromFile);
+  } catch (const RuntimeError&) {
+    vars_.CharWindows = std::move(before);  // the rows on the panel are still those of these windows
+    throw;
+  }
   upgrade_.SortCharWindows();
   upgrade_.RebuildWindowRows();
   panels_.ArrangeWindowRows();

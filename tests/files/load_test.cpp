@@ -214,6 +214,14 @@ TEST_F(Loading, AFailureBehindTheWindowsKeepsWhatWasTaken) {
   EXPECT_EQ(form.tWinMess.Text(), "Take 3 é") << "no defaults";
 }
 
+TEST_F(Loading, AWindowTableWithoutRowsLeavesWindowsAndRowsInStep) {
+  RunSql(folder.File("shotsys.mdb"), "CREATE TABLE \"Character Windows\" (\"Device\")");
+  vars.DatabasePath = folder.File("shotsys.mdb");
+  EXPECT_EQ(Load(Sample(2)), ReadEnd::kNotReadable);
+  EXPECT_THAT(TakeBoxes(), ElementsAre("Data Process Error, file may be corrupt"));
+  EXPECT_EQ(UBound(vars.CharWindows), form.lName.UBound());
+}
+
 TEST_F(Loading, AFileThatIsNotThereIsLookedFor) {
   fileDialog.FileName = folder.File("gone.qcf");
   tool.configurationFile.ReadConfigFile();

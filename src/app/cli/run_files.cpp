@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // show, diff and compose: configuration files without the tool.
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -66,12 +67,21 @@ std::string Text(const std::string& path) {
   return text;
 }
 
+/// Takes the place of an old file only once the new one is whole; the old one is kept beside it.
 void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  const std::string growing = path + ".new";
+  std::ofstream out(growing, std::ios::binary | std::ios::trunc);
+  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  out.close();
+  std::error_code failure;
+  if (!out) {
+    std::filesystem::remove(growing, failure);
+    throw std::runtime_error(path + ": can't be written");
+  }
   LocalFiles files;
   if (files.FileExists(path)) files.Copy(path, path + ".bak");
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  if (!out.flush()) throw std::runtime_error(path + ": can't be written");
+  std::filesystem::rename(growing, path, failure);
+  if (failure) throw std::runtime_error(path + ": " + failure.message());
 }
 
 const char* WordOf(QcfDifference difference) {
