@@ -19,10 +19,10 @@ constexpr UnitCommand kCommands[] = {
     {"cmdGetID", 15, 0, 53, 3, 3, kIdentify},
     {"cmdGetFirmware", 15, 0, 54, 4, 4, kFirmware},
     {"cmdSetParameter", 15, 0, 192, 9, 9, kSetting, kClassParameter},
-    {"cmdVitcOn", 1, 5, 46, 3, 3, kSetting, kNone, "cmdVitcOff"},
-    {"cmdVitcOff", 1, 5, 47, 3, 3, kSetting, kNone, "cmdVitcOn"},
-    {"cmdWhiteFlagOn", 1, 5, 56, 3, 3, kSetting, kNone, "cmdWhiteFlagOff"},
-    {"cmdWhiteFlagOff", 1, 5, 57, 3, 3, kSetting, kNone, "cmdWhiteFlagOn"},
+    {"cmdVitcOn", 1, 5, 46, 3, 3, kSetting, kNone, false, "cmdVitcOff"},
+    {"cmdVitcOff", 1, 5, 47, 3, 3, kSetting, kNone, false, "cmdVitcOn"},
+    {"cmdWhiteFlagOn", 1, 5, 56, 3, 3, kSetting, kNone, false, "cmdWhiteFlagOff"},
+    {"cmdWhiteFlagOff", 1, 5, 57, 3, 3, kSetting, kNone, false, "cmdWhiteFlagOn"},
     {"cmdVitcSource", 1, 5, 138, 4, 4, kSetting},
     {"cmdInputAssign", 1, 5, 160, 5, 5, kSetting, kFirst},
     {"cmdVitcLines", 1, 5, 163, 9, 9, kSetting},
@@ -35,8 +35,8 @@ constexpr UnitCommand kCommands[] = {
     {"cmdSlateMode", 2, 8, 37, 4, 4, kSetting},
     {"cmdText", 2, 8, 40, 4, 255, kSetting},
     {"cmdDownConverter", 2, 8, 43, 4, 4, kSetting},
-    {"cmdDownConverterControl", 2, 8, 45, 6, 6, kSetting, kNone, {}, true},
-    {"cmdSdiProgramOut", 2, 8, 46, 4, 4, kSetting, kNone, {}, true},
+    {"cmdDownConverterControl", 2, 8, 45, 6, 6, kSetting, kNone, true},
+    {"cmdSdiProgramOut", 2, 8, 46, 4, 4, kSetting, kNone, true},
 };
 
 }  // namespace

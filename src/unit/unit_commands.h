@@ -9,7 +9,7 @@
 namespace marlinset {
 
 /// What the unit does with a command.
-enum class UnitAction {
+enum class UnitAction : std::uint8_t {
   kSelect,       ///< speaks only when spoken to from now on
   kBroadcast,    ///< speaks on its own from now on
   kSetStandard,  ///< takes a video standard while the selection is manual; no answer
@@ -20,7 +20,7 @@ enum class UnitAction {
 };
 
 /// What tells one setting of a command from another of the same command.
-enum class SettingKey {
+enum class SettingKey : std::uint8_t {
   kNone,            ///< the command is one setting
   kFirst,           ///< by the first data byte: a window's number, a selector
   kClassParameter,  ///< by class (second data byte) and parameter (first data byte)
@@ -32,12 +32,12 @@ struct UnitCommand {
   std::uint8_t address;
   std::uint8_t packetId;
   std::uint8_t command;
-  std::size_t fewestFields;  ///< counting address, packet id and command
-  std::size_t mostFields;
+  std::uint8_t fewestFields;  ///< counting address, packet id and command
+  std::uint8_t mostFields;
   UnitAction action;
   SettingKey key = SettingKey::kNone;
-  std::string_view opposite = {};  ///< setting that this one takes the place of: on for off
   bool onlyHd7340Q = false;        ///< other models don't know the command
+  std::string_view opposite = {};  ///< setting that this one takes the place of: on for off
 };
 
 /// The command of a message, by address, packet id and command; nullptr when there is none or when the number

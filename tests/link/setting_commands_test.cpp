@@ -79,7 +79,7 @@ TEST(SettingCommands, AwaitNoAnswerWhereTheUnitGivesNone) {
     EXPECT_TRUE(rig.commands.Send(command, Sender::kPanel));
   }
   EXPECT_THAT(rig.Sent(), ElementsAre("15 0 36 4", "15 0 192 0 0 0 0 0 0", "15 0 192 0 0 1 0 0 0"));
-  EXPECT_LE(rig.pump.Now(), 3 * 50) << "no more than it takes the line to come to rest";
+  EXPECT_EQ(rig.pump.Now(), 3 * 25) << "no more than it takes the line to come to rest";
   EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
 }
 
