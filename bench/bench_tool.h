@@ -24,6 +24,7 @@ class BenchTool {
  private:
   class Refusal : public Dialogs {
     BoxAnswer Show(const MessageBox& box) override;
+    void ShowModal(Form&) override {}
   };
   CommonOptions Options(const std::string& device) const;
 

@@ -20,6 +20,7 @@ Tool::Tool(const Platform& computer)
       hardwareModel(variables, form),
       videoStandard(variables, form, panels),
       parameterList(variables, form, panels),
+      panelRules(platform, variables, form, commands),
       configurationFile(platform, variables, form, panels),
       fileCommands(platform, variables, form, panels, configurationFile),
       startUp(platform, variables, form, database, panels, ports) {

@@ -16,6 +16,7 @@
 #include "link/whole_send.h"
 #include "panels/file_commands.h"
 #include "panels/hardware_model.h"
+#include "panels/panel_rules.h"
 #include "panels/parameter_list.h"
 #include "panels/start_up.h"
 #include "panels/video_standard.h"
@@ -50,6 +51,7 @@ class Tool {
   HardwareModel hardwareModel;
   VideoStandard videoStandard;
   ParameterList parameterList;
+  PanelRules panelRules;
   ConfigurationFile configurationFile;
   FileCommands fileCommands;
   StartUp startUp;

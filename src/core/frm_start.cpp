@@ -38,12 +38,17 @@ void FrmStart::SetStartState() {
   }
 }
 
+void FrmStart::ShowTraffic(Color color) {
+  pComBut.SetBackColor(color);
+  HideImages();
+}
+
 void FrmStart::HideImages() {
   for (const int i : Image1.Indices()) Image1(i).SetVisible(false);
 }
 
 void FrmStart::ShowVideoPicture(int index) {
-  StatBar(3).SetPicture(Image2(index).FullName());
+  StatBar(kVideoPanel).SetPicture(Image2(index).FullName());
 }
 
 }  // namespace marlinset

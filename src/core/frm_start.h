@@ -120,10 +120,20 @@ class FrmStart : public Form {
   Timer Timer1;       ///< 250: the mouse rests on a window's name
   Timer AboutTimer1;  ///< 1000: wait for the firmware text
 
+  /// Shows on the indicator how the link stands (red, green or yellow), without heartbeat.
+  void ShowTraffic(Color color);
   /// Hides the five frames of the heartbeat.
   void HideImages();
   /// Shows picture `index` of Image2 in panel 3 of the status bar: 0 video present, 1 no video, 2 neutral.
   void ShowVideoPicture(int index);
+  // Indices of the panels of StatBar.
+  static constexpr int kExchangePanel = 1;  ///< result of the last exchange: "Sent", "Ack In", "Local Mode"
+  static constexpr int kStandardPanel = 2;  ///< the unit's video standard, or how the port stands
+  static constexpr int kVideoPanel = 3;     ///< presence of video, with a picture; progress of a send
+  static constexpr int kModelPanel = 4;     ///< the unit's model
+  // Indices of ComWin and ComDownConv.
+  static constexpr int kAspectRatio = 0, kSlateMode = 1, kCharStyle = 2, kFontSize = 3, kSdiProgramOut = 4;
+  static constexpr int kProcessingMode = 0, kVerticalFilter = 1, kHorizontalFilter = 2;
   /// The six spins of the VITC lines: first, second and third line, then their duplicates.
   static constexpr int kVitcLineIndices[] = {1, 2, 3, 5, 6, 7};
 

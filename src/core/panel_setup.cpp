@@ -67,14 +67,14 @@ void PanelSetup::InitPanels() {
   FillRouting();
   InitLines();
   NoteVitcDefaults();
-  Refill(form_.ComWin(2), vars_.CharStyles);
-  Refill(form_.ComWin(3), vars_.CharSizes);
-  Refill(form_.ComWin(1), vars_.SlateModes);
-  Refill(form_.ComWin(4), vars_.SdiProgramOutputs);
+  Refill(form_.ComWin(FrmStart::kCharStyle), vars_.CharStyles);
+  Refill(form_.ComWin(FrmStart::kFontSize), vars_.CharSizes);
+  Refill(form_.ComWin(FrmStart::kSlateMode), vars_.SlateModes);
+  Refill(form_.ComWin(FrmStart::kSdiProgramOut), vars_.SdiProgramOutputs);
   FillProcessModes();
   FillFilters();
   ResetSlateAndMessage();
-  Refill(form_.ComWin(0), vars_.DownConverterModes);
+  Refill(form_.ComWin(FrmStart::kAspectRatio), vars_.DownConverterModes);
   BuildWindowRows();
   BuildParameterRows();
   form_.oView(4).SetVisible(false);
@@ -89,11 +89,11 @@ void PanelSetup::SetDefaults() {
   FillRouting();
   SetLineLimits(LineValues::kDefault);
   NoteVitcDefaults();
-  Refill(form_.ComWin(2), vars_.CharStyles);
+  Refill(form_.ComWin(FrmStart::kCharStyle), vars_.CharStyles);
   FillFontSizes();
-  Refill(form_.ComWin(1), vars_.SlateModes);
+  Refill(form_.ComWin(FrmStart::kSlateMode), vars_.SlateModes);
   ResetSlateAndMessage();
-  Refill(form_.ComWin(0), vars_.DownConverterModes);
+  Refill(form_.ComWin(FrmStart::kAspectRatio), vars_.DownConverterModes);
   FindCharMaxRow();
   for (int row = 1; row <= UBound(vars_.CharWindows); ++row) DefaultWindow(row);
   DefaultWindow(0);
@@ -204,7 +204,7 @@ void PanelSetup::NoteVitcDefaults() {
 }
 
 void PanelSetup::FillProcessModes() {
-  ComboBox& box = form_.ComDownConv(0);
+  ComboBox& box = form_.ComDownConv(FrmStart::kProcessingMode);
   box.Clear();
   for (int i = 0; i <= UBound(vars_.DownConverterProcessModes); ++i) {
     const DownConvProcessRec& mode = At(vars_.DownConverterProcessModes, i);
@@ -215,7 +215,7 @@ void PanelSetup::FillProcessModes() {
 
 void PanelSetup::FillFilters() {
   for (const int i : {1, 2}) AddOffered(form_.ComDownConv(i), vars_.DownConverterFilters);
-  if (form_.ComDownConv(1).ListCount() < 1) return;
+  if (form_.ComDownConv(FrmStart::kVerticalFilter).ListCount() < 1) return;
   for (const int i : {1, 2}) form_.ComDownConv(i).SetListIndex(kStartFilter);
 }
 
@@ -229,7 +229,7 @@ void PanelSetup::ResetSlateAndMessage() {
 
 /// Offers the sizes that the unit's hardware has positions for.
 void PanelSetup::FillFontSizes() {
-  ComboBox& box = form_.ComWin(3);
+  ComboBox& box = form_.ComWin(FrmStart::kFontSize);
   box.Clear();
   for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
     const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
@@ -244,14 +244,15 @@ void PanelSetup::FillFontSizes() {
 void PanelSetup::FindCharMaxRow() {
   for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
     const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
-    if (limits.VideoStandard == form_.comVS.Text() && limits.Description == form_.ComWin(3).Text()) {
+    if (limits.VideoStandard == form_.comVS.Text() &&
+        limits.Description == form_.ComWin(FrmStart::kFontSize).Text()) {
       vars_.CurCharMaxRow = i;
     }
   }
 }
 
 void PanelSetup::SetVerticalSteps() {
-  const int step = VerticalStep(form_.ComWin(3).Text());
+  const int step = VerticalStep(form_.ComWin(FrmStart::kFontSize).Text());
   for (int row = 0; row <= UBound(vars_.CharWindows); ++row) form_.udVer(row).SetIncrement(step);
 }
 

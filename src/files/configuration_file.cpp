@@ -251,7 +251,7 @@ void ConfigurationFile::ResetPanels(std::string message) {
 }
 
 void ConfigurationFile::ShowStatus(const std::string& text) {
-  form_.StatBar(4).SetText(text);
+  form_.StatBar(FrmStart::kModelPanel).SetText(text);
 }
 
 }  // namespace marlinset

@@ -168,7 +168,7 @@ void PanelLoader::LookUp(const QcfField& field, const std::string& text) {
 
 /// For the rows that stand now, not for those that the file is about to bring.
 void PanelLoader::SetVerticalSteps() {
-  const int step = VerticalStep(form_.ComWin(3).Text());
+  const int step = VerticalStep(form_.ComWin(FrmStart::kFontSize).Text());
   for (int row = 0; row <= UBound(vars_.CharWindows); ++row) form_.udVer(row).SetIncrement(step);
 }
 

@@ -30,9 +30,10 @@ QWidget* MakeDownConverterPanel(FrmStart& form, QWidget* parent) {
     filters->AddRow(MakeLabel(Shown(combo.Caption()) + QLatin1Char(':'), filters),
                     new ComboField(combo, kModeCharacters, filters));
   }
-  QWidget* column = MakeColumn({MakeSingle(form.fDownConv, form.ComWin(0), page),
-                                MakeSingle(form.fProcessingMode, form.ComDownConv(0), page), filters},
-                               page);
+  QWidget* column = MakeColumn(
+      {MakeSingle(form.fDownConv, form.ComWin(FrmStart::kAspectRatio), page),
+       MakeSingle(form.fProcessingMode, form.ComDownConv(FrmStart::kProcessingMode), page), filters},
+      page);
   auto* rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->addWidget(column, 0, Qt::AlignLeft | Qt::AlignTop);

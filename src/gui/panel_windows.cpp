@@ -25,14 +25,14 @@ void AddCombo(Group& group, ComboBox& combo) {
 
 Group* MakeAttributes(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fAttribs, parent);
-  AddCombo(*group, form.ComWin(2));
-  AddCombo(*group, form.ComWin(3));
+  AddCombo(*group, form.ComWin(FrmStart::kCharStyle));
+  AddCombo(*group, form.ComWin(FrmStart::kFontSize));
   return group;
 }
 
 Group* MakeSlate(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fVirtual, parent);
-  AddCombo(*group, form.ComWin(1));
+  AddCombo(*group, form.ComWin(FrmStart::kSlateMode));
   group->AddRow(MakeLabel(Shown(form.UDDur.Caption()), group),
                 new SpinField(form.UDDur, form.tLineNumber(4), group));
   auto* preview = new QCheckBox(group);
@@ -73,7 +73,8 @@ Group* MakeMessage(FrmStart& form, QWidget* parent) {
 
 Group* MakeProgramOut(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fSDIProgramOut, parent);
-  group->Grid().addWidget(new ComboField(form.ComWin(4), kChoiceCharacters, group), 1, 0, 1, 2);
+  group->Grid().addWidget(new ComboField(form.ComWin(FrmStart::kSdiProgramOut), kChoiceCharacters, group), 1,
+                          0, 1, 2);
   return group;
 }
 

@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "gui/binding.h"
 #include "gui/look.h"
+#include "platform/form.h"
 
 namespace marlinset {
 namespace {
@@ -64,6 +66,22 @@ BoxAnswer QtDialogs::Show(const MessageBox& box) {
   window.setDefaultButton(set.safe);
   window.setEscapeButton(set.safe);
   return AnswerOf(window.exec());
+}
+
+void QtDialogs::AddWindow(const Form& form, WindowMaker maker) {
+  makers_[&form] = std::move(maker);
+}
+
+void QtDialogs::ShowModal(Form& form) {
+  const auto maker = makers_.find(&form);
+  if (maker == makers_.end() || form.Visible()) return;
+  const std::unique_ptr<QDialog> window = maker->second(form, QApplication::activeWindow());
+  form.SetVisible(true);
+  const Listening<> listening(form.Changed, [&] {
+    if (!form.Visible()) window->close();
+  });
+  window->exec();
+  form.SetVisible(false);
 }
 
 }  // namespace marlinset

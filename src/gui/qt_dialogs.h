@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QDialog>
+#include <functional>
+#include <map>
+#include <memory>
+
 #include "platform/dialogs.h"
 
 namespace marlinset {
@@ -10,6 +15,15 @@ namespace marlinset {
 class QtDialogs : public Dialogs {
  public:
   BoxAnswer Show(const MessageBox& box) override;
+  void ShowModal(Form& form) override;
+
+  /// Makes the window that shows a form, over a parent that may be null.
+  using WindowMaker = std::function<std::unique_ptr<QDialog>(Form&, QWidget*)>;
+  /// Tells how a form is shown; one that nobody has told about is not shown.
+  void AddWindow(const Form& form, WindowMaker maker);
+
+ private:
+  std::map<const Form*, WindowMaker> makers_;
 };
 
 }  // namespace marlinset

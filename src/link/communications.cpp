@@ -54,21 +54,18 @@ void Communications::SendPacket(const std::vector<PacketField>& fields) {
 
 void Communications::Transmit() {
   platform_.ComP1.Output(vars_.TxBytes);
-  form_.pComBut.SetBackColor(kGreen);
-  form_.HideImages();
-  form_.StatBar(3).SetText("Packet Out");
+  form_.ShowTraffic(kGreen);
+  form_.StatBar(FrmStart::kVideoPanel).SetText("Packet Out");
   while (LineUp() && platform_.ComP1.OutBufferCount() >= 1) platform_.pump.Pump();
   if (!platform_.ComP1.PortOpen()) return;  // it went away meanwhile, and shows that
-  form_.pComBut.SetBackColor(kYellow);
-  form_.HideImages();
+  form_.ShowTraffic(kYellow);
 }
 
 void Communications::RefusePacket() {
-  form_.StatBar(2).SetText("Port Closed");
-  form_.pComBut.SetBackColor(kRed);
-  form_.HideImages();
+  form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed");
+  form_.ShowTraffic(kRed);
   form_.ShowVideoPicture(2);
-  form_.StatBar(1).SetText("Ack In");
+  form_.StatBar(FrmStart::kExchangePanel).SetText("Ack In");
   platform_.dialogs.Tell("Open Com Port before sending cmmands.");
   EnableLinkButtons(form_, true);
 }
@@ -84,9 +81,8 @@ void Communications::ReceivePacket() {
     HandleMessage(message);
     form_.pComBut.SetBackColor(kGreen);
   } catch (const RuntimeError&) {
-    form_.StatBar(3).SetText("Buff Over");
-    form_.pComBut.SetBackColor(kYellow);
-    form_.HideImages();
+    form_.StatBar(FrmStart::kVideoPanel).SetText("Buff Over");
+    form_.ShowTraffic(kYellow);
     line.DiscardInput();
   }
 }
@@ -123,15 +119,15 @@ void Communications::HandleMessage(std::span<const std::uint8_t> message) {
       HandleFrame(message);
       break;
     case kAck:
-      form_.StatBar(1).SetText("Ack In");
+      form_.StatBar(FrmStart::kExchangePanel).SetText("Ack In");
       vars_.UnitLocalMode = false;
       break;
     case kNak:
-      form_.StatBar(1).SetText("Nack In");
+      form_.StatBar(FrmStart::kExchangePanel).SetText("Nack In");
       vars_.UnitLocalMode = false;
       break;
     case kLocalMode:
-      form_.StatBar(1).SetText("Local Mode");
+      form_.StatBar(FrmStart::kExchangePanel).SetText("Local Mode");
       vars_.UnitLocalMode = true;
       break;
     default:
@@ -143,12 +139,12 @@ void Communications::HandleFrame(std::span<const std::uint8_t> frame) {
   if (frame.size() < 2) throw SubscriptOutOfRange();
   switch (CheckFrame(frame)) {
     case FrameCheck::kWrongLength:
-      form_.StatBar(3).SetText(
-          "Packet Length Mismatch");  // gone at once; operators know only the second text
-      form_.StatBar(3).SetText("Mode Switched to Select");
+      form_.StatBar(FrmStart::kVideoPanel)
+          .SetText("Packet Length Mismatch");  // gone at once; operators know only the second text
+      form_.StatBar(FrmStart::kVideoPanel).SetText("Mode Switched to Select");
       break;
     case FrameCheck::kWrongChecksum:
-      form_.StatBar(3).SetText("Checksum Error");
+      form_.StatBar(FrmStart::kVideoPanel).SetText("Checksum Error");
       break;
     case FrameCheck::kGood:
       form_.timeRes.SetEnabled(false);
@@ -199,9 +195,9 @@ void Communications::WaitOn(Timer& timer, const std::function<bool()>& done) {
 }
 
 bool Communications::AckWait(Timer& timer) {
-  form_.StatBar(1).SetText("Sent");
+  form_.StatBar(FrmStart::kExchangePanel).SetText("Sent");
   SendPacket(vars_.PacketFields);
-  const auto acknowledged = [this] { return form_.StatBar(1).Text() == "Ack In"; };
+  const auto acknowledged = [this] { return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In"; };
   WaitOn(timer, acknowledged);
   return acknowledged();
 }
@@ -211,10 +207,10 @@ bool Communications::AckWait() {
 }
 
 bool Communications::LockedAckWait(Timer& timer) {
-  form_.StatBar(1).SetText("Sent");
+  form_.StatBar(FrmStart::kExchangePanel).SetText("Sent");
   SendPacket(vars_.PacketFields);
   vars_.UnitLocalMode = true;
-  const auto acknowledged = [this] { return form_.StatBar(1).Text() == "Ack In"; };
+  const auto acknowledged = [this] { return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In"; };
   WaitOn(timer, acknowledged);
   vars_.UnitLocalMode = false;
   return acknowledged();
@@ -229,7 +225,7 @@ void Communications::ReplyWait(std::vector<PacketField> fields) {
 }
 
 bool Communications::IsModelQ() const {
-  return RightOf(form_.StatBar(4).Text(), 5) == "7340Q";
+  return RightOf(form_.StatBar(FrmStart::kModelPanel).Text(), 5) == "7340Q";
 }
 
 }  // namespace marlinset

@@ -34,13 +34,13 @@ bool Identification::OpenIfClosed() {
 }
 
 bool UnitIsIdentified(const FrmStart& form) {
-  const std::string& model = form.StatBar(4).Text();
+  const std::string& model = form.StatBar(FrmStart::kModelPanel).Text();
   return RightOf(model, 4) == "7340" || RightOf(model, 5) == "7340Q";
 }
 
 void Identification::GetId() {
   const bool open = OpenIfClosed();
-  form_.StatBar(4).SetText("Getting ID");
+  form_.StatBar(FrmStart::kModelPanel).SetText("Getting ID");
   if (!open) return;
   vars_.PacketFields = FieldsOf(CommandId::kGetID);
   comms_.SendPacket(vars_.PacketFields);
@@ -48,10 +48,9 @@ void Identification::GetId() {
   form_.dPause.SetInterval(kAckMs);
   comms_.ReceivePacket();
   if (UnitIsIdentified(form_) || !platform_.ComP1.PortOpen()) return;
-  form_.pComBut.SetBackColor(kRed);
-  form_.HideImages();
-  form_.StatBar(4).SetText("Get Id Failed. ");
-  if (form_.StatBar(1).Text() == "Local Mode") {
+  form_.ShowTraffic(kRed);
+  form_.StatBar(FrmStart::kModelPanel).SetText("Get Id Failed. ");
+  if (form_.StatBar(FrmStart::kExchangePanel).Text() == "Local Mode") {
     platform_.dialogs.Tell("Local Mode detected, Interactive mode suspended.");
   } else {
     platform_.dialogs.Tell(
@@ -64,7 +63,7 @@ void Identification::SelectMode() {
   if (!OpenIfClosed()) return;
   vars_.PacketFields = FieldsOf(CommandId::kSelect);
   comms_.SendPacket(vars_.PacketFields);
-  form_.StatBar(3).SetText("Mode Switched to Select");
+  form_.StatBar(FrmStart::kVideoPanel).SetText("Mode Switched to Select");
 }
 
 void Identification::BroadcastMode() {

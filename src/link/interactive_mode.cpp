@@ -12,11 +12,10 @@ void LeaveInteractiveMode(FrmStart& form) {
   form.InterTime.SetEnabled(false);
   form.mnuInter.SetChecked(false);
   form.chPrev.SetValue(0);
-  form.StatBar(2).SetText("Offline");
+  form.StatBar(FrmStart::kStandardPanel).SetText("Offline");
   form.ShowVideoPicture(2);
   form.mnuOff.SetChecked(true);
-  form.HideImages();
-  form.pComBut.SetBackColor(kRed);
+  form.ShowTraffic(kRed);
 }
 
 }  // namespace marlinset

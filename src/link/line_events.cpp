@@ -18,8 +18,7 @@ LineEvents::LineEvents(Platform& platform, FrmStart& form, Communications& commu
 void LineEvents::Handle() {
   const int event = platform_.ComP1.CommEvent();
   if (event == kCommReceive) {
-    form_.pComBut.SetBackColor(kGreen);
-    form_.HideImages();
+    form_.ShowTraffic(kGreen);
     comms_.ReceivePacket();
   } else if (event == kCommCtsTimeout || event == kCommDeviceGone) {
     ports_.LineLost(event);

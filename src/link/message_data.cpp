@@ -122,7 +122,7 @@ void AddWindow(const MessageSource& source, Message& message) {
   const CharWindowRec& window = At(source.vars.CharWindows, i);
   message.fields.emplace_back(window.Number);
   message.fields.emplace_back(WindowFlags(source));
-  message.fields.emplace_back(VerticalRow(window.Top, form.ComWin(3).Text()));
+  message.fields.emplace_back(VerticalRow(window.Top, form.ComWin(FrmStart::kFontSize).Text()));
   message.fields.emplace_back(window.Left);
   message.fields.emplace_back(window.Length + (form.chField(i).On() ? window.FieldLength : 0) +
                               (form.chSym(i).On() ? window.SymbolLength : 0));

@@ -57,41 +57,38 @@ void Ports::UseNamedPort(std::span<const std::string> paths) {
 
 void Ports::Open() {
   if (platform_.ComP1.PortOpen()) {
-    form_.StatBar(2).SetText("Port Open Already ");
+    form_.StatBar(FrmStart::kStandardPanel).SetText("Port Open Already ");
     return;
   }
   form_.tInput.SetText("");
-  form_.StatBar(1).SetText("");
+  form_.StatBar(FrmStart::kExchangePanel).SetText("");
   try {
     platform_.ComP1.SetCommPort(vars_.ComPortNumber);
     platform_.ComP1.SetPortOpen(true);
   } catch (const RuntimeError& error) {
-    form_.pComBut.SetBackColor(kRed);
-    form_.HideImages();
-    form_.StatBar(2).SetText("Port Closed");
+    form_.ShowTraffic(kRed);
+    form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed");
     platform_.dialogs.Show({.text = error.Description(), .icon = BoxIcon::kCritical});
     return;
   }
-  form_.pComBut.SetBackColor(kGreen);
-  form_.HideImages();
-  form_.StatBar(2).SetText("Port Open ");
+  form_.ShowTraffic(kGreen);
+  form_.StatBar(FrmStart::kStandardPanel).SetText("Port Open ");
 }
 
 void Ports::ShowClosed() {
-  form_.pComBut.SetBackColor(kRed);
-  form_.HideImages();
+  form_.ShowTraffic(kRed);
   form_.ShowVideoPicture(2);
 }
 
 void Ports::Close() {
   if (!platform_.ComP1.PortOpen()) {
-    form_.StatBar(2).SetText("Port Closed Already ");
+    form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed Already ");
     return;
   }
   LeaveInteractiveMode(form_);
   platform_.ComP1.SetPortOpen(false);
   ShowClosed();
-  form_.StatBar(2).SetText("Port Closed ");
+  form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed ");
 }
 
 void Ports::ClosePort() {
@@ -100,7 +97,7 @@ void Ports::ClosePort() {
     platform_.ComP1.SetPortOpen(false);
   }
   ShowClosed();
-  form_.StatBar(2).SetText("Offline");
+  form_.StatBar(FrmStart::kStandardPanel).SetText("Offline");
   form_.InterTime.SetEnabled(false);
   form_.mnuInter.SetChecked(false);
   form_.mnuOff.SetChecked(true);

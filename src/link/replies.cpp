@@ -105,22 +105,22 @@ void Replies::ShowVideoStatus(std::span<const std::uint8_t> frame) {
   const int status = At(frame, 5);
   vars_.UnitVideoStandard = status;
   const bool manual = (status & kManualBit) != 0;
-  if (manual) form_.StatBar(3).SetText("Auto Disable");
+  if (manual) form_.StatBar(FrmStart::kVideoPanel).SetText("Auto Disable");
   form_.mnuAuto.SetChecked(!manual);
   form_.mnuMan.SetChecked(manual);
   const bool noVideo = (status & kNoVideoBit) != 0;
-  form_.StatBar(3).SetText(noVideo ? "No Video Present " : "Video Present ");
+  form_.StatBar(FrmStart::kVideoPanel).SetText(noVideo ? "No Video Present " : "Video Present ");
   form_.ShowVideoPicture(noVideo ? 1 : 0);
   const std::string_view standard = VideoStandardText(status & kStandardBits);
   if (!standard.empty()) vars_.UnitStandardText = standard;
-  form_.StatBar(2).SetText(vars_.UnitStandardText);
+  form_.StatBar(FrmStart::kStandardPanel).SetText(vars_.UnitStandardText);
 }
 
 void Replies::ShowIdentification(std::span<const std::uint8_t> frame) {
   const int code = At(frame, 5);
   for (const Model& model : kModels) {
     if (model.code != code) continue;
-    form_.StatBar(4).SetText(model.text);
+    form_.StatBar(FrmStart::kModelPanel).SetText(model.text);
     vars_.UnitLocalMode = false;
     (form_.*model.menu).Press();
     return;
@@ -145,7 +145,7 @@ void Replies::TakeFirmwareText(std::span<const std::uint8_t> frame) {
 }
 
 void Replies::LeaveBroadcast() {
-  form_.StatBar(3).SetText("Broadcast Packet In");
+  form_.StatBar(FrmStart::kVideoPanel).SetText("Broadcast Packet In");
   form_.bSend.Press();
   platform_.dialogs.Tell("Broadcast Mode detected, switched to Select Mode");
 }

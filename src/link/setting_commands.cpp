@@ -59,7 +59,7 @@ void SettingCommands::ShowFailure(const std::string& text, Failure shown) {
   if (shown == Failure::kBox) {
     platform_.dialogs.Tell(text);
   } else {
-    form_.StatBar(1).SetText(text);
+    form_.StatBar(FrmStart::kExchangePanel).SetText(text);
   }
 }
 
@@ -98,13 +98,13 @@ bool SettingCommands::LongAckWait() {
 
 /// The receive event takes the acknowledgement during the pump; the wait itself doesn't look for it.
 bool SettingCommands::WholeIntervalWait() {
-  form_.StatBar(1).SetText("Sent");
+  form_.StatBar(FrmStart::kExchangePanel).SetText("Sent");
   comms_.SendPacket(vars_.PacketFields);
   form_.dPause.SetEnabled(true);
   while (form_.dPause.Enabled() && comms_.LineUp()) platform_.pump.Pump();
   form_.dPause.SetEnabled(false);
   comms_.ReceivePacket();
-  return form_.StatBar(1).Text() == "Ack In";
+  return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In";
 }
 
 void SettingCommands::SendParameter(int index) {
@@ -112,8 +112,12 @@ void SettingCommands::SendParameter(int index) {
   if (IsSendable(At(vars_.SystemParameters, index))) Send(CommandId::kSetParameter, Sender::kPanel, index);
 }
 
+bool SettingCommands::Live() const {
+  return form_.mnuInter.Checked() && !vars_.UnitLocalMode;
+}
+
 void SettingCommands::SendSlate() {
-  if (vars_.UnitLocalMode || !form_.mnuInter.Checked()) return;
+  if (!Live()) return;
   // Without the lock of the mode's own box: the windows' handlers that end here have sent unlocked, too.
   Send(form_.chPrev.On() ? CommandId::kSlatePreview : CommandId::kSlateMode, Sender::kWholeSend);
 }
@@ -148,8 +152,7 @@ bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn)
   form_.mnuCharOff.SetChecked(acknowledged && !showOn);
   form_.mnuCharOn.SetChecked(acknowledged && showOn);
   if (!acknowledged) {
-    form_.pComBut.SetBackColor(kRed);
-    form_.HideImages();
+    form_.ShowTraffic(kRed);
   }
   return acknowledged;
 }

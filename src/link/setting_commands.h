@@ -32,6 +32,9 @@ class SettingCommands {
  public:
   SettingCommands(Platform& platform, Variables& variables, FrmStart& form, Communications& communications);
 
+  /// Interactive mode is on and the unit takes commands: what the operator changes goes out at once.
+  bool Live() const;
+
   /// Sends one command in the manner of `sender`. Returns whether it was acknowledged, for a query whether
   /// it was answered; True for what needs no answer. `index` is the row of a window or parameter, and
   /// `flagBase` the base of a window's flag byte. A value that does not fit its byte is failure 6.

@@ -250,7 +250,7 @@ std::optional<SendEnd> WholeSend::LeaveAutomatic() {
     return SendEnd::kRefused;
   }
   commands_.Send(kManualSelection, Sender::kWholeSend);
-  form_.StatBar(3).SetText("Changed to Manual Mode");
+  form_.StatBar(FrmStart::kVideoPanel).SetText("Changed to Manual Mode");
   if (VideoStandardCode(form_.comVS.Text()) == 0) return SendEnd::kNoCode;
   commands_.Send(kSetVideoStandard, Sender::kWholeSend);
   return std::nullopt;
@@ -268,7 +268,7 @@ void WholeSend::Sequence() {
 SendEnd WholeSend::Close() {
   if (!GoesOn()) return SendEnd::kStopped;
   if (commands_.Send(kVideoSense, Sender::kWholeSend)) {
-    form_.StatBar(3).SetText("7340 Configuration Complete. ");
+    form_.StatBar(FrmStart::kVideoPanel).SetText("7340 Configuration Complete. ");
     return SendEnd::kComplete;
   }
   if (!platform_.pump.Ending()) platform_.dialogs.Tell(kNotDetectedText);

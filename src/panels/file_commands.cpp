@@ -85,13 +85,13 @@ void FileCommands::Suspend() {
   form_.InterTime.SetEnabled(false);
   form_.mnuInter.SetChecked(false);
   form_.mnuOff.SetChecked(true);
-  form_.StatBar(3).SetText("Interactive mode disabled ");
+  form_.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode disabled ");
   form_.ShowVideoPicture(2);
   form_.HideImages();
 }
 
 void FileCommands::Resume() {
-  form_.StatBar(3).SetText("Interactive mode enabled ");
+  form_.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode enabled ");
   form_.mnuInter.SetChecked(true);
   form_.mnuOff.SetChecked(false);
   form_.InterTime.SetEnabled(true);

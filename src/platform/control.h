@@ -27,6 +27,7 @@ enum class ControlKind {
   kFrame,
   kLabel,
   kLine,
+  kListView,
   kMenuItem,
   kOptionButton,
   kPicture,
@@ -48,7 +49,8 @@ struct KeyPress {
 struct ControlEvents {
   Signal<int> click;
   Signal<int> change;
-  Signal<int> moved;  ///< a spin's value is another one, for whatever reason; before `change`
+  Signal<int> moved;   ///< a spin's value is another one, for whatever reason; before `change`
+  Signal<int> pulled;  ///< new limits have moved a spin's value; no `change` follows
   Signal<int> mouseMove;
   Signal<int> lostFocus;
   Signal<int, KeyPress&> key;
@@ -68,6 +70,8 @@ class EventSource {
   void OnChange(Handler handler) { events_->change.Connect(Plain(std::move(handler))); }
   /// A spin's value moved, by a change or a pull: echo and stored position follow here.
   void OnMoved(IndexHandler handler) { events_->moved.Connect(std::move(handler)); }
+  /// New limits moved a spin's value, which is no change: no rules run, nothing is sent.
+  void OnPulled(IndexHandler handler) { events_->pulled.Connect(std::move(handler)); }
   void OnMouseMove(IndexHandler handler) { events_->mouseMove.Connect(std::move(handler)); }
   void OnMouseMove(Handler handler) { events_->mouseMove.Connect(Plain(std::move(handler))); }
   void OnLostFocus(IndexHandler handler) { events_->lostFocus.Connect(std::move(handler)); }

@@ -125,6 +125,35 @@ bool ComboBox::OperatorKey(char32_t code) {
   });
 }
 
+void ListView::SetColumns(std::vector<std::string> columns) {
+  columns_ = std::move(columns);
+  rows_.clear();
+  selected_ = -1;
+  Changed.Emit();
+}
+
+void ListView::AddRow(Row row) {
+  rows_.push_back(std::move(row));
+  Changed.Emit();
+}
+
+void ListView::RemoveRow(int row) {
+  if (row < 0 || row >= Count()) throw InvalidPropertyValue();
+  rows_.erase(rows_.begin() + row);
+  selected_ = -1;
+  Changed.Emit();
+}
+
+void ListView::Select(int row) {
+  if (row < -1 || row >= Count()) throw InvalidPropertyValue();
+  Store(selected_, row);
+}
+
+bool ListView::OperatorSelect(int row) {
+  if (row < 0 || row >= Count()) return false;
+  return AsOperator([this, row] { Select(row); });
+}
+
 int SpinControl::Lowest() const {
   return std::min(min_, max_);
 }
@@ -144,6 +173,7 @@ void SpinControl::Pull() {
   if (inside == value_) return;
   Store(value_, inside);
   Announce();
+  Raise(&ControlEvents::pulled);
 }
 
 void SpinControl::Announce() {

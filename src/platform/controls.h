@@ -113,6 +113,32 @@ class ComboBox : public Control {
   int index_ = -1;
 };
 
+/// A list of rows with several columns, of which one row may be selected.
+class ListView : public Control {
+ public:
+  using Row = std::vector<std::string>;
+  using Control::Control;
+  ControlKind Kind() const override { return ControlKind::kListView; }
+  const std::vector<std::string>& Columns() const { return columns_; }
+  const std::vector<Row>& Rows() const { return rows_; }
+  int Count() const { return static_cast<int>(rows_.size()); }
+  /// The selected row, -1 when none is.
+  int Selected() const { return selected_; }
+  /// Empties the list and names its columns.
+  void SetColumns(std::vector<std::string> columns);
+  void AddRow(Row row);
+  /// Takes a row away; none is selected then. A row that the list does not have is failure 380.
+  void RemoveRow(int row);
+  /// -1 selects none. Any other row that the list does not have is failure 380.
+  void Select(int row);
+  bool OperatorSelect(int row);
+
+ private:
+  std::vector<std::string> columns_;
+  std::vector<Row> rows_;
+  int selected_ = -1;
+};
+
 /// A value with two arrows. `Min` may exceed `Max`; the control then counts the other way.
 class SpinControl : public Control {
  public:

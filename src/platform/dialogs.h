@@ -23,6 +23,8 @@ struct MessageBox {
   std::string remedy = {};
 };
 
+class Form;
+
 /// Where the tool asks and tells. One implementation shows windows, one answers from a queue (script, tests).
 class Dialogs {
  public:
@@ -33,6 +35,11 @@ class Dialogs {
 
   /// Shows the box and returns when it is answered. Esc and the cross answer No or Cancel where there is one.
   virtual BoxAnswer Show(const MessageBox& box) = 0;
+
+  /// Shows a window of its own over the main window. On a screen this returns when the window has gone, that
+  /// is when its Visible flag is False again; without a screen at once, and the window stays until its own
+  /// controls close it.
+  virtual void ShowModal(Form& form) = 0;
 
   /// A plain box with an OK button.
   void Tell(std::string text) { Show({.text = std::move(text)}); }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/dialogs.h"
+#include "platform/form.h"
 
 namespace marlinset {
 
@@ -26,6 +27,13 @@ class FakeDialogs : public Dialogs {
     const BoxAnswer answer = answers.front();
     answers.pop_front();
     return answer;
+  }
+
+  /// The windows shown over the main window; each stays until its own controls close it.
+  std::vector<Form*> forms;
+  void ShowModal(Form& form) override {
+    forms.push_back(&form);
+    form.SetVisible(true);
   }
 
   /// Texts of all boxes so far, in order.

@@ -25,6 +25,12 @@ void AddSpin(Json& json, const SpinControl& spin) {
   json["increment"] = spin.Increment();
 }
 
+void AddList(Json& json, const ListView& list) {
+  json["columns"] = list.Columns();
+  json["list"] = list.Rows();
+  json["index"] = list.Selected();
+}
+
 /// Adds what the control's kind has; returns the kind's name.
 const char* AddState(Json& json, const Control& control) {
   const auto caption = [&] { json["text"] = control.Caption(); };
@@ -50,6 +56,9 @@ const char* AddState(Json& json, const Control& control) {
       caption();
       json["checked"] = static_cast<const MenuItem&>(control).Checked();
       return "menu";
+    case ControlKind::kListView:
+      AddList(json, static_cast<const ListView&>(control));
+      return "list";
     case ControlKind::kScrollBar:
       json["value"] = static_cast<const ScrollBar&>(control).Value();
       json["min"] = 0;

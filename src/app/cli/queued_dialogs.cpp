@@ -6,6 +6,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/form.h"
+
 namespace marlinset {
 namespace {
 
@@ -41,6 +43,11 @@ BoxAnswer QueuedDialogs::Show(const MessageBox& box) {
   messages_.push_back(std::move(message));
   if (onShown) onShown(box, answer);
   return answer;
+}
+
+void QueuedDialogs::ShowModal(Form& form) {
+  Note({{"kind", "dialog"}, {"name", form.Name()}});
+  form.SetVisible(true);
 }
 
 bool QueuedDialogs::IsAnswer(std::string_view word) {

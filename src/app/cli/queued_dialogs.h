@@ -20,6 +20,7 @@ namespace marlinset {
 class QueuedDialogs : public Dialogs {
  public:
   BoxAnswer Show(const MessageBox& box) override;
+  void ShowModal(Form& form) override;
 
   /// "yes", "no", "ok" or "cancel".
   static bool IsAnswer(std::string_view word);

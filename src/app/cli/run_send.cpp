@@ -147,7 +147,8 @@ int RunSend(const CliOptions& options) {
   progress.Finish();
   const SendResult& result = tool.wholeSend.Result();
   const int status = StatusOf(result, run.PortOpen());
-  if (result.end == SendEnd::kComplete) std::printf("%s\n", tool.form.StatBar(3).Text().c_str());
+  if (result.end == SendEnd::kComplete)
+    std::printf("%s\n", tool.form.StatBar(FrmStart::kVideoPanel).Text().c_str());
   if (result.unacknowledged > 0) {
     std::fprintf(stderr, "%d of %d messages were not acknowledged.\n", result.unacknowledged,
                  result.messages);
@@ -162,7 +163,7 @@ int RunIdentify(const CliOptions& options) {
   Tool& tool = run.tool;
   tool.form.bGetID.Press();
   if (!run.PortOpen()) return kExitPort;
-  const std::string model = tool.form.StatBar(4).Text();
+  const std::string model = tool.form.StatBar(FrmStart::kModelPanel).Text();
   if (!UnitIsIdentified(tool.form)) return kExitReply;
   std::printf("Model: %s\n", model.c_str());
   tool.communications.ReplyWait(FieldsOf(CommandId::kVideoSense));
@@ -172,7 +173,7 @@ int RunIdentify(const CliOptions& options) {
   }
   std::printf("Video standard: %s, %s selection\n", tool.variables.UnitStandardText.c_str(),
               tool.form.mnuMan.Checked() ? "manual" : "automatic");
-  std::printf("Video: %s\n", Trim(tool.form.StatBar(3).Text()).c_str());
+  std::printf("Video: %s\n", Trim(tool.form.StatBar(FrmStart::kVideoPanel).Text()).c_str());
   tool.identification.GetFirmware();
   if (!tool.variables.UnitIdText.empty()) std::printf("Firmware: %s\n", tool.variables.UnitIdText.c_str());
   return kExitDone;
