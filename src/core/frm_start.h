@@ -103,6 +103,16 @@ class FrmStart : public Form {
   ControlArray<SpinControl> udVal{*this, "udVal", {0}};
   Line lPara1{*this, "lPara1"};
   ControlArray<Line> lPara2{*this, "lPara2", {0}};
+  /// Runs `action` with each array that has an element for a row of the list.
+  template <class Action>
+  void ForParameterRow(Action action) {
+    action(lClass);
+    action(lParam);
+    action(lDesc);
+    action(tVal);
+    action(udVal);
+    action(lPara2);
+  }
   ScrollBar VScroll2{*this, "VScroll2"};
 
   // DownConverter

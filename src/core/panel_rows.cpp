@@ -134,6 +134,10 @@ void PanelSetup::ArrangeWindowRows() {
     if (shown) ++shownRows;
   }
   FitScrollBar(form_.VScroll1, form_.pWinIn, shownRows);
+  FitParameterSheet();
+}
+
+void PanelSetup::FitParameterSheet() {
   const auto shownParameters =
       std::count_if(vars_.SystemParameters.begin(), vars_.SystemParameters.end(),
                     [](const SystemParameterRec& parameter) { return !IsInternalClass(parameter.Class); });
@@ -149,12 +153,7 @@ void PanelSetup::BuildParameterRows() {
 
 void PanelSetup::LoadParameterRow(int row) {
   if (form_.lClass.Has(row)) return;
-  form_.lClass.Load(row);
-  form_.lParam.Load(row);
-  form_.lDesc.Load(row);
-  form_.tVal.Load(row);
-  form_.udVal.Load(row);
-  form_.lPara2.Load(row);
+  form_.ForParameterRow([row](auto& column) { column.Load(row); });
 }
 
 void PanelSetup::FillParameterRow(int row) {
@@ -173,9 +172,7 @@ void PanelSetup::FillParameterRow(int row) {
 }
 
 void PanelSetup::ShowParameterRow(int row, bool shown) {
-  Control* const controls[] = {&form_.lClass(row), &form_.lParam(row), &form_.lDesc(row),
-                               &form_.tVal(row),   &form_.udVal(row),  &form_.lPara2(row)};
-  for (Control* control : controls) control->SetVisible(shown);
+  form_.ForParameterRow([=](auto& column) { column(row).SetVisible(shown); });
 }
 
 }  // namespace marlinset

@@ -41,6 +41,8 @@ class PanelSetup {
   /// Builds the row of a parameter that has none yet and fills it: hidden for the classes that are internal.
   void LoadParameterRow(int row);
   void FillParameterRow(int row);
+  /// Fits the parameters' scroll bar to the rows that are shown.
+  void FitParameterSheet();
 
  private:
   void FillRouting();

@@ -103,36 +103,45 @@ void ConfigurationFile::UpdateFileTitle() {
     folder = path.substr(0, name);
   }
   platform_.settings.SaveSetting(kFolderKey, folder);
-  form_.SetCaption("7340 Marlinset - " + vars_.CurrentFile);
+  form_.SetCaption(std::string(kProgramTitle) + " - " + vars_.CurrentFile);
 }
 
 void ConfigurationFile::WriteConfigFile() {
   const std::string name = platform_.fileDialog.FileName;
   KeepOldContent(name);
-  unfinished_ = name;
-  const std::unique_ptr<OutputFile> file = platform_.files.OpenForWriting(name);
-  const QcfDocument document = DocumentOfPanels(vars_, form_);
-  file->Write(kQcfSignature);
-  file->Write(IdentificationBlock(document));
-  file->Write(ConfigurationBlock(document));
-  unfinished_.clear();
+  std::unique_ptr<OutputFile> file = platform_.files.OpenForWriting(name);
+  try {
+    const QcfDocument document = DocumentOfPanels(vars_, form_);
+    file->Write(kQcfSignature);
+    file->Write(IdentificationBlock(document));
+    file->Write(ConfigurationBlock(document));
+  } catch (const RuntimeError&) {
+    file.reset();
+    leftovers_[name] = ContentOf(name);
+    throw;
+  }
+  leftovers_.erase(name);
 }
 
-/// What a save left half written is no content to keep: it would take the place of the last whole one.
+/// What a save of ours left half written is no content to keep: it would take the place of the last whole
+/// one. Whatever else stands there is kept, damaged or foreign: it may be all that its owner has.
 void ConfigurationFile::KeepOldContent(const std::string& name) {
   FileSystem& files = platform_.files;
   if (!files.FileExists(name)) return;
   const std::string kept = name + std::string(kBackupExtension);
-  if (files.FileExists(kept) && (name == unfinished_ || !IsWhole(name))) return;
+  const auto leftover = leftovers_.find(name);
+  const bool isLeftover =
+      leftover != leftovers_.end() && leftover->second && leftover->second == ContentOf(name);
+  if (isLeftover && files.FileExists(kept)) return;
   files.Copy(name, kept);
 }
 
-bool ConfigurationFile::IsWhole(const std::string& name) {
+/// Nothing when the file does not give it.
+std::optional<std::vector<std::uint8_t>> ConfigurationFile::ContentOf(const std::string& name) {
   try {
-    ReadDocument(platform_.files.OpenForReading(name)->ReadAll());
-    return true;
+    return platform_.files.OpenForReading(name)->ReadAll();
   } catch (const RuntimeError&) {
-    return false;
+    return std::nullopt;
   }
 }
 
@@ -189,6 +198,7 @@ std::optional<std::vector<std::uint8_t>> ConfigurationFile::OpeningStage() {
   try {
     return file->ReadAll();
   } catch (const RuntimeError&) {
+    file.reset();
     ResetPanels("Import Error");
     return std::nullopt;
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -56,7 +57,7 @@ class ConfigurationFile {
   void NameWithoutAsking();
   void WriteConfigFile();
   void KeepOldContent(const std::string& name);
-  bool IsWhole(const std::string& name);
+  std::optional<std::vector<std::uint8_t>> ContentOf(const std::string& name);
   void ChangeToConfigFolder();
   std::optional<std::vector<std::uint8_t>> OpeningStage();
   bool LocateFile();
@@ -70,7 +71,8 @@ class ConfigurationFile {
   PanelSetup& panels_;
   PanelLoader loader_;
   ReadEnd lastRead_ = ReadEnd::kNone;
-  std::string unfinished_;  ///< the file that the last save did not come to the end of
+  /// What a save that did not come to its end left in a file, by the file's name.
+  std::map<std::string, std::optional<std::vector<std::uint8_t>>> leftovers_;
 };
 
 }  // namespace marlinset

@@ -107,14 +107,14 @@ void PanelLoader::ApplyText(const QcfField& field, const std::string& text) {
     case QcfUse::kOperatingMode:
       return TakeOperatingMode(text);
     case QcfUse::kSource:
-      return LookUp(field, TranslateCodeName(text));
+      return LookUp(field, text, TranslateCodeName(text));
     case QcfUse::kSourceOfBox:
-      return LookUp(field, TranslateCodeName(text, &BoxOf(field, field.index)));
+      return LookUp(field, text, TranslateCodeName(text, &BoxOf(field, field.index)));
     case QcfUse::kFontSize:
-      LookUp(field, text);
+      LookUp(field, text, text);
       return SetVerticalSteps();
     case QcfUse::kCombo:
-      return LookUp(field, text);
+      return LookUp(field, text, text);
     default:
       return static_cast<TextBox&>(ControlOf(form_, field, field.index)).SetText(text);
   }
@@ -152,10 +152,11 @@ ComboBox& PanelLoader::BoxOf(const QcfField& field, int index) const {
   return static_cast<ComboBox&>(ControlOf(form_, field, index));
 }
 
-/// A mode without sources for a box writes an empty text and has to read it again without a word.
-void PanelLoader::LookUp(const QcfField& field, const std::string& text) {
+/// A mode without sources for a box writes an empty text and has to read it again without a word. A name
+/// that became empty by translation is told all the same.
+void PanelLoader::LookUp(const QcfField& field, const std::string& text, const std::string& wanted) {
   ComboBox& box = BoxOf(field, field.index);
-  const auto found = std::find(box.List().begin(), box.List().end(), text);
+  const auto found = std::find(box.List().begin(), box.List().end(), wanted);
   if (found != box.List().end()) {
     box.SetListIndex(static_cast<int>(found - box.List().begin()));
     return;
@@ -203,16 +204,13 @@ std::vector<SystemParameterRec> PanelLoader::ReadParameters(QcfReader& reader) {
 
 void PanelLoader::UnloadParameterRows() {
   for (const int row : form_.lClass.Indices()) {
-    if (row < 1) continue;
-    form_.lClass.Unload(row);
-    form_.lParam.Unload(row);
-    form_.lDesc.Unload(row);
-    form_.tVal.Unload(row);
-    form_.udVal.Unload(row);
-    form_.lPara2.Unload(row);
+    if (row > 0) form_.ForParameterRow([row](auto& column) { column.Unload(row); });
   }
 }
 
+/// A row's spin writes every parameter of its description, here as under the operator's hand: of two
+/// parameters with one description both take the value of the first. Sent and saved configurations have
+/// always come out so.
 void PanelLoader::TakeParameters(std::vector<SystemParameterRec> parameters) {
   vars_.SystemParameters = std::move(parameters);
   upgrade_.RemoveDeletedParameters();

@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 constexpr std::size_t kModelDigits = 4;
+constexpr QcfItemName kItemNames[] = {
+    {kQcfModels, "models"}, {kQcfTitle, "title"}, {kQcfToolVersion, "version"}, {kQcfReserved, "reserved"}};
 
 bool IsText(std::uint8_t tag) {
   return tag == kQcfTitle || tag == kQcfToolVersion || tag == kQcfReserved;
@@ -53,6 +55,10 @@ std::optional<QcfItem> TakeItem(std::span<const std::uint8_t>& block) {
 }
 
 }  // namespace
+
+std::span<const QcfItemName> QcfItemNames() {
+  return kItemNames;
+}
 
 std::optional<std::vector<QcfItem>> IdentificationItems(std::span<const std::uint8_t> block) {
   std::vector<QcfItem> items;

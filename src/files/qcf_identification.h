@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -15,6 +16,13 @@ struct QcfItem {
   std::uint8_t tag;
   std::variant<std::vector<std::string>, std::string> content;
 };
+
+/// What the items are called in listings and JSON, by their tags.
+struct QcfItemName {
+  std::uint8_t tag;
+  std::string_view name;
+};
+std::span<const QcfItemName> QcfItemNames();
 
 /// The items of an identification block, nothing when it does not consist of whole items that this tool
 /// knows.

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/qcf_listing.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
+
+#include "files/qcf_identification.h"
+#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -26,34 +30,67 @@ std::string KeyOf(const QcfRecord& record) {
   return TextOfEntry(record[0]) + "." + TextOfEntry(record[1]);
 }
 
+std::string TextOfItem(const QcfItem& item) {
+  if (const auto* text = std::get_if<std::string>(&item.content)) return Quoted(*text);
+  std::string models;
+  for (const std::string& model : std::get<std::vector<std::string>>(item.content)) {
+    models += (models.empty() ? "" : ", ") + model;
+  }
+  return models;
+}
+
+std::string NameOfItem(const QcfItem& item) {
+  for (const auto& [tag, name] : QcfItemNames()) {
+    if (tag == item.tag) return std::string(name);
+  }
+  return {};
+}
+
 class Lister {
  public:
-  void Add(const QcfEntry& entry) {
+  void AddIdentification(const std::vector<std::uint8_t>& block) {
+    const std::string name = "identification";
+    const auto items = IdentificationItems(block);
+    if (!items) return Add(name, HexText(block));
+    for (const QcfItem& item : *items) Add(Unused(name + " / " + NameOfItem(item)), TextOfItem(item));
+  }
+  void AddEntry(const QcfEntry& entry) {
     const auto* records = std::get_if<std::vector<QcfRecord>>(&entry.value);
-    if (!records) {
-      lines_.push_back({std::string(entry.field->name), TextOfEntry(entry)});
-      return;
-    }
+    if (!records) return Add(std::string(entry.field->name), TextOfEntry(entry));
     for (const QcfRecord& record : *records) AddRecord(entry.field->name, record);
   }
+  void Add(std::string name, std::string text) { lines_.push_back({std::move(name), std::move(text)}); }
   std::vector<QcfLine> Take() { return std::move(lines_); }
 
  private:
-  /// A second record of the same name gets a number behind it.
   void AddRecord(std::string_view list, const QcfRecord& record) {
-    std::string prefix = std::string(list) + " / " + KeyOf(record);
-    const int occurrence = ++occurrences_[prefix];
-    if (occurrence > 1) prefix += " (" + std::to_string(occurrence) + ")";
-    for (const QcfEntry& part : record) {
-      lines_.push_back({prefix + " / " + std::string(part.field->name), TextOfEntry(part)});
+    const std::string prefix = Unused(std::string(list) + " / " + KeyOf(record));
+    for (const QcfEntry& part : record)
+      Add(prefix + " / " + std::string(part.field->name), TextOfEntry(part));
+  }
+
+  /// A second one of the same name gets a number behind it; so does one that has such a name by itself.
+  std::string Unused(const std::string& name) {
+    std::string unused = name;
+    for (int& number = occurrences_[name]; !used_.insert(unused).second;) {
+      number = std::max(number, 1) + 1;
+      unused = name + " (" + std::to_string(number) + ")";
     }
+    return unused;
   }
 
   std::vector<QcfLine> lines_;
   std::map<std::string, int> occurrences_;
+  std::set<std::string> used_;
 };
 
 }  // namespace
+
+std::string HexText(std::span<const std::uint8_t> bytes) {
+  std::string hex;
+  for (const std::uint8_t byte : bytes) hex += HexByte(byte);
+  return hex;
+}
 
 std::int64_t ShownParameterValue(std::int64_t stored) {
   return stored >= kFirstNegative && stored < kSixteenBits ? stored - kSixteenBits : stored;
@@ -65,7 +102,12 @@ std::int64_t StoredOfShown(std::int64_t shown) {
 
 std::vector<QcfLine> ListingOf(const QcfDocument& document) {
   Lister lister;
-  for (const QcfEntry& entry : document.entries) lister.Add(entry);
+  lister.AddIdentification(document.identification);
+  for (const QcfEntry& entry : document.entries) lister.AddEntry(entry);
+  if (document.configurationLength) {
+    lister.Add("configuration length", std::to_string(*document.configurationLength));
+  }
+  if (!document.tail.empty()) lister.Add("tail", HexText(document.tail));
   return lister.Take();
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,8 +17,13 @@ struct QcfLine {
   std::string text;  ///< numbers in decimal, texts in double quotes
 };
 
-/// All values of the configuration in file order.
+/// All that stands in the file, in file order: the items of the identification ("identification / title"),
+/// the values of the configuration, and what does not belong to it: "configuration length" when it is not
+/// that of the fields, "tail" in hexadecimal.
 std::vector<QcfLine> ListingOf(const QcfDocument& document);
+
+/// Two hexadecimal digits for each byte.
+std::string HexText(std::span<const std::uint8_t> bytes);
 
 /// A parameter's value as a number: 16 bits with their sign; what does not fit into them as it stands.
 std::int64_t ShownParameterValue(std::int64_t stored);

@@ -183,6 +183,7 @@ void Upgrade::MergeParameters(int& lastRow) {
     added = true;
   }
   vars_.NextParameterClass = lastRow;
+  panels_.FitParameterSheet();
   if (!added) return;
   platform_.dialogs.Show(
       {.text = "New parameters have been added to this configuration.  Please verify the settings.",

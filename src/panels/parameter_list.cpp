@@ -26,6 +26,7 @@ void ParameterList::bClass_Click() {
   for (int row = 0; row <= UBound(list); ++row) panels_.LoadParameterRow(row);
   FillRows();
   form_.VScroll2.SetValue(0);
+  panels_.FitParameterSheet();
 }
 
 void ParameterList::ClearCaptions() {

@@ -136,6 +136,23 @@ TEST_F(FilesCliTest, AScriptOpensSavesAndSeesTheState) {
   EXPECT_EQ(answer("variable Caption")["value"], "7340 Marlinset - with blank");
   EXPECT_EQ(answer("state")["state"].dump(), Show(saved));
   EXPECT_EQ(answer("file")["ok"], false);
+
+  // What is queued goes to the Save As of unsaved edits; the path of open only to its own dialog.
+  const std::string kept = folder_.File("kept.qcf");
+  const auto openEdited = [&] {
+    answer("step udVal(8) up");
+    answer("answer yes");
+    json files = json::array();
+    const json opened = answer("open " + Sample(2));
+    for (const json& message : opened["messages"]) {
+      if (message.contains("file")) files.push_back(message["file"]);
+    }
+    return files;
+  };
+  answer("file " + kept);
+  EXPECT_EQ(openEdited(), json::array({kept, Sample(2)}));
+  EXPECT_EQ(openEdited(), json::array({nullptr, Sample(2)}));
+  EXPECT_EQ(answer("click mnuOpen")["messages"][0]["file"], nullptr) << "nothing is left over";
   script.Tell("quit");
   EXPECT_EQ(script.End(), 2);
 }

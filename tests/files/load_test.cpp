@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "files/panel_document.h"
+#include "files/qcf_reader.h"
 #include "files/qcf_writer.h"
 #include "tests/files/sample.h"
 
@@ -34,6 +35,14 @@ struct Loading : ::testing::Test, FileRig {
           return parameter.Class == parameterClass && parameter.Parameter == number;
         });
     return found == vars.SystemParameters.end() ? nullptr : &*found;
+  }
+  /// Sample 2 with another value in one field.
+  static FileBytes With(std::string_view field, QcfValue value) {
+    QcfDocument document = ReadDocument(Sample(2));
+    for (QcfEntry& entry : document.entries) {
+      if (entry.field->name == field) entry.value = value;
+    }
+    return WriteDocument(document);
   }
   FileBytes PanelBytes() { return WriteDocument(DocumentOfPanels(vars, form)); }
   /// Rows and arrays belong together, whatever a file did.
@@ -71,6 +80,7 @@ TEST_F(Loading, BringsAFileOfVersionTwoToThePanels) {
 }
 
 TEST_F(Loading, MergesWindowsAndParametersWithTheDatabase) {
+  form.VScroll2.SetMax(0);
   Load(Sample(2));
   EXPECT_EQ(vars.CharWindows.front().Name, "Old Window") << "without a number it sorts first";
   EXPECT_EQ(vars.CharWindows.size(), 21U);
@@ -90,11 +100,31 @@ TEST_F(Loading, MergesWindowsAndParametersWithTheDatabase) {
   EXPECT_EQ(Parameter(2, 0)->Value, 8);
   EXPECT_EQ(vars.NextParameterClass, UBound(vars.SystemParameters));
   EXPECT_EQ(dialogs.shown.back().icon, BoxIcon::kInformation);
+  int shown = 0;
+  for (int row = 0; row <= UBound(vars.SystemParameters); ++row) {
+    const SystemParameterRec parameter = At(vars.SystemParameters, row);
+    const bool internal = parameter.Class == 1 || parameter.Class == 25;
+    EXPECT_EQ(form.lClass(row).Caption(), std::to_string(parameter.Class)) << "rows and list in one order";
+    EXPECT_EQ(form.udVal(row).Visible(), !internal) << row;
+    if (!internal) ++shown;
+  }
+  EXPECT_EQ(form.VScroll2.Max(), (shown - 16) * 255) << "the last row can be scrolled to";
+}
+
+TEST_F(Loading, OfParametersWithOneDescriptionTheFirstGivesTheValue) {
+  QcfDocument document = ReadDocument(Sample(2));
+  for (QcfRecord& parameter : std::get<std::vector<QcfRecord>>(document.entries.back().value)) {
+    parameter[2].value = "Level";
+  }
+  Load(WriteDocument(document));
+  EXPECT_EQ(Parameter(7, 1)->Value, 300);
+  EXPECT_EQ(Parameter(3, 2)->Value, 300) << "800 in the file";
 }
 
 TEST_F(Loading, CarriesAFileOfVersionOneForward) {
   form.ComWin(4).SetListIndex(2);
   form.ComDownConv(1).SetListIndex(3);
+  form.ComDownConv(2).SetListIndex(4);
   EXPECT_EQ(Load(Sample(1)), ReadEnd::kLoaded);
   EXPECT_THAT(TakeBoxes(),
               ElementsAre("Input Time Bits not found, auto set to default",
@@ -111,41 +141,80 @@ TEST_F(Loading, CarriesAFileOfVersionOneForward) {
   EXPECT_EQ(form.UpDown1.Value(), 255);
   EXPECT_EQ(form.ComWin(4).ListIndex(), 2) << "not in the file";
   EXPECT_EQ(form.ComDownConv(1).ListIndex(), 3);
+  EXPECT_EQ(form.ComDownConv(2).ListIndex(), 4);
+  EXPECT_EQ(form.ComDownConv(0).ListIndex(), 0) << "the first of the standard";
   EXPECT_TRUE(Window("Scene and Take").DoubleHeight) << "from the database";
   EXPECT_EQ(Window("video timecode").Number, 1);
   EXPECT_EQ(Parameter(2, 0)->Value, 266);
   ExpectWholePanels();
 }
 
-TEST_F(Loading, UnknownUserBitsOfTheFirstLineResetThoseOfTheOutput) {
-  FileBytes bytes = Sample(2);
-  bytes[Behind(bytes, "User Bit Generator") - 1] = 'x';
-  Load(bytes);
-  EXPECT_EQ(TakeBoxes().front(), "Output VITC1 User Bit not found, auto set to default");
-  EXPECT_EQ(form.ComUB(1).ListIndex(), 0);
+struct Missing {
+  std::string_view field, message, box;
+  int index;
+};
+constexpr Missing kMissing[] = {
+    {"video standard", "Video Standard not found, auto set to default", "comVS", kNoIndex},
+    {"input time bits", "Input Time Bits not found, auto set to default", "comTB", 0},
+    {"input user bits", "Input User Bits not found, auto set to default", "ComUB", 0},
+    {"output LTC time bits", "Output LTC Time Bit not found, auto set to default", "comTB", 1},
+    {"output LTC user bits", "Output LTC User Bit not found, auto set to default", "ComUB", 1},
+    {"output VITC1 time bits", "Output VITC1 Time Bit not found, auto set to default", "comTB", 2},
+    {"output VITC1 user bits", "Output VITC1 User Bit not found, auto set to default", "ComUB", 1},
+    {"output VITC2 time bits", "Output VITC2 Time Bit not found, auto set to default", "comTB", 3},
+    {"output VITC3 time bits", "Output VITC3 Time Bit not found, auto set to default", "comTB", 4},
+    {"output VITC3 user bits", "Output VITC3 User Bit not found, auto set to default", "ComUB", 4},
+    {"window style", "Window Style not found, auto set to default", "ComWin", 2},
+    {"font size", "Font Size not found, auto set to default", "ComWin", 3},
+    {"slate mode", "Slate Mode not found, auto set to default", "ComWin", 1},
+    {"down converter mode", "Downconverter Mode not found, auto set to default", "ComWin", 0},
+    {"processing mode", "Downconverter Processing Mode not found, auto set to default", "ComDownConv", 0},
+    {"vertical filter", "Horizontal Filter not found, auto set to default", "ComDownConv", 1},
+    {"horizontal filter", "Horizontal Filter not found, auto set to default", "ComDownConv", 2},
+    {"SDI program output", "Horizontal Filter not found, auto set to default", "ComWin", 4}};
+
+TEST_F(Loading, ATextThatItsListLacksIsToldAndReplaced) {
+  for (const auto& [field, message, box, index] : kMissing) {
+    Load(Sample(2));
+    TakeBoxes();
+    EXPECT_EQ(Load(With(field, "nowhere")), ReadEnd::kLoaded) << field;
+    EXPECT_EQ(TakeBoxes().front(), message);
+    const auto& fallback = static_cast<const ComboBox&>(*form.Find(box, index));
+    EXPECT_EQ(fallback.ListIndex(), fallback.ListCount() == 0 ? -1 : 0) << field;
+  }
+  Load(With("output VITC1 user bits", "nowhere"));
   EXPECT_EQ(form.ComUB(2).Text(), "Video Recorder User Bits") << "its default stands";
 }
 
-TEST_F(Loading, EntriesThatTheListsHaveLostAreToldAndReplaced) {
-  std::erase_if(vars.CharStyles, [](const auto& row) { return row.Description == "White on Grey Box"; });
-  std::erase_if(vars.SlateModes,
-                [](const auto& row) { return row.Description == "On at Event Start for Duration"; });
-  std::erase_if(vars.DownConverterProcessModes,
-                [](const auto& row) { return row.Description == "Motion Adaptive"; });
-  for (const int box : {1, 2}) form.ComDownConv(box).Clear();
-  form.ComWin(4).Clear();
-  form.ComWin(4).AddItem("HD Clean");
+TEST_F(Loading, AnEmptyListTakesAnEmptyTextOfTheFileOnly) {
   Load(Sample(2));
-  const auto boxes = TakeBoxes();
-  EXPECT_THAT(boxes, ElementsAre("Window Style not found, auto set to default",
-                                 "Slate Mode not found, auto set to default",
-                                 "Downconverter Processing Mode not found, auto set to default",
-                                 "Horizontal Filter not found, auto set to default",
-                                 "Horizontal Filter not found, auto set to default",
-                                 "Horizontal Filter not found, auto set to default", kNewWindows,
-                                 kExtraParameters, kNewParameters));
-  EXPECT_EQ(form.ComWin(4).Text(), "HD Clean");
-  EXPECT_EQ(form.ComDownConv(1).ListIndex(), -1) << "nothing to fall back to";
+  ASSERT_EQ(form.ComUB(4).ListCount(), 0) << "a mode without user bits on the third line";
+  EXPECT_EQ(TakeBoxes().size(), 3U);
+  // A name that translates to nothing is another thing than no name.
+  Load(With("output VITC3 user bits", "Video Recorder Time"));
+  EXPECT_EQ(TakeBoxes().front(), "Output VITC3 User Bit not found, auto set to default");
+  form.ComDownConv(2).Clear();
+  Load(Sample(2));
+  EXPECT_EQ(TakeBoxes().front(), "Horizontal Filter not found, auto set to default");
+  EXPECT_EQ(form.ComDownConv(2).ListIndex(), -1) << "nothing to fall back to";
+}
+
+TEST_F(Loading, NumbersAtTheirBounds) {
+  Load(Sample(2));
+  tool.panels.SetDefaults();
+  const int lines = form.vitcModes.Selected();
+  for (const int byte : {0, 4, 255}) {
+    Load(With("VITC selection", std::int64_t{byte}));
+    EXPECT_EQ(form.vitcModes.Selected(), lines) << byte;
+  }
+  for (const int byte : {1, 2, 255}) {
+    Load(With("characters on", std::int64_t{byte}));
+    EXPECT_EQ(form.mnuCharOn.Checked(), byte == 1) << byte;
+    EXPECT_NE(form.mnuCharOff.Checked(), form.mnuCharOn.Checked()) << byte;
+  }
+  EXPECT_EQ(Load(With("slate duration", std::int64_t{2147483647})), ReadEnd::kLoaded);
+  EXPECT_EQ(form.UDDur.Value(), 2147483647);
+  EXPECT_EQ(Load(With("slate duration", std::int64_t{2147483648})), ReadEnd::kNotReadable);
 }
 
 TEST_F(Loading, AFileCutAnywhereLeavesDefaultsAndALivingTool) {
@@ -184,7 +253,9 @@ TEST_F(Loading, EachFailureHasItsMessage) {
     return bytes;
   };
   const auto told = [&](const FileBytes& bytes) {
+    form.tWinMess.SetText("left over");
     EXPECT_EQ(Load(bytes), ReadEnd::kNotReadable);
+    EXPECT_EQ(form.tWinMess.Text(), "") << "the defaults";
     return TakeBoxes().back();
   };
   EXPECT_EQ(told(with(0, 'X')), "Data Process Error, file header corrupt or unreadable");
@@ -249,6 +320,13 @@ TEST_F(Loading, OpenNamesTheFileEvenWhenItCouldNotBeRead) {
   EXPECT_EQ(fileDialog.shown.back().filter, "Brandal Marlinset File|*.qcf");
   EXPECT_EQ(fileDialog.shown.back().fileName, "*.qcf");
   TakeBoxes();
+
+  const FileBytes before = PanelBytes();
+  fileDialog.choices = {Write("empty.qcf", {})};
+  tool.configurationFile.LoadConfig();
+  EXPECT_THAT(TakeBoxes(), IsEmpty());
+  EXPECT_EQ(Panel(4), "File empty Loaded ");
+  EXPECT_EQ(PanelBytes(), before);
 
   fileDialog.choices = {Write("undotted", Sample(2))};
   tool.configurationFile.LoadConfig();

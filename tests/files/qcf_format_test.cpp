@@ -61,11 +61,14 @@ TEST(QcfFormat, ReadsTheSamplesAsTheirListingsSay) {
       "system parameters / 25.1 / Value: 261",
       "system parameters / 3.2 / Description: \"LTC Output Level (mV)\""};
   EXPECT_THAT(two, ::testing::IsSupersetOf(wanted));
-  EXPECT_EQ(two.size(), 36U + 3 * 8 + 4 * 4);
+  EXPECT_EQ(two.front(), "identification / models: 7340");
+  EXPECT_EQ(two.size(), 3U + 36 + 3 * 8 + 4 * 4);
   const auto one = ListingTexts(Sample(1));
-  EXPECT_EQ(one.size(), 32U + 2 * 7 + 4);
-  EXPECT_EQ(one[31], "down converter mode: \"16:9 Anamorphic\"");
-  EXPECT_EQ(one.back(), "system parameters / 2.0 / Value: 4106");
+  EXPECT_EQ(one.size(), 1U + 32 + 2 * 7 + 4 + 1);
+  EXPECT_EQ(one.front(), "identification: 010000000207030200070304000200000004546F6F6CAAFF00000003010203AB");
+  EXPECT_EQ(one[32], "down converter mode: \"16:9 Anamorphic\"");
+  EXPECT_EQ(one[one.size() - 2], "system parameters / 2.0 / Value: 4106");
+  EXPECT_EQ(one.back(), "tail: 0000514346");
 }
 
 TEST(QcfFormat, WritesWhatItReadByteForByte) {
@@ -205,6 +208,20 @@ TEST(QcfFormat, ComparesByNameWhereverAWindowStands) {
   EXPECT_EQ(names[1], "character windows / Video Timecode / Name\"Video Timecode\">");
   std::swap(left, right);
   EXPECT_EQ(differing().back(), "character windows / Video Timecode / Horizontal>5");
+  std::swap(left, right);
+  right.tail = {7};
+  right.identification.back() = '9';
+  EXPECT_THAT(differing().front(), ::testing::StartsWith("identification / version"));
+  EXPECT_EQ(differing().back(), "tail>07");
+  right.tail.clear();
+  // Names that look like those of other records do not mix them up.
+  auto& others = std::get<std::vector<QcfRecord>>(right.entries[36].value);
+  others.assign(3, QcfRecord(others[0]));
+  others[0][0].value = "A (2)";
+  others[1][0].value = others[2][0].value = "A";
+  others[2][6].value = std::int64_t{7};
+  left = right;
+  EXPECT_TRUE(differing().empty());
 }
 
 }  // namespace

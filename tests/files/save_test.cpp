@@ -139,6 +139,24 @@ TEST_F(Saving, AFailedSaveKeepsTheOldContentBeside) {
   EXPECT_EQ(Read("show.qcf.bak"), Read("show.qcf"));
 }
 
+TEST_F(Saving, WhatOthersPutThereIsKeptWhateverItIs) {
+  SaveAs("show.qcf");
+  SaveAs("show.qcf");
+  const FileBytes foreign = {'h', 'i'};
+  Write("show.qcf", foreign);
+  SaveAs("show.qcf");
+  EXPECT_EQ(Read("show.qcf.bak"), foreign) << "in the place of an older copy";
+
+  files.room = 100;
+  SaveAs("show.qcf");
+  files.room = std::nullopt;
+  EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed));
+  const FileBytes restored = Sample(2);
+  Write("show.qcf", restored);
+  SaveAs("show.qcf");
+  EXPECT_EQ(Read("show.qcf.bak"), restored) << "no longer what the failed save had left";
+}
+
 TEST_F(Saving, ReportsWhatItCannotWriteTo) {
   std::filesystem::create_directory(folder.File("folder.qcf"));
   SaveAs("folder.qcf");

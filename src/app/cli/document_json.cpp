@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/cli/document_json.h"
 
-#include <array>
 #include <charconv>
 #include <limits>
 #include <stdexcept>
@@ -20,21 +19,8 @@ constexpr const char* kLength = "configuration length";
 constexpr const char* kTail = "tail";
 constexpr const char* kLoadedAs = "loaded as";
 
-struct ItemKey {
-  std::uint8_t tag;
-  const char* key;
-};
-constexpr std::array<ItemKey, 4> kItems = {
-    {{kQcfModels, "models"}, {kQcfTitle, "title"}, {kQcfToolVersion, "version"}, {kQcfReserved, "reserved"}}};
-
 std::runtime_error Wrong(std::string_view where, const std::string& what) {
   return std::runtime_error("\"" + std::string(where) + "\" " + what);
-}
-
-std::string HexOf(const std::vector<std::uint8_t>& bytes) {
-  std::string hex;
-  for (const std::uint8_t byte : bytes) hex += HexByte(byte);
-  return hex;
 }
 
 std::vector<std::uint8_t> BytesOf(std::string_view name, const Json& json) {
@@ -51,24 +37,24 @@ std::vector<std::uint8_t> BytesOf(std::string_view name, const Json& json) {
 
 Json IdentificationJson(const std::vector<std::uint8_t>& block) {
   const auto items = IdentificationItems(block);
-  if (!items) return HexOf(block);
+  if (!items) return HexText(block);
   Json list = Json::array();
   for (const QcfItem& item : *items) {
-    for (const ItemKey& row : kItems) {
-      if (row.tag != item.tag) continue;
-      list.push_back(std::visit([&](const auto& content) { return Json{{row.key, content}}; }, item.content));
+    for (const auto& [tag, name] : QcfItemNames()) {
+      if (tag != item.tag) continue;
+      Json& entry = list.emplace_back(Json::object());
+      std::visit([&, key = std::string(name)](const auto& content) { entry[key] = content; }, item.content);
     }
   }
   return list;
 }
 
 QcfItem ItemOf(const Json& json) {
-  for (const ItemKey& row : kItems) {
-    if (!json.is_object() || json.size() != 1 || !json.contains(row.key)) continue;
-    const Json& content = json[row.key];
-    if (row.tag != kQcfModels && content.is_string()) return {row.tag, content.get<std::string>()};
-    if (row.tag == kQcfModels && content.is_array())
-      return {row.tag, content.get<std::vector<std::string>>()};
+  for (const auto& [tag, name] : QcfItemNames()) {
+    if (!json.is_object() || json.size() != 1 || !json.contains(name)) continue;
+    const Json& content = json.front();
+    if (tag != kQcfModels && content.is_string()) return {tag, content.get<std::string>()};
+    if (tag == kQcfModels && content.is_array()) return {tag, content.get<std::vector<std::string>>()};
   }
   throw Wrong(kIdentification, "holds something unknown");
 }
@@ -194,7 +180,7 @@ Json DocumentJson(const QcfDocument& document) {
   Json json = {{kIdentification, IdentificationJson(document.identification)}};
   if (document.configurationLength) json[kLength] = *document.configurationLength;
   AddEntries(json, document.entries);
-  if (!document.tail.empty()) json[kTail] = HexOf(document.tail);
+  if (!document.tail.empty()) json[kTail] = HexText(document.tail);
   return json;
 }
 

@@ -68,19 +68,33 @@ QueuedFileDialog::QueuedFileDialog(QueuedDialogs& messages) : messages_(messages
   startFolder_ = std::filesystem::current_path(unknown);
 }
 
-void QueuedFileDialog::QueueFile(const std::string& path) {
-  if (path == "cancel") {
-    files_.emplace_back();
-  } else {
-    files_.emplace_back((startFolder_ / path).string());
-  }
+std::optional<std::string> QueuedFileDialog::AnswerOf(const std::string& path) const {
+  if (path == "cancel") return std::nullopt;
+  return (startFolder_ / path).string();
 }
 
-std::optional<std::string> QueuedFileDialog::Next(const char* kind) {
+void QueuedFileDialog::QueueFile(const std::string& path) {
+  files_.push_back(AnswerOf(path));
+}
+
+void QueuedFileDialog::AnswerOpen(const std::string& path, const std::function<void()>& action) {
+  toOpen_ = {AnswerOf(path)};
+  action();
+  toOpen_.clear();
+}
+
+void QueuedFileDialog::AnswerSave(const std::string& path, const std::function<void()>& action) {
+  toSave_ = {AnswerOf(path)};
+  action();
+  toSave_.clear();
+}
+
+std::optional<std::string> QueuedFileDialog::Next(const char* kind, Answers& own) {
   std::optional<std::string> file;
-  if (!files_.empty()) {
-    file = std::move(files_.front());
-    files_.pop_front();
+  Answers& answers = own.empty() ? files_ : own;
+  if (!answers.empty()) {
+    file = std::move(answers.front());
+    answers.pop_front();
   }
   messages_.Note({{"kind", kind},
                   {"file", file ? Json(*file) : Json()},

@@ -51,16 +51,25 @@ class QueuedFileDialog : public FileDialog {
   /// started, whatever folder the tool has gone to since.
   void QueueFile(const std::string& path);
 
+  /// Runs `action`; the first dialog to open a file (or to save to one) that it brings up is answered with
+  /// `path`, past the queue. When none comes up the path is dropped.
+  void AnswerOpen(const std::string& path, const std::function<void()>& action);
+  void AnswerSave(const std::string& path, const std::function<void()>& action);
+
  protected:
-  std::optional<std::string> AskOpen() override { return Next("open"); }
-  std::optional<std::string> AskSave() override { return Next("save"); }
+  std::optional<std::string> AskOpen() override { return Next("open", toOpen_); }
+  std::optional<std::string> AskSave() override { return Next("save", toSave_); }
 
  private:
-  std::optional<std::string> Next(const char* kind);
+  using Answers = std::deque<std::optional<std::string>>;
+  std::optional<std::string> AnswerOf(const std::string& path) const;
+  std::optional<std::string> Next(const char* kind, Answers& own);
 
   QueuedDialogs& messages_;
   std::filesystem::path startFolder_;
-  std::deque<std::optional<std::string>> files_;
+  Answers files_;
+  Answers toOpen_;  ///< for dialogs of this kind only, before those for any
+  Answers toSave_;
 };
 
 }  // namespace marlinset

@@ -46,16 +46,6 @@ QcfDocument ReadFile(const std::string& path) {
   }
 }
 
-void PrintListing(const QcfDocument& document) {
-  const Json json = DocumentJson(document);
-  PrintLine("identification: " + json["identification"].dump());
-  for (const QcfLine& line : ListingOf(document)) PrintLine(line.name + ": " + line.text);
-  if (!document.tail.empty()) {
-    PrintLine("tail: " + std::to_string(document.tail.size()) +
-              " bytes that do not belong to the configuration");
-  }
-}
-
 void PrintError(const std::exception& error) {
   std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
 }
@@ -109,7 +99,7 @@ int RunShow(const CliOptions& options) {
         PrintJson(DocumentJson(document));
       } else {
         if (options.configurations.size() > 1) PrintLine(path + ":");
-        PrintListing(document);
+        for (const QcfLine& line : ListingOf(document)) PrintLine(line.name + ": " + line.text);
       }
     } catch (const std::runtime_error& error) {
       PrintError(error);

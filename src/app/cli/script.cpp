@@ -308,14 +308,12 @@ Json Script::QueueFile(const ScriptLine& line) {
 }
 
 Json Script::Open(const ScriptLine& line) {
-  fileDialog_.QueueFile(line.Path());
-  tool_.form.mnuOpen.OperatorClick();
+  fileDialog_.AnswerOpen(line.Path(), [this] { tool_.form.mnuOpen.OperatorClick(); });
   return Json::object();
 }
 
 Json Script::Save(const ScriptLine& line) {
-  fileDialog_.QueueFile(line.Path());
-  tool_.form.mnuSave.OperatorClick();
+  fileDialog_.AnswerSave(line.Path(), [this] { tool_.form.mnuSave.OperatorClick(); });
   return Json::object();
 }
 

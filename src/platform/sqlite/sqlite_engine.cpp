@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
@@ -114,8 +115,13 @@ bool IsQuery(std::string_view text) {
 
 class SqliteDatabase : public Database {
  public:
-  SqliteDatabase(Handle handle, std::string path) : handle_(std::move(handle)), path_(std::move(path)) {
-    Check();
+  SqliteDatabase(Handle handle, std::string path) : handle_(std::move(handle)), path_(std::move(path)) {}
+
+  /// Reads every page once; what does not hang together is refused here, before any row is taken from it.
+  void Check() {
+    const RowSet result = Query("PRAGMA quick_check(1)");
+    const std::string verdict = result.rows.empty() ? "no answer" : TextOf(result.rows[0].at(0));
+    if (verdict != "ok") throw BadDatabase(path_, verdict);
   }
 
   std::unique_ptr<Recordset> OpenRecordset(std::string_view nameOrQuery) override {
@@ -127,13 +133,6 @@ class SqliteDatabase : public Database {
   }
 
  private:
-  /// Reads every page once; what does not hang together is refused here, before any row is taken from it.
-  void Check() {
-    const RowSet result = Query("PRAGMA quick_check(1)");
-    const std::string verdict = result.rows.empty() ? "no answer" : TextOf(result.rows[0].at(0));
-    if (verdict != "ok") throw BadDatabase(path_, verdict);
-  }
-
   /// Lays a view of the same name over each table, in which texts compare without regard to case. The views
   /// live in this connection's own memory; the file stays as it is.
   void CompareWithoutCase() {
@@ -242,7 +241,27 @@ std::unique_ptr<Database> SqliteEngine::OpenDatabase(const std::string& path) {
   sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
   sqlite3_limit(handle.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
   sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  return std::make_unique<SqliteDatabase>(std::move(handle), path);
+  auto database = std::make_unique<SqliteDatabase>(std::move(handle), path);
+  const auto stamp = StampOf(absolute);
+  const auto known = whole_.find(absolute);
+  if (stamp && known != whole_.end() && known->second == *stamp) return database;
+  database->Check();
+  if (stamp) whole_[absolute] = *stamp;
+  return database;
+}
+
+/// Nothing for a file that was written to just now: another write within the same tick of the file system's
+/// clock would leave no trace.
+std::optional<SqliteEngine::Stamp> SqliteEngine::StampOf(const std::string& path) {
+  constexpr std::chrono::seconds kCoarsestTick(2);
+  std::error_code failure;
+  Stamp stamp;
+  stamp.size = std::filesystem::file_size(path, failure);
+  if (!failure) stamp.written = std::filesystem::last_write_time(path, failure);
+  if (failure || std::filesystem::file_time_type::clock::now() - stamp.written < 2 * kCoarsestTick) {
+    return std::nullopt;
+  }
+  return stamp;
 }
 
 }  // namespace marlinset

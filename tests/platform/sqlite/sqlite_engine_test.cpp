@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <filesystem>
 #include <random>
 #include <vector>
@@ -135,6 +136,23 @@ TEST_F(SqliteEngineTest, RefusesWhatIsNoDatabase) {
   EXPECT_EQ(OpenFailure(folder.Write("text.mdb", "Dear operator, this is a text.\n")), kErrBadDatabase);
   EXPECT_EQ(OpenFailure(folder.Write("start.mdb", std::string_view("SQLite format 3\0", 16))),
             kErrBadDatabase);
+}
+
+TEST_F(SqliteEngineTest, ChecksAFileAgainOnceItWasWrittenTo) {
+  RunSql(path, "CREATE TABLE T (n); INSERT INTO T VALUES (1);");
+  const auto age = [&](int hours) {
+    std::filesystem::last_write_time(
+        path, std::filesystem::file_time_type::clock::now() - std::chrono::hours(hours));
+  };
+  std::string bent = folder.Read("rows.mdb");
+  std::fill(bent.begin() + 100, bent.begin() + 112, '\x7F');
+  SqliteEngine engine;
+  age(2);
+  for (int twice = 0; twice < 2; ++twice) engine.OpenDatabase(path);
+  folder.Write("rows.mdb", bent);
+  EXPECT_EQ(FailureOf([&] { engine.OpenDatabase(path); }), kErrBadDatabase) << "just now";
+  age(1);
+  EXPECT_EQ(FailureOf([&] { engine.OpenDatabase(path); }), kErrBadDatabase) << "an hour ago";
 }
 
 /// Opens a damaged file and reads all of `tables`; every outcome but a crash, a hang or an unknown failure is
