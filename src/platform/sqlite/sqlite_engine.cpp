@@ -151,17 +151,21 @@ class SqliteDatabase : public Database {
     }
   }
 
+  /// Virtual tables, which have no page of their own, are none.
   Statement PrepareTable(std::string_view name) {
     const Statement search = Prepare(
-        "SELECT name, wr FROM pragma_table_list WHERE schema = 'main' AND type = 'table' AND name = ? "
-        "COLLATE "
+        "SELECT name FROM main.sqlite_master WHERE type = 'table' AND rootpage > 0 AND name = ? COLLATE "
         "NOCASE AND name NOT LIKE 'sqlite@_%' ESCAPE '@'");
     sqlite3_bind_text(search.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
     const RowSet found = Read(search.get());
     if (found.rows.empty()) throw NoTable(name);
-    const bool withoutRowid = BooleanOf(found.rows[0].at(1));
-    return Prepare("SELECT * FROM main." + Quoted(TextOf(found.rows[0].at(0))) +
-                   (withoutRowid ? "" : " ORDER BY rowid"));
+    const std::string all = "SELECT * FROM main." + Quoted(TextOf(found.rows[0].at(0)));
+    try {
+      return Prepare(all + " ORDER BY rowid");
+    } catch (const RuntimeError& failure) {
+      if (failure.Number() != kErrNoColumn) throw;
+      return Prepare(all);  // a table without row numbers keeps its rows by key
+    }
   }
 
   std::vector<std::string> Names(const std::string& query) {
@@ -211,6 +215,18 @@ class SqliteDatabase : public Database {
   bool comparesWithoutCase_ = false;
 };
 
+/// What an opening gives out: the file itself may be open for several.
+class SharedDatabase : public Database {
+ public:
+  explicit SharedDatabase(std::shared_ptr<Database> database) : database_(std::move(database)) {}
+  std::unique_ptr<Recordset> OpenRecordset(std::string_view nameOrQuery) override {
+    return database_->OpenRecordset(nameOrQuery);
+  }
+
+ private:
+  std::shared_ptr<Database> database_;
+};
+
 /// The first bytes of every SQLite file. Looked at here because the library takes an empty file for an empty
 /// database.
 void CheckSignature(const std::string& path) {
@@ -224,34 +240,43 @@ void CheckSignature(const std::string& path) {
   }
 }
 
-}  // namespace
-
-std::unique_ptr<Database> SqliteEngine::OpenDatabase(const std::string& path) {
+std::shared_ptr<Database> OpenWhole(const std::string& path, const std::string& absolute) {
   std::error_code ignored;
-  if (!std::filesystem::exists(path, ignored)) {
+  if (!std::filesystem::exists(absolute, ignored)) {
     throw RuntimeError(kErrNoDatabase, "Couldn't find file '" + path + "'.");
   }
   CheckSignature(path);
   sqlite3* opened = nullptr;
-  // An absolute path is never taken for a URI or for one of SQLite's own names.
-  const std::string absolute = std::filesystem::absolute(path, ignored).string();
   const int result = sqlite3_open_v2(absolute.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
   Handle handle(opened);
   if (result != SQLITE_OK) throw BadDatabase(path, sqlite3_errstr(result));
   sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
   sqlite3_limit(handle.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
   sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  auto database = std::make_unique<SqliteDatabase>(std::move(handle), path);
-  const auto stamp = StampOf(absolute);
-  const auto known = whole_.find(absolute);
-  if (stamp && known != whole_.end() && known->second == *stamp) return database;
+  auto database = std::make_shared<SqliteDatabase>(std::move(handle), path);
   database->Check();
-  if (stamp) whole_[absolute] = *stamp;
   return database;
 }
 
-/// Nothing for a file that was written to just now: another write within the same tick of the file system's
-/// clock would leave no trace.
+}  // namespace
+
+std::unique_ptr<Database> SqliteEngine::OpenDatabase(const std::string& path) {
+  std::error_code ignored;
+  // An absolute path is never taken for a URI or for one of SQLite's own names.
+  const std::string absolute = std::filesystem::absolute(path, ignored).string();
+  const auto stamp = StampOf(absolute);
+  const auto known = known_.find(absolute);
+  if (stamp && known != known_.end() && known->second.stamp == *stamp) {
+    return std::make_unique<SharedDatabase>(known->second.database);
+  }
+  if (known != known_.end()) known_.erase(known);
+  const std::shared_ptr<Database> database = OpenWhole(path, absolute);
+  if (stamp) known_[absolute] = {*stamp, database};
+  return std::make_unique<SharedDatabase>(database);
+}
+
+/// Nothing for a file that is not there or was written to just now: another write within the same tick of the
+/// file system's clock would leave no trace.
 std::optional<SqliteEngine::Stamp> SqliteEngine::StampOf(const std::string& path) {
   constexpr std::chrono::seconds kCoarsestTick(2);
   std::error_code failure;

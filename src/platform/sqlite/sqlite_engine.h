@@ -13,8 +13,8 @@
 namespace marlinset {
 
 /// Reference databases as SQLite files, opened for reading only. An opening checks the whole file, so that a
-/// damaged one is refused (3343) instead of giving wrong rows; a file that was found whole and has not been
-/// written to since is not read through again.
+/// damaged one is refused (3343) instead of giving wrong rows. A file that was found whole stays open, and is
+/// neither opened nor read through again until it was written to.
 ///
 /// A text that begins with "select" is a query and is run as it stands; any other is the name of a table,
 /// found without regard to case, whose rows come in the order in which they were put in. Queries compare
@@ -34,9 +34,13 @@ class SqliteEngine : public DataEngine {
     std::filesystem::file_time_type written;
     bool operator==(const Stamp&) const = default;
   };
+  struct Known {
+    Stamp stamp;
+    std::shared_ptr<Database> database;
+  };
   static std::optional<Stamp> StampOf(const std::string& path);
 
-  std::map<std::string, Stamp> whole_;  ///< files found whole, by path
+  std::map<std::string, Known> known_;  ///< files found whole, by path
 };
 
 }  // namespace marlinset
