@@ -91,6 +91,10 @@ TEST_F(FilesCliTest, ComposeSaysWhatIsWrong) {
   wrong["text message"] = std::string(65536, 'x');
   refuses(wrong, "Overflow");
   refuses("{", "is no object");
+  std::filesystem::create_directories(folder_.File("taken.qcf/full"));
+  folder_.Write("good.json", good.dump());
+  EXPECT_EQ(Compose(folder_.File("good.json"), folder_.File("taken.qcf")), 1);
+  EXPECT_FALSE(std::filesystem::exists(folder_.File("taken.qcf.new"))) << "nothing half done stays";
 }
 
 TEST_F(FilesCliTest, DiffNamesWhatDiffers) {

@@ -63,15 +63,23 @@ void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) 
   std::ofstream out(growing, std::ios::binary | std::ios::trunc);
   out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
   out.close();
-  std::error_code failure;
-  if (!out) {
-    std::filesystem::remove(growing, failure);
-    throw std::runtime_error(path + ": can't be written");
+  try {
+    if (!out) throw std::runtime_error(path + ": can't be written");
+    LocalFiles files;
+    if (files.FileExists(path)) files.Copy(path, path + ".bak");
+    std::filesystem::rename(growing, path);
+  } catch (const std::exception&) {
+    std::error_code ignored;
+    std::filesystem::remove(growing, ignored);
+    throw;
   }
-  LocalFiles files;
-  if (files.FileExists(path)) files.Copy(path, path + ".bak");
-  std::filesystem::rename(growing, path, failure);
-  if (failure) throw std::runtime_error(path + ": " + failure.message());
+}
+
+/// What was printed has to arrive somewhere.
+int Printed(int status) {
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+  std::fputs("marlinset-cli: the output can't be written\n", stderr);
+  return status == kExitDone ? kExitNotDone : status;
 }
 
 const char* WordOf(QcfDifference difference) {
@@ -107,7 +115,7 @@ int RunShow(const CliOptions& options) {
       status = kExitNotDone;
     }
   }
-  return status;
+  return Printed(status);
 }
 
 int RunDiff(const CliOptions& options) {
@@ -126,7 +134,7 @@ int RunDiff(const CliOptions& options) {
       }
       PrintLine(text);
     }
-    return status;
+    return Printed(status);
   } catch (const std::runtime_error& error) {
     PrintError(error);
     return kExitUsage;
