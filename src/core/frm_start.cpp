@@ -38,6 +38,12 @@ void FrmStart::SetStartState() {
   }
 }
 
+bool FrmStart::HasWindowRow(int row) {
+  bool whole = true;
+  ForWindowRow([&](const auto& array) { whole = whole && array.Has(row); });
+  return whole;
+}
+
 void FrmStart::ShowTraffic(Color color) {
   pComBut.SetBackColor(color);
   HideImages();

@@ -87,6 +87,23 @@ class FrmStart : public Form {
   ControlArray<SpinControl> udVer{*this, "udVer", {0}}, udHor{*this, "udHor", {0}};
   Line Line1{*this, "Line1"};
   ControlArray<Line> Line2{*this, "Line2", {0}};
+  /// Runs `action` with each array that has an element for a window's row.
+  template <class Action>
+  void ForWindowRow(Action action) {
+    action(lName);
+    action(chSlate);
+    action(chOnOff);
+    action(chField);
+    action(chSym);
+    action(tVert);
+    action(udVer);
+    action(tHor);
+    action(udHor);
+    action(chDblSize);
+    action(Line2);
+  }
+  /// Whether the row of a window is there, whole.
+  bool HasWindowRow(int row);
   ScrollBar VScroll1{*this, "VScroll1"};
   /// 0 aspect ratio, 1 slate mode, 2 character style, 3 font size, 4 SDI program output
   ControlArray<ComboBox> ComWin{*this, "ComWin", {0, 1, 2, 3, 4}};
@@ -144,6 +161,11 @@ class FrmStart : public Form {
   // Indices of ComWin and ComDownConv.
   static constexpr int kAspectRatio = 0, kSlateMode = 1, kCharStyle = 2, kFontSize = 3, kSdiProgramOut = 4;
   static constexpr int kProcessingMode = 0, kVerticalFilter = 1, kHorizontalFilter = 2;
+  /// Row of the window that shows the text message.
+  static constexpr int kTextWindowRow = 13;
+  /// Height of a row of the tables of windows and parameters, and of the heads above it, in the sheets'
+  /// units.
+  static constexpr int kRowHeight = 255;
   /// The six spins of the VITC lines: first, second and third line, then their duplicates.
   static constexpr int kVitcLineIndices[] = {1, 2, 3, 5, 6, 7};
 

@@ -12,16 +12,12 @@
 namespace marlinset {
 namespace {
 
-/// Height of a row and number of rows that fit into the tables' viewports, in the sheets' units.
-constexpr int kRowHeight = 255;
+/// Rows that fit into the tables' viewports.
 constexpr int kRowsInView = 16;
 
 /// The windows that units show in mode "HD Video Downconvert".
 constexpr std::array<std::string_view, 7> kDownconvertWindows = {
     "Video Timecode", "Video User Bits", "Text", "PullDown", "Debug", "Debug2", "Debug3"};
-
-/// The message's window is as wide as its message, so its right-hand limit takes no account of a base width.
-constexpr int kTextWindowRow = 13;
 
 int CheckValue(bool on) {
   return on ? 1 : 0;
@@ -35,26 +31,17 @@ int WithinMax(int value, int max) {
 
 void FitScrollBar(ScrollBar& bar, PictureBox& sheet, int rows) {
   const int hiddenRows = std::max(0, rows - kRowsInView);
-  bar.SetMax(hiddenRows * kRowHeight);
+  bar.SetMax(hiddenRows * FrmStart::kRowHeight);
   bar.SetVisible(hiddenRows > 0);
   bar.SetValue(std::min(bar.Value(), bar.Max()));
-  sheet.SetTop(kRowHeight - bar.Value());
+  sheet.SetTop(FrmStart::kRowHeight - bar.Value());
 }
 
 }  // namespace
 
 void PanelSetup::BuildWindowRows() {
   for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
-    if (row > 0) {
-      form_.lName.Load(row);
-      for (auto* boxes : {&form_.chSlate, &form_.chOnOff, &form_.chField, &form_.chSym}) boxes->Load(row);
-      form_.tVert.Load(row);
-      form_.udVer.Load(row);
-      form_.tHor.Load(row);
-      form_.udHor.Load(row);
-      form_.chDblSize.Load(row);
-      form_.Line2.Load(row);
-    }
+    if (row > 0) form_.ForWindowRow([row](auto& array) { array.Load(row); });
     form_.lName(row).SetCaption(At(vars_.CharWindows, row).Name);
     CheckWindowDefaults(row);
     form_.udVer(row).SetValue(At(vars_.CharWindows, row).DefaultVertPosn);
@@ -90,7 +77,8 @@ void PanelSetup::DefaultWindow(int row) {
   LimitForField(row);
   const CharWindowRec window = At(vars_.CharWindows, row);
   form_.udVer(row).SetValue(WithinMax(window.DefaultVertPosn, form_.udVer(row).Max()));
-  if (row == kTextWindowRow) form_.udHor(row).SetMax(limits.MaxHorPosn);
+  // The message's window is as wide as its message: its base width does not count.
+  if (row == FrmStart::kTextWindowRow) form_.udHor(row).SetMax(limits.MaxHorPosn);
   form_.udHor(row).SetValue(WithinMax(window.DefaultHorPosn, form_.udHor(row).Max()));
 }
 
@@ -119,11 +107,7 @@ void PanelSetup::ShowWindow(int row, bool shown) {
   }
   form_.tVert(row).SetEnabled(shown);
   form_.tHor(row).SetEnabled(shown);
-  Control* const controls[] = {&form_.lName(row),     &form_.chSlate(row), &form_.chOnOff(row),
-                               &form_.chField(row),   &form_.chSym(row),   &form_.tVert(row),
-                               &form_.udVer(row),     &form_.tHor(row),    &form_.udHor(row),
-                               &form_.chDblSize(row), &form_.Line2(row)};
-  for (Control* control : controls) control->SetVisible(shown);
+  form_.ForWindowRow([&](auto& array) { array(row).SetVisible(shown); });
 }
 
 void PanelSetup::ArrangeWindowRows() {

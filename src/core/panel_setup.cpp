@@ -100,7 +100,7 @@ void PanelSetup::SetDefaults() {
   form_.oView(4).SetVisible(false);
   ArrangeWindowRows();
   form_.bClass.Press();
-  SetVerticalSteps();
+  SetVerticalSteps(vars_, form_);
   form_.SetCaption(std::string(kProgramTitle));
 }
 
@@ -249,11 +249,6 @@ void PanelSetup::FindCharMaxRow() {
       vars_.CurCharMaxRow = i;
     }
   }
-}
-
-void PanelSetup::SetVerticalSteps() {
-  const int step = VerticalStep(form_.ComWin(FrmStart::kFontSize).Text());
-  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) form_.udVer(row).SetIncrement(step);
 }
 
 }  // namespace marlinset

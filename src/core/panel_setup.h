@@ -63,7 +63,6 @@ class PanelSetup {
   bool WindowIsShown(int row) const;
   void ShowWindow(int row, bool shown);
   void ShowParameterRow(int row, bool shown);
-  void SetVerticalSteps();
 
   Variables& vars_;
   FrmStart& form_;

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string_view>
-
 namespace marlinset {
 
-/// Video lines that one click of a window's vertical spin moves, one character row of the font size: 4 for
-/// sizes that begin with "L", 2 for "S", otherwise 1.
-constexpr int VerticalStep(std::string_view fontSize) {
-  if (fontSize.starts_with('L')) return 4;
-  return fontSize.starts_with('S') ? 2 : 1;
-}
+class FrmStart;
+struct Variables;
+
+/// Makes one click of every window's vertical spin one character row of the selected font size: 4 video lines
+/// for sizes that begin with "L", 2 for "S", otherwise 1.
+void SetVerticalSteps(const Variables& variables, FrmStart& form);
 
 }  // namespace marlinset

@@ -112,7 +112,7 @@ void PanelLoader::ApplyText(const QcfField& field, const std::string& text) {
       return LookUp(field, text, TranslateCodeName(text, &BoxOf(field, field.index)));
     case QcfUse::kFontSize:
       LookUp(field, text, text);
-      return SetVerticalSteps();
+      return SetVerticalSteps(vars_, form_);  // of the rows that stand now
     case QcfUse::kCombo:
       return LookUp(field, text, text);
     default:
@@ -165,12 +165,6 @@ void PanelLoader::LookUp(const QcfField& field, const std::string& text, const s
   platform_.dialogs.Tell(std::string(field.missing));
   ComboBox& fallback = BoxOf(field, field.fallback);
   if (fallback.ListCount() > 0) fallback.SetListIndex(0);
-}
-
-/// For the rows that stand now, not for those that the file is about to bring.
-void PanelLoader::SetVerticalSteps() {
-  const int step = VerticalStep(form_.ComWin(FrmStart::kFontSize).Text());
-  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) form_.udVer(row).SetIncrement(step);
 }
 
 void PanelLoader::TakeWindows(const std::vector<QcfRecord>& records, int version) {

@@ -43,7 +43,6 @@ class PanelLoader {
   void TakeInserter(bool on);
   void TakeVitcLine(SpinControl& line, int number);
   void LookUp(const QcfField& field, const std::string& text, const std::string& wanted);
-  void SetVerticalSteps();
   void TakeWindows(const std::vector<QcfRecord>& records, int version);
   ComboBox& BoxOf(const QcfField& field, int index) const;
 

@@ -121,20 +121,12 @@ void Upgrade::SortCharWindows() {
 }
 
 void Upgrade::RebuildWindowRows() {
-  const auto forRows = [this](int first, int last, auto&& action) {
-    for (int row = first; row <= last; ++row) {
-      action(form_.lName, row);
-      for (auto* boxes : {&form_.chSlate, &form_.chOnOff, &form_.chField, &form_.chSym}) action(*boxes, row);
-      action(form_.tVert, row);
-      action(form_.udVer, row);
-      action(form_.tHor, row);
-      action(form_.udHor, row);
-      action(form_.chDblSize, row);
-      action(form_.Line2, row);
-    }
-  };
-  forRows(1, form_.lName.UBound(), [](auto& array, int row) { array.Unload(row); });
-  forRows(1, UBound(vars_.CharWindows), [](auto& array, int row) { array.Load(row); });
+  for (int row = form_.lName.UBound(); row >= 1; --row) {
+    form_.ForWindowRow([row](auto& array) { array.Unload(row); });
+  }
+  for (int row = 1; row <= UBound(vars_.CharWindows); ++row) {
+    form_.ForWindowRow([row](auto& array) { array.Load(row); });
+  }
   for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
     const CharWindowRec window = At(vars_.CharWindows, row);
     form_.lName(row).SetCaption(window.Name);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/binding.h"
 
+#include <QFocusEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScrollArea>
@@ -17,6 +18,18 @@ void BringIntoView(QWidget& widget) {
   if (!widget.isVisible()) return;
   for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
     if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&widget);
+  }
+}
+
+/// The focus goes to another field, and not only for a while to a box, a menu or another program.
+bool GoesForGood(const QFocusEvent& event) {
+  switch (event.reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+      return false;
+    default:
+      return true;
   }
 }
 
@@ -41,9 +54,17 @@ void Binding::Add(Control& control, QWidget* part) {
   listening_.emplace_back(control.Changed, [this] { Show(); });
   if (part) {
     part->setObjectName(Shown(control.FullName()));
-    part->setMouseTracking(true);
-    part->installEventFilter(this);
+    AddSurface(*part);
   }
+}
+
+void Binding::AddSurface(QWidget& widget) {
+  widget.setMouseTracking(true);
+  widget.installEventFilter(this);
+}
+
+Binding& Binding::Of(QWidget& widget) {
+  return *widget.findChild<Binding*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 void Binding::Act(const std::function<void()>& action) {
@@ -101,7 +122,11 @@ void Binding::Retire(QWidget& widget) {
 
 bool Binding::eventFilter(QObject* watched, QEvent* event) {
   if (controls_.empty()) return QObject::eventFilter(watched, event);
-  if (event->type() == QEvent::FocusOut && watched == &widget_) controls_.front()->OperatorLeave();
+  if (event->type() == QEvent::FocusOut && watched == &widget_ &&
+      GoesForGood(*static_cast<QFocusEvent*>(event))) {
+    controls_.front()->OperatorLeave();
+    return QObject::eventFilter(watched, event);
+  }
   if (event->type() == QEvent::MouseMove && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
     controls_.front()->OperatorHover();
     return true;  // only the innermost surface is hovered, not also the sheet below it

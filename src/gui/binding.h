@@ -49,6 +49,10 @@ class Binding : public QObject {
   /// One more control that the widget shows (the echo beside a spin): its mark, flags and changes count too.
   /// `part` is the child widget that carries the control's name. Show comes after the last one.
   void Add(Control& control, QWidget* part = nullptr);
+  /// The mouse over `widget`, which lies around the control, counts as over the control.
+  void AddSurface(QWidget& widget);
+  /// The binding of a widget, which must have one.
+  static Binding& Of(QWidget& widget);
   /// Hands the operator's action to the model and then shows what the model made of it.
   void Act(const std::function<void()>& action);
   /// Paints the widget as the model is now.

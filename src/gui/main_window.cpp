@@ -3,6 +3,7 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
@@ -48,6 +49,9 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   setCentralWidget(middle);
   setStatusBar(new StatusBarView(form, this));
   resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
+  // What lies between the controls passes the mouse on, up to the form itself.
+  for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
+  setMouseTracking(true);
   ShowForm();
 }
 
@@ -67,6 +71,10 @@ void MainWindow::ShowForm() {
   if (form_.Visible() == formVisible_) return;
   formVisible_ = form_.Visible();
   setVisible(formVisible_);
+}
+
+void MainWindow::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons() == Qt::NoButton) form_.OperatorHover();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

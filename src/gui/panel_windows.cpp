@@ -11,13 +11,13 @@
 #include "gui/look.h"
 #include "gui/panel_views.h"
 #include "gui/window_table.h"
+#include "link/command_table.h"
 #include "platform/text.h"
 
 namespace marlinset {
 namespace {
 
 constexpr int kChoiceCharacters = 20;
-constexpr std::size_t kMessageCharacters = 32;  // as many as the unit burns into the Text window
 
 void AddCombo(Group& group, ComboBox& combo) {
   group.AddRow(MakeLabel(Shown(combo.Caption()), &group), new ComboField(combo, kChoiceCharacters, &group));

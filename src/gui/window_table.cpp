@@ -29,13 +29,14 @@ std::vector<ControlArray<CheckBox>*> Boxes(FrmStart& form) {
   return {&form.chOnOff, &form.chSlate, &form.chDblSize, &form.chSym, &form.chField};
 }
 
-/// A widget in the middle (or at the right) of a cell of fixed width.
+/// A widget in the middle of a cell of fixed width, all of which is its control's to the mouse.
 QWidget* MakeCell(QWidget* content, int width, QWidget* parent) {
   auto* cell = new QWidget(parent);
   auto* box = new QHBoxLayout(cell);
   box->setContentsMargins(0, 0, 0, 0);
   box->addWidget(content, 0, Qt::AlignCenter);
   cell->setFixedWidth(width);
+  Binding::Of(*content).AddSurface(*cell);
   return cell;
 }
 
@@ -98,12 +99,7 @@ WindowTable::WindowTable(FrmStart& form, QWidget* parent)
   rows->setSpacing(0);
   rows->addWidget(header_);
   rows->addWidget(area_, 1);
-  for (ControlArray<CheckBox>* boxes : Boxes(form)) Watch(*boxes);
-  Watch(form.lName);
-  Watch(form.tVert);
-  Watch(form.udVer);
-  Watch(form.tHor);
-  Watch(form.udHor);
+  form.ForWindowRow([this](auto& array) { Watch(array); });
   for (const int i : form.lName.Indices()) AddRow(i);
 }
 
@@ -120,16 +116,8 @@ void WindowTable::Watch(ControlArray<T>& array) {
   listening_.emplace_back(array.Unloading, [this](int index) { RemoveRow(index); });
 }
 
-bool WindowTable::Complete(int index) const {
-  for (const ControlArray<CheckBox>* boxes : Boxes(form_)) {
-    if (!boxes->Has(index)) return false;
-  }
-  return form_.lName.Has(index) && form_.tVert.Has(index) && form_.udVer.Has(index) &&
-         form_.tHor.Has(index) && form_.udHor.Has(index);
-}
-
 void WindowTable::AddRow(int index) {
-  if (!Complete(index) || rows_.contains(index)) return;
+  if (!form_.HasWindowRow(index) || rows_.contains(index)) return;
   auto* row = new RowStrip(form_.lName(index), area_->widget());
   FillRow(*row, index);
   const auto place = rows_.emplace(index, row).first;
@@ -187,7 +175,8 @@ void WindowTable::FillRow(RowStrip& row, int index) {
   };
   auto* name = new QLabel(&row);
   name->setMinimumWidth(widths_.front());
-  Bind(*name, form_.lName(index));
+  // The gaps between the cells count as the name, so that the pointer can cross a row without a message.
+  Bind(*name, form_.lName(index)).AddSurface(row);
   row.Cells().addWidget(name, 1);
   std::size_t column = 1;
   for (ControlArray<CheckBox>* boxes : Boxes(form_)) {

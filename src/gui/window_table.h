@@ -32,7 +32,6 @@ class WindowTable : public QWidget {
 
   template <class T>
   void Watch(ControlArray<T>& array);
-  bool Complete(int index) const;
   void AddRow(int index);
   void RemoveRow(int index);
   void MeasureColumns();

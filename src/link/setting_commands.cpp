@@ -116,6 +116,10 @@ bool SettingCommands::Live() const {
   return form_.mnuInter.Checked() && !vars_.UnitLocalMode;
 }
 
+bool SettingCommands::IsModelQ() const {
+  return comms_.IsModelQ();
+}
+
 void SettingCommands::SendSlate() {
   if (!Live()) return;
   // Without the lock of the mode's own box: the windows' handlers that end here have sent unlocked, too.
@@ -123,13 +127,7 @@ void SettingCommands::SendSlate() {
 }
 
 bool SettingCommands::HasWindow(int index) const {
-  if (index < 0 || index >= static_cast<int>(vars_.CharWindows.size()) || !form_.lName.Has(index))
-    return false;
-  for (const ControlArray<CheckBox>* boxes :
-       {&form_.chField, &form_.chSym, &form_.chDblSize, &form_.chSlate, &form_.chOnOff}) {
-    if (!boxes->Has(index)) return false;
-  }
-  return true;
+  return index >= 0 && index < static_cast<int>(vars_.CharWindows.size()) && form_.HasWindowRow(index);
 }
 
 void SettingCommands::SendWindowAll(int index) {

@@ -3,6 +3,11 @@
 
 namespace marlinset {
 
-PanelRules::PanelRules(Platform&, Variables&, FrmStart&, SettingCommands&) {}
+PanelRules::PanelRules(Platform& platform, Variables& variables, FrmStart& form, SettingCommands& commands)
+    : windowRules_(variables, form, commands),
+      windowHighlight_(variables, form, commands),
+      windowLooks_(platform, variables, form, commands),
+      slateAndMessage_(variables, form, commands),
+      whiteFlag_(variables, form, commands) {}
 
 }  // namespace marlinset

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "panels/slate_and_message.h"
+#include "panels/white_flag.h"
+#include "panels/window_highlight.h"
+#include "panels/window_looks.h"
+#include "panels/window_rules.h"
+
 namespace marlinset {
 
 class FrmStart;
@@ -13,6 +19,13 @@ struct Variables;
 class PanelRules {
  public:
   PanelRules(Platform& platform, Variables& variables, FrmStart& form, SettingCommands& commands);
+
+ private:
+  WindowRules windowRules_;
+  WindowHighlight windowHighlight_;
+  WindowLooks windowLooks_;
+  SlateAndMessage slateAndMessage_;
+  WhiteFlag whiteFlag_;
 };
 
 }  // namespace marlinset

@@ -34,7 +34,7 @@ bool Control::AsOperator(const std::function<void()>& action) {
 }
 
 void Control::OperatorHover() {
-  AsOperator([this] { Raise(&ControlEvents::mouseMove); });
+  if (visible_) form_.GetGuard().Run([this] { Raise(&ControlEvents::mouseMove); });
 }
 
 void Control::OperatorLeave() {

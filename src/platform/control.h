@@ -120,7 +120,7 @@ class Control : public EventSource {
   const std::string& ToolTip() const { return toolTip_; }
   void SetToolTip(std::string toolTip) { Store(toolTip_, std::move(toolTip)); }
 
-  /// The mouse moves over the control.
+  /// The mouse moves over the control, which may be disabled.
   void OperatorHover();
   /// The control loses the focus, as it does also by being disabled or hidden.
   void OperatorLeave();

@@ -223,6 +223,7 @@ TEST_F(PanelContents, WindowsTakeEachTickFromItsOwnDefault) {
   for (std::size_t row = 0; row < 5; ++row) {
     for (const auto flag : kDefaults) vars.CharWindows[row].*flag = false;
     vars.CharWindows[row].*kDefaults[row] = true;
+    vars.CharWindows[row].FieldLength = vars.CharWindows[row].SymbolLength = 1;  // or their ticks don't stay
   }
   Init();
   for (int round = 0; round < 2; ++round, New()) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
@@ -25,14 +26,9 @@ namespace {
 class WindowTest : public FormTest {
  protected:
   void LoadWindowRow(int index) {
-    form_.lName.Load(index).SetCaption("Window " + std::to_string(index));
-    for (auto* boxes : {&form_.chOnOff, &form_.chSlate, &form_.chDblSize, &form_.chSym, &form_.chField}) {
-      boxes->Load(index).SetVisible(true);
-    }
-    form_.tVert.Load(index);
-    form_.udVer.Load(index).SetVisible(true);
-    form_.tHor.Load(index);
-    form_.udHor.Load(index).SetVisible(true);
+    form_.ForWindowRow([index](auto& array) { array.Load(index).SetVisible(true); });
+    form_.lName(index).SetCaption("Window " + std::to_string(index));
+    form_.lName(index).SetVisible(false);
   }
   void LoadParameterRow(int index, bool visible) {
     form_.lClass.Load(index).SetVisible(visible);
@@ -175,6 +171,72 @@ TEST_F(WindowTest, WindowRowsComeAndGoWithTheirControls) {
   form_.udHor(2).SetValue(3);
   form_.lName(2).SetVisible(false);
   EXPECT_NE(table.Row(1), nullptr);
+}
+
+/// Whatever the pointer is over belongs to exactly one surface of the model.
+TEST_F(WindowTest, ThePointerReachesTheSurfaceItIsOver) {
+  std::vector<std::string> over;
+  const auto note = [&](EventSource& surface, const std::string& name) {
+    surface.OnMouseMove([&over, name](int index) {
+      over.push_back(index == kNoIndex ? name : name + std::to_string(index));
+    });
+  };
+  note(form_, "form");
+  note(form_.fWindows, "fWindows");
+  note(form_.fAttribs, "fAttribs");
+  note(form_.bHor, "bHor");
+  note(form_.pWinIn, "pWinIn");
+  note(form_.pWinOut, "pWinOut");
+  note(form_.lName, "lName");
+  note(form_.chField, "chField");
+  note(form_.udHor, "udHor");
+  form_.fWindows.SetVisible(true);
+  MainWindow window(form_);
+  LoadWindowRow(1);
+  form_.lName(1).SetVisible(true);
+  form_.chField(1).SetEnabled(false);
+  for (Frame* other : {&form_.fCodes, &form_.fOutputs, &form_.fParameters, &form_.fDownConverter}) {
+    other->SetVisible(false);
+  }
+  window.resize(1300, 800);
+  form_.SetVisible(true);
+  window.show();
+  QCoreApplication::processEvents();
+  auto& field = Widget<QCheckBox>(window, "chField(1)");
+  auto& horizontal = Widget<QWidget>(window, "udHor(1)");
+  auto& name = Widget<QWidget>(window, "lName(1)");
+  auto& style = Widget<QWidget>(window, "ComWin(2)");
+  const std::pair<QWidget*, const char*> places[] = {
+      {&field, "chField1"},
+      {field.parentWidget(), "chField1"},
+      {horizontal.findChild<QLineEdit*>(), "udHor1"},
+      {horizontal.parentWidget(), "udHor1"},
+      {&name, "lName1"},
+      {name.parentWidget(), "lName1"},
+      {&Widget<QWidget>(window, "bHor"), "bHor"},
+      {&Widget<QWidget>(window, "pWinIn"), "pWinIn"},
+      {Widget<QWidget>(window, "pWinIn").parentWidget(), "pWinOut"},
+      {style.parentWidget(), "fAttribs"},
+      {style.parentWidget()->parentWidget(), "fWindows"},
+      {Widget<QWidget>(window, "fWindows").parentWidget(), "form"},
+      {&window, "form"}};
+  for (const auto& [place, surface] : places) {
+    SCOPED_TRACE(place->objectName().toStdString() + " for " + surface);
+    over.clear();
+    QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), place->mapToGlobal(QPointF(1, 1)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(place, &move);
+    EXPECT_THAT(over, testing::ElementsAre(surface));
+  }
+  std::vector<int> left;
+  form_.chOnOff.OnLostFocus([&](int index) { left.push_back(index); });
+  auto& box = Widget<QCheckBox>(window, "chOnOff(1)");
+  for (const Qt::FocusReason reason :
+       {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason, Qt::TabFocusReason}) {
+    QFocusEvent out(QEvent::FocusOut, reason);
+    QApplication::sendEvent(&box, &out);
+  }
+  EXPECT_THAT(left, testing::ElementsAre(1)) << "a box or another program does not count";
 }
 
 TEST_F(WindowTest, TheParameterTableShowsVisibleRowsAndMarks) {

@@ -49,6 +49,7 @@ class FileCommandsTest : public ::testing::Test {
 TEST_F(FileCommandsTest, NewBringsTheDefaultsAndAName) {
   form.tWinMess.SetText("left over");
   form.UDDur.SetValue(7);
+  vars.ConfigSaved = true;  // no question
   form.mnuNew.OperatorClick();
   EXPECT_EQ(form.tWinMess.Text(), "");
   EXPECT_EQ(form.Caption(), "7340 Marlinset - New");

@@ -46,13 +46,8 @@ void FillRows(Variables& vars, FrmStart& form) {
                       {.Name = "Text", .Number = 14, .Top = 200, .Left = 6, .Length = 16, .SymbolLength = 1}};
   for (const int i : {1, 2, 3}) form.lDesc.Load(i);
   for (const int i : {1, 2}) {
-    form.lName.Load(i);
-    for (ControlArray<CheckBox>* boxes :
-         {&form.chOnOff, &form.chSlate, &form.chDblSize, &form.chSym, &form.chField}) {
-      boxes->Load(i).SetVisible(i == 2);
-    }
+    form.ForWindowRow([i](auto& array) { array.Load(i).SetVisible(i == 2); });
   }
-  form.lName(2).SetVisible(true);
   // 0: field digit, double height, slate, on. 1: slate, which does not count while hidden. 2: symbol, on.
   for (CheckBox* box : {&form.chField(0), &form.chDblSize(0), &form.chSlate(0), &form.chOnOff(0),
                         &form.chSlate(1), &form.chSym(2), &form.chOnOff(2)}) {

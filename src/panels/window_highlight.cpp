@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/window_highlight.h"
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "link/setting_commands.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kRestMs = 250;
+constexpr int kHighlightOn = 128;
+constexpr int kHighlightOff = 0;
+
+}  // namespace
+
+WindowHighlight::WindowHighlight(Variables& variables, FrmStart& form, SettingCommands& commands)
+    : vars_(variables), form_(form), commands_(commands) {
+  ConnectRows();
+  ConnectSurroundings();
+  form_.lName.OnMouseMove([this](int row) { Rest(row); });
+  form_.Timer1.OnTick([this] {
+    Highlight(restingRow_);
+    form_.Timer1.SetEnabled(false);
+  });
+}
+
+void WindowHighlight::ConnectRows() {
+  const auto connect = [this](EventSource& surface) {
+    surface.OnMouseMove([this](int row) { Highlight(row); });
+    surface.OnLostFocus([this](int row) { Leave(row); });
+  };
+  for (auto* boxes : {&form_.chOnOff, &form_.chSlate, &form_.chDblSize, &form_.chSym, &form_.chField}) {
+    connect(*boxes);
+  }
+  for (auto* echoes : {&form_.tHor, &form_.tVert}) connect(*echoes);
+  for (auto* spins : {&form_.udHor, &form_.udVer}) connect(*spins);
+}
+
+void WindowHighlight::ConnectSurroundings() {
+  EventSource* const surfaces[] = {&form_.bName,    &form_.bOn,       &form_.bSlate,   &form_.bDblHeight,
+                                   &form_.bSymbol,  &form_.bField,    &form_.bHor,     &form_.bVer,
+                                   &form_.fAttribs, &form_.fDownConv, &form_.fVirtual, &form_.fWindows,
+                                   &form_.fWinMess, &form_.pWinOut,   &form_};
+  for (EventSource* surface : surfaces) surface->OnMouseMove([this] { ClearOthers(kNoIndex); });
+  // What lies right around the names also ends a rest on one of them.
+  EventSource* const aroundNames[] = {&form_.fPosition, &form_.pWinIn};
+  for (EventSource* surface : aroundNames) {
+    surface->OnMouseMove([this] {
+      form_.Timer1.SetEnabled(false);
+      ClearOthers(kNoIndex);
+    });
+  }
+}
+
+void WindowHighlight::Rest(int row) {
+  form_.Timer1.SetEnabled(false);
+  restingRow_ = row;
+  form_.Timer1.SetInterval(kRestMs);
+  form_.Timer1.SetEnabled(true);
+}
+
+void WindowHighlight::Highlight(int row) {
+  if (!form_.mnuInter.Checked()) return;
+  ClearOthers(row);
+  if (!IsHighlighted(row)) commands_.SendWindowInteractive(row, kHighlightOn);
+}
+
+/// Whatever the unit made of an earlier message, a row that counts as not highlighted is told so once more.
+void WindowHighlight::Leave(int row) {
+  if (form_.mnuInter.Checked() && !IsHighlighted(row)) commands_.SendWindowInteractive(row, kHighlightOff);
+}
+
+/// All but `row`; kNoIndex for really all. The windows may become others while a message is on its way.
+void WindowHighlight::ClearOthers(int row) {
+  if (!form_.mnuInter.Checked()) return;
+  for (int i = 0; i < static_cast<int>(vars_.CharWindows.size()); ++i) {
+    if (i != row && IsHighlighted(i)) commands_.SendWindowInteractive(i, kHighlightOff);
+  }
+}
+
+bool WindowHighlight::IsHighlighted(int row) const {
+  return commands_.HasWindow(row) && At(vars_.CharWindows, row).Highlighted;
+}
+
+}  // namespace marlinset
