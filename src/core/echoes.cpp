@@ -37,11 +37,11 @@ Echoes::Echoes(Variables& variables, FrmStart& form) : vars_(variables), form_(f
   form_.udVer.OnMoved([this](int row) { ShowVertical(row); });
   form_.udHor.OnMoved([this](int row) { ShowHorizontal(row); });
   form_.udVal.OnMoved([this](int row) { ShowParameterValue(row); });
-  form_.upVitc1.OnMoved([this](int line) { ShowVitcLine(line); });
+  form_.upVitc1.OnPulled([this](int line) { ShowVitcLine(line); });
 
   showWhiteFlag(kNoIndex);
   showDuration(kNoIndex);
-  for (const int line : FrmStart::kVitcLineIndices) ShowVitcLine(line);
+  ShowVitcLines();
   ShowWindowRow(0);
   ShowParameterValue(0);
 }
@@ -73,6 +73,10 @@ void Echoes::ShowHorizontal(int row) {
 
 void Echoes::ShowParameterValue(int row) {
   form_.tVal(row).SetText(ParameterText(form_.udVal(row).Value(), vars_.ParDisType));
+}
+
+void Echoes::ShowVitcLines() {
+  for (const int line : FrmStart::kVitcLineIndices) ShowVitcLine(line);
 }
 
 void Echoes::ShowVitcLine(int line) {

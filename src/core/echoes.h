@@ -7,7 +7,8 @@ class FrmStart;
 struct Variables;
 
 /// Keeps the texts beside the spins, and the positions that CharWindows holds, in step with the spins'
-/// values, also where limits pull a value.
+/// values, also where limits pull a value. The numbers of the VITC lines follow a pull only: whether a change
+/// of theirs is shown is up to the rules of the lines.
 class Echoes {
  public:
   Echoes(Variables& variables, FrmStart& form);
@@ -16,6 +17,8 @@ class Echoes {
   /// row.
   void ShowWindowRow(int row);
   void ShowParameterRow(int row);
+  /// Shows the numbers of all VITC lines.
+  void ShowVitcLines();
 
  private:
   void ShowVertical(int row);

@@ -7,6 +7,7 @@
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "core/vertical_step.h"
+#include "core/vitc_frames.h"
 #include "platform/dialogs.h"
 
 namespace marlinset {
@@ -146,14 +147,8 @@ void PanelSetup::SelectRoutingDefaults() {
       SelectFirst(form_.comTB(j));
       SelectFirst(form_.ComUB(j));
     }
-    ShowVitcFrames(mode);
+    ShowVitcFrames(form_, mode);
   }
-}
-
-void PanelSetup::ShowVitcFrames(int mode) {
-  form_.fVITC1.SetVisible(true);
-  form_.fVITC2.SetVisible(mode >= 1);
-  form_.fVITC3.SetVisible(mode >= 2);
 }
 
 /// The values of the line spins at the first start: those of the first standard and its namesakes.
@@ -176,6 +171,7 @@ void PanelSetup::InitLines() {
       set(form_.upVitc1(line), standard.Vitc3Min, standard.Vitc3Max, standard.Vitc3Default1);
     }
   }
+  echoes_.ShowVitcLines();
 }
 
 void PanelSetup::SetLineLimits(LineValues values) {

@@ -49,7 +49,6 @@ class PanelSetup {
   void FillRoutingBox(const TimeCodeAssignmentRec& assignment);
   void SelectRoutingDefaults();
   void ClearRouting();
-  void ShowVitcFrames(int mode);
   void InitLines();
   void NoteVitcDefaults();
   void FillFilters();

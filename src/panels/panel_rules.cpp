@@ -4,7 +4,9 @@
 namespace marlinset {
 
 PanelRules::PanelRules(Platform& platform, Variables& variables, FrmStart& form, SettingCommands& commands)
-    : windowRules_(variables, form, commands),
+    : routing_(variables, form, commands),
+      lineNumbers_(variables, form, commands),
+      windowRules_(variables, form, commands),
       windowHighlight_(variables, form, commands),
       windowLooks_(platform, variables, form, commands),
       slateAndMessage_(variables, form, commands),

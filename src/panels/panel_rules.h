@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "panels/line_numbers.h"
+#include "panels/routing.h"
 #include "panels/slate_and_message.h"
 #include "panels/white_flag.h"
 #include "panels/window_highlight.h"
@@ -21,6 +23,8 @@ class PanelRules {
   PanelRules(Platform& platform, Variables& variables, FrmStart& form, SettingCommands& commands);
 
  private:
+  Routing routing_;
+  LineNumbers lineNumbers_;
   WindowRules windowRules_;
   WindowHighlight windowHighlight_;
   WindowLooks windowLooks_;

@@ -44,6 +44,11 @@ struct Loading : ::testing::Test, FileRig {
     }
     return WriteDocument(document);
   }
+  std::vector<int> Lines() const {
+    std::vector<int> lines;
+    for (const int spin : FrmStart::kVitcLineIndices) lines.push_back(form.upVitc1(spin).Value());
+    return lines;
+  }
   FileBytes PanelBytes() { return WriteDocument(DocumentOfPanels(vars, form)); }
   /// Rows and arrays belong together, whatever a file did.
   void ExpectWholePanels() {
@@ -135,9 +140,8 @@ TEST_F(Loading, CarriesAFileOfVersionOneForward) {
   EXPECT_EQ(form.ComUB(1).Text(), "Video Recorder User Bits");
   EXPECT_EQ(form.comTB(2).Text(), "Output Video Recorder Time");
   EXPECT_EQ(form.ComUB(2).Text(), "Input Video Recorder Time");
-  std::vector<int> lines;
-  for (const int spin : {1, 5, 2, 6, 3, 7}) lines.push_back(form.upVitc1(spin).Value());
-  EXPECT_THAT(lines, ElementsAre(20, 10, 9, 20, 10, 20)) << "10 to 20 are the lines of 1080i/60";
+  EXPECT_THAT(Lines(), ElementsAre(18, 19, 20, 10, 20, 20))
+      << "the duplicates' box has lined the first three up";
   EXPECT_EQ(form.UpDown1.Value(), 255);
   EXPECT_EQ(form.ComWin(4).ListIndex(), 2) << "not in the file";
   EXPECT_EQ(form.ComDownConv(1).ListIndex(), 3);
@@ -184,6 +188,15 @@ TEST_F(Loading, ATextThatItsListLacksIsToldAndReplaced) {
   }
   Load(With("output VITC1 user bits", "nowhere"));
   EXPECT_EQ(form.ComUB(2).Text(), "Video Recorder User Bits") << "its default stands";
+}
+
+TEST_F(Loading, ALineOutsideTheRangeGoesToItsOtherEnd) {
+  FileBytes bytes = Sample(1);
+  std::uint8_t& vitcSelection = bytes[Behind(bytes, "1080i/60")];
+  ASSERT_EQ(vitcSelection, 3);
+  vitcSelection = 1;  // a single line leaves the others as they come
+  Load(bytes);
+  EXPECT_THAT(Lines(), ElementsAre(20, 9, 10, 10, 20, 20)) << "10 to 20 are the lines of 1080i/60";
 }
 
 TEST_F(Loading, AnEmptyListTakesAnEmptyTextOfTheFileOnly) {

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/routing.h"
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "link/setting_commands.h"
+
+namespace marlinset {
+
+Routing::Routing(Variables& variables, FrmStart& form, SettingCommands& commands)
+    : vars_(variables), form_(form), commands_(commands) {
+  Connect({&FrmStart::comTB, &Variables::TbLastIndex, TimeBitsCommand});
+  Connect({&FrmStart::ComUB, &Variables::UbLastIndex, UserBitsCommand});
+}
+
+void Routing::Connect(const Boxes& boxes) {
+  ControlArray<ComboBox>& controls = form_.*boxes.controls;
+  controls.OnClick([this, boxes](int index) { Click(boxes, index); });
+  controls.OnChange([this, boxes](int index) {
+    TakeTypingBack(boxes, index);
+    vars_.ConfigSaved = false;
+  });
+  controls.OnKey([this, boxes](int index, KeyPress&) { TakeTypingBack(boxes, index); });
+}
+
+void Routing::TakeTypingBack(const Boxes& boxes, int index) {
+  ComboBox& box = (form_.*boxes.controls)(index);
+  if (box.ListCount() >= 1) box.PutBack(At(vars_.*boxes.lastIndex, index));
+}
+
+void Routing::Click(const Boxes& boxes, int index) {
+  const ComboBox& box = (form_.*boxes.controls)(index);
+  if (box.ListIndex() >= 0) {
+    At(vars_.*boxes.lastIndex, index) = static_cast<std::uint8_t>(box.ListIndex());
+  }
+  if (!form_.mnuInter.Checked()) return;
+  // The unit has no user bits of its own for the second VITC line; what it was told last does no harm again.
+  const std::optional<CommandId> command = boxes.commandOf(index);
+  if (command) {
+    commands_.Send(*command, Sender::kPanel);
+  } else {
+    commands_.SendAgain();
+  }
+}
+
+}  // namespace marlinset

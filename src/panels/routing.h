@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "link/command_table.h"
+#include "platform/control_array.h"
+#include "platform/controls.h"
+
+namespace marlinset {
+
+class SettingCommands;
+
+/// Which source feeds the time bits (comTB) and the user bits (ComUB) of the input, of the LTC output and of
+/// the three VITC lines. In interactive mode a choice goes to the unit at once, also to one in local mode. A
+/// choice alone is no edit; typing is taken back, but counts as one.
+class Routing {
+ public:
+  Routing(Variables& variables, FrmStart& form, SettingCommands& commands);
+
+ private:
+  /// A box array: the entries chosen last, and the command of each box.
+  struct Boxes {
+    ControlArray<ComboBox> FrmStart::*controls;
+    std::array<std::uint8_t, 5> Variables::*lastIndex;
+    std::optional<CommandId> (*commandOf)(int index);
+  };
+  void Connect(const Boxes& boxes);
+  void Click(const Boxes& boxes, int index);
+  void TakeTypingBack(const Boxes& boxes, int index);
+
+  Variables& vars_;
+  FrmStart& form_;
+  SettingCommands& commands_;
+};
+
+}  // namespace marlinset
