@@ -195,7 +195,7 @@ Texts WithCodes(Texts messages, const TimeCodeRig& rig) {
 TEST(TimeCodePanels, TellTheUnitInInteractiveModeOnly) {
   enum Way { kOffLine, kInteractive, kLocal, kUnacknowledged };
   for (const SendCase& row : SendCases()) {
-    FileBytes panels;
+    std::vector<std::uint8_t> panels;
     std::string lines;
     for (const Way way : {kOffLine, kInteractive, kLocal, kUnacknowledged}) {
       SCOPED_TRACE(testing::Message() << row.name << ", way " << way);
@@ -228,11 +228,10 @@ TEST(TimeCodePanels, TypingIntoRoutingIsTakenBack) {
   const std::string text = rig.form.comTB(2).Text();
   rig.form.comTB(2).OperatorType("x");
   EXPECT_EQ(rig.form.comTB(2).Text(), text);
-  rig.vars.ConfigSaved = true;
   rig.form.comTB(2).SetListIndex(-1);
-  rig.form.comTB(2).OperatorKey('\b');  // changes no text, and so is no edit
+  rig.form.comTB(2).OperatorKey('x');
   EXPECT_EQ(rig.form.comTB(2).Text(), text);
-  EXPECT_TRUE(rig.vars.ConfigSaved);
+  EXPECT_EQ(rig.form.comTB(2).ListIndex(), 1);
   rig.form.ComUB(3).OperatorType("x");
   EXPECT_EQ(rig.form.ComUB(3).Text(), "x") << "an empty list has nothing to put back";
   EXPECT_EQ(rig.vars.UbLastIndex[3], 0);
@@ -266,9 +265,10 @@ TEST(TimeCodePanels, MoveLinesByTheRulesOfTheirMode) {
        [](auto& f) {
          f.upVitc1(2).SetMin(20);
          f.oVITC(2).OperatorClick();
-         f.upVitc1(5).OperatorSpin(20);
        },
-       "18 19 11 18 19 20"},
+       "18 19 11 14 15 16"},
+      {"which duplicates show, too", [](auto& f) { f.chDups.OperatorCheck(true); }, "18 19 20 14 15 16"},
+      {"and have for themselves", [](auto& f) { f.upVitc1(5).OperatorSpin(20); }, "18 19 20 18 19 20"},
       {"room is made as far as needed",
        [](auto& f) {
          f.upVitc1(3).SetMin(13);
@@ -282,7 +282,7 @@ TEST(TimeCodePanels, MoveLinesByTheRulesOfTheirMode) {
          f.upVitc1(6).SetMax(21);
        },
        "10 12 13 18 21 20"},
-      {"defaults", [](auto& f) { f.mnuNew.OperatorClick(); }, "19 12 13 19 20 21"},
+      {"defaults", [](auto& f) { f.mnuNew.OperatorClick(); }, "19 12 13 19 21 20"},
   };
   TimeCodeRig rig;
   for (const Step& step : steps) {
@@ -294,7 +294,9 @@ TEST(TimeCodePanels, MoveLinesByTheRulesOfTheirMode) {
 TEST(TimeCodePanels, KeepASynchronizedDuplicateAtItsDistance) {
   TimeCodeRig rig;
   FrmStart& form = rig.form;
+  form.chDups.OperatorCheck(true);
   form.upVitc1(5).OperatorSpin(12);
+  form.chDups.OperatorCheck(false);
   form.chSync.OperatorCheck(true);
   EXPECT_FALSE(form.upVitc1(5).Enabled());
   form.upVitc1(1).OperatorSpin(16);
@@ -327,15 +329,16 @@ TEST(TimeCodePanels, JustTakeWhatTheOperatorDoesToALineDuringItsWait) {
   FrmStart& form = rig.form;
   form.oVITC(2).OperatorClick();
   rig.GoInteractive();
-  rig.pump.At(rig.pump.Now() + 5, [&] { form.upVitc1(5).OperatorSpin(11); });
-  rig.pump.At(rig.pump.Now() + 6, [&] { form.chDups.OperatorCheck(true); });
+  rig.pump.At(rig.pump.Now() + 5, [&] { form.chDups.OperatorCheck(true); });
+  rig.pump.At(rig.pump.Now() + 6, [&] { form.upVitc1(5).OperatorSpin(12); });
   rig.pump.At(rig.pump.Now() + 7, [&] { form.upVitc1(1).OperatorSpin(17); });
   form.upVitc1(1).OperatorSpin(12);
-  EXPECT_EQ(Lines(form), "17(12) 13 14 11 15 16");
-  EXPECT_THAT(rig.TakeSent(), ElementsAre("1 5 163 12 0 13 0 14 0", "1 5 163 12 11 13 15 14 16"));
+  EXPECT_EQ(Lines(form), "17(12) 13 14 12(14) 15 16");
+  EXPECT_THAT(rig.TakeSent(), ElementsAre("1 5 163 12 0 13 0 14 0", "1 5 163 12 14 13 15 14 16"));
   EXPECT_FALSE(rig.vars.VitcChanging);
   form.upVitc1(5).OperatorStep(true);
-  EXPECT_EQ(Lines(form), "17 13 14 10 11 12");
+  EXPECT_EQ(Lines(form), "17 13 14 11 12 13");
+  EXPECT_THAT(rig.line.Sent(), ElementsAre(Bytes{2, 9, 1, 5, 163, 17, 11, 13, 12, 14, 13, 254}));
 }
 
 /// An operator who does anything anywhere, with a unit that loses or refuses some of it.
@@ -448,7 +451,7 @@ class Operator {
 
 TEST(TimeCodePanels, HoldTogetherWhateverTheOperatorDoes) {
   int acknowledged = 0;
-  for (unsigned seed = 7340; seed < 7360; ++seed) {
+  for (unsigned seed = 7340; seed < 7350; ++seed) {
     Operator someone(seed);
     for (int step = 0; step < 200; ++step) {
       SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);
@@ -457,7 +460,7 @@ TEST(TimeCodePanels, HoldTogetherWhateverTheOperatorDoes) {
     }
     acknowledged += someone.Acknowledged();
   }
-  EXPECT_GT(acknowledged, 400) << "most of it was said to the unit";
+  EXPECT_GT(acknowledged, 200) << "most of it was said to the unit";
 }
 
 }  // namespace
