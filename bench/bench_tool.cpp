@@ -5,7 +5,7 @@
 
 namespace marlinset {
 
-BoxAnswer BenchTool::Refusal::Show(const MessageBox& box) {
+BoxAnswer BenchTool::Refusal::Present(const MessageBox& box) {
   throw std::runtime_error("a message box came up: " + box.text);
 }
 
@@ -19,7 +19,7 @@ CommonOptions BenchTool::Options(const std::string& device) const {
 BenchTool::BenchTool(const std::string& device)
     : computer_(Options(device), Computer::ClockKind::kReal, dialogs_, fileDialog_),
       tool_(computer_.MakePlatform()) {
-  if (!tool_.Start("")) throw std::runtime_error("the tool does not start");
+  if (!tool_.Start("", false)) throw std::runtime_error("the tool does not start");
   tool_.ports.UsePort(kLowestPort);
   tool_.form.bGetID.Press();
   if (!UnitIsIdentified(tool_.form)) throw std::runtime_error("the unit does not identify itself");
@@ -28,7 +28,7 @@ BenchTool::BenchTool(const std::string& device)
 BenchTool::BenchTool()
     : computer_(Options(""), Computer::ClockKind::kVirtual, dialogs_, fileDialog_),
       tool_(computer_.MakePlatform()) {
-  if (!tool_.Start("")) throw std::runtime_error("the tool does not start");
+  if (!tool_.Start("", false)) throw std::runtime_error("the tool does not start");
 }
 
 }  // namespace marlinset

@@ -23,8 +23,8 @@ class BenchTool {
 
  private:
   class Refusal : public Dialogs {
-    BoxAnswer Show(const MessageBox& box) override;
-    void ShowModal(Form&) override {}
+    BoxAnswer Present(const MessageBox& box) override;
+    void PresentForm(Form&) override {}
   };
   CommonOptions Options(const std::string& device) const;
 

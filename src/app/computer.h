@@ -41,6 +41,7 @@ class Computer {
   Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs, FileDialog& fileDialog);
 
   EventPump& Pump() { return *pump_; }
+  Guard& GetGuard() { return guard_; }
   MSComm& Line() { return *line_; }
   /// With another line in place of the computer's own, if one is given.
   Platform MakePlatform() { return MakePlatform(*line_); }

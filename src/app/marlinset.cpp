@@ -11,6 +11,8 @@
 #include "gui/qt_dialogs.h"
 #include "gui/qt_file_dialog.h"
 #include "gui/readable_style.h"
+#include "gui/splash_window.h"
+#include "panels/splash.h"
 
 namespace marlinset {
 namespace {
@@ -24,15 +26,21 @@ int RunWindow(const CommonOptions& options, bool send) {
   Tool tool(computer.MakePlatform());
   const MainWindow window(tool.form,
                           {.deviceName = [&](int port) { return computer.Line().DeviceName(port); },
-                           .mayClose =
-                               [&] {
-                                 tool.ports.ClosePort();
-                                 computer.Pump().End();
-                                 return true;
-                               }});
-  tool.Start(options.commandText);
+                           .lookForDevices = [&] { tool.ports.LookForDevices(); }});
+  FrmSplash splashForm(computer.Pump(), computer.GetGuard());
+  Splash splash(
+      splashForm, [&] { tool.Load(options.commandText); },
+      [&] {
+        tool.Show();
+        if (send) QTimer::singleShot(0, &window, [&tool] { tool.form.bSConfig.OperatorClick(); });
+      });
+  const SplashWindow splashWindow(splashForm, [&] { splash.Skip(); });
+  QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &window,
+                   [&](Qt::ApplicationState state) { tool.SetActive(state == Qt::ApplicationActive); });
+  splash.Load();
   tool.ports.UseNamedPort(options.ports);
-  if (send) QTimer::singleShot(0, &window, [&tool] { tool.form.bSConfig.OperatorClick(); });
+  if (send) splash.Skip();
+  if (computer.Pump().Ending()) return 0;  // the operator has left already, from a box over the splash
   return QApplication::exec();
 }
 

@@ -23,13 +23,26 @@ Tool::Tool(const Platform& computer)
       panelRules(platform, variables, form, commands),
       configurationFile(platform, variables, form, panels),
       fileCommands(platform, variables, form, panels, configurationFile),
-      startUp(platform, variables, form, database, panels, ports) {
-  startUp.KeepStatusWhile([this] { return wholeSend.Running(); });
+      interactiveMode(platform, variables, form, communications, commands, wholeSend),
+      windowSettings(platform, variables, form, database),
+      endsOfRun(platform, variables, form,
+                {configurationFile, fileCommands, interactiveMode, ports, windowSettings}),
+      startUp(platform, variables, form, {database, panels, ports, windowSettings, endsOfRun}) {
+  windowSettings.KeepStatusWhile([this] { return wholeSend.Running(); });
 }
 
-bool Tool::Start(const std::string& commandText) {
-  const bool loaded = startUp.Form_Load(commandText);
+bool Tool::Load(const std::string& commandText, bool resume) {
+  return startUp.Form_Load(commandText, resume);
+}
+
+void Tool::Show() {
   form.SetVisible(true);
+  variables.MainFormActive = true;
+}
+
+bool Tool::Start(const std::string& commandText, bool resume) {
+  const bool loaded = Load(commandText, resume);
+  Show();
   return loaded;
 }
 

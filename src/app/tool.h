@@ -10,10 +10,12 @@
 #include "files/configuration_file.h"
 #include "link/communications.h"
 #include "link/identification.h"
+#include "link/interactive_mode.h"
 #include "link/line_events.h"
 #include "link/ports.h"
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
+#include "panels/ends_of_run.h"
 #include "panels/file_commands.h"
 #include "panels/hardware_model.h"
 #include "panels/panel_rules.h"
@@ -21,6 +23,7 @@
 #include "panels/start_up.h"
 #include "panels/video_standard.h"
 #include "panels/views.h"
+#include "panels/window_settings.h"
 #include "platform/platform.h"
 
 namespace marlinset {
@@ -32,8 +35,14 @@ class Tool {
   explicit Tool(const Platform& platform);
 
   /// Brings the tool up in the operating mode that `commandText` names (empty: the default) and shows the
-  /// main window. False when the start failed; what went wrong has been told.
-  bool Start(const std::string& commandText);
+  /// main window. False when the start failed; what went wrong has been told. `resume` off: with the
+  /// defaults, whatever the last run left.
+  bool Start(const std::string& commandText, bool resume = true);
+  /// The two halves of the start, for a window that shows a splash in between.
+  bool Load(const std::string& commandText, bool resume = true);
+  void Show();
+  /// Another program takes the focus, or the tool gets it back.
+  void SetActive(bool active) { variables.MainFormActive = active; }
 
   Platform platform;
   Variables variables;
@@ -54,6 +63,9 @@ class Tool {
   PanelRules panelRules;
   ConfigurationFile configurationFile;
   FileCommands fileCommands;
+  InteractiveMode interactiveMode;
+  WindowSettings windowSettings;
+  EndsOfRun endsOfRun;
   StartUp startUp;
 };
 

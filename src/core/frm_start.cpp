@@ -44,6 +44,11 @@ bool FrmStart::HasWindowRow(int row) {
   return whole;
 }
 
+void FrmStart::SetPlace(const WindowPlace& place) {
+  place_ = place;
+  Changed.Emit();
+}
+
 void FrmStart::ShowTraffic(Color color) {
   pComBut.SetBackColor(color);
   HideImages();

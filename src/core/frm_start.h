@@ -8,6 +8,26 @@
 
 namespace marlinset {
 
+/// Where the main window stands. Settings keep it in twips: 1/1440 inch, 15 to a pixel of a 96 dpi screen.
+struct WindowPlace {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  bool operator==(const WindowPlace&) const = default;
+};
+
+/// What the first place of the main window follows from, in twips. Whoever shows the window measures it;
+/// these are the values of a tool without a screen.
+struct WindowMeasures {
+  int menuBarHeight = 330;
+  int statusBarHeight = 330;
+  int windowsWidth = 15000;  ///< of the panel fWindows
+  int windowsHeight = 8500;
+  int screenWidth = 28800;
+  int screenHeight = 16200;
+};
+
 /// The main window without a screen. Its panels are the working configuration: selected texts, ticks and spin
 /// values are what is sent, saved and printed. Captions and tool tips stand in frm_start_captions.cpp.
 class FrmStart : public Form {
@@ -147,6 +167,13 @@ class FrmStart : public Form {
   Timer Timer1;       ///< 250: the mouse rests on a window's name
   Timer AboutTimer1;  ///< 1000: wait for the firmware text
 
+  const WindowPlace& Place() const { return place_; }
+  /// Moves the window.
+  void SetPlace(const WindowPlace& place);
+  /// The operator has moved the window; nobody needs to be told.
+  void NotePlace(const WindowPlace& place) { place_ = place; }
+  WindowMeasures measures;
+
   /// Shows on the indicator how the link stands (red, green or yellow), without heartbeat.
   void ShowTraffic(Color color);
   /// Hides the five frames of the heartbeat.
@@ -172,6 +199,8 @@ class FrmStart : public Form {
  private:
   void SetCaptions();
   void SetStartState();
+
+  WindowPlace place_;
 };
 
 }  // namespace marlinset

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "gui/bindings.h"
@@ -23,6 +26,14 @@ constexpr int kLetters = 170;
 constexpr int kLines = 42;
 constexpr int kLogLines = 3;
 
+constexpr int kTwipsPerPixel = 15;
+int Twips(int pixels) {
+  return pixels * kTwipsPerPixel;
+}
+int Pixels(int twips) {
+  return twips / kTwipsPerPixel;
+}
+
 QFrame* MakeRule(QWidget* parent) {
   auto* rule = new QFrame(parent);
   rule->setFixedHeight(1);
@@ -37,7 +48,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
     : form_(form), hooks_(std::move(hooks)), listening_(form.Changed, [this] { ShowForm(); }) {
   setObjectName(Shown(form.Name()));
   setWindowIcon(ProgramIcon());
-  FillMenuBar(*menuBar(), form, hooks_.deviceName);
+  FillMenuBar(*menuBar(), form, hooks_);
   auto* middle = new QWidget(this);
   auto* rows = new QVBoxLayout(middle);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -52,6 +63,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   // What lies between the controls passes the mouse on, up to the form itself.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
   setMouseTracking(true);
+  Measure();
   ShowForm();
 }
 
@@ -66,11 +78,48 @@ QWidget* MainWindow::MakeLog() {
   return log;
 }
 
+void MainWindow::Measure() {
+  const QRect desk = screen()->availableGeometry();
+  form_.measures = {.menuBarHeight = Twips(menuBar()->sizeHint().height()),
+                    .statusBarHeight = Twips(statusBar()->sizeHint().height()),
+                    .windowsWidth = Twips(fontMetrics().averageCharWidth() * kLetters),
+                    .windowsHeight = Twips(fontMetrics().height() * kLines),
+                    .screenWidth = Twips(desk.width()),
+                    .screenHeight = Twips(desk.height())};
+}
+
+void MainWindow::TakePlace() {
+  place_ = form_.Place();
+  const QRect desk = screen()->availableGeometry();
+  const QSize size = QSize(Pixels(place_.width), Pixels(place_.height)).boundedTo(desk.size());
+  resize(size);
+  move(qBound(desk.left(), Pixels(place_.left), desk.right() + 1 - size.width()),
+       qBound(desk.top(), Pixels(place_.top), desk.bottom() + 1 - size.height()));
+}
+
+void MainWindow::NotePlace() {
+  if (!isVisible() || isMinimized() || isMaximized() || isFullScreen()) return;
+  place_ = {Twips(pos().x()), Twips(pos().y()), Twips(width()), Twips(height())};
+  form_.NotePlace(place_);
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  NotePlace();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  NotePlace();
+}
+
 void MainWindow::ShowForm() {
   setWindowTitle(Shown(form_.Caption()));
+  if (form_.Place() != place_) TakePlace();
   if (form_.Visible() == formVisible_) return;
   formVisible_ = form_.Visible();
   setVisible(formVisible_);
+  if (!formVisible_) QTimer::singleShot(0, qApp, &QCoreApplication::quit);
 }
 
 void MainWindow::mouseMoveEvent(QMouseEvent* event) {
@@ -78,7 +127,8 @@ void MainWindow::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  event->setAccepted(!hooks_.mayClose || hooks_.mayClose());
+  form_.mnuExit.OperatorClick();
+  event->setAccepted(!form_.Visible());
 }
 
 }  // namespace marlinset

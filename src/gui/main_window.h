@@ -14,12 +14,13 @@ namespace marlinset {
 struct WindowHooks {
   /// The device behind a port number, empty when there is none.
   std::function<std::string(int)> deviceName;
-  /// The operator wants to close the window; whether it may.
-  std::function<bool()> mayClose;
+  /// The port menu opens: devices may have come.
+  std::function<void()> lookForDevices;
 };
 
 /// The main window: shows FrmStart and hands every action of the operator to it. It comes up and goes with
-/// the form's Visible flag. The form has to outlive it.
+/// the form's Visible flag, and stands where the form says, but never beyond the screen. Its close box is the
+/// form's Exit. The form has to outlive it.
 class MainWindow : public QMainWindow {
   Q_OBJECT
  public:
@@ -28,14 +29,20 @@ class MainWindow : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QWidget* MakeLog();
   void ShowForm();
+  void Measure();
+  void TakePlace();
+  void NotePlace();
 
   FrmStart& form_;
   WindowHooks hooks_;
   bool formVisible_ = false;
+  WindowPlace place_;  ///< the form's, as it was last taken
   Listening<> listening_;
 };
 

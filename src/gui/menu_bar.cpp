@@ -7,6 +7,7 @@
 
 #include "gui/bindings.h"
 #include "gui/look.h"
+#include "gui/main_window.h"
 #include "platform/ms_comm.h"
 
 namespace marlinset {
@@ -47,19 +48,24 @@ QString PortSuffix(const std::function<std::string(int)>& deviceName, int port) 
   return QStringLiteral("   ") + (device.empty() ? QStringLiteral("(no device)") : ShownLiteral(device));
 }
 
-void AddPorts(QMenu& menu, FrmStart& form, const std::function<std::string(int)>& deviceName) {
+void AddPorts(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
   MenuItem* const ports[] = {&form.mnuCom1, &form.mnuCom2, &form.mnuCom3, &form.mnuCom4};
   static_assert(std::size(ports) == kHighestPort);
+  QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&form, look = hooks.lookForDevices] {
+    if (look) look();
+    for (MenuItem* item : {&form.mnuCom1, &form.mnuCom2, &form.mnuCom3, &form.mnuCom4}) item->Changed.Emit();
+  });
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     MenuItem& item = *ports[port - kLowestPort];
     QAction* action = menu.addAction(QString());
     action->setCheckable(true);
-    Bind(*action, item, static_cast<char>('0' + port), [=] { return PortSuffix(deviceName, port); });
+    Bind(*action, item, static_cast<char>('0' + port),
+         [deviceName = hooks.deviceName, port] { return PortSuffix(deviceName, port); });
   }
 }
 
-void FillOptions(QMenu& menu, FrmStart& form, const std::function<std::string(int)>& deviceName) {
-  AddPorts(menu, form, deviceName);
+void FillOptions(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
+  AddPorts(menu, form, hooks);
   menu.addSeparator();
   AddSubMenu(menu, form.mnuHardwareType, 'H', {{&form.mnuHD7340, 'H', true}, {&form.mnuHD7340Q, 'Q', true}});
   AddLines(menu, {{}, {&form.mnuAuto, 'A', true}, {&form.mnuMan, 'M', true}, {}});
@@ -75,7 +81,7 @@ void FillOptions(QMenu& menu, FrmStart& form, const std::function<std::string(in
 
 }  // namespace
 
-void FillMenuBar(QMenuBar& bar, FrmStart& form, const std::function<std::string(int)>& deviceName) {
+void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
   AddLines(*bar.addMenu(QStringLiteral("&File")),
            {{&form.mnuNew, 'N', false, QKeySequence::New},
             {&form.mnuOpen, 'O', false, QKeySequence::Open},
@@ -88,7 +94,7 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const std::function<std::string(
   QMenu* mode = bar.addMenu(QString());
   Bind(*mode->menuAction(), form.mnuMode, 'M');
   AddLines(*mode, {{&form.mnuInter, 'I', true}, {&form.mnuOff, 'O', true}});
-  FillOptions(*bar.addMenu(QStringLiteral("&Options")), form, deviceName);
+  FillOptions(*bar.addMenu(QStringLiteral("&Options")), form, hooks);
   AddLines(*bar.addMenu(QStringLiteral("&Parameters")),
            {{&form.mnuAddParameter, 'A'}, {&form.mnuRemoveParameter, 'R'}});
   AddLines(*bar.addMenu(QStringLiteral("&Help")),

@@ -57,7 +57,7 @@ BoxAnswer AnswerOf(int button) {
 
 }  // namespace
 
-BoxAnswer QtDialogs::Show(const MessageBox& box) {
+BoxAnswer QtDialogs::Present(const MessageBox& box) {
   const ButtonSet set = ButtonsOf(box.buttons);
   QMessageBox window(IconOf(box.icon), Shown(box.caption), Shown(box.text), set.buttons,
                      QApplication::activeWindow());
@@ -72,9 +72,9 @@ void QtDialogs::AddWindow(const Form& form, WindowMaker maker) {
   makers_[&form] = std::move(maker);
 }
 
-void QtDialogs::ShowModal(Form& form) {
+void QtDialogs::PresentForm(Form& form) {
   const auto maker = makers_.find(&form);
-  if (maker == makers_.end() || form.Visible()) return;
+  if (maker == makers_.end()) return;
   const std::unique_ptr<QDialog> window = maker->second(form, QApplication::activeWindow());
   form.SetVisible(true);
   const Listening<> listening(form.Changed, [&] {

@@ -14,8 +14,8 @@ namespace marlinset {
 /// the informative line below. The default button is the safe one, Esc and the cross answer No or Cancel.
 class QtDialogs : public Dialogs {
  public:
-  BoxAnswer Show(const MessageBox& box) override;
-  void ShowModal(Form& form) override;
+  BoxAnswer Present(const MessageBox& box) override;
+  void PresentForm(Form& form) override;
 
   /// Makes the window that shows a form, over a parent that may be null.
   using WindowMaker = std::function<std::unique_ptr<QDialog>(Form&, QWidget*)>;

@@ -21,6 +21,7 @@ constexpr std::size_t kLogCharacters = 200;
 /// More bytes than this behind a full log: the unit floods the line and is taken out of broadcast mode.
 constexpr std::size_t kFloodBytes = 50;
 constexpr int kReplyMs = 100;
+constexpr int kUnaskedAnswerMs = 25;
 
 static_assert(ReplyGate::kLongestReply == kLongestFrame, "what is longer than a frame is a flood");
 
@@ -222,6 +223,10 @@ void Communications::ReplyWait(std::vector<PacketField> fields) {
   vars_.UnitStandardText.clear();
   SendPacket(vars_.PacketFields);
   WaitOn(form_.timeRes, [this] { return platform_.ComP1.InBufferCount() >= 1; });
+}
+
+void Communications::LetAnswerIn() {
+  if (LineUp()) platform_.pump.Pass(kUnaskedAnswerMs);
 }
 
 bool Communications::IsModelQ() const {

@@ -48,6 +48,10 @@ class Communications {
   /// waits.
   void WaitOn(Timer& timer, const std::function<bool()>& done);
 
+  /// Gives the answer to a message that nobody waits for 25 ms to come in by itself. Units acknowledge also
+  /// what needs no answer; together with the next answer it would hide that one.
+  void LetAnswerIn();
+
   /// Whether the program still runs and the line is open: no wait lasts longer.
   bool LineUp() const;
 

@@ -1,9 +1,36 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/interactive_mode.h"
 
+#include <algorithm>
+#include <array>
+#include <string>
+
 #include "core/frm_start.h"
+#include "link/command_table.h"
+#include "link/communications.h"
+#include "link/replies.h"
+#include "link/setting_commands.h"
+#include "link/whole_send.h"
+#include "platform/dialogs.h"
+#include "platform/ms_comm.h"
+#include "platform/platform.h"
+#include "platform/settings_store.h"
 
 namespace marlinset {
+namespace {
+
+constexpr std::array<std::string_view, 4> kModels = {"SD7340", "HD7340", "HDSD7340", "HD7340Q"};
+/// What panel 1 may say of the last exchange while the link is healthy. A Nak counts as such: the unit lives,
+/// and whoever sent the command has told of it.
+constexpr std::array<std::string_view, 4> kHealthy = {"Firmware", "", "Nack In", "Ack In"};
+constexpr int kActivityFrames = 5;
+
+template <class Texts>
+bool Contains(const Texts& texts, std::string_view text) {
+  return std::find(texts.begin(), texts.end(), text) != texts.end();
+}
+
+}  // namespace
 
 void LeaveInteractiveMode(FrmStart& form) {
   if (form.mnuOff.Checked()) return;
@@ -16,6 +43,143 @@ void LeaveInteractiveMode(FrmStart& form) {
   form.ShowVideoPicture(2);
   form.mnuOff.SetChecked(true);
   form.ShowTraffic(kRed);
+}
+
+InteractiveMode::InteractiveMode(Platform& platform, Variables& variables, FrmStart& form,
+                                 Communications& communications, SettingCommands& commands,
+                                 const WholeSend& wholeSend)
+    : platform_(platform),
+      vars_(variables),
+      form_(form),
+      comms_(communications),
+      commands_(commands),
+      wholeSend_(wholeSend) {
+  form_.mnuInter.OnClick([this] { setChecks("inter"); });
+  form_.mnuOff.OnClick([this] { mnuOff_Click(); });
+  form_.mnuAuto.OnClick([this] { AskSelection(true); });
+  form_.mnuMan.OnClick([this] { AskSelection(false); });
+  form_.InterTime.OnTick([this] { InterTime_Timer(); });
+}
+
+void InteractiveMode::setChecks(std::string_view mode) {
+  if (mode == "off") LeaveInteractiveMode(form_);
+  if (mode != "inter") return;
+  if (!form_.mnuInter.Checked()) Enter();
+  platform_.settings.SaveSetting("InMode", "On");
+}
+
+void InteractiveMode::Enter() {
+  form_.mnuHD7340.SetEnabled(false);
+  form_.mnuHD7340Q.SetEnabled(false);
+  vars_.ActivityFrame = 0;
+  if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
+  if (platform_.ComP1.PortOpen()) form_.bGetID.Press();  // otherwise Open has told why
+  comms_.ReceivePacket();
+  const bool identified =
+      platform_.ComP1.PortOpen() && Contains(kModels, form_.StatBar(FrmStart::kModelPanel).Text());
+  // A send that runs already starts the poll when it ends, as it does for each one in this mode.
+  form_.InterTime.SetEnabled(identified && !wholeSend_.Running());
+  form_.mnuInter.SetChecked(identified);
+  form_.mnuOff.SetChecked(!identified);
+  if (!identified) {
+    form_.mnuHD7340.SetEnabled(true);
+    form_.mnuHD7340Q.SetEnabled(true);
+    form_.HideImages();
+    return;
+  }
+  form_.bSConfig.Press();
+  if (form_.mnuInter.Checked()) form_.Image1(0).SetVisible(true);
+}
+
+void InteractiveMode::mnuOff_Click() {
+  setChecks("off");
+  platform_.settings.SaveSetting("InMode", "Off");
+}
+
+/// The mode's heartbeat. A tick stands aside while a send awaits its answer and while a question or a dialog
+/// of the tool stands, so that questions don't pile up.
+void InteractiveMode::InterTime_Timer() {
+  if (!vars_.MainFormActive || form_.dPause.Enabled() || platform_.dialogs.Standing()) return;
+  vars_.ActivityFrame = (vars_.ActivityFrame + 1) % kActivityFrames;
+  form_.HideImages();
+  const std::string& exchange = form_.StatBar(FrmStart::kExchangePanel).Text();
+  const bool interactive = form_.mnuInter.Checked();
+  if (interactive && Contains(kHealthy, exchange)) {
+    Poll();
+  } else if (interactive && exchange == "Local Mode") {
+    Watch();
+  } else if (!interactive || exchange != "Sent") {
+    Fail();
+  }
+}
+
+void InteractiveMode::Poll() {
+  form_.bGetID.Press();
+  if (!platform_.ComP1.PortOpen()) return;
+  comms_.ReplyWait(FieldsOf(CommandId::kVideoSense));
+  if (!comms_.LineUp()) return;
+  if (form_.StatBar(FrmStart::kStandardPanel).Text() == form_.comVS.Text()) {
+    form_.Image1(vars_.ActivityFrame).SetVisible(true);
+    return;
+  }
+  if (platform_.dialogs.Ask("Video Standard from box changed. Change 7340-Marlinset Video Standard?")) {
+    FollowStandard();
+  }
+}
+
+void InteractiveMode::FollowStandard() {
+  const int remembered = form_.comVS.ListIndex();
+  for (int i = 0; i < form_.comVS.ListCount(); ++i) {
+    form_.comVS.SetListIndex(i);
+    if (form_.comVS.Text() == vars_.UnitStandardText) return;
+  }
+  if (form_.comVS.Text() == vars_.UnitStandardText) return;
+  form_.comVS.SetListIndex(remembered);
+  platform_.dialogs.Tell(vars_.UnitStandardText + " Input Video Standard not supported. No changes made.");
+}
+
+/// The unit is worked at its own controls: it is asked until it answers with a frame again.
+void InteractiveMode::Watch() {
+  form_.InterTime.SetEnabled(false);
+  form_.StatBar(FrmStart::kExchangePanel).SetText("");
+  comms_.ReplyWait(FieldsOf(CommandId::kVideoSense));
+  if (form_.mnuInter.Checked()) form_.InterTime.SetEnabled(true);
+}
+
+void InteractiveMode::Fail() {
+  form_.InterTime.SetEnabled(false);
+  platform_.dialogs.Tell("Comm Error, Interactive mode suspended, click OK to continue.");
+  form_.mnuInter.SetChecked(false);
+  mnuOff_Click();
+}
+
+/// Brings the unit to automatic or manual selection of its video standard. The ticks follow from the unit's
+/// next video status.
+void InteractiveMode::AskSelection(bool automatic) {
+  if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
+  if (!platform_.ComP1.PortOpen()) return;  // Open has told why
+  vars_.PacketFields = FieldsOf(CommandId::kVideoSense);
+  vars_.UnitVideoStandard = 0;
+  comms_.SendPacket(vars_.PacketFields);
+  form_.StatBar(FrmStart::kVideoPanel).SetText("Video Sense Sent");
+  form_.ShowVideoPicture(2);
+  comms_.LetAnswerIn();
+  comms_.ReceivePacket();
+  StatusPanel& video = form_.StatBar(FrmStart::kVideoPanel);
+  if (vars_.UnitVideoStandard == 0) {
+    platform_.dialogs.Tell("Mode Set error");
+    form_.ShowTraffic(kRed);
+    form_.mnuAuto.SetChecked(false);
+    form_.mnuMan.SetChecked(false);
+    return;
+  }
+  const bool isAutomatic = (vars_.UnitVideoStandard & kManualBit) == 0;
+  if (isAutomatic == automatic) {
+    video.SetText(automatic ? "In Auto Mode" : "In Manual Mode");
+    return;
+  }
+  commands_.Send(automatic ? CommandId::kAutoSelection : CommandId::kManualSelection, Sender::kPanel);
+  video.SetText(automatic ? "Changed to Auto Mode" : "Changed to Manual Mode");
 }
 
 }  // namespace marlinset

@@ -154,6 +154,12 @@ void Ports::SetUpCom() {
   }
 }
 
+void Ports::LookForDevices() {
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    if (!platform_.ComP1.DeviceName(port).empty()) ComMenu(port).SetEnabled(true);
+  }
+}
+
 void Ports::SetComMenu(int port, bool alreadyChecked) {
   if (platform_.ComP1.PortOpen()) {
     platform_.dialogs.Tell("Close port before changing port allocations. Port change ignored.");

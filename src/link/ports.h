@@ -21,6 +21,8 @@ class Ports {
   void SetUpCom();
   /// The digits of the ports that can be opened ("134"); notes them in ComPortPresent.
   std::string ScanPorts();
+  /// Makes ports choosable whose device has appeared since the start.
+  void LookForDevices();
   /// Chooses a port; refused while the port is open.
   void SetComMenu(int port, bool alreadyChecked);
   /// Uses a port for this run only; nothing is remembered.

@@ -39,7 +39,6 @@ constexpr int kIdentification = 53;
 constexpr int kFirmware = 54;
 constexpr int kBroadcastNotice = 187;
 
-constexpr int kManualBit = 0x80;
 constexpr int kNoVideoBit = 0x40;
 constexpr int kStandardBits = 0x3F;
 

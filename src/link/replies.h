@@ -11,6 +11,10 @@ class FrmStart;
 struct Platform;
 struct Variables;
 
+/// Bit of a unit's video status byte: automatic selection of the standard is off, the unit takes it by
+/// command.
+inline constexpr int kManualBit = 0x80;
+
 /// The text of a video standard code as units report and take it: 1 "NTSC" to 8 "720p/60"; empty for any
 /// other code.
 std::string_view VideoStandardText(int code);

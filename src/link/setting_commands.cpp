@@ -15,9 +15,6 @@ namespace {
 
 constexpr int kLongAckMs = 10000;
 constexpr int kHighlight = 128;
-/// Units acknowledge also what needs no answer. Given this time, such an acknowledgement comes in by itself
-/// instead of together with the next answer, where it would hide that one.
-constexpr int kUnaskedAnswerMs = 25;
 
 std::string FailureText(const Manner& manner, const std::vector<PacketField>& fields) {
   std::string text = manner.failure;
@@ -84,7 +81,7 @@ bool SettingCommands::Await(Ack ack) {
       break;
   }
   comms_.SendPacket(vars_.PacketFields);
-  if (comms_.LineUp()) platform_.pump.Pass(kUnaskedAnswerMs);
+  comms_.LetAnswerIn();
   return true;
 }
 

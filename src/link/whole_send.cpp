@@ -26,7 +26,6 @@ constexpr const char* kNotDetectedText = "Video Standard not detected. Verify co
 constexpr std::string_view kNotByCommand = "720p/60";
 /// The name of the window that shows the text message.
 constexpr std::string_view kTextWindow = "Text";
-constexpr int kManualBit = 0x80;
 
 /// A control by name: a row that a mark stands on may be gone when the mark is taken off.
 struct ControlName {

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace marlinset {
 
@@ -34,12 +35,15 @@ class Dialogs {
   Dialogs& operator=(const Dialogs&) = delete;
 
   /// Shows the box and returns when it is answered. Esc and the cross answer No or Cancel where there is one.
-  virtual BoxAnswer Show(const MessageBox& box) = 0;
+  BoxAnswer Show(const MessageBox& box);
 
-  /// Shows a window of its own over the main window. On a screen this returns when the window has gone, that
-  /// is when its Visible flag is False again; without a screen at once, and the window stays until its own
-  /// controls close it.
-  virtual void ShowModal(Form& form) = 0;
+  /// Shows a window of its own over the main window; nothing happens when it is shown already. On a screen
+  /// this returns when the window has gone, that is when its Visible flag is False again; without a screen at
+  /// once, and the window stays until its own controls close it. The form has to outlive the dialogs' use.
+  void ShowModal(Form& form);
+
+  /// A box or such a window stands at this moment.
+  bool Standing() const;
 
   /// A plain box with an OK button.
   void Tell(std::string text) { Show({.text = std::move(text)}); }
@@ -48,6 +52,14 @@ class Dialogs {
     return Show({.text = std::move(text), .buttons = BoxButtons::kYesNo, .icon = BoxIcon::kQuestion}) ==
            BoxAnswer::kYes;
   }
+
+ protected:
+  virtual BoxAnswer Present(const MessageBox& box) = 0;
+  virtual void PresentForm(Form& form) = 0;
+
+ private:
+  int boxes_ = 0;
+  std::vector<const Form*> forms_;
 };
 
 }  // namespace marlinset

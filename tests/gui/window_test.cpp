@@ -103,7 +103,8 @@ TEST_F(WindowTest, ShowsTheVisiblePanelAndComesUpWithTheForm) {
   });
   form_.oView(4).SetVisible(false);
   bool mayClose = false;
-  MainWindow window(form_, {.deviceName = {}, .mayClose = [&] { return mayClose; }});
+  form_.mnuExit.OnClick([&] { form_.SetVisible(!mayClose); });
+  MainWindow window(form_);
   EXPECT_FALSE(window.isVisible());
   form_.SetVisible(true);
   form_.SetCaption("7340 Marlinset - Stage 4");

@@ -20,7 +20,7 @@ class FakeDialogs : public Dialogs {
   /// Answers in place of the queue when set; also the place to look at the tool while a box stands.
   std::function<BoxAnswer(const MessageBox&)> onShow;
 
-  BoxAnswer Show(const MessageBox& box) override {
+  BoxAnswer Present(const MessageBox& box) override {
     shown.push_back(box);
     if (onShow) return onShow(box);
     if (answers.empty()) return Default(box.buttons);
@@ -31,7 +31,7 @@ class FakeDialogs : public Dialogs {
 
   /// The windows shown over the main window; each stays until its own controls close it.
   std::vector<Form*> forms;
-  void ShowModal(Form& form) override {
+  void PresentForm(Form& form) override {
     forms.push_back(&form);
     form.SetVisible(true);
   }

@@ -31,7 +31,7 @@ BoxAnswer QueuedDialogs::NextAnswer(BoxButtons buttons) {
   return answer;
 }
 
-BoxAnswer QueuedDialogs::Show(const MessageBox& box) {
+BoxAnswer QueuedDialogs::Present(const MessageBox& box) {
   const BoxAnswer answer = NextAnswer(box.buttons);
   Json message = {{"kind", "message"},
                   {"text", box.text},
@@ -45,7 +45,7 @@ BoxAnswer QueuedDialogs::Show(const MessageBox& box) {
   return answer;
 }
 
-void QueuedDialogs::ShowModal(Form& form) {
+void QueuedDialogs::PresentForm(Form& form) {
   Note({{"kind", "dialog"}, {"name", form.Name()}});
   form.SetVisible(true);
 }

@@ -19,8 +19,8 @@ namespace marlinset {
 /// and a question No.
 class QueuedDialogs : public Dialogs {
  public:
-  BoxAnswer Show(const MessageBox& box) override;
-  void ShowModal(Form& form) override;
+  BoxAnswer Present(const MessageBox& box) override;
+  void PresentForm(Form& form) override;
 
   /// "yes", "no", "ok" or "cancel".
   static bool IsAnswer(std::string_view word);

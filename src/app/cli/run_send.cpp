@@ -92,7 +92,7 @@ class TerminalRun {
  private:
   bool Start(const CliOptions& options) {
     try {
-      if (!tool.Start(options.common.commandText)) return false;
+      if (!tool.Start(options.common.commandText, false)) return false;
     } catch (const ProgramEnd&) {
       return false;
     }

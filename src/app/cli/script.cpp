@@ -93,6 +93,7 @@ const std::map<std::string_view, Script::Action>& Script::Actions() {
       {"save", &Script::Save},
       {"state", &Script::State},
       {"log", &Script::Log},
+      {"close", &Script::Close},
       {"quit", &Script::Quit},
   };
   return actions;
@@ -117,6 +118,7 @@ std::string Script::Execute(const std::string& text) {
     const auto action = Actions().find(line.Action());
     if (action == Actions().end()) throw ScriptError("unknown action \"" + line.Action() + "\"");
     answer.update((this->*action->second)(line));
+    ended_ = ended_ || tool_.platform.pump.Ending();
   } catch (const ScriptError& error) {
     allUnderstood_ = false;
     answer = {{"ok", false}, {"error", error.what()}};
@@ -168,6 +170,7 @@ Json Script::Click(const ScriptLine& line) {
       static_cast<Button&>(control).OperatorClick();
       break;
     case ControlKind::kMenuItem:
+      tool_.ports.LookForDevices();  // as the menu does when it opens
       static_cast<MenuItem&>(control).OperatorClick();
       break;
     case ControlKind::kOptionButton:
@@ -250,7 +253,7 @@ Json Script::Scroll(const ScriptLine& line) {
 
 Json Script::Activate(const ScriptLine& line) {
   line.Expect(1, 1);
-  tool_.variables.MainFormActive = OnOrOff(line.At(0));
+  tool_.SetActive(OnOrOff(line.At(0)));
   return Json::object();
 }
 
@@ -338,6 +341,12 @@ Json Script::Log(const ScriptLine& line) {
         {{"ms", entry.milliseconds}, {"dir", entry.sent ? "tx" : "rx"}, {"hex", HexOf(entry.bytes)}});
   }
   return {{"log", std::move(entries)}};
+}
+
+Json Script::Close(const ScriptLine& line) {
+  line.Expect(0, 0);
+  tool_.form.mnuExit.OperatorClick();
+  return Json::object();
 }
 
 Json Script::Quit(const ScriptLine& line) {

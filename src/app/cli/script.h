@@ -65,6 +65,7 @@ class Script {
   Json Save(const ScriptLine& line);
   Json State(const ScriptLine& line);
   Json Log(const ScriptLine& line);
+  Json Close(const ScriptLine& line);
   Json Quit(const ScriptLine& line);
 
   Tool& tool_;

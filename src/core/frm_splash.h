@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/controls.h"
+#include "platform/form.h"
+#include "platform/timer.h"
+
+namespace marlinset {
+
+/// The first thing that the operator sees, while the tool loads behind it.
+class FrmSplash : public Form {
+ public:
+  FrmSplash(TimerQueue& timers, Guard& guard)
+      : Form("frmSplash", guard), Pause(timers, guard, "Pause", kPauseMs) {}
+
+  PictureBox Image1{*this, "Image1"};
+  Timer Pause;  ///< 4000: how long it stays once the tool has loaded
+
+ private:
+  static constexpr int kPauseMs = 4000;
+};
+
+}  // namespace marlinset

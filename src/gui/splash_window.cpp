@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/splash_window.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScreen>
+
+#include "gui/icons.h"
+#include "gui/look.h"
+#include "platform/dialogs.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kIconLines = 5;
+constexpr double kTitleScale = 1.6;
+
+}  // namespace
+
+SplashWindow::SplashWindow(FrmSplash& form, std::function<void()> skip)
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
+      form_(form),
+      skip_(std::move(skip)),
+      listening_(form.Changed, [this] { ShowForm(); }) {
+  setObjectName(Shown(form.Name()));
+  setFocusPolicy(Qt::StrongFocus);
+  const int line = fontMetrics().lineSpacing();
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(2 * line, 2 * line, 4 * line, 2 * line);
+  row->setSpacing(2 * line);
+  auto* picture = new QLabel(this);
+  picture->setObjectName(Shown(form.Image1.FullName()));
+  picture->setPixmap(ProgramIcon().pixmap(QSize(kIconLines * line, kIconLines * line), devicePixelRatioF()));
+  row->addWidget(picture);
+  auto* texts = new QVBoxLayout;
+  auto* title = new QLabel(ShownLiteral(std::string(kProgramTitle)), this);
+  QFont large = title->font();
+  large.setPointSizeF(large.pointSizeF() * kTitleScale);
+  large.setBold(true);
+  title->setFont(large);
+  texts->addStretch();
+  texts->addWidget(title);
+  texts->addWidget(new QLabel(QStringLiteral("Release " MARLINSET_VERSION), this));
+  texts->addStretch();
+  row->addLayout(texts);
+}
+
+void SplashWindow::ShowForm() {
+  if (form_.Visible()) {
+    adjustSize();
+    const QRect desk = screen()->geometry();
+    move(desk.left() + desk.width() / 4, desk.top() + desk.height() / 4);
+    show();
+    repaint();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  } else {
+    hide();
+  }
+}
+
+void SplashWindow::mousePressEvent(QMouseEvent* /*event*/) {
+  skip_();
+}
+void SplashWindow::keyPressEvent(QKeyEvent* /*event*/) {
+  skip_();
+}
+
+}  // namespace marlinset

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "core/frm_splash.h"
+#include "gui/binding.h"
+
+namespace marlinset {
+
+/// Shows FrmSplash: icon, title and version, a quarter of the screen from its top left corner, painted before
+/// anything is loaded. A click or a key asks to go on. The form has to outlive it.
+class SplashWindow : public QWidget {
+  Q_OBJECT
+ public:
+  SplashWindow(FrmSplash& form, std::function<void()> skip);
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void ShowForm();
+
+  FrmSplash& form_;
+  std::function<void()> skip_;
+  Listening<> listening_;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/ends_of_run.h"
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "files/configuration_file.h"
+#include "link/finally.h"
+#include "link/interactive_mode.h"
+#include "link/ports.h"
+#include "panels/file_commands.h"
+#include "panels/window_settings.h"
+#include "platform/dialogs.h"
+#include "platform/event_pump.h"
+#include "platform/file_dialog.h"
+#include "platform/file_system.h"
+#include "platform/platform.h"
+#include "platform/settings_store.h"
+
+namespace marlinset {
+namespace {
+
+constexpr std::string_view kNoDefault = "None";
+constexpr std::string_view kShippedConfiguration = "System Default Video.qcf";
+
+}  // namespace
+
+EndsOfRun::EndsOfRun(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts)
+    : platform_(platform), vars_(variables), form_(form), parts_(parts) {
+  form_.mnuExit.OnClick([this] { CloseRequest(); });
+}
+
+bool EndsOfRun::OpenDefaultConfiguration(const std::string& commandText) {
+  std::string name = platform_.settings.GetSetting("Default", kNoDefault);
+  if (name == kNoDefault) name = vars_.AppPath + std::string(kShippedConfiguration);
+  if (!commandText.empty()) return true;
+  if (platform_.files.FileExists(name)) {
+    platform_.fileDialog.FileName = name;
+    vars_.CurrentFile = name;
+    parts_.file.ReadConfigFile();
+    parts_.file.UpdateFileTitle();
+    form_.StatBar(FrmStart::kModelPanel).SetText("File " + vars_.CurrentFile + " Loaded ");
+    return true;
+  }
+  if (platform_.dialogs.Ask("Default file " + name +
+                            " was not found.\r\nClick 'Yes' to browse for a file to load, or click 'No' to "
+                            "load the default settings from the database?")) {
+    parts_.file.LoadConfig();
+  }
+  return false;
+}
+
+void EndsOfRun::OfferInteractiveMode() {
+  if (platform_.settings.GetSetting("InMode", "Off") != "On") return;
+  if (platform_.dialogs.Ask("Go Interactive? ")) parts_.interactiveMode.setChecks("inter");
+}
+
+void EndsOfRun::CloseRequest() {
+  if (closing_) return;
+  closing_ = true;
+  const auto ask = [this] {
+    parts_.interactiveMode.setChecks("off");
+    parts_.ports.ClosePort();
+    parts_.settings.PutToReg();
+    AskToSave();
+    AskForNextStart();
+    for (Frame* band : {&form_.fComBut, &form_.fVITC, &form_.fControl, &form_.fView}) band->SetVisible(false);
+    platform_.pump.HandleDue();
+  };
+  Finally(ask, [this] {
+    closing_ = false;
+    form_.SetVisible(false);
+    platform_.pump.End();
+  });
+}
+
+void EndsOfRun::AskToSave() {
+  if (vars_.ConfigSaved || !platform_.dialogs.Ask("Save Changes before Exit?")) return;
+  parts_.fileCommands.mnuSave_Click();
+}
+
+void EndsOfRun::AskForNextStart() {
+  const std::string& name = platform_.fileDialog.FileName;
+  const std::string wanted = platform_.settings.GetSetting("Default", kNoDefault);
+  if (name.empty() || wanted.empty() || name == wanted) return;
+  if (platform_.dialogs.Ask("Restart next time with this configuration?")) {
+    platform_.settings.SaveSetting("Default", name);
+  }
+}
+
+}  // namespace marlinset

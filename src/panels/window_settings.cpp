@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/window_settings.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/frm_start.h"
+#include "core/load_arrays.h"
+#include "core/variables.h"
+#include "platform/platform.h"
+#include "platform/settings_store.h"
+
+namespace marlinset {
+namespace {
+
+struct TimeOut {
+  MenuItem FrmStart::*menu;
+  int milliseconds;  ///< 0: never
+};
+constexpr std::array<TimeOut, 5> kTimeOuts = {{{&FrmStart::mnu10, 10000},
+                                               {&FrmStart::mnu20, 20000},
+                                               {&FrmStart::mnu30, 30000},
+                                               {&FrmStart::mnu60, 60000},
+                                               {&FrmStart::mnuNever, 0}}};
+constexpr int kLastView = 5;
+constexpr int kLastRememberedView = 4;
+
+/// Room around the panel with the character windows, which is the largest, in twips.
+constexpr int kRoomBelow = 1500;
+constexpr int kRoomBeside = 550;
+
+}  // namespace
+
+WindowSettings::WindowSettings(Platform& platform, Variables& variables, FrmStart& form,
+                               ReferenceDatabase& database)
+    : platform_(platform), vars_(variables), form_(form), database_(database) {
+  form_.mnuCommD.OnClick([this] { setCommD(); });
+  for (int i = 0; i < static_cast<int>(kTimeOuts.size()); ++i) {
+    (form_.*At(kTimeOuts, i).menu).OnClick([this, i] { SetTimer(i + 1); });
+  }
+  form_.tClearStat.OnTick([this] { ClearStatus(); });
+}
+
+int WindowSettings::Number(std::string_view key, int defaultValue) const {
+  return SettingNumber(platform_.settings, key, std::to_string(defaultValue));
+}
+
+void WindowSettings::SetFromReg() {
+  RestorePlace();
+  form_.mnuCommD.SetChecked(Number("ComD", 0) == 0);
+  setCommD();
+  const int page = Number("Page", 0);
+  form_.oView(page >= 0 && page <= kLastView ? page : 0).SetValue(true);
+  SetTimer(Number("Timer", 1));
+}
+
+void WindowSettings::RestorePlace() {
+  const WindowMeasures& sizes = form_.measures;
+  WindowPlace place;
+  place.height =
+      Number("Height", sizes.menuBarHeight + sizes.statusBarHeight + sizes.windowsHeight + kRoomBelow);
+  place.width = Number("Width", sizes.windowsWidth + kRoomBeside);
+  place.top = std::max(0, Number("Top", (sizes.screenHeight - place.height) / 2));
+  place.left = std::max(0, Number("Left", (sizes.screenWidth - place.width) / 2));
+  form_.SetPlace(place);
+}
+
+void WindowSettings::PutToReg() {
+  const auto save = [this](std::string_view key, const std::string& value) {
+    platform_.settings.SaveSetting(key, value);
+  };
+  const WindowPlace& place = form_.Place();
+  save("Height", std::to_string(place.height));
+  save("Width", std::to_string(place.width));
+  save("Top", std::to_string(place.top));
+  save("Left", std::to_string(place.left));
+  save("AppPath", vars_.AppPath);
+  try {
+    save("DBVersion", database_.DatabaseVersion());
+  } catch (const RuntimeError&) {
+    // The database went away during the run, which must not keep the program from ending.
+  }
+  save("AppVersion", MARLINSET_VERSION);
+  save("ComD", form_.mnuCommD.Checked() ? "1" : "0");
+  for (int view = 1; view <= kLastRememberedView; ++view) {
+    if (form_.oView(view).Value()) save("Page", std::to_string(view));
+  }
+  for (int i = 0; i < static_cast<int>(kTimeOuts.size()); ++i) {
+    if ((form_.*At(kTimeOuts, i).menu).Checked()) save("Timer", std::to_string(i + 1));
+  }
+  save("HardwareType", vars_.HardwareType);
+}
+
+void WindowSettings::setCommD() {
+  const bool show = !form_.mnuCommD.Checked();
+  form_.mnuCommD.SetChecked(show);
+  Control* const tools[] = {&form_.tInput, &form_.bGetID, &form_.bSend, &form_.bBroad};
+  for (Control* tool : tools) {
+    tool->SetVisible(show);
+    if (tool != &form_.tInput) tool->SetEnabled(show);
+  }
+}
+
+void WindowSettings::SetTimer(int choice) {
+  const int last = static_cast<int>(kTimeOuts.size());
+  const TimeOut& timeOut = At(kTimeOuts, choice >= 1 && choice <= last ? choice - 1 : 0);
+  for (const TimeOut& other : kTimeOuts) (form_.*other.menu).SetChecked(other.menu == timeOut.menu);
+  if (timeOut.milliseconds > 0) form_.tClearStat.SetInterval(timeOut.milliseconds);
+  form_.tClearStat.SetEnabled(timeOut.milliseconds > 0);
+}
+
+void WindowSettings::ClearStatus() {
+  if (form_.mnuInter.Checked() || (busy_ && busy_())) return;
+  for (const int panel : form_.StatBar.Indices()) form_.StatBar(panel).SetText("");
+  form_.ShowVideoPicture(2);
+}
+
+}  // namespace marlinset

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/dialogs.h"
+
+#include <algorithm>
+
+#include "platform/form.h"
+
+namespace marlinset {
+
+BoxAnswer Dialogs::Show(const MessageBox& box) {
+  ++boxes_;
+  try {
+    const BoxAnswer answer = Present(box);
+    --boxes_;
+    return answer;
+  } catch (...) {
+    --boxes_;
+    throw;
+  }
+}
+
+void Dialogs::ShowModal(Form& form) {
+  if (form.Visible()) return;
+  if (std::find(forms_.begin(), forms_.end(), &form) == forms_.end()) forms_.push_back(&form);
+  PresentForm(form);
+}
+
+bool Dialogs::Standing() const {
+  return boxes_ > 0 || std::any_of(forms_.begin(), forms_.end(), [](const Form* f) { return f->Visible(); });
+}
+
+}  // namespace marlinset
