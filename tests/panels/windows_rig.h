@@ -11,7 +11,7 @@ namespace marlinset {
 /// characters and a field digit of 2, on, at line 40 and column 5. In the large font that is row 10.
 struct WindowsRig : ToolRig {
   explicit WindowsRig(int model = kModelHd7340Q) : ToolRig(UnitSettings{.model = model}) {
-    if (!tool.Start("")) throw std::logic_error("no start");
+    if (!tool.Start("", false)) throw std::logic_error("no start");
     form.udVer(0).SetValue(40);
     form.udHor(0).SetValue(5);
     form.UpDown1.SetValue(20);
