@@ -192,7 +192,7 @@ TEST_F(CliTest, AScriptComesFromAFileThatMustBeThere) {
   std::ofstream(file) << "variable CurrentFile\n";
   CliProgram script(Words({"script", "--clock", "virtual", file}));
   script.ReadLine();
-  EXPECT_EQ(json::parse(script.ReadLine(), nullptr, false)["value"], "Unsaved");
+  EXPECT_EQ(json::parse(script.ReadLine(), nullptr, false)["value"], "System Default Video");
   EXPECT_EQ(script.End(), 0);
 }
 

@@ -34,7 +34,7 @@ inline std::size_t Behind(const FileBytes& bytes, std::string_view text) {
 
 /// The started tool with a folder of its own for configurations.
 struct FileRig : ToolRig {
-  explicit FileRig(const std::string& mode = "") { started = tool.Start(mode); }
+  explicit FileRig(const std::string& mode = "") { started = tool.Start(mode, false); }
 
   std::string Write(std::string_view name, const FileBytes& bytes) {
     return folder.Write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
