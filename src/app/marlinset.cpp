@@ -8,6 +8,7 @@
 #include "app/computer.h"
 #include "app/tool.h"
 #include "gui/main_window.h"
+#include "gui/parameter_dialogs.h"
 #include "gui/qt_dialogs.h"
 #include "gui/qt_file_dialog.h"
 #include "gui/readable_style.h"
@@ -24,6 +25,8 @@ int RunWindow(const CommonOptions& options, bool send) {
   QtFileDialog fileDialog;
   Computer computer(options, Computer::ClockKind::kReal, dialogs, fileDialog);
   Tool tool(computer.MakePlatform());
+  AddParameterWindows(dialogs, tool.parameterDialogs.frmEditParameters,
+                      tool.parameterDialogs.frmDeleteParameter);
   const MainWindow window(tool.form,
                           {.deviceName = [&](int port) { return computer.Line().DeviceName(port); },
                            .lookForDevices = [&] { tool.ports.LookForDevices(); }});

@@ -19,7 +19,8 @@ Tool::Tool(const Platform& computer)
       views(form),
       hardwareModel(variables, form),
       videoStandard(variables, form, panels),
-      parameterList(variables, form, panels),
+      parameterList(variables, form, panels, commands),
+      parameterDialogs(platform, variables, database, parameterList, form),
       panelRules(platform, variables, form, commands),
       configurationFile(platform, variables, form, panels),
       fileCommands(platform, variables, form, panels, configurationFile),
@@ -44,6 +45,10 @@ bool Tool::Start(const std::string& commandText, bool resume) {
   const bool loaded = Load(commandText, resume);
   Show();
   return loaded;
+}
+
+std::vector<Form*> Tool::Forms() {
+  return {&form, &parameterDialogs.frmEditParameters, &parameterDialogs.frmDeleteParameter};
 }
 
 }  // namespace marlinset

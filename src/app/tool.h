@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/frm_start.h"
 #include "core/load_arrays.h"
@@ -19,6 +20,7 @@
 #include "panels/file_commands.h"
 #include "panels/hardware_model.h"
 #include "panels/panel_rules.h"
+#include "panels/parameter_dialogs.h"
 #include "panels/parameter_list.h"
 #include "panels/start_up.h"
 #include "panels/video_standard.h"
@@ -44,6 +46,9 @@ class Tool {
   /// Another program takes the focus, or the tool gets it back.
   void SetActive(bool active) { variables.MainFormActive = active; }
 
+  /// All windows of the tool, the main window first.
+  std::vector<Form*> Forms();
+
   Platform platform;
   Variables variables;
   FrmStart form;
@@ -60,6 +65,7 @@ class Tool {
   HardwareModel hardwareModel;
   VideoStandard videoStandard;
   ParameterList parameterList;
+  ParameterDialogs parameterDialogs;
   PanelRules panelRules;
   ConfigurationFile configurationFile;
   FileCommands fileCommands;

@@ -17,13 +17,14 @@ class Echoes {
   /// row.
   void ShowWindowRow(int row);
   void ShowParameterRow(int row);
+  /// The same from the row's spin.
+  void ShowParameterValue(int row);
   /// Shows the numbers of all VITC lines.
   void ShowVitcLines();
 
  private:
   void ShowVertical(int row);
   void ShowHorizontal(int row);
-  void ShowParameterValue(int row);
   void ShowVitcLine(int line);
 
   Variables& vars_;

@@ -164,4 +164,10 @@ std::string ReferenceDatabase::DatabaseVersion() {
   return TextOf(table.rows->Fields("Database Version"));
 }
 
+std::vector<SystemParameterRec> ReferenceDatabase::ReadParameters(std::string_view table) const {
+  std::vector<SystemParameterRec> rows;
+  Load(platform_, variables_, table, rows);
+  return rows;
+}
+
 }  // namespace marlinset

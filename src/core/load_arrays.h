@@ -2,6 +2,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "core/variables.h"
 #include "platform/platform.h"
@@ -48,6 +50,9 @@ class ReferenceDatabase {
   /// The version that the database gives itself: "Database Version" of the last row of "General". Every
   /// failure goes to the caller.
   std::string DatabaseVersion();
+
+  /// The rows of a table of parameters ("System Parameters", "Deleted Parameters") as the file has them now.
+  std::vector<SystemParameterRec> ReadParameters(std::string_view table) const;
 
  private:
   Platform& platform_;

@@ -146,13 +146,20 @@ void PanelSetup::FillParameterRow(int row) {
   form_.lClass(row).SetCaption(std::to_string(parameter.Class));
   form_.lParam(row).SetCaption(shown ? std::to_string(parameter.Parameter) : "");
   form_.lDesc(row).SetCaption(shown ? parameter.Description : "");
-  if (shown) {
-    form_.udVal(row).SetMin(std::numeric_limits<int>::min());
-    form_.udVal(row).SetMax(std::numeric_limits<int>::max());
-    form_.udVal(row).SetValue(parameter.Value);
-  }
   echoes_.ShowParameterRow(row);
   ShowParameterRow(row, shown);
+  if (!shown) return;
+  form_.udVal(row).SetMin(std::numeric_limits<int>::min());
+  form_.udVal(row).SetMax(std::numeric_limits<int>::max());
+  form_.udVal(row).SetValue(parameter.Value);  // last: in interactive mode it goes to the unit at once
+}
+
+void PanelSetup::ShowParameterText(int row) {
+  if (form_.udVal(row).Visible()) {
+    echoes_.ShowParameterValue(row);
+  } else {
+    echoes_.ShowParameterRow(row);
+  }
 }
 
 void PanelSetup::ShowParameterRow(int row, bool shown) {

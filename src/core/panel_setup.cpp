@@ -206,7 +206,8 @@ void PanelSetup::FillProcessModes() {
     const DownConvProcessRec& mode = At(vars_.DownConverterProcessModes, i);
     if (mode.VideoStandard == form_.comVS.Text() && !mode.Ignore1) box.AddItem(mode.Description);
   }
-  SelectFirst(box);
+  // No choice of the operator's: a new standard alone sends nothing to the unit.
+  if (box.ListCount() >= 1) box.Preselect(0);
 }
 
 void PanelSetup::FillFilters() {

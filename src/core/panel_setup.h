@@ -24,7 +24,7 @@ class PanelSetup {
   void SetDefaults();
   /// Shows the windows that the operating mode has, one under the other, and hides the others, which go off.
   void ArrangeWindowRows();
-  /// Lists the processing modes of the selected video standard and selects the first.
+  /// Lists the processing modes of the selected video standard and selects the first, without its Click.
   void FillProcessModes();
 
   enum class LineValues { kKeep, kDefault };
@@ -41,6 +41,10 @@ class PanelSetup {
   /// Builds the row of a parameter that has none yet and fills it: hidden for the classes that are internal.
   void LoadParameterRow(int row);
   void FillParameterRow(int row);
+  /// Shows a row or hides it.
+  void ShowParameterRow(int row, bool shown);
+  /// Shows the row's value in the radix of the list: the spin's, or the record's where the spin is hidden.
+  void ShowParameterText(int row);
   /// Fits the parameters' scroll bar to the rows that are shown.
   void FitParameterSheet();
 
@@ -61,7 +65,6 @@ class PanelSetup {
   void LimitForField(int row);
   bool WindowIsShown(int row) const;
   void ShowWindow(int row, bool shown);
-  void ShowParameterRow(int row, bool shown);
 
   Variables& vars_;
   FrmStart& form_;

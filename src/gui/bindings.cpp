@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -66,10 +67,40 @@ class ActionBinding : public QObject {
   Listening<> listening_;
 };
 
+/// Keeps keys that the rules cancel from a field. Shortcuts, pasting with the mouse and keys that type nothing
+/// are no key presses to them.
+class KeyFilter : public QObject {
+ public:
+  KeyFilter(QLineEdit& widget, TextBox& control) : QObject(&widget), control_(control) {
+    widget.installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) {
+      const char32_t code = CodeOfKey(*static_cast<QKeyEvent*>(event));
+      if (code != 0 && !control_.OperatorMayType(code)) return true;
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  static char32_t CodeOfKey(const QKeyEvent& event) {
+    constexpr char32_t kBackspace = 8;
+    if (event.key() == Qt::Key_Backspace) return kBackspace;
+    const auto codes = event.text().toUcs4();
+    const bool command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return codes.size() == 1 && !command && QChar::isPrint(codes.at(0)) ? codes.at(0) : 0;
+  }
+  TextBox& control_;
+};
+
 }  // namespace
 
-Binding& Bind(QAbstractButton& widget, Button& control) {
-  Binding& binding = Tie(widget, control, [&] { widget.setText(ShownLiteral(control.Caption())); });
+Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic) {
+  Binding& binding = Tie(widget, control, [&widget, &control, mnemonic] {
+    widget.setText(ShownWithMnemonic(control.Caption(), mnemonic));
+  });
   QObject::connect(&widget, &QAbstractButton::clicked, &binding,
                    [&] { binding.Act([&control] { control.OperatorClick(); }); });
   return binding;
@@ -104,6 +135,7 @@ Binding& Bind(QLabel& widget, Label& control) {
 }
 
 Binding& Bind(QLineEdit& widget, TextBox& control) {
+  new KeyFilter(widget, control);
   Binding& binding = Tie(widget, control, [&] {
     const QString text = Shown(control.Text());
     if (text == widget.text()) return;

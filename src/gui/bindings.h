@@ -16,11 +16,13 @@ namespace marlinset {
 // One binding for each kind of control. Combo boxes and spins have widgets of their own: see fields.h; the
 // indicator and the status bar too.
 
-Binding& Bind(QAbstractButton& widget, Button& control);
+/// `mnemonic` is the letter of the caption that is underlined, 0 for none.
+Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic = 0);
 /// Radio buttons and segments: which one of a choice is on is the model's word.
 Binding& Bind(QAbstractButton& widget, OptionButton& control);
 Binding& Bind(QCheckBox& widget, CheckBox& control);
 Binding& Bind(QLabel& widget, Label& control);
+/// Each key goes past the control's key handlers before it is typed.
 Binding& Bind(QLineEdit& widget, TextBox& control);
 /// A log: shows the text and its end, takes none.
 Binding& Bind(QPlainTextEdit& widget, TextBox& control);

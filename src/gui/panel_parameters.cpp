@@ -43,6 +43,19 @@ class ValueDelegate : public QStyledItemDelegate {
   ParameterModel& model_;
 };
 
+/// An arrow on the head by which the list is sorted.
+void ShowSort(QHeaderView& header, const ParameterModel& model) {
+  for (int column = 0; column < ParameterModel::kColumns; ++column) {
+    const SortArrow arrow = model.Head(column).Arrow();
+    if (arrow == SortArrow::kNone) continue;
+    // A head points as a column of rising values does elsewhere on the desktop.
+    header.setSortIndicator(column,
+                            arrow == SortArrow::kRising ? Qt::AscendingOrder : Qt::DescendingOrder);
+    return;
+  }
+  header.setSortIndicator(-1, Qt::AscendingOrder);
+}
+
 void SetColumns(QTableView& table) {
   QHeaderView& header = *table.horizontalHeader();
   const int unit = SpaceUnit(table);
@@ -76,7 +89,14 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
   table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 2 * SpaceUnit(*table));
   SetColumns(*table);
   QObject::connect(table->horizontalHeader(), &QHeaderView::sectionClicked, model,
-                   [model](int column) { model->Head(column).OperatorClick(); });
+                   [model, table](int column) {
+                     model->Head(column).OperatorClick();
+                     ShowSort(*table->horizontalHeader(), *model);  // the click moved the arrow by itself
+                   });
+  QObject::connect(model, &QAbstractItemModel::headerDataChanged, table,
+                   [model, table] { ShowSort(*table->horizontalHeader(), *model); });
+  table->horizontalHeader()->setSortIndicatorShown(true);
+  ShowSort(*table->horizontalHeader(), *model);
   QObject::connect(model, &ParameterModel::Marked, table, [table](const QModelIndex& cell) {
     if (table->isVisible()) table->scrollTo(cell);
   });

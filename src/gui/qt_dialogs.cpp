@@ -59,7 +59,8 @@ BoxAnswer AnswerOf(int button) {
 
 BoxAnswer QtDialogs::Present(const MessageBox& box) {
   const ButtonSet set = ButtonsOf(box.buttons);
-  QMessageBox window(IconOf(box.icon), Shown(box.caption), Shown(box.text), set.buttons,
+  const QString text = Shown(box.text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  QMessageBox window(IconOf(box.icon), Shown(box.caption), text, set.buttons,
                      QApplication::activeWindow());
   window.setTextFormat(Qt::PlainText);
   window.setInformativeText(Shown(box.remedy));

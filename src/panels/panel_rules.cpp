@@ -10,6 +10,7 @@ PanelRules::PanelRules(Platform& platform, Variables& variables, FrmStart& form,
       windowHighlight_(variables, form, commands),
       windowLooks_(platform, variables, form, commands),
       slateAndMessage_(variables, form, commands),
-      whiteFlag_(variables, form, commands) {}
+      whiteFlag_(variables, form, commands),
+      downConverter_(form, commands) {}
 
 }  // namespace marlinset

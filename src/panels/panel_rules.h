@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "panels/down_converter.h"
 #include "panels/line_numbers.h"
 #include "panels/routing.h"
 #include "panels/slate_and_message.h"
@@ -30,6 +31,7 @@ class PanelRules {
   WindowLooks windowLooks_;
   SlateAndMessage slateAndMessage_;
   WhiteFlag whiteFlag_;
+  DownConverter downConverter_;
 };
 
 }  // namespace marlinset

@@ -3,29 +3,73 @@
 
 #include <algorithm>
 #include <limits>
+#include <tuple>
 #include <utility>
 
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
 #include "core/variables.h"
+#include "link/setting_commands.h"
 
 namespace marlinset {
+namespace {
 
-ParameterList::ParameterList(Variables& variables, FrmStart& form, PanelSetup& panels)
-    : vars_(variables), form_(form), panels_(panels) {
+/// Where the sheet of rows stands while it is not scrolled, below the heads.
+constexpr int kSheetTop = 255;
+
+/// Failure 6 for what a record cannot hold: the spins go far beyond the 16 bits of a value.
+std::int16_t ValueOf(const SpinControl& spin) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (spin.Value() < Limits::min() || spin.Value() > Limits::max()) throw Overflow();
+  return static_cast<std::int16_t>(spin.Value());
+}
+
+}  // namespace
+
+ParameterList::ParameterList(Variables& variables, FrmStart& form, PanelSetup& panels,
+                             SettingCommands& commands)
+    : vars_(variables), form_(form), panels_(panels), commands_(commands) {
   form_.bClass.OnClick([this] { bClass_Click(); });
+  form_.bDesc.OnClick([this] { bDesc_Click(); });
+  form_.bValue.OnClick([this] { SetParDisType(); });
   form_.udVal.OnChange([this](int row) { ValueChanged(row); });
+  form_.VScroll2.OnChange([this] { form_.pParIn.SetTop(kSheetTop - form_.VScroll2.Value()); });
 }
 
 void ParameterList::bClass_Click() {
   std::vector<SystemParameterRec>& list = vars_.SystemParameters;
   std::stable_sort(list.begin(), list.end(), [](const SystemParameterRec& a, const SystemParameterRec& b) {
-    return std::pair(a.Class, a.Parameter) < std::pair(b.Class, b.Parameter);
+    return std::tie(a.Class, a.Parameter) < std::tie(b.Class, b.Parameter);
   });
-  ClearCaptions();
+  form_.bClass.SetArrow(SortArrow::kRising);
+  form_.bDesc.SetArrow(SortArrow::kNone);
   for (int row = 0; row <= UBound(list); ++row) panels_.LoadParameterRow(row);
   FillRows();
   form_.VScroll2.SetValue(0);
+  panels_.FitParameterSheet();
+}
+
+/// The exchanges are spelled out because they decide how parameters with one description come to stand.
+void ParameterList::bDesc_Click() {
+  std::vector<SystemParameterRec>& list = vars_.SystemParameters;
+  for (SystemParameterRec& first : list) {
+    for (SystemParameterRec& second : list) {
+      if (second.Description < first.Description) std::swap(first, second);
+    }
+  }
+  form_.bClass.SetArrow(SortArrow::kNone);
+  form_.bDesc.SetArrow(SortArrow::kFalling);
+  FillRows();
+}
+
+void ParameterList::FillRows() {
+  ClearCaptions();
+  for (int row = 0; row <= UBound(vars_.SystemParameters); ++row) {
+    if (form_.udVal.Has(row)) panels_.FillParameterRow(row);
+  }
+  for (const int row : form_.udVal.Indices()) {
+    if (row > UBound(vars_.SystemParameters)) panels_.ShowParameterRow(row, false);
+  }
   panels_.FitParameterSheet();
 }
 
@@ -37,21 +81,35 @@ void ParameterList::ClearCaptions() {
   }
 }
 
-void ParameterList::FillRows() {
-  for (int row = 0; row <= UBound(vars_.SystemParameters); ++row) panels_.FillParameterRow(row);
+void ParameterList::SetParDisType() {
+  const bool decimal = form_.bValue.Caption() != "Value (Dec)";
+  form_.bValue.SetCaption(decimal ? "Value (Dec)" : "Value (Hex)");
+  vars_.ParDisType = decimal ? "Dec" : "Hex";
+  ChangePara();
 }
 
-/// A row finds its records by their description; a value beyond 16 bits is failure 6.
-void ParameterList::ValueChanged(int row) {
-  const int value = form_.udVal(row).Value();
-  for (SystemParameterRec& parameter : vars_.SystemParameters) {
-    if (parameter.Description != form_.lDesc(row).Caption()) continue;
-    if (value < std::numeric_limits<std::int16_t>::min() ||
-        value > std::numeric_limits<std::int16_t>::max()) {
-      throw Overflow();
+/// Each row writes the record in its own place only. A hidden row's spin stands for nothing.
+void ParameterList::ChangePara() {
+  for (int row = 0; row <= UBound(vars_.SystemParameters); ++row) {
+    if (!form_.udVal.Has(row)) continue;
+    panels_.ShowParameterText(row);
+    SystemParameterRec& parameter = At(vars_.SystemParameters, row);
+    const bool shown = form_.udVal(row).Visible();
+    if (shown && parameter.Description == form_.lDesc(row).Caption()) {
+      parameter.Value = ValueOf(form_.udVal(row));
     }
-    parameter.Value = static_cast<std::int16_t>(value);
   }
+}
+
+void ParameterList::cSetControl(int row) {
+  for (SystemParameterRec& parameter : vars_.SystemParameters) {
+    if (parameter.Description == form_.lDesc(row).Caption()) parameter.Value = ValueOf(form_.udVal(row));
+  }
+}
+
+void ParameterList::ValueChanged(int row) {
+  cSetControl(row);
+  if (form_.mnuInter.Checked()) commands_.SendParameter(row);
   vars_.ConfigSaved = false;
 }
 

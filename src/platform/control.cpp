@@ -3,6 +3,7 @@
 
 #include "platform/form.h"
 #include "platform/guard.h"
+#include "platform/runtime_error.h"
 
 namespace marlinset {
 
@@ -39,6 +40,34 @@ void Control::OperatorHover() {
 
 void Control::OperatorLeave() {
   form_.GetGuard().Run([this] { Raise(&ControlEvents::lostFocus); });
+}
+
+bool Control::OperatorClick() {
+  throw NotSupported();
+}
+bool Control::OperatorCheck(bool /*on*/) {
+  throw NotSupported();
+}
+bool Control::OperatorSelect(int /*entry*/) {
+  throw NotSupported();
+}
+bool Control::OperatorType(std::string /*text*/) {
+  throw NotSupported();
+}
+bool Control::OperatorKey(char32_t /*code*/) {
+  throw NotSupported();
+}
+bool Control::OperatorSpin(int /*value*/) {
+  throw NotSupported();
+}
+bool Control::OperatorStep(bool /*up*/, int /*times*/) {
+  throw NotSupported();
+}
+bool Control::OperatorScroll(int /*value*/) {
+  throw NotSupported();
+}
+std::vector<std::string> Control::Entries() const {
+  throw NotSupported();
 }
 
 }  // namespace marlinset

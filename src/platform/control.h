@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/signal.h"
 
@@ -90,7 +91,8 @@ class EventSource {
 
 /// A control of a form: the part that rules, files and senders see. A widget shows it, repaints on `Changed`
 /// and calls only the operator's entry points (Operator...). They run under the guard, do nothing while the
-/// control is disabled or hidden, and return whether the control took the action.
+/// control is disabled or hidden, and return whether the control took the action. An action that a kind of
+/// control does not know at all is failure 438.
 class Control : public EventSource {
  public:
   /// A single control.
@@ -124,6 +126,17 @@ class Control : public EventSource {
   void OperatorHover();
   /// The control loses the focus, as it does also by being disabled or hidden.
   void OperatorLeave();
+  /// Each kind says what these do to it.
+  virtual bool OperatorClick();
+  virtual bool OperatorCheck(bool on);
+  virtual bool OperatorSelect(int entry);
+  virtual bool OperatorType(std::string text);
+  virtual bool OperatorKey(char32_t code);
+  virtual bool OperatorSpin(int value);
+  virtual bool OperatorStep(bool up, int times);
+  virtual bool OperatorScroll(int value);
+  /// What there is to select, as texts by which an operator tells the entries apart.
+  virtual std::vector<std::string> Entries() const;
 
   /// Something that a screen shows is another one now.
   Signal<> Changed;

@@ -87,11 +87,15 @@ void ComboBox::AddItem(std::string item) {
 }
 
 void ComboBox::SetListIndex(int index) {
+  Preselect(index);
+  Raise(&ControlEvents::click);
+}
+
+void ComboBox::Preselect(int index) {
   if (index < -1 || index >= ListCount()) throw InvalidPropertyValue();
   index_ = index;
   text_ = index < 0 ? std::string() : list_[static_cast<std::size_t>(index)];
   Changed.Emit();
-  Raise(&ControlEvents::click);
 }
 
 void ComboBox::PutBack(int index) {
@@ -152,6 +156,12 @@ void ListView::Select(int row) {
 bool ListView::OperatorSelect(int row) {
   if (row < 0 || row >= Count()) return false;
   return AsOperator([this, row] { Select(row); });
+}
+
+std::vector<std::string> ListView::Entries() const {
+  std::vector<std::string> texts;
+  for (const Row& row : rows_) texts.push_back(row.empty() ? std::string() : row.front());
+  return texts;
 }
 
 int SpinControl::Lowest() const {
@@ -218,10 +228,20 @@ bool TextBox::OperatorType(std::string text) {
 
 bool TextBox::OperatorKey(char32_t code) {
   return AsOperator([this, code] {
-    KeyPress press{code};
-    Events()->key.Emit(Index(), press);
-    if (!press.cancelled) SetText(Typed(text_, code));
+    if (Passes(code)) SetText(Typed(text_, code));
   });
+}
+
+bool TextBox::OperatorMayType(char32_t code) {
+  bool passes = false;
+  AsOperator([&] { passes = Passes(code); });
+  return passes;
+}
+
+bool TextBox::Passes(char32_t code) const {
+  KeyPress press{code};
+  Events()->key.Emit(Index(), press);
+  return !press.cancelled;
 }
 
 void ScrollBar::SetValue(int value) {

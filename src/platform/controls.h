@@ -10,13 +10,21 @@
 
 namespace marlinset {
 
+/// The order in which a button's column stands, where the button heads a table that it sorts.
+enum class SortArrow { kNone, kRising, kFalling };
+
 /// A button. From code, Press runs its handler at once, also when it is disabled or hidden.
 class Button : public Control {
  public:
   using Control::Control;
   ControlKind Kind() const override { return ControlKind::kButton; }
   void Press() { Raise(&ControlEvents::click); }
-  bool OperatorClick();
+  SortArrow Arrow() const { return arrow_; }
+  void SetArrow(SortArrow arrow) { Store(arrow_, arrow); }
+  bool OperatorClick() override;
+
+ private:
+  SortArrow arrow_ = SortArrow::kNone;
 };
 
 /// An entry of a menu: a tick, and a handler that runs when the operator chooses it or code presses it.
@@ -28,7 +36,7 @@ class MenuItem : public Control {
   /// Sets the tick; never runs the handler.
   void SetChecked(bool checked) { Store(checked_, checked); }
   void Press() { Raise(&ControlEvents::click); }
-  bool OperatorClick();
+  bool OperatorClick() override;
 
  private:
   bool checked_ = false;
@@ -44,7 +52,7 @@ class CheckBox : public Control {
   /// Runs Click when the value really changes. Another value than 0, 1, 2 is failure 380.
   void SetValue(int value);
   /// Ticks or unticks the box; nothing happens when it is so already.
-  bool OperatorCheck(bool on);
+  bool OperatorCheck(bool on) override;
 
  private:
   int value_ = 0;
@@ -74,7 +82,7 @@ class OptionButton : public Control {
   bool Value() const { return value_; }
   /// True clears the others of the choice without a word and runs Click of this one, when it was not set yet.
   void SetValue(bool value);
-  bool OperatorClick();
+  bool OperatorClick() override;
 
  private:
   OptionGroup* group_ = nullptr;
@@ -97,15 +105,18 @@ class ComboBox : public Control {
   /// Selects an entry and runs Click, also when it is selected already; -1 selects none. Any other index that
   /// the list does not have is failure 380.
   void SetListIndex(int index);
+  /// Selects an entry without Click, for a list that comes up with a selection that nobody made.
+  void Preselect(int index);
   /// Takes typing back: the entry's text stands again. Silent when `index` is the selected entry already, a
   /// selection otherwise.
   void PutBack(int index);
   /// The operator chooses an entry from the list.
-  bool OperatorSelect(int index);
+  bool OperatorSelect(int index) override;
   /// The operator changes the text of the box; the selected entry stays.
-  bool OperatorType(std::string text);
+  bool OperatorType(std::string text) override;
   /// One key press; unless a handler cancels it, it then types into the text.
-  bool OperatorKey(char32_t code);
+  bool OperatorKey(char32_t code) override;
+  std::vector<std::string> Entries() const override { return list_; }
 
  private:
   std::string text_;
@@ -131,7 +142,9 @@ class ListView : public Control {
   void RemoveRow(int row);
   /// -1 selects none. Any other row that the list does not have is failure 380.
   void Select(int row);
-  bool OperatorSelect(int row);
+  bool OperatorSelect(int row) override;
+  /// The texts of the first column.
+  std::vector<std::string> Entries() const override;
 
  private:
   std::vector<std::string> columns_;
@@ -160,9 +173,9 @@ class SpinControl : public Control {
   void Announce();
   /// `times` clicks on an arrow: up goes towards Max, down towards Min; each click that moves is a change of
   /// its own.
-  bool OperatorStep(bool up, int times = 1);
+  bool OperatorStep(bool up, int times = 1) override;
   /// Brings the spin to `value` with one change, kept inside the limits.
-  bool OperatorSpin(int value);
+  bool OperatorSpin(int value) override;
 
  private:
   void Pull();
@@ -181,11 +194,15 @@ class TextBox : public Control {
   /// Runs Change on a real change.
   void SetText(std::string text);
   /// The operator replaces the text; one change.
-  bool OperatorType(std::string text);
+  bool OperatorType(std::string text) override;
   /// One key press; unless a handler cancels it, it is typed at the end of the text.
-  bool OperatorKey(char32_t code);
+  bool OperatorKey(char32_t code) override;
+  /// The same for a widget that types by itself, where its cursor stands: asks the handlers only. False when
+  /// one of them cancelled the key.
+  bool OperatorMayType(char32_t code);
 
  private:
+  bool Passes(char32_t code) const;
   std::string text_;
 };
 
@@ -194,7 +211,7 @@ class Label : public Control {
  public:
   using Control::Control;
   ControlKind Kind() const override { return ControlKind::kLabel; }
-  bool OperatorClick();
+  bool OperatorClick() override;
 };
 
 /// A group of controls, or a band of the tool bar.
@@ -233,7 +250,7 @@ class ScrollBar : public Control {
   int Max() const { return max_; }
   void SetMax(int max) { Store(max_, max); }
   void SetValue(int value);
-  bool OperatorScroll(int value);
+  bool OperatorScroll(int value) override;
 
  private:
   int value_ = 0;

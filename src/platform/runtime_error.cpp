@@ -15,6 +15,9 @@ RuntimeError TypeMismatch() {
 RuntimeError InvalidPropertyValue() {
   return {kErrBadProperty, "Invalid property value"};
 }
+RuntimeError NotSupported() {
+  return {kErrNotSupported, "Object doesn't support this property or method"};
+}
 RuntimeError NoSuchElement(int index) {
   return {kErrNoSuchElement, "Control array element '" + std::to_string(index) + "' doesn't exist"};
 }

@@ -37,6 +37,7 @@ constexpr int kErrFileFormat = 321;
 constexpr int kErrNoSuchElement = 340;
 constexpr int kErrElementLoaded = 360;
 constexpr int kErrBadProperty = 380;
+constexpr int kErrNotSupported = 438;
 constexpr int kErrNoCurrentRecord = 3021;
 constexpr int kErrNoDatabase = 3024;
 constexpr int kErrNoTable = 3078;
@@ -53,6 +54,8 @@ RuntimeError TypeMismatch();
 /// "Invalid property value": a control was given what it cannot take, for example a list index that is not
 /// there.
 RuntimeError InvalidPropertyValue();
+/// "Object doesn't support this property or method": a control was asked for what its kind cannot do.
+RuntimeError NotSupported();
 /// "Control array element 'N' doesn't exist".
 RuntimeError NoSuchElement(int index);
 

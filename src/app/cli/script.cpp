@@ -17,19 +17,6 @@
 namespace marlinset {
 namespace {
 
-constexpr ControlKind KindOf(const ComboBox*) {
-  return ControlKind::kComboBox;
-}
-constexpr ControlKind KindOf(const CheckBox*) {
-  return ControlKind::kCheckBox;
-}
-constexpr ControlKind KindOf(const SpinControl*) {
-  return ControlKind::kSpin;
-}
-constexpr ControlKind KindOf(const ScrollBar*) {
-  return ControlKind::kScrollBar;
-}
-
 char32_t KeyCode(const std::string& text) {
   if (LengthOf(text) != 1) throw ScriptError("a key is one character");
   return CodeOf(text);
@@ -49,18 +36,18 @@ std::string HexOf(const std::vector<std::uint8_t>& bytes) {
   return hex;
 }
 
-int EntryOf(const ComboBox& box, const Word& word) {
+int EntryOf(const Control& control, const Word& word) {
+  const std::vector<std::string> entries = control.Entries();
   if (!word.quoted && word.text.starts_with('#')) {
     const std::string number = word.text.substr(1);
     const bool digits =
         !number.empty() && number.size() < 9 && std::all_of(number.begin(), number.end(), isdigit);
-    const int index = digits ? std::stoi(number) : -1;
-    if (index >= 0 && index < box.ListCount()) return index;
+    if (digits && std::stoul(number) < entries.size()) return std::stoi(number);
   } else {
-    const auto found = std::find(box.List().begin(), box.List().end(), word.text);
-    if (found != box.List().end()) return static_cast<int>(found - box.List().begin());
+    const auto found = std::find(entries.begin(), entries.end(), word.text);
+    if (found != entries.end()) return static_cast<int>(found - entries.begin());
   }
-  throw ScriptError(box.FullName() + " has no entry " + word.text);
+  throw ScriptError(control.FullName() + " has no entry " + word.text);
 }
 
 }  // namespace
@@ -122,23 +109,31 @@ std::string Script::Execute(const std::string& text) {
   } catch (const ScriptError& error) {
     allUnderstood_ = false;
     answer = {{"ok", false}, {"error", error.what()}};
+  } catch (const RuntimeError&) {  // only this one: failures inside a handler never come as far
+    allUnderstood_ = false;
+    answer = {{"ok", false}, {"error", "this control does not take that"}};
   }
   return Answer(std::move(answer));
 }
 
+Form& Script::FindForm(const std::string& name) const {
+  for (Form* form : tool_.Forms()) {
+    if (form->Name() == name) return *form;
+  }
+  throw ScriptError("no window " + name);
+}
+
 Control& Script::FindControl(const std::string& text) const {
   const ControlName name = ParseControlName(text);
-  Control* control = name.form == tool_.form.Name() ? tool_.form.Find(name.name, name.index) : nullptr;
+  Control* control = FindForm(name.form).Find(name.name, name.index);
   if (!control) throw ScriptError("no control " + text);
   return *control;
 }
 
-template <class T>
-T& Script::FindA(const std::string& text) const {
-  Control& control = FindControl(text);
-  if (control.Kind() != KindOf(static_cast<const T*>(nullptr)))
-    throw ScriptError(text + " does not take that");
-  return static_cast<T&>(control);
+Control& Script::ShownControl(const std::string& text) const {
+  const Form& form = FindForm(ParseControlName(text).form);
+  if (!form.Visible()) throw ScriptError(form.Name() + " is not open");
+  return FindControl(text);
 }
 
 Json Script::Get(const ScriptLine& line) {
@@ -148,84 +143,53 @@ Json Script::Get(const ScriptLine& line) {
 
 Json Script::Choose(const ScriptLine& line) {
   line.Expect(2, 2);
-  auto& box = FindA<ComboBox>(line.At(0).text);
-  box.OperatorSelect(EntryOf(box, line.At(1)));
+  Control& control = ShownControl(line.At(0).text);
+  control.OperatorSelect(EntryOf(control, line.At(1)));
   return Json::object();
 }
 
 Json Script::Check(const ScriptLine& line) {
   line.Expect(2, 2);
-  auto& box = FindA<CheckBox>(line.At(0).text);
   const int value = line.NumberAt(1);
   if (value != 0 && value != 1) throw ScriptError("a check box is 0 or 1");
-  box.OperatorCheck(value == 1);
+  ShownControl(line.At(0).text).OperatorCheck(value == 1);
   return Json::object();
 }
 
 Json Script::Click(const ScriptLine& line) {
   line.Expect(1, 1);
-  Control& control = FindControl(line.At(0).text);
-  switch (control.Kind()) {
-    case ControlKind::kButton:
-      static_cast<Button&>(control).OperatorClick();
-      break;
-    case ControlKind::kMenuItem:
-      tool_.ports.LookForDevices();  // as the menu does when it opens
-      static_cast<MenuItem&>(control).OperatorClick();
-      break;
-    case ControlKind::kOptionButton:
-      static_cast<OptionButton&>(control).OperatorClick();
-      break;
-    case ControlKind::kLabel:
-      static_cast<Label&>(control).OperatorClick();
-      break;
-    default:
-      throw ScriptError(line.At(0).text + " can't be clicked");
-  }
+  Control& control = ShownControl(line.At(0).text);
+  if (control.Kind() == ControlKind::kMenuItem)
+    tool_.ports.LookForDevices();  // as the menu does when it opens
+  control.OperatorClick();
   return Json::object();
 }
 
 Json Script::Spin(const ScriptLine& line) {
   line.Expect(2, 2);
-  FindA<SpinControl>(line.At(0).text).OperatorSpin(line.NumberAt(1));
+  ShownControl(line.At(0).text).OperatorSpin(line.NumberAt(1));
   return Json::object();
 }
 
 Json Script::Step(const ScriptLine& line) {
   line.Expect(2, 3);
-  auto& spin = FindA<SpinControl>(line.At(0).text);
   const std::string& direction = line.At(1).text;
   if (direction != "up" && direction != "down") throw ScriptError("a step goes up or down");
   const int times = line.Count() == 3 ? line.NumberAt(2) : 1;
   if (times < 1) throw ScriptError("a step is taken once or more often");
-  spin.OperatorStep(direction == "up", times);
+  ShownControl(line.At(0).text).OperatorStep(direction == "up", times);
   return Json::object();
 }
 
 Json Script::Type(const ScriptLine& line) {
   line.Expect(2, 2);
-  Control& control = FindControl(line.At(0).text);
-  if (control.Kind() == ControlKind::kTextBox) {
-    static_cast<TextBox&>(control).OperatorType(line.At(1).text);
-  } else if (control.Kind() == ControlKind::kComboBox) {
-    static_cast<ComboBox&>(control).OperatorType(line.At(1).text);
-  } else {
-    throw ScriptError(line.At(0).text + " can't be typed into");
-  }
+  ShownControl(line.At(0).text).OperatorType(line.At(1).text);
   return Json::object();
 }
 
 Json Script::Key(const ScriptLine& line) {
   line.Expect(2, 2);
-  Control& control = FindControl(line.At(0).text);
-  const char32_t code = KeyCode(line.At(1).text);
-  if (control.Kind() == ControlKind::kTextBox) {
-    static_cast<TextBox&>(control).OperatorKey(code);
-  } else if (control.Kind() == ControlKind::kComboBox) {
-    static_cast<ComboBox&>(control).OperatorKey(code);
-  } else {
-    throw ScriptError(line.At(0).text + " takes no keys");
-  }
+  ShownControl(line.At(0).text).OperatorKey(KeyCode(line.At(1).text));
   return Json::object();
 }
 
@@ -234,20 +198,20 @@ Json Script::Hover(const ScriptLine& line) {
   if (line.At(0).text == tool_.form.Name()) {
     tool_.form.OperatorHover();
   } else {
-    FindControl(line.At(0).text).OperatorHover();
+    ShownControl(line.At(0).text).OperatorHover();
   }
   return Json::object();
 }
 
 Json Script::Leave(const ScriptLine& line) {
   line.Expect(1, 1);
-  FindControl(line.At(0).text).OperatorLeave();
+  ShownControl(line.At(0).text).OperatorLeave();
   return Json::object();
 }
 
 Json Script::Scroll(const ScriptLine& line) {
   line.Expect(2, 2);
-  FindA<ScrollBar>(line.At(0).text).OperatorScroll(line.NumberAt(1));
+  ShownControl(line.At(0).text).OperatorScroll(line.NumberAt(1));
   return Json::object();
 }
 

@@ -15,6 +15,7 @@
 namespace marlinset {
 
 class Control;
+class Form;
 class QueuedDialogs;
 class QueuedFileDialog;
 class Tool;
@@ -38,9 +39,10 @@ class Script {
   using Action = Json (Script::*)(const ScriptLine&);
   static const std::map<std::string_view, Action>& Actions();
   std::string Answer(Json answer);
+  Form& FindForm(const std::string& name) const;
   Control& FindControl(const std::string& text) const;
-  template <class T>
-  T& FindA(const std::string& text) const;
+  /// A control that an operator could act upon: its window is open.
+  Control& ShownControl(const std::string& text) const;
 
   Json Get(const ScriptLine& line);
   Json Choose(const ScriptLine& line);

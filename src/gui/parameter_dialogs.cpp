@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/parameter_dialogs.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "core/parameter_forms.h"
+#include "gui/bindings.h"
+#include "gui/group.h"
+#include "gui/look.h"
+#include "gui/qt_dialogs.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kNumberFigures = 8;
+constexpr int kDescriptionFigures = 36;
+constexpr int kRowsInView = 10;
+constexpr int kDescriptionColumn = 2;
+
+std::unique_ptr<QDialog> MakeWindow(const Form& form, QWidget* parent) {
+  auto window = std::make_unique<QDialog>(parent);
+  window->setObjectName(Shown(form.Name()));
+  window->setWindowTitle(Shown(form.Caption()));
+  return window;
+}
+
+QPushButton* AddButton(QDialogButtonBox& box, QDialogButtonBox::ButtonRole role, Button& control,
+                       char mnemonic) {
+  auto* button = new QPushButton(&box);
+  box.addButton(button, role);
+  Bind(*button, control, mnemonic);
+  return button;
+}
+
+void AddField(QFormLayout& rows, QDialog& window, TextBox& control, char mnemonic, int figures) {
+  auto* field = new QLineEdit(&window);
+  field->setMinimumWidth(FiguresWidth(window, figures));
+  field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  Bind(*field, control);
+  rows.addRow(ShownWithMnemonic(control.Caption(), mnemonic) + QLatin1Char(':'), field);
+}
+
+std::unique_ptr<QDialog> MakeEditWindow(FrmEditParameters& form, QWidget* parent) {
+  std::unique_ptr<QDialog> window = MakeWindow(form, parent);
+  auto* all = new QVBoxLayout(window.get());
+  SetSpaces(*all, *window, 2);
+  auto* rows = new QFormLayout;
+  rows->setLabelAlignment(Qt::AlignLeft);
+  SetSpaces(*rows, *window);
+  AddField(*rows, *window, form.txtClass, 'l', kNumberFigures);
+  AddField(*rows, *window, form.txtParameter, 'P', kNumberFigures);
+  AddField(*rows, *window, form.txtDescription, 'D', kDescriptionFigures);
+  AddField(*rows, *window, form.txtValue, 'V', kNumberFigures);
+  all->addLayout(rows);
+  auto* buttons = new QDialogButtonBox(window.get());
+  AddButton(*buttons, QDialogButtonBox::ApplyRole, form.cmdUpdate, 'U')->setDefault(true);
+  AddButton(*buttons, QDialogButtonBox::RejectRole, form.cmdDone, 'C');
+  all->addSpacing(SpaceUnit(*window));
+  all->addWidget(buttons);
+  all->setSizeConstraint(QLayout::SetFixedSize);
+  return window;
+}
+
+void ShowRows(QTreeWidget& view, const ListView& list) {
+  const QSignalBlocker silent(&view);
+  view.clear();
+  for (const ListView::Row& row : list.Rows()) {
+    auto* item = new QTreeWidgetItem(&view);
+    for (int column = 0; column < static_cast<int>(row.size()); ++column) {
+      item->setText(column, Shown(row[static_cast<std::size_t>(column)]));
+      if (column != kDescriptionColumn) item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    }
+  }
+  view.setCurrentItem(list.Selected() < 0 ? nullptr : view.topLevelItem(list.Selected()));
+  for (int column = 0; column < view.columnCount(); ++column) {
+    if (column != kDescriptionColumn) view.resizeColumnToContents(column);
+  }
+}
+
+QTreeWidget* MakeList(ListView& list, QWidget* parent) {
+  auto* view = new QTreeWidget(parent);
+  QStringList heads;
+  for (const std::string& column : list.Columns()) heads << Shown(column);
+  view->setHeaderLabels(heads);
+  view->setRootIsDecorated(false);
+  view->setUniformRowHeights(true);
+  view->setAlternatingRowColors(true);
+  view->setAllColumnsShowFocus(true);
+  view->header()->setStretchLastSection(false);
+  view->header()->setSectionResizeMode(kDescriptionColumn, QHeaderView::Stretch);
+  view->setMinimumSize(FiguresWidth(*view, kDescriptionFigures + 4 * kNumberFigures),
+                       view->fontMetrics().lineSpacing() * (kRowsInView + 2));
+  auto* binding = new Binding(*view, list, [view, &list] { ShowRows(*view, list); });
+  binding->Show();
+  QObject::connect(view, &QTreeWidget::currentItemChanged, binding, [view, &list](QTreeWidgetItem* item) {
+    if (item) list.OperatorSelect(view->indexOfTopLevelItem(item));
+  });
+  return view;
+}
+
+std::unique_ptr<QDialog> MakeDeleteWindow(FrmDeleteParameter& form, QWidget* parent) {
+  std::unique_ptr<QDialog> window = MakeWindow(form, parent);
+  auto* all = new QVBoxLayout(window.get());
+  SetSpaces(*all, *window, 2);
+  QTreeWidget* list = MakeList(form.lstParameter, window.get());
+  QLabel* label = MakeLabel(form.Label1, window.get());
+  label->setText(ShownWithMnemonic(form.Label1.Caption(), 'h'));
+  label->setBuddy(list);
+  all->addWidget(label);
+  all->addWidget(list, 1);
+  auto* buttons = new QDialogButtonBox(window.get());
+  AddButton(*buttons, QDialogButtonBox::DestructiveRole, form.Command2, 'D')->setAutoDefault(false);
+  AddButton(*buttons, QDialogButtonBox::RejectRole, form.Command1, 'C')->setDefault(true);
+  all->addWidget(buttons);
+  return window;
+}
+
+}  // namespace
+
+void AddParameterWindows(QtDialogs& dialogs, FrmEditParameters& edit, FrmDeleteParameter& remove) {
+  dialogs.AddWindow(edit, [&edit](Form&, QWidget* parent) { return MakeEditWindow(edit, parent); });
+  dialogs.AddWindow(remove, [&remove](Form&, QWidget* parent) { return MakeDeleteWindow(remove, parent); });
+}
+
+}  // namespace marlinset

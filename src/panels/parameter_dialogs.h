@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "core/parameter_forms.h"
+#include "core/records.h"
+
+namespace marlinset {
+
+class FrmStart;
+class ParameterList;
+class ReferenceDatabase;
+struct Platform;
+struct Variables;
+
+/// The two windows that add a parameter to the configuration and take one out of it. The reference database
+/// is only read: which parameters are the system's own, and which were retired.
+///
+/// A failure, a database that can't be opened for one, goes to the caller with the configuration as it was.
+class ParameterDialogs {
+ public:
+  ParameterDialogs(Platform& platform, Variables& variables, ReferenceDatabase& database, ParameterList& list,
+                   FrmStart& form);
+
+  void mnuAddParameter_Click();
+  void mnuRemoveParameter_Click();
+
+  FrmEditParameters frmEditParameters;
+  FrmDeleteParameter frmDeleteParameter;
+
+ private:
+  void cmdUpdate_Click();
+  /// Digits and backspace pass, and the minus sign where there may be one; any other key is cancelled and told.
+  void FilterKey(KeyPress& press, bool minus);
+  /// What is wrong with class and parameter (as typed, rounded), empty when nothing is.
+  std::string Refusal(double classNumber, double parameter) const;
+  bool IsParameterPresent(double classNumber, double parameter) const;
+  bool IsParameterRetired(double classNumber, double parameter) const;
+  void AddParameter(SystemParameterRec parameter);
+
+  void LoadDeletable();
+  void Command2_Click();
+  /// Failure 9 when no parameter would be left.
+  void RemoveParameter(int classNumber, int parameter);
+
+  Platform& platform_;
+  Variables& vars_;
+  ReferenceDatabase& database_;
+  ParameterList& list_;
+};
+
+}  // namespace marlinset
