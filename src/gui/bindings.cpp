@@ -67,8 +67,8 @@ class ActionBinding : public QObject {
   Listening<> listening_;
 };
 
-/// Keeps keys that the rules cancel from a field. Shortcuts, pasting with the mouse and keys that type nothing
-/// are no key presses to them.
+/// Keeps keys that the rules cancel from a field. Shortcuts, pasting with the mouse and keys that type
+/// nothing are no key presses to them.
 class KeyFilter : public QObject {
  public:
   KeyFilter(QLineEdit& widget, TextBox& control) : QObject(&widget), control_(control) {

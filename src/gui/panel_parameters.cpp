@@ -49,8 +49,7 @@ void ShowSort(QHeaderView& header, const ParameterModel& model) {
     const SortArrow arrow = model.Head(column).Arrow();
     if (arrow == SortArrow::kNone) continue;
     // A head points as a column of rising values does elsewhere on the desktop.
-    header.setSortIndicator(column,
-                            arrow == SortArrow::kRising ? Qt::AscendingOrder : Qt::DescendingOrder);
+    header.setSortIndicator(column, arrow == SortArrow::kRising ? Qt::AscendingOrder : Qt::DescendingOrder);
     return;
   }
   header.setSortIndicator(-1, Qt::AscendingOrder);

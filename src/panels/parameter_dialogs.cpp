@@ -85,8 +85,7 @@ void ParameterDialogs::cmdUpdate_Click() {
   const double parameter = NumberIn(edit.txtParameter);
   const std::string refusal = Refusal(classNumber, parameter);
   if (!refusal.empty()) {
-    platform_.dialogs.Show(
-        {.text = refusal, .buttons = BoxButtons::kOkCancel, .icon = BoxIcon::kCritical});
+    platform_.dialogs.Show({.text = refusal, .buttons = BoxButtons::kOkCancel, .icon = BoxIcon::kCritical});
     return;
   }
   AddParameter({.Class = static_cast<std::int16_t>(classNumber),
@@ -120,8 +119,8 @@ void ParameterDialogs::AddParameter(SystemParameterRec parameter) {
   vars_.SystemParameters.push_back(std::move(parameter));
   ++vars_.NextParameterClass;
   list_.bClass_Click();
-  platform_.dialogs.Show({.text = "The new parameter has been added to this configuration.",
-                          .icon = BoxIcon::kInformation});
+  platform_.dialogs.Show(
+      {.text = "The new parameter has been added to this configuration.", .icon = BoxIcon::kInformation});
 }
 
 void ParameterDialogs::mnuRemoveParameter_Click() {

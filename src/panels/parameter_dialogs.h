@@ -31,7 +31,8 @@ class ParameterDialogs {
 
  private:
   void cmdUpdate_Click();
-  /// Digits and backspace pass, and the minus sign where there may be one; any other key is cancelled and told.
+  /// Digits and backspace pass, and the minus sign where there may be one; any other key is cancelled and
+  /// told.
   void FilterKey(KeyPress& press, bool minus);
   /// What is wrong with class and parameter (as typed, rounded), empty when nothing is.
   std::string Refusal(double classNumber, double parameter) const;

@@ -46,7 +46,6 @@ void ParameterList::bClass_Click() {
   for (int row = 0; row <= UBound(list); ++row) panels_.LoadParameterRow(row);
   FillRows();
   form_.VScroll2.SetValue(0);
-  panels_.FitParameterSheet();
 }
 
 /// The exchanges are spelled out because they decide how parameters with one description come to stand.
