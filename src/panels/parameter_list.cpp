@@ -14,9 +14,6 @@
 namespace marlinset {
 namespace {
 
-/// Where the sheet of rows stands while it is not scrolled, below the heads.
-constexpr int kSheetTop = 255;
-
 /// Failure 6 for what a record cannot hold: the spins go far beyond the 16 bits of a value.
 std::int16_t ValueOf(const SpinControl& spin) {
   using Limits = std::numeric_limits<std::int16_t>;
@@ -33,7 +30,7 @@ ParameterList::ParameterList(Variables& variables, FrmStart& form, PanelSetup& p
   form_.bDesc.OnClick([this] { bDesc_Click(); });
   form_.bValue.OnClick([this] { SetParDisType(); });
   form_.udVal.OnChange([this](int row) { ValueChanged(row); });
-  form_.VScroll2.OnChange([this] { form_.pParIn.SetTop(kSheetTop - form_.VScroll2.Value()); });
+  form_.VScroll2.OnChange([this] { form_.pParIn.SetTop(FrmStart::kRowHeight - form_.VScroll2.Value()); });
 }
 
 void ParameterList::bClass_Click() {
