@@ -99,8 +99,9 @@ QTreeWidget* MakeList(ListView& list, QWidget* parent) {
                        view->fontMetrics().lineSpacing() * (kRowsInView + 2));
   auto* binding = new Binding(*view, list, [view, &list] { ShowRows(*view, list); });
   binding->Show();
-  QObject::connect(view, &QTreeWidget::currentItemChanged, binding, [view, &list](QTreeWidgetItem* item) {
-    if (item) list.OperatorSelect(view->indexOfTopLevelItem(item));
+  // The selection, not the current item: that one comes by itself when the list gets the focus.
+  QObject::connect(view, &QTreeWidget::itemSelectionChanged, binding, [view, &list] {
+    for (QTreeWidgetItem* item : view->selectedItems()) list.OperatorSelect(view->indexOfTopLevelItem(item));
   });
   return view;
 }
