@@ -59,7 +59,8 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
 }
 
 Platform Computer::MakePlatform(MSComm& line) {
-  return {*pump_, line, engine_, dialogs_, *settings_, guard_, fileDialog_, files_, programFolder_};
+  return {*pump_,      line,   engine_,   dialogs_, *settings_,    guard_,
+          fileDialog_, files_, *printer_, desktop_, programFolder_};
 }
 
 }  // namespace marlinset

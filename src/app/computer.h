@@ -14,6 +14,8 @@
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/port_map.h"
+#include "platform/qt/pdf_printer.h"
+#include "platform/qt/qt_desktop.h"
 #include "platform/settings_store.h"
 #include "platform/sqlite/sqlite_engine.h"
 
@@ -43,6 +45,10 @@ class Computer {
   EventPump& Pump() { return *pump_; }
   Guard& GetGuard() { return guard_; }
   MSComm& Line() { return *line_; }
+  /// Writes PDF documents.
+  FormPrinter& Printer() { return pdfPrinter_; }
+  /// A printer in place of the computer's own, which writes PDF documents and nothing else.
+  void UsePrinter(FormPrinter& printer) { printer_ = &printer; }
   /// With another line in place of the computer's own, if one is given.
   Platform MakePlatform() { return MakePlatform(*line_); }
   Platform MakePlatform(MSComm& line);
@@ -58,6 +64,9 @@ class Computer {
   std::unique_ptr<EventPump> pump_;
   std::unique_ptr<MSComm> line_;
   SqliteEngine engine_;
+  PdfPrinter pdfPrinter_;
+  FormPrinter* printer_ = &pdfPrinter_;
+  QtDesktop desktop_;
 };
 
 }  // namespace marlinset

@@ -7,10 +7,12 @@
 
 #include "app/computer.h"
 #include "app/tool.h"
+#include "gui/about_window.h"
 #include "gui/main_window.h"
 #include "gui/parameter_dialogs.h"
 #include "gui/qt_dialogs.h"
 #include "gui/qt_file_dialog.h"
+#include "gui/qt_form_printer.h"
 #include "gui/readable_style.h"
 #include "gui/splash_window.h"
 #include "panels/splash.h"
@@ -24,9 +26,13 @@ int RunWindow(const CommonOptions& options, bool send) {
   QtDialogs dialogs;
   QtFileDialog fileDialog;
   Computer computer(options, Computer::ClockKind::kReal, dialogs, fileDialog);
+  QtFormPrinter printer(computer.Printer());
+  computer.UsePrinter(printer);
   Tool tool(computer.MakePlatform());
   AddParameterWindows(dialogs, tool.parameterDialogs.frmEditParameters,
                       tool.parameterDialogs.frmDeleteParameter);
+  dialogs.AddWindow(tool.about.form,
+                    [&](Form&, QWidget* parent) { return MakeAboutWindow(tool.about.form, parent); });
   const MainWindow window(tool.form,
                           {.deviceName = [&](int port) { return computer.Line().DeviceName(port); },
                            .lookForDevices = [&] { tool.ports.LookForDevices(); }});

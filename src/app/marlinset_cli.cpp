@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <cstdio>
 #include <exception>
 
@@ -43,6 +44,23 @@ CLI::App* AddSend(CLI::App& app, CliOptions& options) {
   return send;
 }
 
+CLI::App* AddPrint(CLI::App& app, CliOptions& options) {
+  CLI::App* print = app.add_subcommand("print", "Print a configuration into a PDF document");
+  AddCommonOptions(*print, options.common);
+  AddDialogAnswers(*print, options);
+  print->add_option("FILE", options.configurations, "Configuration file; without it the defaults")
+      ->expected(0, 1);
+  print->add_option("-o,--output", options.output, "PDF document to write")->type_name("FILE")->required();
+  return print;
+}
+
+/// Fonts need the desktop's library, but no desktop.
+int PrintWithoutDisplay(int argc, char** argv, const CliOptions& options) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  return RunPrint(options);
+}
+
 CLI::App* AddShow(CLI::App& app, CliOptions& options) {
   CLI::App* show = app.add_subcommand("show", "List what configuration files hold");
   show->add_flag("--json", options.json, "One JSON object a line and file");
@@ -79,6 +97,7 @@ int Main(int argc, char** argv) {
   app.require_subcommand(1);
   const CLI::App* script = AddScript(app, options);
   const CLI::App* send = AddSend(app, options);
+  const CLI::App* print = AddPrint(app, options);
   const CLI::App* show = AddShow(app, options);
   const CLI::App* diff = AddDiff(app, options);
   const CLI::App* compose = AddCompose(app, options);
@@ -91,6 +110,7 @@ int Main(int argc, char** argv) {
   if (show->parsed()) return RunShow(options);
   if (diff->parsed()) return RunDiff(options);
   if (compose->parsed()) return RunCompose(options);
+  if (print->parsed()) return PrintWithoutDisplay(argc, argv, options);
   const QCoreApplication application(argc, argv);
   if (script->parsed()) return RunScript(options);
   return send->parsed() ? RunSend(options) : RunIdentify(options);

@@ -28,7 +28,9 @@ Tool::Tool(const Platform& computer)
       windowSettings(platform, variables, form, database),
       endsOfRun(platform, variables, form,
                 {configurationFile, fileCommands, interactiveMode, ports, windowSettings}),
-      startUp(platform, variables, form, {database, panels, ports, windowSettings, endsOfRun}) {
+      startUp(platform, variables, form, {database, panels, ports, windowSettings, endsOfRun}),
+      printCommand(platform, variables, form),
+      about(platform, variables, form, database, identification) {
   windowSettings.KeepStatusWhile([this] { return wholeSend.Running(); });
 }
 

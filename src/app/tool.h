@@ -27,6 +27,8 @@
 #include "panels/views.h"
 #include "panels/window_settings.h"
 #include "platform/platform.h"
+#include "report/about.h"
+#include "report/print_command.h"
 
 namespace marlinset {
 
@@ -43,8 +45,9 @@ class Tool {
   /// The two halves of the start, for a window that shows a splash in between.
   bool Load(const std::string& commandText, bool resume = true);
   void Show();
-  /// Another program takes the focus, or the tool gets it back.
-  void SetActive(bool active) { variables.MainFormActive = active; }
+  /// Another program takes the focus, or the tool gets it back; the main window has it then unless the About
+  /// box is open.
+  void SetActive(bool active) { variables.MainFormActive = active && !about.Open(); }
 
   /// All windows of the tool, the main window first.
   std::vector<Form*> Forms();
@@ -73,6 +76,8 @@ class Tool {
   WindowSettings windowSettings;
   EndsOfRun endsOfRun;
   StartUp startUp;
+  PrintCommand printCommand;
+  About about;
 };
 
 }  // namespace marlinset

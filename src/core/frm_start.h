@@ -37,7 +37,8 @@ class FrmStart : public Form {
   // File
   MenuItem mnuNew{*this, "mnuNew"}, mnuOpen{*this, "mnuOpen"}, mnuSav{*this, "mnuSav"};
   MenuItem mnuSave{*this, "mnuSave"};  ///< Save As
-  MenuItem mnuPrint{*this, "mnuPrint"}, mnuExit{*this, "mnuExit"};
+  MenuItem mnuPrint{*this, "mnuPrint"}, mnuPreview{*this, "mnuPreview"}, mnuExport{*this, "mnuExport"};
+  MenuItem mnuExit{*this, "mnuExit"};
   // Mode
   MenuItem mnuMode{*this, "mnuMode"}, mnuInter{*this, "mnuInter"}, mnuOff{*this, "mnuOff"};
   // Options

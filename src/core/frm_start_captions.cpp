@@ -19,6 +19,8 @@ constexpr CaptionRow kCaptions[] = {
     {"mnuSav", kNoIndex, "Save"},
     {"mnuSave", kNoIndex, "Save As..."},
     {"mnuPrint", kNoIndex, "Print"},
+    {"mnuPreview", kNoIndex, "Print preview..."},
+    {"mnuExport", kNoIndex, "Export as PDF..."},
     {"mnuExit", kNoIndex, "Exit"},
     {"mnuMode", kNoIndex, "Mode"},
     {"mnuInter", kNoIndex, "Interactive"},

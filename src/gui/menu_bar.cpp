@@ -89,6 +89,8 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
             {&form.mnuSave, 'A', false, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
             {},
             {&form.mnuPrint, 'P', false, QKeySequence::Print},
+            {&form.mnuPreview, 'v'},
+            {&form.mnuExport, 'E'},
             {},
             {&form.mnuExit, 'x', false, QKeySequence(Qt::CTRL | Qt::Key_Q)}});
   QMenu* mode = bar.addMenu(QString());

@@ -45,6 +45,32 @@ void LeaveInteractiveMode(FrmStart& form) {
   form.ShowTraffic(kRed);
 }
 
+void SuspendInteractiveMode(FrmStart& form) {
+  form.InterTime.SetEnabled(false);
+  form.mnuInter.SetChecked(false);
+  form.mnuOff.SetChecked(true);
+  form.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode disabled ");
+  form.ShowVideoPicture(2);
+  form.HideImages();
+}
+
+void ResumeInteractiveMode(FrmStart& form) {
+  form.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode enabled ");
+  form.mnuInter.SetChecked(true);
+  form.mnuOff.SetChecked(false);
+  form.InterTime.SetEnabled(true);
+}
+
+void Suspended(FrmStart& form, const std::function<void()>& action) {
+  if (!form.mnuInter.Checked()) {
+    action();
+    return;
+  }
+  SuspendInteractiveMode(form);
+  action();
+  ResumeInteractiveMode(form);
+}
+
 InteractiveMode::InteractiveMode(Platform& platform, Variables& variables, FrmStart& form,
                                  Communications& communications, SettingCommands& commands,
                                  const WholeSend& wholeSend)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 namespace marlinset {
@@ -16,6 +17,14 @@ struct Variables;
 /// Takes the tool off line: the model menu is the operator's again, polling stops, the slate preview goes
 /// off, and status bar and indicator show it. Does nothing when the tool is off line already.
 void LeaveInteractiveMode(FrmStart& form);
+
+/// Lets polling rest while a dialog or a long action runs; the status bar says so.
+void SuspendInteractiveMode(FrmStart& form);
+/// Takes polling up again; nothing is sent.
+void ResumeInteractiveMode(FrmStart& form);
+/// Runs `action`; when interactive mode is on, it is suspended meanwhile. An action that fails leaves it
+/// suspended, and the operator has to choose it again.
+void Suspended(FrmStart& form, const std::function<void()>& action);
 
 /// Interactive mode: the unit gets the whole configuration once and every change from then on; every five
 /// seconds the tool asks who it is and which video standard it sees, follows its standard if the operator

@@ -7,6 +7,7 @@
 #include "core/panel_setup.h"
 #include "core/variables.h"
 #include "files/configuration_file.h"
+#include "link/interactive_mode.h"
 #include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/platform.h"
@@ -60,41 +61,15 @@ void FileCommands::AskToSave() {
 /// In interactive mode the unit follows at once.
 void FileCommands::Replace(const std::function<void()>& action) {
   const bool interactive = form_.mnuInter.Checked();
-  Suspended([&] {
+  Suspended(form_, [&] {
     action();
     if (interactive) form_.bSConfig.Press();
   });
 }
 
 void FileCommands::Save(std::string_view flow) {
-  Suspended([&] { file_.SaveConfig(flow); });
+  Suspended(form_, [&] { file_.SaveConfig(flow); });
   vars_.ConfigSaved = true;
-}
-
-void FileCommands::Suspended(const std::function<void()>& action) {
-  if (!form_.mnuInter.Checked()) {
-    action();
-    return;
-  }
-  Suspend();
-  action();
-  Resume();
-}
-
-void FileCommands::Suspend() {
-  form_.InterTime.SetEnabled(false);
-  form_.mnuInter.SetChecked(false);
-  form_.mnuOff.SetChecked(true);
-  form_.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode disabled ");
-  form_.ShowVideoPicture(2);
-  form_.HideImages();
-}
-
-void FileCommands::Resume() {
-  form_.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode enabled ");
-  form_.mnuInter.SetChecked(true);
-  form_.mnuOff.SetChecked(false);
-  form_.InterTime.SetEnabled(true);
 }
 
 }  // namespace marlinset

@@ -25,15 +25,10 @@ class FileCommands {
   void mnuSav_Click();
   void mnuSave_Click();  ///< Save As
 
-  /// Runs `action`; when interactive mode is on, it is suspended meanwhile.
-  void Suspended(const std::function<void()>& action);
-
  private:
   void AskToSave();
   void Replace(const std::function<void()>& action);
   void Save(std::string_view flow);
-  void Suspend();
-  void Resume();
 
   Platform& platform_;
   Variables& vars_;

@@ -13,6 +13,8 @@ class SettingsStore;
 class Guard;
 class FileDialog;
 class FileSystem;
+class FormPrinter;
+class Desktop;
 
 /// What the computer offers, as the tool sees it. Put together in app/ (or in a test) and handed down by
 /// reference.
@@ -25,6 +27,8 @@ struct Platform {
   Guard& guard;
   FileDialog& fileDialog;
   FileSystem& files;
+  FormPrinter& printer;
+  Desktop& desktop;
   /// Folder of the program: reference database and default configuration lie here.
   std::string programFolder;
 };

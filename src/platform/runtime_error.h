@@ -38,6 +38,7 @@ constexpr int kErrNoSuchElement = 340;
 constexpr int kErrElementLoaded = 360;
 constexpr int kErrBadProperty = 380;
 constexpr int kErrNotSupported = 438;
+constexpr int kErrPrinter = 482;
 constexpr int kErrNoCurrentRecord = 3021;
 constexpr int kErrNoDatabase = 3024;
 constexpr int kErrNoTable = 3078;

@@ -6,8 +6,10 @@
 #include "core/load_arrays.h"
 #include "platform/guard.h"
 #include "platform/sqlite/sqlite_engine.h"
+#include "tests/support/fake_desktop.h"
 #include "tests/support/fake_dialogs.h"
 #include "tests/support/fake_file_dialog.h"
+#include "tests/support/fake_printer.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/sqlite_file.h"
 #include "tests/support/temp_folder.h"
@@ -28,7 +30,10 @@ struct DatabaseTool {
   Guard guard{dialogs};
   FakeFileDialog fileDialog;
   TestFiles files;
-  Platform platform{pump, line, engine, dialogs, settings, guard, fileDialog, files, folder.Path() + "/"};
+  FakePrinter printer;
+  FakeDesktop desktop;
+  Platform platform{pump,       line,  engine,  dialogs, settings,           guard,
+                    fileDialog, files, printer, desktop, folder.Path() + "/"};
   Variables variables;
   ReferenceDatabase database{platform, variables};
 

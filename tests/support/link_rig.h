@@ -17,8 +17,10 @@
 #include "platform/data_engine.h"
 #include "platform/guard.h"
 #include "platform/platform.h"
+#include "tests/support/fake_desktop.h"
 #include "tests/support/fake_dialogs.h"
 #include "tests/support/fake_file_dialog.h"
+#include "tests/support/fake_printer.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/sample_panels.h"
 #include "tests/support/test_files.h"
@@ -79,8 +81,10 @@ struct LinkRigOn {
   Guard guard{dialogs};
   FakeFileDialog fileDialog;
   TestFiles files;
+  FakePrinter printer;
+  FakeDesktop desktop;
   NoEngine engine;
-  Platform platform{pump, line, engine, dialogs, settings, guard, fileDialog, files, ""};
+  Platform platform{pump, line, engine, dialogs, settings, guard, fileDialog, files, printer, desktop, ""};
   Variables vars;
   FrmStart form{pump, guard};
   Ports ports{platform, vars, form};

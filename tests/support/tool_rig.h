@@ -6,8 +6,10 @@
 #include "app/tool.h"
 #include "platform/guard.h"
 #include "platform/sqlite/sqlite_engine.h"
+#include "tests/support/fake_desktop.h"
 #include "tests/support/fake_dialogs.h"
 #include "tests/support/fake_file_dialog.h"
+#include "tests/support/fake_printer.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/test_files.h"
 #include "tests/support/unit_line.h"
@@ -17,7 +19,8 @@ namespace marlinset {
 /// The whole tool on the virtual clock with the shipped reference database and a virtual unit on every port.
 struct ToolRig {
   explicit ToolRig(const UnitSettings& unit = {}, const std::string& folder = SHIPPED_DATABASE_FOLDER)
-      : line(pump, unit), tool({pump, line, engine, dialogs, settings, guard, fileDialog, files, folder}) {
+      : line(pump, unit),
+        tool({pump, line, engine, dialogs, settings, guard, fileDialog, files, printer, desktop, folder}) {
     line.SetPorts({1, 2, 3, 4});
   }
 
@@ -36,6 +39,8 @@ struct ToolRig {
   Guard guard{dialogs};
   FakeFileDialog fileDialog;
   TestFiles files;
+  FakePrinter printer;
+  FakeDesktop desktop;
   Tool tool;
 };
 

@@ -28,7 +28,7 @@ struct CliOptions {
   bool virtualClock = false;
   std::string scriptFile;                   ///< empty: standard input
   std::vector<std::string> configurations;  ///< configuration files; compose: the JSON text
-  std::string output;                       ///< compose: the configuration file to write
+  std::string output;                       ///< file to write: compose a configuration, print a PDF document
   bool json = false;                        ///< show: as JSON
   bool verbose = false;                     ///< send: print each message
 };
@@ -36,6 +36,8 @@ struct CliOptions {
 int RunScript(const CliOptions& options);
 int RunSend(const CliOptions& options);
 int RunIdentify(const CliOptions& options);
+/// Prints a configuration, or the defaults, into a PDF document. Needs a QGuiApplication.
+int RunPrint(const CliOptions& options);
 /// Lists configuration files. kExitNotDone when one can't be read.
 int RunShow(const CliOptions& options);
 /// Compares two configuration files. kExitNotDone when they differ, kExitUsage when one can't be read.

@@ -5,6 +5,7 @@
 #include "app/cli/commands.h"
 #include "app/cli/line_input.h"
 #include "app/cli/queued_dialogs.h"
+#include "app/cli/queued_printer.h"
 #include "app/cli/script.h"
 #include "app/recording_line.h"
 #include "app/tool.h"
@@ -35,6 +36,8 @@ int RunScript(const CliOptions& options) {
   QueuedFileDialog fileDialog(dialogs);
   for (const std::string& file : options.files) fileDialog.QueueFile(file);
   Computer computer(options.common, clock, dialogs, fileDialog);
+  QueuedPrinter printer(dialogs, computer.Printer());
+  computer.UsePrinter(printer);
   RecordingLine line(computer.Line(), computer.Pump());
   Platform platform = computer.MakePlatform(line);
   Tool tool(platform);

@@ -5,9 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "app/cli/commands.h"
-#include "app/cli/queued_dialogs.h"
-#include "app/tool.h"
+#include "app/cli/terminal_run.h"
 #include "link/frame.h"
 #include "platform/text.h"
 
@@ -22,16 +20,6 @@ void CatchInterrupt() {
   action.sa_handler = [](int) { interrupted = 1; };
   action.sa_flags = SA_RESETHAND;
   ::sigaction(SIGINT, &action, nullptr);
-}
-
-/// Boxes of a run at a terminal go to standard error.
-void PrintBox(const MessageBox& box, BoxAnswer answer) {
-  if (::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");  // the progress stood there
-  std::fprintf(stderr, "%s\n", box.text.c_str());
-  if (!box.remedy.empty()) std::fprintf(stderr, "%s\n", box.remedy.c_str());
-  if (box.buttons == BoxButtons::kYesNo) {
-    std::fprintf(stderr, "  answered: %s\n", answer == BoxAnswer::kYes ? "Yes" : "No");
-  }
 }
 
 /// The frame of a message as it went over the line.
@@ -74,40 +62,6 @@ class Progress {
   int count_ = 0;
 };
 
-/// A tool at a terminal, started and with its port chosen: the one of the lowest number that was named on the
-/// command line, otherwise the one that the settings remember.
-class TerminalRun {
- public:
-  explicit TerminalRun(const CliOptions& options)
-      : computer_(options.common, Computer::ClockKind::kReal, dialogs_, fileDialog_),
-        tool(computer_.MakePlatform()) {
-    for (const std::string& answer : options.answers) dialogs_.QueueAnswer(answer);
-    for (const std::string& file : options.files) fileDialog_.QueueFile(file);
-    dialogs_.onShown = PrintBox;
-    started_ = Start(options);
-  }
-  bool Started() const { return started_; }
-  bool PortOpen() { return computer_.Line().PortOpen(); }
-
- private:
-  bool Start(const CliOptions& options) {
-    try {
-      if (!tool.Start(options.common.commandText, false)) return false;
-    } catch (const ProgramEnd&) {
-      return false;
-    }
-    tool.ports.UseNamedPort(options.common.ports);
-    return true;
-  }
-  QueuedDialogs dialogs_;
-  QueuedFileDialog fileDialog_{dialogs_};
-  Computer computer_;
-  bool started_ = false;
-
- public:
-  Tool tool;
-};
-
 int StatusOf(const SendResult& result, bool portOpen) {
   switch (result.end) {
     case SendEnd::kComplete:
@@ -134,11 +88,7 @@ int RunSend(const CliOptions& options) {
   TerminalRun run(options);
   if (!run.Started()) return kExitStart;
   Tool& tool = run.tool;
-  if (!options.configurations.empty()) {
-    tool.platform.fileDialog.FileName = options.configurations.front();
-    tool.configurationFile.ReadConfigFile();
-    if (tool.configurationFile.LastRead() != ReadEnd::kLoaded) return kExitNotDone;
-  }
+  if (!run.LoadConfiguration(options)) return kExitNotDone;
   Progress progress(tool, options.verbose);
   tool.commands.MessageSent.Connect([&](const SentMessage& message) { progress.Show(message); });
   tool.wholeSend.stopRequested = [] { return interrupted != 0; };

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "app/cli/commands.h"
+#include "app/cli/queued_dialogs.h"
+#include "app/tool.h"
+
+namespace marlinset {
+
+/// A tool at a terminal, started and with its port chosen: the one of the lowest number that was named on the
+/// command line, otherwise the one that the settings remember. Boxes go to standard error.
+class TerminalRun {
+ public:
+  explicit TerminalRun(const CliOptions& options);
+  bool Started() const { return started_; }
+  bool PortOpen() { return computer_.Line().PortOpen(); }
+  /// Loads the configuration that was named, if one was. False when it can't be read, which has been told.
+  bool LoadConfiguration(const CliOptions& options);
+
+ private:
+  bool Start(const CliOptions& options);
+  QueuedDialogs dialogs_;
+  QueuedFileDialog fileDialog_{dialogs_};
+  Computer computer_;
+  bool started_ = false;
+
+ public:
+  Tool tool;
+};
+
+}  // namespace marlinset

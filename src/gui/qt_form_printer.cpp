@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/qt_form_printer.h"
+
+#include <QApplication>
+#include <QPageLayout>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+#include "gui/look.h"
+#include "platform/qt/sheet_painter.h"
+#include "platform/runtime_error.h"
+
+namespace marlinset {
+namespace {
+
+/// Collects the forms; they are painted when the job is finished, so a job that fails on the way wastes no
+/// paper.
+class QtJob : public PrintJob {
+ public:
+  explicit QtJob(const PrintRequest& request) : printer_(QPrinter::HighResolution) {
+    printer_.setDocName(Shown(request.title));
+    printer_.setPageLayout(RecordLayout(printer_));
+  }
+  void PrintForm(const PrintedForm& form) override { forms_.push_back(form); }
+
+ protected:
+  QPrinter& Printer() { return printer_; }
+  void Paint(QPrinter& printer) const { PaintForms(printer, forms_); }
+
+ private:
+  QPrinter printer_;
+  std::vector<PrintedForm> forms_;
+};
+
+class PaperJob : public QtJob {
+ public:
+  using QtJob::QtJob;
+  void Finish() override {
+    Paint(Printer());
+    if (Printer().printerState() == QPrinter::Error) throw RuntimeError(kErrPrinter, "Printer error");
+  }
+};
+
+class PreviewJob : public QtJob {
+ public:
+  using QtJob::QtJob;
+  void Finish() override {
+    QPrintPreviewDialog window(&Printer(), QApplication::activeWindow());
+    window.setWindowTitle(QStringLiteral("Print preview"));
+    bool failed = false;
+    // No failure may fly through the window's own loop.
+    QObject::connect(&window, &QPrintPreviewDialog::paintRequested, &window, [&](QPrinter* printer) {
+      try {
+        Paint(*printer);
+      } catch (const RuntimeError&) {
+        failed = true;
+      }
+    });
+    window.resize(window.fontMetrics().averageCharWidth() * 120, window.fontMetrics().height() * 48);
+    window.exec();
+    if (failed) throw RuntimeError(kErrPrinter, "Printer error");
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<PrintJob> QtFormPrinter::Begin(const PrintRequest& request) {
+  switch (request.target) {
+    case PrintTarget::kFile:
+      return documents_.Begin(request);
+    case PrintTarget::kPreview:
+      return std::make_unique<PreviewJob>(request);
+    case PrintTarget::kPrinter:
+      break;
+  }
+  if (QPrinterInfo::defaultPrinter().isNull()) {
+    throw RuntimeError(kErrPrinter,
+                       "Printer error: there is no default printer. Choose one in the desktop's settings, or "
+                       "use Export as PDF.");
+  }
+  return std::make_unique<PaperJob>(request);
+}
+
+}  // namespace marlinset

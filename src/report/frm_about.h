@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/controls.h"
+#include "platform/form.h"
+
+namespace marlinset {
+
+/// The About box: what is running, on which reference database, with which unit.
+class FrmAbout : public Form {
+ public:
+  explicit FrmAbout(Guard& guard) : Form("frmAbout", guard) {
+    cmdOK.SetCaption("OK");
+    cmdSysInfo.SetCaption("&System Info...");
+  }
+
+  PictureBox Picture1{*this, "Picture1"};  ///< the program's icon
+  Label lblTitle{*this, "lblTitle"}, lblVersion{*this, "lblVersion"};
+  Label lblDatabase{*this, "lblDatabase"}, lblFirmWare{*this, "lblFirmWare"};
+  Label lblDescription{*this, "lblDescription"};  ///< who made the program
+  Label lblDisclaimer{*this, "lblDisclaimer"};    ///< where updates and help are, and the notice
+  Button cmdOK{*this, "cmdOK"};
+  Button cmdSysInfo{*this, "cmdSysInfo"};  ///< "&" in its caption marks the mnemonic
+};
+
+}  // namespace marlinset

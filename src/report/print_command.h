@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "platform/form_printer.h"
+
+namespace marlinset {
+
+class FrmPrint;
+class FrmStart;
+struct Platform;
+struct Variables;
+
+/// File > Print, Print preview and Export as PDF: the composition as a two-page record. It shows what the
+/// panels show, not what a unit holds.
+class PrintCommand {
+ public:
+  PrintCommand(Platform& platform, const Variables& variables, FrmStart& form);
+
+  /// To the default printer. Polling rests meanwhile; a printer that fails leaves interactive mode suspended.
+  void mnuPrint_Click();
+  /// Fills the two pages from the panels and hands them over as one job. Failures of the device go to the
+  /// caller.
+  void PrintConfig(PrintRequest request);
+
+ private:
+  void Preview();
+  void Export();
+  std::string AskForDocument() const;
+  /// Runs `action` with polling at rest, and takes it up again also when `action` fails.
+  template <class Action>
+  void Undisturbed(const Action& action);
+  void FillPage1(FrmPrint& page) const;
+  void FillPage2(FrmPrint& page) const;
+  void CopyVitcLines(FrmPrint& page) const;
+  void CopyPort(FrmPrint& page) const;
+  void CopyAttributes(FrmPrint& page) const;
+  void CopyDownConverter(FrmPrint& page) const;
+  void CopyWindows(FrmPrint& page) const;
+
+  Platform& platform_;
+  const Variables& vars_;
+  FrmStart& form_;
+};
+
+}  // namespace marlinset
