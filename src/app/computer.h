@@ -9,8 +9,10 @@
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_dialog.h"
+#include "platform/file_engine.h"
 #include "platform/guard.h"
 #include "platform/local_files.h"
+#include "platform/mdb/mdb_engine.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/port_map.h"
@@ -63,7 +65,9 @@ class Computer {
   std::unique_ptr<PortMap> portMap_;
   std::unique_ptr<EventPump> pump_;
   std::unique_ptr<MSComm> line_;
-  SqliteEngine engine_;
+  SqliteEngine sqlite_;
+  MdbEngine access_;
+  FileEngine engine_{sqlite_, access_};
   PdfPrinter pdfPrinter_;
   FormPrinter* printer_ = &pdfPrinter_;
   QtDesktop desktop_;

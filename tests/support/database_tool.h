@@ -4,7 +4,9 @@
 #include <string>
 
 #include "core/load_arrays.h"
+#include "platform/file_engine.h"
 #include "platform/guard.h"
+#include "platform/mdb/mdb_engine.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/fake_dialogs.h"
@@ -24,7 +26,9 @@ struct DatabaseTool {
   TempFolder folder;
   VirtualPump pump;
   UnitLine line{pump};
-  SqliteEngine engine;
+  SqliteEngine sqlite;
+  MdbEngine access;
+  FileEngine engine{sqlite, access};
   FakeDialogs dialogs;
   MemorySettings settings;
   Guard guard{dialogs};

@@ -4,7 +4,9 @@
 #include <string>
 
 #include "app/tool.h"
+#include "platform/file_engine.h"
 #include "platform/guard.h"
+#include "platform/mdb/mdb_engine.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/fake_dialogs.h"
@@ -33,7 +35,9 @@ struct ToolRig {
 
   VirtualPump pump;
   UnitLine line;
-  SqliteEngine engine;
+  SqliteEngine sqlite;
+  MdbEngine access;
+  FileEngine engine{sqlite, access};
   FakeDialogs dialogs;
   MemorySettings settings;
   Guard guard{dialogs};

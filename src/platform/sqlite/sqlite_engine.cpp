@@ -13,14 +13,11 @@
 #include <utility>
 #include <vector>
 
-#include "platform/runtime_error.h"
-#include "platform/text.h"
+#include "platform/row_set.h"
 
 namespace marlinset {
 namespace {
 
-// Far above anything a reference database holds; a file that claims more is damaged.
-constexpr std::size_t kMostRows = 100000;
 constexpr int kLongestValue = 1 << 20;  // bytes
 // How long a file that is just being written may keep a reader waiting.
 constexpr int kBusyMilliseconds = 1000;
@@ -33,57 +30,6 @@ struct FinalizeStatement {
 };
 using Handle = std::unique_ptr<sqlite3, CloseDatabase>;
 using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
-
-RuntimeError BadDatabase(const std::string& path, std::string_view reason) {
-  return {kErrBadDatabase, "Unrecognized database '" + path + "': " + std::string(reason) + "."};
-}
-
-RuntimeError NoTable(std::string_view name) {
-  return {kErrNoTable, "Couldn't find table '" + std::string(name) + "' in the database."};
-}
-
-RuntimeError NoCurrentRecord() {
-  return {kErrNoCurrentRecord, "No current record."};
-}
-
-struct RowSet {
-  std::vector<std::string> columns;
-  std::vector<std::vector<FieldValue>> rows;
-};
-
-class SqliteRecordset : public Recordset {
- public:
-  explicit SqliteRecordset(RowSet set) : set_(std::move(set)) {}
-
-  int RecordCount() const override { return static_cast<int>(set_.rows.size()); }
-  void MoveFirst() override { MoveTo(0); }
-  void MoveLast() override { MoveTo(set_.rows.size() - 1); }
-  void MoveNext() override {
-    if (current_ >= set_.rows.size()) throw NoCurrentRecord();
-    ++current_;
-  }
-
-  FieldValue Fields(std::string_view column) const override {
-    const std::size_t index = IndexOf(column);
-    if (current_ >= set_.rows.size()) throw NoCurrentRecord();
-    return set_.rows[current_][index];
-  }
-
- private:
-  void MoveTo(std::size_t row) {
-    if (set_.rows.empty()) throw NoCurrentRecord();
-    current_ = row;
-  }
-  std::size_t IndexOf(std::string_view column) const {
-    for (std::size_t i = 0; i < set_.columns.size(); ++i) {
-      if (EqualNoCase(set_.columns[i], column)) return i;
-    }
-    throw RuntimeError(kErrNoColumn, "Item '" + std::string(column) + "' not found in this collection.");
-  }
-
-  RowSet set_;
-  std::size_t current_ = 0;
-};
 
 FieldValue ValueOf(sqlite3_stmt* statement, int column) {
   switch (sqlite3_column_type(statement, column)) {
@@ -108,11 +54,6 @@ std::string Quoted(std::string_view text, char quote = '"') {
   return quoted + quote;
 }
 
-bool IsQuery(std::string_view text) {
-  constexpr std::string_view kSelect = "select ";
-  return EqualNoCase(text.substr(0, kSelect.size()), kSelect);
-}
-
 class SqliteDatabase : public Database {
  public:
   SqliteDatabase(Handle handle, std::string path) : handle_(std::move(handle)), path_(std::move(path)) {}
@@ -127,9 +68,9 @@ class SqliteDatabase : public Database {
   std::unique_ptr<Recordset> OpenRecordset(std::string_view nameOrQuery) override {
     if (IsQuery(nameOrQuery)) {
       CompareWithoutCase();
-      return std::make_unique<SqliteRecordset>(Read(Prepare(std::string(nameOrQuery)).get()));
+      return MakeRecordset(Read(Prepare(std::string(nameOrQuery)).get()));
     }
-    return std::make_unique<SqliteRecordset>(Read(PrepareTable(nameOrQuery).get()));
+    return MakeRecordset(Read(PrepareTable(nameOrQuery).get()));
   }
 
  private:
@@ -205,7 +146,7 @@ class SqliteDatabase : public Database {
     constexpr std::string_view kColumn = "no such column: ";
     if (message.starts_with(kTable)) return NoTable(message.substr(kTable.size()));
     if (message.starts_with(kColumn)) {
-      return {kErrNoColumn, "Item '" + message.substr(kColumn.size()) + "' not found in this collection."};
+      return NoColumn(message.substr(kColumn.size()));
     }
     return {kErrInternal, "Query failed: " + message};
   }
@@ -232,8 +173,11 @@ class SharedDatabase : public Database {
 void CheckSignature(const std::string& path) {
   constexpr std::string_view kSignature("SQLite format 3\0", 16);
   std::array<char, 16> start{};
-  std::ifstream in(path, std::ios::binary);
-  if (!in) throw BadDatabase(path, "the file cannot be read");
+  std::error_code ignored;
+  std::ifstream in;
+  // A pipe would be waited for.
+  if (std::filesystem::is_regular_file(path, ignored)) in.open(path, std::ios::binary);
+  if (!in.is_open()) throw BadDatabase(path, "the file cannot be read");
   in.read(start.data(), start.size());
   if (!in || std::string_view(start.data(), start.size()) != kSignature) {
     throw BadDatabase(path, "the file is not a reference database");

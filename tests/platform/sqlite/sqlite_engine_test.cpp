@@ -2,6 +2,7 @@
 #include "platform/sqlite/sqlite_engine.h"
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <filesystem>
@@ -132,6 +133,8 @@ TEST_F(SqliteEngineTest, NamesWhatIsMissing) {
 
 TEST_F(SqliteEngineTest, RefusesWhatIsNoDatabase) {
   EXPECT_EQ(OpenFailure(folder.Path()), kErrBadDatabase) << "a folder";
+  ASSERT_EQ(mkfifo(folder.File("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(OpenFailure(folder.File("pipe")), kErrBadDatabase) << "waiting for a writer would be for ever";
   EXPECT_EQ(OpenFailure(folder.Write("empty.mdb", "")), kErrBadDatabase);
   EXPECT_EQ(OpenFailure(folder.Write("text.mdb", "Dear operator, this is a text.\n")), kErrBadDatabase);
   EXPECT_EQ(OpenFailure(folder.Write("start.mdb", std::string_view("SQLite format 3\0", 16))),
