@@ -15,17 +15,25 @@
 namespace marlinset {
 namespace {
 
-/// A path as the command line has it, counted from the folder in which the program was started: file dialogs
-/// take the tool to other folders. A path that has no whole form stays as it is, and whoever opens it tells
-/// what is wrong.
+/// The folder of the reference database: that of the programs, as in a build tree, or the one that an
+/// installation has for data. Where neither holds it, a message names the first.
+std::string FolderOfDatabase() {
+  const std::filesystem::path programs = QCoreApplication::applicationDirPath().toStdString();
+  const auto data = (programs / MARLINSET_DATA_FOLDER).lexically_normal();
+  std::error_code unknown;
+  const bool installed = !std::filesystem::exists(programs / kDatabaseFile, unknown) &&
+                         std::filesystem::exists(data / kDatabaseFile, unknown);
+  return installed ? data.string() : programs.string();
+}
+
+}  // namespace
+
 std::string WholePath(const std::string& path) {
   if (path.empty()) return path;
   std::error_code unknown;
   const auto whole = std::filesystem::absolute(path, unknown);
   return unknown ? path : whole.string();
 }
-
-}  // namespace
 
 void AddCommonOptions(CLI::App& app, CommonOptions& options) {
   app.add_option("--program-folder", options.programFolder,
@@ -42,7 +50,7 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
 
 Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs, FileDialog& fileDialog)
     : dialogs_(dialogs), fileDialog_(fileDialog), guard_(dialogs), programFolder_(options.programFolder) {
-  if (programFolder_.empty()) programFolder_ = QCoreApplication::applicationDirPath().toStdString();
+  if (programFolder_.empty()) programFolder_ = FolderOfDatabase();
   programFolder_ = WholePath(programFolder_);
   settings_ = options.settingsFile.empty() ? std::make_unique<QtSettings>()
                                            : std::make_unique<QtSettings>(options.settingsFile);

@@ -29,11 +29,16 @@ namespace marlinset {
 
 /// What every program of the tool can be told on its command line.
 struct CommonOptions {
-  std::string programFolder;  ///< empty: the folder of the program
+  std::string programFolder;  ///< empty: that of the program, or of its installed data
   std::string settingsFile;   ///< empty: the user's own store
   std::string commandText;    ///< names an operating mode
   PortMap::Paths ports;       ///< device behind each port number, empty: chosen by the settings or found
 };
+
+/// A path as the command line has it, counted from the folder in which the program was started: file dialogs
+/// take the tool to other folders. A path that has no whole form stays as it is, and whoever opens it tells
+/// what is wrong.
+std::string WholePath(const std::string& path);
 
 /// Adds --program-folder, --settings, --command and --com1 to --com4.
 void AddCommonOptions(CLI::App& app, CommonOptions& options);

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kExitUsage = 2;
 
-int RunWindow(const CommonOptions& options, bool send) {
+int RunWindow(const CommonOptions& options, bool send, const std::string& file) {
   QtDialogs dialogs;
   QtFileDialog fileDialog;
   Computer computer(options, Computer::ClockKind::kReal, dialogs, fileDialog);
@@ -38,9 +38,10 @@ int RunWindow(const CommonOptions& options, bool send) {
                            .lookForDevices = [&] { tool.ports.LookForDevices(); }});
   FrmSplash splashForm(computer.Pump(), computer.GetGuard());
   Splash splash(
-      splashForm, [&] { tool.Load(options.commandText); },
+      splashForm, [&] { tool.Load(options.commandText, file.empty()); },
       [&] {
         tool.Show();
+        if (!file.empty()) tool.platform.guard.Run([&] { tool.fileCommands.OpenNamed(file); });
         if (send) QTimer::singleShot(0, &window, [&tool] { tool.form.bSConfig.OperatorClick(); });
       });
   const SplashWindow splashWindow(splashForm, [&] { splash.Skip(); });
@@ -56,18 +57,22 @@ int RunWindow(const CommonOptions& options, bool send) {
 int Main(int argc, char** argv) {
   CommonOptions options;
   bool send = false;
+  std::string file;
   CLI::App app("Configuration tool of the 7340 units", "marlinset");
   app.set_version_flag("--version", "marlinset " MARLINSET_VERSION);
   AddCommonOptions(app, options);
   app.add_flag("--send", send, "Send the setup to the unit once the window is up");
+  app.add_option("FILE", file, "Configuration file to open; without it what the last run asked for");
   try {
     app.allow_extras();  // the desktop's own options are still among them
     app.parse(argc, argv);
     const QApplication application(argc, argv);
     QApplication::setStyle(new ReadableStyle);
+    QGuiApplication::setDesktopFileName(QStringLiteral("marlinset"));
     app.allow_extras(false);
+    file.clear();  // it may have been the value of one of those
     app.parse(argc, argv);
-    return RunWindow(options, send);
+    return RunWindow(options, send, WholePath(file));
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kExitUsage;
   }

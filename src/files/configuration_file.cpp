@@ -158,11 +158,23 @@ void ConfigurationFile::LoadConfig() {
     if (!vars_.ConfigFolder.empty()) ChangeToConfigFolder();
     dialog.InitDir = vars_.ConfigFolder;
     dialog.ShowOpen();
-    ReadConfigFile();
-    vars_.CurrentFile = dialog.FileName;
-    UpdateFileTitle();
-    ShowStatus("File " + vars_.CurrentFile + " Loaded ");
+    TakeChosenFile();
   });
+}
+
+void ConfigurationFile::LoadNamed(const std::string& name) {
+  ShowStatus("Getting Saved Data ");
+  WithDialog(platform_, "Error during load, load aborted!", [&] {
+    platform_.fileDialog.FileName = name;
+    TakeChosenFile();
+  });
+}
+
+void ConfigurationFile::TakeChosenFile() {
+  ReadConfigFile();
+  vars_.CurrentFile = platform_.fileDialog.FileName;
+  UpdateFileTitle();
+  ShowStatus("File " + vars_.CurrentFile + " Loaded ");
 }
 
 void ConfigurationFile::ChangeToConfigFolder() {

@@ -42,6 +42,8 @@ class ConfigurationFile {
 
   /// Asks for a file and reads it. Title and status name the file also when it could not be read.
   void LoadConfig();
+  /// The same without asking.
+  void LoadNamed(const std::string& name);
 
   /// Reads the file named by the dialog.
   void ReadConfigFile();
@@ -59,6 +61,7 @@ class ConfigurationFile {
   void KeepOldContent(const std::string& name);
   std::optional<std::vector<std::uint8_t>> ContentOf(const std::string& name);
   void ChangeToConfigFolder();
+  void TakeChosenFile();
   std::optional<std::vector<std::uint8_t>> OpeningStage();
   bool LocateFile();
   ReadEnd ParsingStage(const std::vector<std::uint8_t>& bytes);

@@ -40,6 +40,12 @@ void FileCommands::mnuOpen_Click() {
   vars_.ConfigSaved = true;
 }
 
+void FileCommands::OpenNamed(const std::string& name) {
+  AskToSave();
+  Replace([&] { file_.LoadNamed(name); });
+  vars_.ConfigSaved = true;
+}
+
 void FileCommands::mnuSav_Click() {
   if (IsSystemDefaultName(vars_.CurrentFile)) {
     form_.mnuSave.Press();

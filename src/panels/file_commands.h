@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 namespace marlinset {
@@ -24,6 +25,8 @@ class FileCommands {
   void mnuOpen_Click();
   void mnuSav_Click();
   void mnuSave_Click();  ///< Save As
+  /// Open, with a file that the desktop has named in place of the dialog.
+  void OpenNamed(const std::string& name);
 
  private:
   void AskToSave();

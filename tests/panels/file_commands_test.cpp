@@ -83,6 +83,22 @@ TEST_F(FileCommandsTest, TheQuestionComesOnlyForEditsAndBeforeTheDialog) {
   EXPECT_EQ(rig.fileDialog.shown.size(), 3U);
 }
 
+TEST_F(FileCommandsTest, AFileThatTheDesktopNamesOpensAsIfItHadBeenChosen) {
+  vars.ConfigSaved = false;
+  form.tWinMess.SetText("precious");
+  rig.dialogs.answers = {BoxAnswer::kYes};
+  Choose("precious.qcf");
+  rig.tool.fileCommands.OpenNamed(rig.tool.variables.AppPath + "System Default Video.qcf");
+  EXPECT_THAT(rig.Boxes(), ElementsAre(kQuestion));
+  EXPECT_EQ(form.tWinMess.Text(), "") << "another one is open now";
+  EXPECT_EQ(form.Caption(), "7340 Marlinset - System Default Video");
+  rig.tool.fileCommands.OpenNamed(folder.File("precious.qcf"));
+  EXPECT_EQ(form.tWinMess.Text(), "precious");
+  EXPECT_EQ(rig.settings.GetSetting("Load", ""), folder.Path() + "/") << "where the next dialog opens";
+  EXPECT_TRUE(vars.ConfigSaved);
+  EXPECT_EQ(rig.fileDialog.shown.size(), 1U) << "only to save";
+}
+
 TEST_F(FileCommandsTest, EveryCommandEndsSavedEvenWhenCancelled) {
   for (MenuItem* command : {&form.mnuOpen, &form.mnuSave}) {
     vars.ConfigSaved = false;
