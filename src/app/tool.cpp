@@ -50,7 +50,7 @@ bool Tool::Start(const std::string& commandText, bool resume) {
 }
 
 std::vector<Form*> Tool::Forms() {
-  return {&form, &parameterDialogs.frmEditParameters, &parameterDialogs.frmDeleteParameter};
+  return {&form, &parameterDialogs.frmEditParameters, &parameterDialogs.frmDeleteParameter, &about.form};
 }
 
 }  // namespace marlinset

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <memory>
 
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -12,11 +13,34 @@ namespace {
 
 constexpr char32_t kBackspace = 8;
 
-/// The text after one key press at its end.
+/// The text after one key press at its end. Enter, Esc and their like type nothing.
 std::string Typed(const std::string& text, char32_t code) {
   if (code == kBackspace) return LeftOf(text, LengthOf(text) - std::min<std::size_t>(LengthOf(text), 1));
+  if (code < U' ') return text;
   return text + TextOfCode(code);
 }
+
+/// Knows whether a control is still there. What an operator starts can wait for the unit, and a file that is
+/// opened meanwhile takes the rows of its predecessor away.
+class Watch {
+ public:
+  explicit Watch(Control& control) : control_(control) {
+    auto life = std::make_shared<bool>(true);
+    life_ = life;
+    id_ = control.Changed.Connect([life = std::move(life)] {});  // goes with the control's signal
+  }
+  ~Watch() {
+    if (There()) control_.Changed.Disconnect(id_);
+  }
+  Watch(const Watch&) = delete;
+  Watch& operator=(const Watch&) = delete;
+  bool There() const { return !life_.expired(); }
+
+ private:
+  Control& control_;
+  std::weak_ptr<bool> life_;
+  Signal<>::Id id_ = 0;
+};
 
 }  // namespace
 
@@ -202,12 +226,13 @@ void SpinControl::SetMax(int max) {
 
 bool SpinControl::OperatorStep(bool up, int times) {
   return AsOperator([this, up, times] {
+    const Watch watch(*this);
     for (int i = 0; i < times; ++i) {
       const bool rising = up == (max_ >= min_);
       const std::int64_t next = std::int64_t{value_} + (rising ? increment_ : -increment_);
       const int before = value_;
       SetValue(static_cast<int>(std::clamp<std::int64_t>(next, Lowest(), Highest())));
-      if (value_ == before) break;  // at the limit
+      if (!watch.There() || value_ == before) break;  // at the limit
     }
   });
 }

@@ -20,6 +20,7 @@ bool ReadNumber(std::string_view text, double& number, bool& restIsBlank) {
   constexpr std::string_view kBlanks = " \t\r\n";
   text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
   if (text.starts_with('+')) text.remove_prefix(1);
+  if (text.find_first_of(".0123456789") > (text.starts_with('-') ? 1U : 0U)) return false;  // "inf", "nan"
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc()) return false;
   text.remove_prefix(static_cast<std::size_t>(end - text.data()));

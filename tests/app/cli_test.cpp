@@ -163,6 +163,36 @@ TEST_F(CliTest, AScriptDoesWhatAnOperatorCould) {
   EXPECT_EQ(script.End(), 0);
 }
 
+TEST_F(CliTest, AScriptWorksTheWindowsOverTheMainWindow) {
+  CliProgram script(Words({"script", "--clock", "virtual"}));
+  script.ReadLine();
+  EXPECT_EQ(Answer(script, "click frmAbout.cmdOK")["ok"], false) << "not open";
+  EXPECT_EQ(Answer(script, "click mnuAbout")["messages"],
+            json::parse(R"([{"kind":"dialog","name":"frmAbout"}])"));
+  EXPECT_THAT(Answer(script, "get frmAbout.lblVersion")["text"].get<std::string>(),
+              testing::StartsWith("Release "));
+  EXPECT_EQ(Answer(script, "variable MainFormActive")["value"], false);
+  EXPECT_EQ(Answer(script, "click frmAbout.cmdOK")["ok"], true);
+  EXPECT_EQ(Answer(script, "variable MainFormActive")["value"], true);
+
+  for (const char* number : {"30", "31"}) {
+    Answer(script, "click mnuAddParameter");
+    Answer(script, std::string("type frmEditParameters.txtClass \"") + number + "\"");
+    EXPECT_EQ(Answer(script, "click frmEditParameters.cmdUpdate")["messages"][0]["icon"], "information");
+  }
+  EXPECT_EQ(Answer(script, "click frmEditParameters.cmdDone")["ok"], false) << "closed itself";
+  Answer(script, "click mnuRemoveParameter");
+  EXPECT_EQ(Answer(script, R"(choose frmDeleteParameter.lstParameter "31")")["ok"], true);
+  EXPECT_EQ(Answer(script, "choose frmDeleteParameter.lstParameter #2")["ok"], false);
+  EXPECT_EQ(Answer(script, "click frmDeleteParameter.Command2")["messages"][0]["text"],
+            "The Parameter entry has been deleted");
+  const json list = Answer(script, "get frmDeleteParameter.lstParameter");
+  EXPECT_EQ(list["list"], json::parse(R"([["30","0","","0","0"]])"));
+  EXPECT_EQ(list["index"], 0);
+  EXPECT_EQ(Answer(script, "close")["messages"][0]["text"], "Save Changes before Exit?");
+  EXPECT_EQ(script.End(), 2);
+}
+
 TEST_F(CliTest, AStartThatFailsSaysWhy) {
   struct Case {
     const char* sql;

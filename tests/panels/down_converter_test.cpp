@@ -45,6 +45,7 @@ TEST(DownConverter, SendsAllThreeChoicesToALiveUnitOfTheQModel) {
     rig.line.Unit().Faults().drop = item.lost;
     rig.line.ClearSent();
     const auto before = rig.pump.Now();
+    if (item.lost) rig.pump.At(before + 5000, [&] { form.ComDownConv(1).OperatorSelect(0); });
     form.ComDownConv(0).OperatorSelect(1);
     if (item.sends) {
       EXPECT_THAT(rig.line.Sent(), ElementsAre(FromHex("02 06 02 08 2d 01 09 09 b0")));
@@ -56,6 +57,7 @@ TEST(DownConverter, SendsAllThreeChoicesToALiveUnitOfTheQModel) {
                                      : std::vector<std::string>());
     EXPECT_EQ(rig.pump.Now() - before >= 10000, item.lost > 0) << "the unit gets its ten seconds";
     EXPECT_EQ(form.ComDownConv(0).Text(), "Motion Adaptive");
+    EXPECT_EQ(form.ComDownConv(1).ListIndex(), item.lost ? 0 : 9) << "a choice during the wait stands unsent";
     EXPECT_TRUE(rig.tool.variables.ConfigSaved);
   }
 }

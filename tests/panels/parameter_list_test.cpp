@@ -116,5 +116,20 @@ TEST_F(ParameterListTest, SendsEveryChangeInInteractiveModeForTheWholeInterval) 
   EXPECT_EQ(At(vars.SystemParameters, 1).Value, 2);
 }
 
+TEST_F(ParameterListTest, ASortSendsEachRowWhoseSpinMoves) {
+  Take({{3, 1, "b", 4}, {2, 9, "a", 6}, {1, 0, "B", 7}, {2, 1, "D", -2}});
+  form.bOpen.Press();
+  form.mnuInter.SetChecked(true);
+  form.dPause.SetInterval(100);
+  rig.line.ClearSent();
+  form.bClass.OperatorClick();
+  EXPECT_TRUE(rig.line.Sent().empty() && vars.ConfigSaved) << "nothing moves";
+  form.bDesc.OperatorClick();
+  EXPECT_THAT(rig.line.Sent(), ElementsAre(FromHex("02 09 0f 00 c0 01 03 04 00 00 00 20"),
+                                           FromHex("02 09 0f 00 c0 09 02 06 00 00 00 17"),
+                                           FromHex("02 09 0f 00 c0 01 02 fe ff ff ff 2a")));
+  EXPECT_FALSE(vars.ConfigSaved);
+}
+
 }  // namespace
 }  // namespace marlinset

@@ -39,10 +39,8 @@ std::string HexOf(const std::vector<std::uint8_t>& bytes) {
 int EntryOf(const Control& control, const Word& word) {
   const std::vector<std::string> entries = control.Entries();
   if (!word.quoted && word.text.starts_with('#')) {
-    const std::string number = word.text.substr(1);
-    const bool digits =
-        !number.empty() && number.size() < 9 && std::all_of(number.begin(), number.end(), isdigit);
-    if (digits && std::stoul(number) < entries.size()) return std::stoi(number);
+    const auto number = WholeNumber(std::string_view(word.text).substr(1));
+    if (number && *number >= 0 && *number < static_cast<int>(entries.size())) return *number;
   } else {
     const auto found = std::find(entries.begin(), entries.end(), word.text);
     if (found != entries.end()) return static_cast<int>(found - entries.begin());

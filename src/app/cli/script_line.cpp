@@ -49,12 +49,14 @@ Word TakeWord(std::string_view& text) {
   return word;
 }
 
-bool ParseNumber(std::string_view text, int& number) {
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc() && end == text.data() + text.size() && !text.empty();
-}
-
 }  // namespace
+
+std::optional<int> WholeNumber(std::string_view text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
 
 ScriptLine::ScriptLine(std::string_view line) {
   std::string_view text = SkipBlanks(WithoutTrailingBlanks(line));
@@ -72,10 +74,9 @@ const Word& ScriptLine::At(std::size_t index) const {
 }
 
 int ScriptLine::NumberAt(std::size_t index) const {
-  int number = 0;
-  if (!ParseNumber(At(index).text, number))
-    throw ScriptError("\"" + At(index).text + "\" is no whole number");
-  return number;
+  const auto number = WholeNumber(At(index).text);
+  if (!number) throw ScriptError("\"" + At(index).text + "\" is no whole number");
+  return *number;
 }
 
 void ScriptLine::Expect(std::size_t least, std::size_t most) const {
@@ -101,10 +102,11 @@ ControlName ParseControlName(std::string_view text) {
   result.name = text.substr(0, open);
   if (open != std::string_view::npos) {
     const bool closed = text.back() == ')';
-    if (!closed || !ParseNumber(text.substr(open + 1, text.size() - open - 2), result.index) ||
-        result.index < 0) {
+    const auto index = WholeNumber(text.substr(open + 1, text.size() - open - 2));
+    if (!closed || !index || *index < 0) {
       throw ScriptError("\"" + std::string(text) + "\" is no name of a control");
     }
+    result.index = *index;
   }
   if (result.name.empty()) throw ScriptError("the name of a control is missing");
   return result;

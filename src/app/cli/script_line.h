@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -13,6 +14,9 @@ class ScriptError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// A text that is a whole number, with "-" in front if it is negative, and nothing else.
+std::optional<int> WholeNumber(std::string_view text);
 
 /// A word of a script line; a text in double quotes is a JSON string and stands here decoded.
 struct Word {
