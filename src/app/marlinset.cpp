@@ -16,6 +16,7 @@
 #include "gui/readable_style.h"
 #include "gui/splash_window.h"
 #include "panels/splash.h"
+#include "platform/qt/sheet_painter.h"
 
 namespace marlinset {
 namespace {
@@ -26,7 +27,7 @@ int RunWindow(const CommonOptions& options, bool send, const std::string& file) 
   QtDialogs dialogs;
   QtFileDialog fileDialog;
   Computer computer(options, Computer::ClockKind::kReal, dialogs, fileDialog);
-  QtFormPrinter printer(computer.Printer());
+  QtFormPrinter printer(computer.Printer(), {.layout = RecordLayout, .paint = PaintForms});
   computer.UsePrinter(printer);
   Tool tool(computer.MakePlatform());
   AddParameterWindows(dialogs, tool.parameterDialogs.frmEditParameters,

@@ -8,7 +8,6 @@
 #include <QPrinterInfo>
 
 #include "gui/look.h"
-#include "platform/qt/sheet_painter.h"
 #include "platform/runtime_error.h"
 
 namespace marlinset {
@@ -18,17 +17,19 @@ namespace {
 /// paper.
 class QtJob : public PrintJob {
  public:
-  explicit QtJob(const PrintRequest& request) : printer_(QPrinter::HighResolution) {
+  QtJob(const PrintRequest& request, const SheetPainter& painter)
+      : painter_(painter), printer_(QPrinter::HighResolution) {
     printer_.setDocName(Shown(request.title));
-    printer_.setPageLayout(RecordLayout(printer_));
+    printer_.setPageLayout(painter_.layout(printer_));
   }
   void PrintForm(const PrintedForm& form) override { forms_.push_back(form); }
 
  protected:
   QPrinter& Printer() { return printer_; }
-  void Paint(QPrinter& printer) const { PaintForms(printer, forms_); }
+  void Paint(QPrinter& printer) const { painter_.paint(printer, forms_); }
 
  private:
+  SheetPainter painter_;
   QPrinter printer_;
   std::vector<PrintedForm> forms_;
 };
@@ -70,7 +71,7 @@ std::unique_ptr<PrintJob> QtFormPrinter::Begin(const PrintRequest& request) {
     case PrintTarget::kFile:
       return documents_.Begin(request);
     case PrintTarget::kPreview:
-      return std::make_unique<PreviewJob>(request);
+      return std::make_unique<PreviewJob>(request, painter_);
     case PrintTarget::kPrinter:
       break;
   }
@@ -79,7 +80,7 @@ std::unique_ptr<PrintJob> QtFormPrinter::Begin(const PrintRequest& request) {
                        "Printer error: there is no default printer. Choose one in the desktop's settings, or "
                        "use Export as PDF.");
   }
-  return std::make_unique<PaperJob>(request);
+  return std::make_unique<PaperJob>(request, painter_);
 }
 
 }  // namespace marlinset

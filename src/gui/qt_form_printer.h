@@ -1,18 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <vector>
+
 #include "platform/form_printer.h"
 
+class QPagedPaintDevice;
+class QPageLayout;
+
 namespace marlinset {
+
+/// How forms get onto a device with pages: the one way of printer, preview and document.
+struct SheetPainter {
+  /// Margins and orientation on the device's own paper.
+  QPageLayout (*layout)(const QPagedPaintDevice& device);
+  /// A sheet a page. Failure 482 when the device does not take them.
+  void (*paint)(QPagedPaintDevice& device, const std::vector<PrintedForm>& forms);
+};
 
 /// Prints on the desktop's default printer, shows a preview, and hands documents to another printer.
 class QtFormPrinter : public FormPrinter {
  public:
-  explicit QtFormPrinter(FormPrinter& documents) : documents_(documents) {}
+  QtFormPrinter(FormPrinter& documents, const SheetPainter& painter)
+      : documents_(documents), painter_(painter) {}
   std::unique_ptr<PrintJob> Begin(const PrintRequest& request) override;
 
  private:
   FormPrinter& documents_;
+  SheetPainter painter_;
 };
 
 }  // namespace marlinset

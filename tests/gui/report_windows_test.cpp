@@ -13,6 +13,7 @@
 #include "gui/about_window.h"
 #include "gui/qt_dialogs.h"
 #include "gui/qt_form_printer.h"
+#include "platform/qt/sheet_painter.h"
 #include "tests/gui/form_fixture.h"
 #include "tests/support/fake_printer.h"
 
@@ -55,7 +56,7 @@ TEST_F(ReportWindowsTest, TheAboutWindowFollowsItsForm) {
 
 TEST_F(ReportWindowsTest, ThePreviewShowsEverySheetOfTheJob) {
   FakePrinter documents;
-  QtFormPrinter printer(documents);
+  QtFormPrinter printer(documents, {.layout = RecordLayout, .paint = PaintForms});
   const auto job = printer.Begin({.target = PrintTarget::kPreview, .title = "t", .file = ""});
   PrintItem text;
   text.width = kSheetWidth;
