@@ -63,13 +63,13 @@ std::unique_ptr<QDialog> MakeAboutWindow(FrmAbout& form, QWidget* parent) {
   auto* grid = new QGridLayout(window.get());
   SetSpaces(*grid, *window, 3);
   grid->setHorizontalSpacing(3 * SpaceUnit(*window));
-  grid->addWidget(MakeIcon(form.Picture1, *window), 1, 0, 4, 1, Qt::AlignTop);
   QLabel* title = AddText(*grid, form.lblTitle, *window);
   QFont bold = title->font();
   bold.setBold(true);
   title->setFont(bold);
   for (Label* label : {&form.lblVersion, &form.lblDatabase, &form.lblFirmWare})
     AddText(*grid, *label, *window);
+  grid->addWidget(MakeIcon(form.Picture1, *window), 1, 0, grid->rowCount() - 1, 1, Qt::AlignTop);
   AddRule(*grid, *window);
   AddText(*grid, form.lblDescription, *window);
   AddText(*grid, form.lblDisclaimer, *window);

@@ -90,7 +90,7 @@ void About::cmdSysInfo_Click() {
 
 /// The system's own tool for system information; empty when there is none.
 std::string About::SystemInfoPath() const {
-  const std::string path = GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
+  std::string path = GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
   if (!path.empty()) return path;
   const std::string folder = GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO");
   if (folder.empty()) return {};

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <vector>
+
 #include "platform/control_array.h"
 #include "platform/controls.h"
 #include "platform/form.h"

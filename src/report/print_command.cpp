@@ -8,6 +8,7 @@
 #include "link/finally.h"
 #include "link/interactive_mode.h"
 #include "platform/desktop.h"
+#include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
 #include "platform/ms_comm.h"
@@ -25,6 +26,9 @@ constexpr int kPort = 22, kStandard = 23, kDateAndTime = 24, kName = 25;
 
 /// The slate's duration among the line numbers of both forms.
 constexpr int kDuration = 4;
+
+/// Beside TxtNew in lMisc.
+constexpr int kModelLabels[] = {9, 10, 11};
 
 /// White flag, then each VITC line with its duplicate: place in tOutbox and index of tLineNumber.
 constexpr std::pair<int, int> kLineNumbers[] = {{10, 0}, {11, 1}, {12, 5}, {13, 2},
@@ -75,9 +79,19 @@ void PrintCommand::Export() {
   });
 }
 
+/// The document to write; empty when the operator thinks better of it.
+std::string PrintCommand::AskForDocument() const {
+  std::string file = AskForName();
+  if (file.empty() || EndsInPdf(file)) return file;
+  file += kPdf;
+  // The dialog has asked about the name as it was typed, not about this one.
+  const bool taken = platform_.files.FileExists(file);
+  return !taken || platform_.dialogs.Ask(file + " already exists. Do you want to replace it?") ? file : "";
+}
+
 /// The tool's one file dialog carries the configuration in work, and does so again afterwards. Empty when the
 /// operator cancelled.
-std::string PrintCommand::AskForDocument() const {
+std::string PrintCommand::AskForName() const {
   FileDialog& dialog = platform_.fileDialog;
   const std::string configuration = std::exchange(
       dialog.FileName, PdfNameOf(dialog.FileName.empty() ? vars_.CurrentFile : dialog.FileName));
@@ -85,17 +99,21 @@ std::string PrintCommand::AskForDocument() const {
   const int flags = std::exchange(dialog.Flags, kOverwritePrompt | kHideReadOnly);
   const bool cancelError = std::exchange(dialog.CancelError, true);
   std::string file;
-  try {
-    dialog.ShowSave();
-    file = dialog.FileName;
-  } catch (const RuntimeError& cancelled) {
-    if (cancelled.Number() != kErrDialogCancelled) throw;
-  }
-  dialog.FileName = configuration;
-  dialog.Filter = filter;
-  dialog.Flags = flags;
-  dialog.CancelError = cancelError;
-  return file.empty() || EndsInPdf(file) ? file : file + std::string(kPdf);
+  const auto ask = [&] {
+    try {
+      dialog.ShowSave();
+      file = dialog.FileName;
+    } catch (const RuntimeError& cancelled) {
+      if (cancelled.Number() != kErrDialogCancelled) throw;
+    }
+  };
+  Finally(ask, [&] {
+    dialog.FileName = configuration;
+    dialog.Filter = filter;
+    dialog.Flags = flags;
+    dialog.CancelError = cancelError;
+  });
+  return file;
 }
 
 void PrintCommand::PrintConfig(PrintRequest request) {
@@ -169,7 +187,7 @@ void PrintCommand::CopyDownConverter(FrmPrint& page) const {
   }
   for (const int i : page.TxtNew.Indices()) page.TxtNew(i).SetVisible(false);
   page.fSDIProgramOut.SetVisible(false);
-  for (const int i : {9, 10, 11}) page.lMisc(i).SetVisible(false);
+  for (const int i : kModelLabels) page.lMisc(i).SetVisible(false);
 }
 
 void PrintCommand::CopyWindows(FrmPrint& page) const {

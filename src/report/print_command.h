@@ -18,16 +18,17 @@ class PrintCommand {
  public:
   PrintCommand(Platform& platform, const Variables& variables, FrmStart& form);
 
-  /// To the default printer. Polling rests meanwhile; a printer that fails leaves interactive mode suspended.
-  void mnuPrint_Click();
   /// Fills the two pages from the panels and hands them over as one job. Failures of the device go to the
   /// caller.
   void PrintConfig(PrintRequest request);
 
  private:
+  /// To the default printer. Polling rests meanwhile; a printer that fails leaves interactive mode suspended.
+  void mnuPrint_Click();
   void Preview();
   void Export();
   std::string AskForDocument() const;
+  std::string AskForName() const;
   /// Runs `action` with polling at rest, and takes it up again also when `action` fails.
   template <class Action>
   void Undisturbed(const Action& action);

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "tests/app/child_program.h"
 #include "tests/support/temp_folder.h"
@@ -56,7 +59,22 @@ TEST_F(PrintCliTest, WhatCannotBePrintedLeavesTheOldDocument) {
   EXPECT_EQ(Print({folder_.File("bad.qcf"), "-o", folder_.File("old.pdf")}), 1);
   EXPECT_EQ(folder_.Read("old.pdf"), "as it was");
   EXPECT_EQ(Print({kSample, "-o", folder_.File("none/a.pdf")}), 1);
+  EXPECT_EQ(Print({"-o", ""}), 1);
   EXPECT_EQ(Print({kSample}), 2);
+  const std::string pipe = folder_.File("pipe.pdf");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(Print({"-o", pipe}), 1);
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe)) << "only a file gives way to a document";
+}
+
+TEST_F(PrintCliTest, TheDocumentHasTheLocalesPaper) {
+  unsetenv("LC_ALL");
+  for (const auto& [locale, paper] : {std::pair("de_DE.UTF-8", "[0 0 595."), {"en_US.UTF-8", "[0 0 612."}}) {
+    setenv("LC_MEASUREMENT", locale, 1);
+    EXPECT_EQ(Print({"-o", folder_.File("a.pdf")}), 0);
+    EXPECT_THAT(folder_.Read("a.pdf"), HasSubstr(std::string("/MediaBox ") + paper));
+  }
+  unsetenv("LC_MEASUREMENT");
 }
 
 TEST_F(PrintCliTest, AScriptSeesPagesAndTheAboutBox) {

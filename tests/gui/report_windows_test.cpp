@@ -38,6 +38,9 @@ TEST_F(ReportWindowsTest, TheAboutWindowFollowsItsForm) {
       if (!window) return;
       seen = about.Visible() && window->windowTitle() == "About it" &&
              Widget<QLabel>(*window, "lblVersion").text() == "Release 1.2.3";
+      EXPECT_GT(Widget<QLabel>(*window, "Picture1").geometry().bottom(),
+                Widget<QLabel>(*window, "lblTitle").geometry().top())
+          << "beside the title";
       auto& info = Widget<QPushButton>(*window, "cmdSysInfo");
       EXPECT_EQ(info.shortcut(), QKeySequence(Qt::ALT | Qt::Key_S)) << "the mnemonic of its caption";
       QTest::mouseClick(&info, Qt::LeftButton);

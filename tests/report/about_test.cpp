@@ -78,8 +78,11 @@ TEST_F(AboutTest, GivesUpWhenItIsClosedOrTheProgramEnds) {
   for (const bool end : {false, true}) {
     GoInteractive();
     rig_.line.Unit().Faults().mute = true;
-    rig_.pump.At(rig_.pump.Now() + 1500, [&] { end ? rig_.pump.End() : about_.cmdOK.Press(); });
+    const std::int64_t given = rig_.pump.Now() + 1500;
+    rig_.pump.At(given, [&] { end ? rig_.pump.End() : about_.cmdOK.Press(); });
+    rig_.pump.At(given + 9000, [&] { rig_.pump.End(); });
     form_.mnuAbout.OperatorClick();
+    EXPECT_EQ(rig_.pump.Now(), given);
     EXPECT_THAT(rig_.dialogs.forms, IsEmpty());
     EXPECT_TRUE(Active());
     rig_.line.Unit().Faults().mute = false;

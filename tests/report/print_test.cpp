@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "tests/support/temp_folder.h"
 #include "tests/support/tool_rig.h"
 
 namespace marlinset {
@@ -31,6 +32,23 @@ class PrintTest : public testing::Test {
     if (texts.end() - found <= count) return {"(" + head + " is missing)"};
     return {found + 1, found + 1 + count};
   }
+  /// Texts and boxes each have a place of their own, on the sheet.
+  static void ExpectNothingOverlaps(const PrintSheet& sheet) {
+    constexpr double kTouch = 1e-6;
+    for (auto a = sheet.begin(); a != sheet.end(); ++a) {
+      EXPECT_TRUE(a->x >= 0 && a->y >= 0 && a->x + a->width <= kSheetWidth + kTouch &&
+                  a->y + a->height <= kSheetHeight + kTouch)
+          << a->text;
+      const auto fills = [](const PrintItem& item) {
+        return item.kind == PrintKind::kText || item.kind == PrintKind::kCheck;
+      };
+      for (auto b = sheet.begin(); fills(*a) && b != a; ++b) {
+        EXPECT_FALSE(fills(*b) && a->x + kTouch < b->x + b->width && b->x + kTouch < a->x + a->width &&
+                     a->y + kTouch < b->y + b->height && b->y + kTouch < a->y + a->height)
+            << a->text << " on " << b->text;
+      }
+    }
+  }
   void ShowModel(const std::string& text) { form_.StatBar(FrmStart::kModelPanel).SetText(text); }
   void GoInteractive() {
     form_.mnuInter.SetChecked(true);
@@ -57,13 +75,16 @@ TEST_F(PrintTest, EveryValueStandsInItsPlace) {
   for (const int i : form.ComDownConv.Indices()) form.ComDownConv(i).OperatorType("dc " + std::to_string(i));
   form.oVITC(2).SetValue(true);
   form.chEnable.SetValue(1);
-  form.chSync.SetValue(0);
+  form.chDups.SetValue(1);
   form.tWinMess.SetText("Roll 3");
   form.mnuCom1.SetChecked(false);
   form.mnuCom3.SetChecked(true);
   form.StatBar(FrmStart::kModelPanel).SetText("HD7340Q");
   form.mnuPrint.OperatorClick();
-  const Texts page = rig_.printer.jobs.at(0).forms.at(0).Texts();
+  EXPECT_EQ(rig_.printer.jobs.at(0).request.title, form.Caption());
+  const PrintedForm& printed = rig_.printer.jobs.at(0).forms.at(0);
+  ExpectNothingOverlaps(printed.sheets.front());
+  const Texts page = printed.Texts();
   EXPECT_THAT(Behind(page, form.Caption(), 8),
               ElementsAre("21/11/2026 14:30", "Page 1 of 2", "Video Standard:", "a standard",
                           "VITC Mode:", "3 Line", "Com Port:", "3"));
@@ -77,7 +98,9 @@ TEST_F(PrintTest, EveryValueStandsInItsPlace) {
                             std::to_string(101 + i), std::to_string(105 + i)));
   }
   EXPECT_THAT(Behind(page, "White Flag", 4), ElementsAre("Line Number", "100", "[x]", "Enabled"));
-  EXPECT_THAT(Behind(page, "Encode Duplicate VITC Lines", 2), ElementsAre("[ ]", "Synchronize Line Numbers"));
+  EXPECT_THAT(Behind(page, "Active Outputs", 6),
+              ElementsAre("[ ]", "VITC Enabled", "[x]", "Encode Duplicate VITC Lines", "[ ]",
+                          "Synchronize Line Numbers"));
   EXPECT_THAT(Behind(page, "Attributes", 4), ElementsAre("Style:", "choice 2", "Font Size:", "choice 3"));
   EXPECT_THAT(Behind(page, "Virtual Slate", 6),
               ElementsAre("Mode:", "choice 1", "Duration (frs):", "104", "[ ]", "Preview"));
@@ -97,6 +120,8 @@ TEST_F(PrintTest, WhatDoesNotApplyIsLeftOut) {
     EXPECT_EQ(std::count(page.begin(), page.end(), "VITC 2nd Line"), mode >= 1 ? 1 : 0);
     EXPECT_EQ(std::count(page.begin(), page.end(), "VITC 3rd Line"), mode >= 2 ? 1 : 0);
   }
+  form_.mnuCom1.SetChecked(false);
+  EXPECT_THAT(Behind(Print().Texts(), "Com Port:", 1), ElementsAre(std::to_string(rig_.line.CommPort())));
   // A file's message takes the place of the model.
   for (const char* model : {"HD7340", "", "File x Loaded ", "7340Q "}) {
     ShowModel(model);
@@ -107,13 +132,21 @@ TEST_F(PrintTest, WhatDoesNotApplyIsLeftOut) {
 }
 
 TEST_F(PrintTest, HiddenWindowsLeaveNoGap) {
-  form_.chDblSize(2).SetValue(1);
+  // Over three rows no two columns are ticked alike.
+  constexpr int kTicks[] = {3, 2, 1, 4, 5};
+  ControlArray<CheckBox>* const columns[] = {&form_.chSlate, &form_.chOnOff, &form_.chField, &form_.chSym,
+                                             &form_.chDblSize};
+  for (int column = 0; column < 5; ++column) {
+    for (int bit = 0; bit < 3; ++bit) (*columns[column])(2 + bit).SetValue(kTicks[column] >> bit & 1);
+  }
   form_.tVert(2).SetText("77");
   form_.lName(1).SetVisible(false);
   const Texts page = Print().Texts();
   EXPECT_THAT(page, Not(Contains(form_.lName(1).Caption())));
   EXPECT_THAT(Behind(page, form_.lName(2).Caption(), 7),
-              ElementsAre("[ ]", "[ ]", "[ ]", testing::_, "[x]", "77", form_.tHor(2).Text()));
+              ElementsAre("[x]", "[ ]", "[x]", "[ ]", "[x]", "77", form_.tHor(2).Text()));
+  EXPECT_THAT(Behind(page, form_.lName(3).Caption(), 5), ElementsAre("[x]", "[x]", "[ ]", "[ ]", "[ ]"));
+  EXPECT_THAT(Behind(page, form_.lName(4).Caption(), 5), ElementsAre("[ ]", "[ ]", "[ ]", "[x]", "[x]"));
   double end = 0;
   double begin = -1;
   for (const PrintItem& item : Print().sheets.front()) {
@@ -157,11 +190,7 @@ TEST_F(PrintTest, LongListsGoOnOnFurtherSheets) {
       EXPECT_TRUE(stands(form_.Caption()));
       EXPECT_TRUE(stands(pages == 0 ? "Description" : "Dbl Height"));
       EXPECT_TRUE(stands("Sheet 2 of " + std::to_string(form.sheets.size())) || &sheet != &form.sheets[1]);
-      for (const PrintItem& item : sheet) {
-        EXPECT_LE(item.y + item.height, kSheetHeight + 1e-6) << item.text;
-        EXPECT_LE(item.x + item.width, kSheetWidth + 1e-6) << item.text;
-        EXPECT_GE(item.y, 0);
-      }
+      ExpectNothingOverlaps(sheet);
     }
   }
   const Texts after = Print(1).Texts();
@@ -178,11 +207,13 @@ TEST_F(PrintTest, PollingRestsMeanwhile) {
     EXPECT_EQ(rig_.Panel(3), "Interactive mode disabled ");
     EXPECT_EQ(form_.StatBar(3).Picture(), "Image2(2)");
   };
-  Print();
-  EXPECT_TRUE(rig_.printer.jobs[0].finished);
-  EXPECT_THAT(rig_.printer.jobs[0].forms, SizeIs(2)) << "one job";
-  EXPECT_TRUE(form_.InterTime.Enabled() && form_.mnuInter.Checked() && !form_.mnuOff.Checked());
-  EXPECT_EQ(rig_.Panel(3), "Interactive mode enabled ");
+  for (MenuItem* command : {&form_.mnuPrint, &form_.mnuPreview}) {
+    command->OperatorClick();
+    EXPECT_TRUE(rig_.printer.jobs.back().finished);
+    EXPECT_THAT(rig_.printer.jobs.back().forms, SizeIs(2)) << "one job";
+    EXPECT_TRUE(form_.InterTime.Enabled() && form_.mnuInter.Checked() && !form_.mnuOff.Checked());
+    EXPECT_EQ(rig_.Panel(3), "Interactive mode enabled ");
+  }
   EXPECT_THAT(rig_.line.Sent(), IsEmpty());
 }
 
@@ -200,10 +231,13 @@ TEST_F(PrintTest, APrinterThatFailsLeavesInteractiveModeAndAPreviewDoesNot) {
 
 TEST_F(PrintTest, ADocumentLeavesTheConfigurationsNameAlone) {
   rig_.fileDialog.FileName = "/setups/Stage 4.qcf";
+  rig_.fileDialog.Filter = "the configurations'";
+  rig_.fileDialog.CancelError = false;
   form_.mnuExport.OperatorClick();
   EXPECT_THAT(rig_.printer.jobs, IsEmpty()) << "cancelled";
   EXPECT_THAT(rig_.Boxes(), IsEmpty());
   EXPECT_EQ(rig_.fileDialog.shown.back().fileName, "Stage 4.pdf");
+  EXPECT_TRUE(rig_.fileDialog.shown.back().flags & kOverwritePrompt);
   for (const char* chosen : {"/paper/x", "/paper/x.pdf", "/paper/x.PDF"}) {
     rig_.fileDialog.choices.emplace_back(chosen);
     form_.mnuExport.OperatorClick();
@@ -212,6 +246,20 @@ TEST_F(PrintTest, ADocumentLeavesTheConfigurationsNameAlone) {
     EXPECT_EQ(request.file, chosen == std::string("/paper/x") ? "/paper/x.pdf" : chosen);
   }
   EXPECT_EQ(rig_.fileDialog.FileName, "/setups/Stage 4.qcf");
+  EXPECT_EQ(rig_.fileDialog.Filter, "the configurations'");
+  EXPECT_FALSE(rig_.fileDialog.CancelError);
+}
+
+TEST_F(PrintTest, ADocumentOfTheNameWithPdfBehindItIsNotOverwrittenUnasked) {
+  const TempFolder folder;
+  folder.Write("old.pdf", "");
+  for (const bool replace : {false, true}) {
+    rig_.fileDialog.choices.emplace_back(folder.File("old"));
+    rig_.dialogs.answers.push_back(replace ? BoxAnswer::kYes : BoxAnswer::kNo);
+    form_.mnuExport.OperatorClick();
+    EXPECT_EQ(rig_.Boxes().back(), folder.File("old.pdf") + " already exists. Do you want to replace it?");
+    EXPECT_THAT(rig_.printer.jobs, SizeIs(replace ? 1 : 0));
+  }
 }
 
 }  // namespace

@@ -9,7 +9,8 @@ namespace marlinset {
 
 int RunPrint(const CliOptions& options) {
   // Loading goes to the configuration's folder; the document counts from the folder of the start.
-  const std::string file = std::filesystem::absolute(options.output).string();
+  std::error_code noName;  // without a name there is nothing to write, which the printer tells
+  const std::string file = std::filesystem::absolute(options.output, noName).string();
   TerminalRun run(options);
   if (!run.Started()) return kExitStart;
   if (!run.LoadConfiguration(options)) return kExitNotDone;
@@ -19,7 +20,7 @@ int RunPrint(const CliOptions& options) {
     tool.form.SetCaption(std::string(kProgramTitle) + " - " + name.substr(0, name.find('.')));
   }
   const bool printed = tool.platform.guard.Run(
-      [&] { tool.printCommand.PrintConfig({.target = PrintTarget::kFile, .title = {}, .file = file}); });
+      [&] { tool.printCommand.PrintConfig({.target = PrintTarget::kFile, .file = file}); });
   return printed ? kExitDone : kExitNotDone;
 }
 
