@@ -20,10 +20,11 @@ QRectF FourByThree(const QRectF& area) {
 void PaintProgram(QPainter& painter, double size) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.scale(size / 64, size / 64);
-  painter.setPen(Qt::NoPen);
+  painter.setPen(QPen(QColor(159, 173, 186), 2));  // the edge that a dark desktop shows
   painter.setBrush(QColor(38, 50, 64));
   painter.drawRoundedRect(QRectF(3, 7, 58, 44), 6, 6);
   painter.drawRect(QRectF(22, 54, 20, 4));
+  painter.setPen(Qt::NoPen);
   painter.setBrush(QColor(74, 144, 184));
   painter.drawRect(QRectF(9, 13, 46, 32));
   painter.setBrush(Qt::black);

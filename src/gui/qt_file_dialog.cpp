@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
 
 #include "gui/look.h"
 #include "platform/file_system.h"
@@ -22,24 +24,31 @@ bool IsPattern(const std::string& name) {
   return name.find_first_of("*?") != std::string::npos;
 }
 
+/// The default configuration of an installation lies where only root writes; one's own begin elsewhere.
+QString SavingFolder(const QString& folder) {
+  if (folder.isEmpty() || QFileInfo(folder).isWritable()) return folder;
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QFileInfo(documents).isWritable() ? documents : QDir::homePath();
+}
+
 }  // namespace
 
 std::optional<std::string> QtFileDialog::AskOpen() {
   QFileDialog window(QApplication::activeWindow());
   window.setFileMode(QFileDialog::ExistingFile);
-  return Ask(window);
+  return Ask(window, Shown(InitDir));
 }
 
 std::optional<std::string> QtFileDialog::AskSave() {
   QFileDialog window(QApplication::activeWindow());
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, (Flags & kOverwritePrompt) == 0);
-  return Ask(window);
+  return Ask(window, SavingFolder(Shown(InitDir)));
 }
 
-std::optional<std::string> QtFileDialog::Ask(QFileDialog& window) const {
+std::optional<std::string> QtFileDialog::Ask(QFileDialog& window, const QString& folder) const {
   window.setNameFilter(NameFilter(Filter));
-  if (!InitDir.empty()) window.setDirectory(Shown(InitDir));
+  if (!folder.isEmpty()) window.setDirectory(folder);
   const std::string name = FileNameOf(FileName);
   if (!name.empty() && !IsPattern(name)) window.selectFile(Shown(name));
   if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty()) return std::nullopt;

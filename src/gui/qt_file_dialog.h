@@ -4,17 +4,19 @@
 #include "platform/file_dialog.h"
 
 class QFileDialog;
+class QString;
 
 namespace marlinset {
 
-/// The tool's file dialog on the screen, over the window in use.
+/// The tool's file dialog on the screen, over the window in use. Saving begins in the documents of the
+/// operator when nothing can be written into the folder that the tool asks for.
 class QtFileDialog : public FileDialog {
  protected:
   std::optional<std::string> AskOpen() override;
   std::optional<std::string> AskSave() override;
 
  private:
-  std::optional<std::string> Ask(QFileDialog& window) const;
+  std::optional<std::string> Ask(QFileDialog& window, const QString& folder) const;
 };
 
 }  // namespace marlinset
