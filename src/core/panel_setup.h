@@ -38,9 +38,9 @@ class PanelSetup {
   /// Sets the limits of a window's position, without room for field digit and symbol.
   void SetPositionLimits(int row);
 
-  /// Builds the row of a parameter that has none yet and fills it: hidden for the classes that are internal.
-  void LoadParameterRow(int row);
-  void FillParameterRow(int row);
+  /// The rows of the parameter list, one for each record and in the same order.
+  void LoadParameterRow(int row);  ///< builds the row of a record that has none yet, hidden
+  void FillParameterRow(int row);  ///< shows the record in its row, unless its class is internal
   /// Shows a row or hides it.
   void ShowParameterRow(int row, bool shown);
   /// Shows the row's value in the radix of the list: the spin's, or the record's where the spin is hidden.

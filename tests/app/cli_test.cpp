@@ -72,7 +72,9 @@ TEST_F(CliTest, ScriptAnswersOnTheVirtualClock) {
        R"json("increment":1,"enabled":true,"visible":false,"color":2147483653})json"},
       {"step upVitc1(1) down 2", R"({"ok":true})"},
       {"spin udVer(0) 60", R"({"ok":true})"},
+      {"step upVitc1(1) up", R"({"ok":true})"},
       {"check chPrev 1", R"({"ok":true})"},
+      {"check chPrev 0", R"({"ok":true})"},
       {R"(type tWinMess "roll \"4\" é")", R"({"ok":true})"},
       {R"(key tWinMess "\b")", R"({"ok":true})"},
       {"variable ParDisType", R"({"ok":true,"value":"Dec"})"},
@@ -94,6 +96,8 @@ TEST_F(CliTest, ScriptAnswersOnTheVirtualClock) {
   }
   EXPECT_EQ(Answer(script, "get tWinMess")["text"], "roll \"4\" ");
   EXPECT_EQ(Answer(script, "get ComWin(2)")["index"], 1);
+  EXPECT_EQ(Answer(script, "get upVitc1(1)")["value"], 15) << "two down, one up";
+  EXPECT_EQ(Answer(script, "get chPrev")["value"], 0);
   EXPECT_EQ(Answer(script, "records CharWindows")["rows"][0]["Symbol Length"], 3);
   const json box = Answer(script, "click bOpen")["messages"][0];
   EXPECT_EQ(box["kind"], "message");

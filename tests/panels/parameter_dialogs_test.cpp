@@ -137,12 +137,12 @@ TEST_F(ParameterDialogsTest, DeletesWhatWasAdded) {
   EXPECT_TRUE(rig.Boxes().empty());
   remove.Command1.OperatorClick();
   const std::vector<SystemParameterRec> before = vars.SystemParameters;
-  Add("30", "1", "5");
+  Add("2", "39", "5");
   Add("31", "2", "6");
   form.mnuRemoveParameter.OperatorClick();
   EXPECT_THAT(remove.lstParameter.Columns(),
               ElementsAre("Class", "Parameter", "Description", "Value", "Index"));
-  EXPECT_THAT(remove.lstParameter.Rows(), ElementsAre(ElementsAre("30", "1", "Added 30", "5", "0"),
+  EXPECT_THAT(remove.lstParameter.Rows(), ElementsAre(ElementsAre("2", "39", "Added 2", "5", "0"),
                                                       ElementsAre("31", "2", "Added 31", "6", "1")));
   rig.dialogs.shown.clear();
   vars.ConfigSaved = true;
@@ -158,6 +158,8 @@ TEST_F(ParameterDialogsTest, DeletesWhatWasAdded) {
   EXPECT_EQ(vars.SystemParameters.size(), before.size());
   const int surplus = UBound(vars.SystemParameters) + 1;
   EXPECT_FALSE(form.udVal(surplus).Visible() || form.lClass(surplus).Visible());
+  EXPECT_EQ(form.lDesc(surplus).Caption(), "");
+  EXPECT_EQ(remove.lstParameter.Selected(), -1);
   remove.Command1.OperatorClick();
   EXPECT_FALSE(remove.Visible());
 

@@ -44,6 +44,7 @@ TEST_F(ParameterListTest, SortsBothWaysAndFitsItsSheet) {
   EXPECT_THAT(Records(), ElementsAre("c", "b", "a", "D", "B")) << "Z first, capitals below small letters";
   EXPECT_THAT(Rows(), ElementsAre("b=4", "a=6", "D=-2"));
   EXPECT_EQ(form.lClass(0).Caption(), "25");
+  EXPECT_EQ(form.lDesc(0).Caption(), "");
   EXPECT_FALSE(form.lClass(0).Visible());
   EXPECT_EQ(form.VScroll2.Max(), 0);
 
@@ -60,7 +61,7 @@ TEST_F(ParameterListTest, SortsBothWaysAndFitsItsSheet) {
 }
 
 TEST_F(ParameterListTest, ShowsEitherRadix) {
-  Take({{1, 0, "hidden", -1}, {2, 0, "zero", 0}, {2, 1, "plus", 4095}, {2, 2, "minus", -2}});
+  Take({{1, 0, "", -1}, {2, 0, "zero", 0}, {2, 1, "plus", 4095}, {2, 2, "minus", -2}});
   form.bValue.OperatorClick();
   EXPECT_EQ(form.bValue.Caption(), "Value (Hex)");
   EXPECT_EQ(vars.ParDisType, "Hex");
@@ -80,6 +81,7 @@ TEST_F(ParameterListTest, OneDescriptionIsOneValueAndTheRadixWritesByPlaceOnly) 
   Take({{2, 0, "twin", 5}, {2, 1, "other", 6}, {3, 0, "twin", 5}});
   form.udVal(2).OperatorSpin(77);
   EXPECT_EQ(At(vars.SystemParameters, 0).Value, 77);
+  EXPECT_EQ(At(vars.SystemParameters, 2).Value, 77);
   EXPECT_EQ(form.udVal(0).Value(), 5) << "the other row's spin stays";
   EXPECT_FALSE(vars.ConfigSaved);
   form.bValue.OperatorClick();
@@ -129,6 +131,19 @@ TEST_F(ParameterListTest, ASortSendsEachRowWhoseSpinMoves) {
                                            FromHex("02 09 0f 00 c0 09 02 06 00 00 00 17"),
                                            FromHex("02 09 0f 00 c0 01 02 fe ff ff ff 2a")));
   EXPECT_FALSE(vars.ConfigSaved);
+}
+
+TEST_F(ParameterListTest, AFileOpenedWhileARowIsSentTakesTheRowAway) {
+  form.bOpen.Press();
+  form.mnuInter.SetChecked(true);
+  form.dPause.SetInterval(100);
+  const int row = 20;
+  const int before = form.udVal(row).Value();
+  rig.fileDialog.choices.emplace_back(rig.tool.variables.AppPath + "System Default Video.qcf");
+  rig.pump.At(rig.pump.Now() + 50, [&] { form.mnuOpen.OperatorClick(); });
+  form.udVal(row).OperatorStep(true, 3);
+  EXPECT_EQ(form.udVal(row).Value(), before) << "the steps were the old row's";
+  EXPECT_EQ(rig.fileDialog.shown.size(), 1U);
 }
 
 }  // namespace
