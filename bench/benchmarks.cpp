@@ -8,7 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QTemporaryDir>
 #include <array>
 #include <chrono>
@@ -146,7 +146,8 @@ BENCHMARK(StartWithoutWindow)->UseManualTime()->Unit(benchmark::kMillisecond)->I
 }  // namespace marlinset
 
 int main(int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   benchmark::RunSpecifiedBenchmarks();

@@ -2,6 +2,7 @@
 #include "link/communications.h"
 
 #include "core/frm_start.h"
+#include "link/finally.h"
 #include "link/frame.h"
 #include "link/ports.h"
 #include "platform/dialogs.h"
@@ -103,13 +104,21 @@ std::vector<std::uint8_t> Communications::DrainInput() {
   return message;
 }
 
+/// Takes a unit that floods the line out of Broadcast mode. The flood goes on arriving, and fills the log,
+/// while the message that ends it waits for its way out.
+void Communications::QuietenUnit() {
+  if (quietening_) return;
+  quietening_ = true;
+  Finally([this] { form_.bSend.Press(); }, [this] { quietening_ = false; });
+}
+
 /// Appends a byte to the log if it is shown; true when the log was full and has been emptied.
 bool Communications::LogByte(std::uint8_t byte) {
   if (!form_.tInput.Visible()) return false;
   const std::string text = form_.tInput.Text() + HexText(byte) + ",";
   form_.tInput.SetText(text);
   if (LengthOf(text) <= kLogCharacters) return false;
-  if (platform_.ComP1.InBufferCount() > kFloodBytes) form_.bSend.Press();
+  if (platform_.ComP1.InBufferCount() > kFloodBytes) QuietenUnit();
   form_.tInput.SetText("");
   return true;
 }

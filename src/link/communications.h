@@ -66,11 +66,13 @@ class Communications {
   void HandleFrame(std::span<const std::uint8_t> frame);
   void DispatchPacket(std::span<const std::uint8_t> frame);
   bool LogByte(std::uint8_t byte);
+  void QuietenUnit();
 
   Platform& platform_;
   Variables& vars_;
   FrmStart& form_;
   Replies replies_;
+  bool quietening_ = false;
 };
 
 }  // namespace marlinset

@@ -139,6 +139,16 @@ TEST(ReceivePacket, TakesAUnitThatFloodsTheFullLogOutOfBroadcastMode) {
   }
 }
 
+TEST(ReceivePacket, TellsAUnitThatFloodsASlowLineOnce) {
+  LinkRig rig;
+  rig.Open();
+  rig.line.SetPace(1200);  // the message that ends the flood takes 50 ms
+  rig.form.tInput.SetVisible(true);
+  for (int ms = 0; ms < 40; ++ms) rig.line.Inject(Bytes(200, 0x55), ms);
+  rig.pump.Pass(1000);
+  EXPECT_EQ(rig.Sent(), std::vector<std::string>{"15 0 33"});
+}
+
 TEST(ReceivePacket, RejectsAFrameThatTheEmptiedLogCutInTwo) {
   LinkRig rig;
   rig.Open();

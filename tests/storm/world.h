@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstdio>
+#include <random>
+#include <string>
+
+#include "tests/support/temp_folder.h"
+#include "tests/support/tool_rig.h"
+
+namespace marlinset {
+
+/// A unit that the tool does not know; it is told once a send that its identification means nothing.
+inline constexpr int kUnknownModel = 77;
+
+/// Where a storm takes place: chance, which follows from the seed alone, the tool with its unit, and a folder
+/// for its files.
+class World {
+ public:
+  World(unsigned seed, bool trace) : random_(seed), trace_(trace), rig(RandomUnit()) {}
+
+  /// From 0 to `count` - 1.
+  int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
+  bool OneIn(int count) { return Pick(count) == 0; }
+  template <class List>
+  auto& PickOf(List& list) {
+    return list[static_cast<std::size_t>(Pick(static_cast<int>(std::size(list))))];
+  }
+
+  /// Notes what happens next; prints it when the run is traced.
+  void Trace(const std::string& what) {
+    last_ = what;
+    if (trace_) std::printf("%8lld  %s\n", static_cast<long long>(rig.pump.Now()), what.c_str());
+  }
+  const std::string& Last() const { return last_; }
+
+ private:
+  UnitSettings RandomUnit() {
+    constexpr std::array kModels{kModelHd7340, kModelHd7340Old, kModelHdSd7340, kModelHd7340Q, kUnknownModel};
+    return {.model = PickOf(kModels),
+            .standard = Pick(10),
+            .manual = OneIn(2),
+            .video = !OneIn(4),
+            .ackTime = std::chrono::milliseconds{Pick(60)}};
+  }
+
+  std::mt19937 random_;
+  bool trace_;
+  std::string last_;
+
+ public:
+  TempFolder folder;
+  ToolRig rig;
+};
+
+}  // namespace marlinset
