@@ -28,6 +28,7 @@ class ValueDelegate : public QStyledItemDelegate {
     auto* field = new SpinField(form_.udVal(index), form_.tVal(index), parent);
     field->SetRadix([this] { return form_.bValue.Caption() == "Value (Hex)" ? kHexadecimal : kDecimal; });
     field->setAccessibleName(Shown(form_.lDesc(index).Caption()));
+    field->selectAll();  // typing replaces the value
     return field;
   }
   /// Numbers stand at the right; two hard blanks keep them off the next column.
@@ -41,6 +42,17 @@ class ValueDelegate : public QStyledItemDelegate {
  private:
   FrmStart& form_;
   ParameterModel& model_;
+};
+
+/// A row is edited at its value, whichever of its cells the operator stands on.
+class ParameterTable : public QTableView {
+ public:
+  using QTableView::QTableView;
+
+ protected:
+  bool edit(const QModelIndex& cell, EditTrigger trigger, QEvent* event) override {
+    return QTableView::edit(cell.siblingAtColumn(ParameterModel::kValue), trigger, event);
+  }
 };
 
 /// An arrow on the head by which the list is sorted.
@@ -73,7 +85,7 @@ void SetColumns(QTableView& table) {
 
 QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
   auto* page = new QWidget(parent);
-  auto* table = new QTableView(page);
+  auto* table = new ParameterTable(page);
   auto* model = new ParameterModel(form, table);
   table->setModel(model);
   table->setItemDelegate(new ValueDelegate(form, *model, table));

@@ -12,6 +12,7 @@
 #include <set>
 
 #include "gui/buttons.h"
+#include "gui/fields.h"
 #include "gui/indicator.h"
 #include "gui/look.h"
 #include "gui/main_window.h"
@@ -242,7 +243,7 @@ TEST_F(WindowTest, ThePointerReachesTheSurfaceItIsOver) {
 
 TEST_F(WindowTest, TheParameterTableShowsVisibleRowsAndMarks) {
   const MainWindow window(form_);
-  const auto& table = Widget<QTableView>(window, "pParIn");
+  auto& table = Widget<QTableView>(window, "pParIn");
   for (const int i : {1, 2, 3}) LoadParameterRow(i, i != 2);
   QCoreApplication::processEvents();
   const QAbstractItemModel& model = *table.model();
@@ -256,6 +257,15 @@ TEST_F(WindowTest, TheParameterTableShowsVisibleRowsAndMarks) {
   EXPECT_GE(Contrast(description.data(Qt::BackgroundRole).value<QColor>(),
                      description.data(Qt::ForegroundRole).value<QColor>()),
             4.5);
+  form_.tVal(1).SetText("5");
+  form_.udVal(1).SetVisible(true);
+  table.setCurrentIndex(model.index(1, 0));
+  QTest::keyClick(&table, Qt::Key_F2);
+  auto* field = table.findChild<SpinField*>();
+  ASSERT_TRUE(field) << "a row is edited from any of its cells";
+  QTest::keyClicks(field, "12");
+  QTest::keyClick(field, Qt::Key_Return);
+  EXPECT_EQ(form_.udVal(1).Value(), 12) << "typing replaces the value";
   form_.bValue.SetCaption("Value (Hex)");
   EXPECT_EQ(model.headerData(3, Qt::Horizontal, Qt::DisplayRole), "Value (Hex)");
   form_.lDesc.Unload(3);
