@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 
@@ -120,6 +121,7 @@ int Main(int argc, char** argv) {
 }  // namespace marlinset
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow further is a failed save
   try {
     return marlinset::Main(argc, argv);
   } catch (const std::exception& error) {

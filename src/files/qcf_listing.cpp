@@ -6,7 +6,6 @@
 #include <set>
 
 #include "files/qcf_identification.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -49,7 +48,7 @@ std::string NameOfItem(const QcfItem& item) {
 class Lister {
  public:
   void AddIdentification(const std::vector<std::uint8_t>& block) {
-    const std::string name = "identification";
+    const std::string name(kIdentificationName);
     const auto items = IdentificationItems(block);
     if (!items) return Add(name, HexText(block));
     for (const QcfItem& item : *items) Add(Unused(name + " / " + NameOfItem(item)), TextOfItem(item));
@@ -87,8 +86,13 @@ class Lister {
 }  // namespace
 
 std::string HexText(std::span<const std::uint8_t> bytes) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string hex;
-  for (const std::uint8_t byte : bytes) hex += HexByte(byte);
+  hex.reserve(2 * bytes.size());
+  for (const std::uint8_t byte : bytes) {
+    hex += kDigits[byte >> 4U];
+    hex += kDigits[byte & 0xFU];
+  }
   return hex;
 }
 
@@ -105,9 +109,9 @@ std::vector<QcfLine> ListingOf(const QcfDocument& document) {
   lister.AddIdentification(document.identification);
   for (const QcfEntry& entry : document.entries) lister.AddEntry(entry);
   if (document.configurationLength) {
-    lister.Add("configuration length", std::to_string(*document.configurationLength));
+    lister.Add(std::string(kLengthName), std::to_string(*document.configurationLength));
   }
-  if (!document.tail.empty()) lister.Add("tail", HexText(document.tail));
+  if (!document.tail.empty()) lister.Add(std::string(kTailName), HexText(document.tail));
   return lister.Take();
 }
 

@@ -4,11 +4,17 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "files/qcf_document.h"
 
 namespace marlinset {
+
+/// Names of what is no field, in listings and JSON.
+inline constexpr std::string_view kIdentificationName = "identification";
+inline constexpr std::string_view kLengthName = "configuration length";
+inline constexpr std::string_view kTailName = "tail";
 
 /// A value of a configuration by its name. Values of a window carry its name ("character windows / Text /
 /// Vertical"), those of a parameter its class and number ("system parameters / 2.7 / Value").

@@ -97,6 +97,35 @@ TEST_F(FilesCliTest, ComposeSaysWhatIsWrong) {
   EXPECT_FALSE(std::filesystem::exists(folder_.File("taken.qcf.new"))) << "nothing half done stays";
 }
 
+TEST_F(FilesCliTest, ComposeLeavesLinksAndDevicesWhatTheyAre) {
+  json shown = json::parse(Show(Sample(2)));
+  shown["text message"] = "a\n\x1B[2J\u0090";
+  folder_.Write("shown.json", shown.dump());
+  std::filesystem::copy(Sample(2), folder_.File("real.qcf"));
+  std::filesystem::create_symlink(folder_.File("real.qcf"), folder_.File("link.qcf"));
+  EXPECT_EQ(Compose(folder_.File("shown.json"), folder_.File("link.qcf")), 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.File("link.qcf")));
+  EXPECT_EQ(folder_.Read("link.qcf.bak"), Bytes(Sample(2)));
+  EXPECT_EQ(Diff(Sample(2), folder_.File("real.qcf"), 1).at(0),
+            R"(changed     text message: "Take 3 é" -> "a\x0A\x1B[2J\x90")")
+      << "nothing in it steers the terminal";
+  std::filesystem::create_symlink("/dev/full", folder_.File("full.qcf"));
+  std::filesystem::create_symlink("/dev/null", folder_.File("null.qcf"));
+  EXPECT_EQ(Compose(folder_.File("shown.json"), folder_.File("full.qcf")), 1);
+  EXPECT_EQ(Compose(folder_.File("shown.json"), folder_.File("null.qcf")), 0);
+  EXPECT_TRUE(std::filesystem::is_character_file(folder_.File("null.qcf")));
+}
+
+TEST_F(FilesCliTest, AFileThatMayNotGrowFailsTheSaveOnly) {
+  ChildProgram script("/bin/sh", {"-c", R"(ulimit -f 1; exec "$0" script --clock virtual --settings "$1")",
+                                  CLI_PROGRAM, folder_.File("settings.ini")});
+  script.ReadLine();
+  script.Tell("save " + folder_.File("large.qcf"));
+  const json answer = json::parse(script.ReadLine(), nullptr, false);
+  EXPECT_EQ(answer["messages"].back()["text"], "Error during save, save aborted!");
+  EXPECT_EQ(script.End(), 0);
+}
+
 TEST_F(FilesCliTest, DiffNamesWhatDiffers) {
   EXPECT_TRUE(Diff(Sample(2), Sample(2), 0).empty());
   json other = json::parse(Show(Sample(2)));
@@ -175,6 +204,10 @@ TEST_F(FilesCliTest, SendTakesAFile) {
                       folder_.File("bad.qcf")});
   EXPECT_EQ(refused.ReadDiagnostic(), "Data Process Error, file may be corrupt");
   EXPECT_EQ(refused.End(), 1) << "nothing is sent in its place";
+  folder_.Write("empty.qcf", "");
+  CliProgram empty({"send", "--settings", folder_.File("settings.ini"), folder_.File("empty.qcf")});
+  EXPECT_THAT(empty.ReadDiagnostic(), HasSubstr("empty.qcf: is empty"));
+  EXPECT_EQ(empty.End(), 1);
 }
 
 TEST_F(FilesCliTest, AFileFromAnotherFolderLeavesTheNamedPortInPlace) {

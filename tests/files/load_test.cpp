@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "files/panel_document.h"
+#include "files/qcf_listing.h"
 #include "files/qcf_reader.h"
 #include "files/qcf_writer.h"
 #include "tests/files/sample.h"
@@ -70,18 +71,18 @@ TEST_F(Loading, BringsAFileOfVersionTwoToThePanels) {
   EXPECT_EQ(form.comVS.Text(), "1080i/50");
   EXPECT_EQ(form.vitcModes.Selected(), 1);
   EXPECT_TRUE(form.mnuCharOff.Checked() && !form.mnuCharOn.Checked());
-  EXPECT_EQ(form.comTB(1).Text(), "Time Code Generator");
-  EXPECT_EQ(form.ComUB(2).Text(), "User Bit Generator");
-  EXPECT_EQ(form.upVitc1(1).Value(), 12);
-  EXPECT_EQ(form.upVitc1(5).Value(), 13);
-  EXPECT_EQ(form.chSync.Value(), 1);
-  EXPECT_EQ(form.UpDown1.Value(), 7);
-  EXPECT_EQ(form.UDDur.Value(), 300);
-  EXPECT_EQ(form.tWinMess.Text(), "Take 3 é");
-  EXPECT_EQ(form.ComDownConv(2).Text(), "Sharp");
-  EXPECT_EQ(form.ComWin(4).Text(), "SD Clean");
   EXPECT_EQ(form.udVer(2).Increment(), 2) << "a small font";
+  EXPECT_TRUE(form.lName(form.lName.UBound()).Visible()) << "all windows have their row in this mode";
   ExpectWholePanels();
+  std::vector<std::string> differing;
+  for (const QcfComparison& value : Compare(ReadDocument(Sample(2)), DocumentOfPanels(vars, form))) {
+    const bool equal = value.difference == QcfDifference::kEqual;
+    if (!equal && value.difference != QcfDifference::kOnlyRight) differing.push_back(value.name);
+  }
+  EXPECT_THAT(differing, ElementsAre("identification / title", "identification / version",
+                                     "system parameters / 2.9 / Class", "system parameters / 2.9 / Parameter",
+                                     "system parameters / 2.9 / Description",
+                                     "system parameters / 2.9 / Value", "system parameters / 25.1 / Value"));
 }
 
 TEST_F(Loading, MergesWindowsAndParametersWithTheDatabase) {
@@ -313,6 +314,7 @@ TEST_F(Loading, AFileThatIsNotThereIsLookedFor) {
               ElementsAre("Default folder could not found.  Please browse to the .qcf file location",
                           "Qcf file location was not set, Data will not be loaded properly"));
   EXPECT_EQ(fileDialog.shown.back().initDir, vars.AppPath);
+  EXPECT_THAT(files.folders, ElementsAre(vars.AppPath));
   EXPECT_EQ(fileDialog.FileName, folder.File("gone.qcf"));
   EXPECT_FALSE(settings.Has("Default"));
   const std::string found = Write("found.qcf", Sample(2));
@@ -332,10 +334,14 @@ TEST_F(Loading, OpenNamesTheFileEvenWhenItCouldNotBeRead) {
   EXPECT_EQ(settings.GetSetting("Load", ""), folder.Path() + "/");
   EXPECT_EQ(fileDialog.shown.back().filter, "Brandal Marlinset File|*.qcf");
   EXPECT_EQ(fileDialog.shown.back().fileName, "*.qcf");
+  EXPECT_EQ(fileDialog.shown.back().initDir, vars.AppPath) << "as long as there was no other";
+  EXPECT_EQ(fileDialog.shown.back().flags, kHideReadOnly);
+  EXPECT_THAT(files.folders, ElementsAre(vars.AppPath));
   TakeBoxes();
 
   const FileBytes before = PanelBytes();
   fileDialog.choices = {Write("empty.qcf", {})};
+  files.refuseFolders = true;  // the dialog opens where it can then
   tool.configurationFile.LoadConfig();
   EXPECT_THAT(TakeBoxes(), IsEmpty());
   EXPECT_EQ(Panel(4), "File empty Loaded ");
@@ -356,6 +362,8 @@ TEST_F(Loading, ACancelledOpenChangesNothing) {
   EXPECT_EQ(vars.CurrentFile, "Unsaved");
   EXPECT_EQ(PanelBytes(), before);
   EXPECT_EQ(Panel(4), "Getting Saved Data ");
+  form.mnuNew.OperatorClick();
+  EXPECT_EQ(fileDialog.FileName, vars.AppPath + "New.qcf") << "no folder was chosen so far";
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/record_columns.h"
 #include "files/old_names.h"
 #include "tests/files/sample.h"
 
@@ -13,12 +14,17 @@ namespace {
 using ::testing::ElementsAre;
 
 TEST(OldNames, AreTranslatedExactly) {
-  EXPECT_EQ(TranslateModeName("HD Test"), "Test");
-  EXPECT_EQ(TranslateModeName("HD Pre-stripe Timecode"), "Pre-stripe Timecode");
+  for (const std::string name : {"Bi-Phase Accuracy Test", "KeyKode Accuracy Test", "Multi-Camera Episodic",
+                                 "Test", "Pre-stripe Timecode"}) {
+    EXPECT_EQ(TranslateModeName("HD " + name), name);
+  }
   EXPECT_EQ(TranslateModeName("hd test"), "hd test");
   EXPECT_EQ(TranslateModeName("HD Video Downconvert"), "HD Video Downconvert");
   EXPECT_EQ(TranslateCodeName("7340 Video Recorder Time"), "Output Video Recorder Time");
-  EXPECT_EQ(TranslateCodeName("7340 Video LTC Reader Time"), "Video LTC Reader Time");
+  for (const std::string name :
+       {"Video LTC Reader Time", "Video LTC Reader User Bits", "Video Recorder User Bits"}) {
+    EXPECT_EQ(TranslateCodeName("7340 " + name), name);
+  }
   EXPECT_EQ(TranslateCodeName("video recorder time"), "video recorder time");
   FileRig rig;
   const auto inBox = [](const Control& box) { return TranslateCodeName("Video Recorder Time", &box); };
@@ -60,6 +66,25 @@ TEST_F(UpgradeTest, OneMessageForManyNewWindowsAndNoneForRowsWithoutAUnit) {
   for (const CharWindowRec& window : vars.CharWindows) EXPECT_NE(window.Name, "Reserved");
   upgrade.MergeCharWindows(Upgrade::DoubleHeight::kFromFile);
   EXPECT_EQ(Boxes().size(), 1U);
+}
+
+TEST_F(UpgradeTest, AWindowOfTheFileKeepsItsDefaultsAndTakesTheRestFromItsRow) {
+  std::string columns = "\"Device\"";
+  for (const auto& column : ColumnsOf<CharWindowRec>()) columns += ", \"" + std::string(column.name) + "\"";
+  RunSql(folder.File("shotsys.mdb"),
+         "CREATE TABLE \"Character Windows\" (" + columns + "); INSERT INTO \"Character Windows\" " +
+             "VALUES (1, 'W', 2, 1, 3, 4, 5, 1, 1, 6, 1, 7, 8, 9, 1, 1, 1, 1, 1, 1)");
+  vars.DatabasePath = folder.File("shotsys.mdb");
+  vars.CharWindows = {{.Name = " w", .DefaultHorPosn = 31, .DefaultVertPosn = 32}};
+  upgrade.MergeCharWindows(Upgrade::DoubleHeight::kFromFile);
+  const CharWindowRec& window = vars.CharWindows.at(0);
+  EXPECT_EQ(window.Name, " w");
+  EXPECT_THAT((std::vector<int>{window.Number, window.Top, window.Left, window.Length, window.SymbolLength,
+                                window.FieldLength, window.DefaultHorPosn, window.DefaultVertPosn}),
+              ElementsAre(2, 3, 4, 5, 6, 7, 31, 32));
+  EXPECT_TRUE(window.On && window.SlateOn && window.SymbolOn && window.FieldOn && window.Ignore1);
+  EXPECT_FALSE(window.DefaultOnOff || window.DoubleHeight);
+  EXPECT_TRUE(Boxes().empty());
 }
 
 TEST_F(UpgradeTest, NewRowsTakeTheStepOfTheFirst) {

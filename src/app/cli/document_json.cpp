@@ -14,9 +14,6 @@
 namespace marlinset {
 namespace {
 
-constexpr const char* kIdentification = "identification";
-constexpr const char* kLength = "configuration length";
-constexpr const char* kTail = "tail";
 constexpr const char* kLoadedAs = "loaded as";
 
 std::runtime_error Wrong(std::string_view where, const std::string& what) {
@@ -56,12 +53,12 @@ QcfItem ItemOf(const Json& json) {
     if (tag != kQcfModels && content.is_string()) return {tag, content.get<std::string>()};
     if (tag == kQcfModels && content.is_array()) return {tag, content.get<std::vector<std::string>>()};
   }
-  throw Wrong(kIdentification, "holds something unknown");
+  throw Wrong(kIdentificationName, "holds something unknown");
 }
 
 std::vector<std::uint8_t> IdentificationBytes(const Json& json) {
-  if (json.is_string()) return BytesOf(kIdentification, json);
-  if (!json.is_array()) throw Wrong(kIdentification, "is no list");
+  if (json.is_string()) return BytesOf(kIdentificationName, json);
+  if (!json.is_array()) throw Wrong(kIdentificationName, "is no list");
   std::vector<QcfItem> items;
   for (const Json& item : json) items.push_back(ItemOf(item));
   return IdentificationOf(items);
@@ -177,20 +174,20 @@ QcfRecord RecordOf(const QcfField& list, const Json& json, int version) {
 }  // namespace
 
 Json DocumentJson(const QcfDocument& document) {
-  Json json = {{kIdentification, IdentificationJson(document.identification)}};
-  if (document.configurationLength) json[kLength] = *document.configurationLength;
+  Json json = {{kIdentificationName, IdentificationJson(document.identification)}};
+  if (document.configurationLength) json[kLengthName] = *document.configurationLength;
   AddEntries(json, document.entries);
-  if (!document.tail.empty()) json[kTail] = HexText(document.tail);
+  if (!document.tail.empty()) json[kTailName] = HexText(document.tail);
   return json;
 }
 
 QcfDocument DocumentOfJson(const Json& json) {
   ObjectReader object(json, "the configuration");
   QcfDocument document;
-  document.identification = IdentificationBytes(object.Take(kIdentification));
-  if (const Json* length = object.TakeIfThere(kLength)) {
+  document.identification = IdentificationBytes(object.Take(kIdentificationName));
+  if (const Json* length = object.TakeIfThere(kLengthName)) {
     document.configurationLength =
-        static_cast<std::uint32_t>(NumberOf({.name = kLength, .encoding = QcfEncoding::kU32}, *length));
+        static_cast<std::uint32_t>(NumberOf({.name = kLengthName, .encoding = QcfEncoding::kU32}, *length));
   }
   int version = kQcfVersion;
   for (const QcfField& field : QcfFields()) {
@@ -200,7 +197,7 @@ QcfDocument DocumentOfJson(const Json& json) {
     version = FormatVersionOf(document);
     if (version < 1 || version > kQcfVersion) throw Wrong(field.name, "is unknown");
   }
-  if (const Json* tail = object.TakeIfThere(kTail)) document.tail = BytesOf(kTail, *tail);
+  if (const Json* tail = object.TakeIfThere(kTailName)) document.tail = BytesOf(kTailName, *tail);
   object.Finish();
   return document;
 }

@@ -22,6 +22,26 @@ void PrintLine(const std::string& text) {
   std::putchar('\n');
 }
 
+/// Texts of other people's files neither steer the terminal nor leave their line: a control character is
+/// printed as \x and its two digits.
+std::string Printable(const std::string& text) {
+  constexpr char kFirstOfTwo = '\xC2';  // U+0080 to U+009F are controls too
+  std::string printable;
+  printable.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool ofTwo =
+        text[i] == kFirstOfTwo && i + 1 < text.size() && static_cast<std::uint8_t>(text[i + 1]) < 0xA0;
+    if (ofTwo) ++i;
+    const auto byte = static_cast<std::uint8_t>(text[i]);
+    if (ofTwo || byte < ' ' || byte == 0x7F) {
+      printable += "\\x" + HexByte(byte);
+    } else {
+      printable += text[i];
+    }
+  }
+  return printable;
+}
+
 void PrintJson(const Json& json) {
   PrintLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
@@ -57,22 +77,36 @@ std::string Text(const std::string& path) {
   return text;
 }
 
-/// Takes the place of an old file only once the new one is whole; the old one is kept beside it.
-void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-  const std::string growing = path + ".new";
-  std::ofstream out(growing, std::ios::binary | std::ios::trunc);
+void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
   out.close();
+  if (!out) throw RuntimeError(kErrFileAccess, "can't be written");
+}
+
+/// Takes the place of an old file only once the new one is whole; the old one is kept as `kept`.
+void ReplaceFile(const std::string& path, const std::string& kept, const std::vector<std::uint8_t>& bytes) {
+  const std::string growing = path + ".new";
   try {
-    if (!out) throw std::runtime_error(path + ": can't be written");
+    WriteBytes(growing, bytes);
     LocalFiles files;
-    if (files.FileExists(path)) files.Copy(path, path + ".bak");
+    if (files.FileExists(path)) files.Copy(path, kept);
     std::filesystem::rename(growing, path);
   } catch (const std::exception&) {
     std::error_code ignored;
     std::filesystem::remove(growing, ignored);
     throw;
   }
+}
+
+/// Links go on leading to their file, and pipes and devices, such as the standard output, stay what they are.
+void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  namespace fs = std::filesystem;
+  std::error_code unknown;
+  const std::string kept = path + ".bak";
+  if (fs::is_regular_file(path, unknown)) return ReplaceFile(fs::canonical(path).string(), kept, bytes);
+  if (fs::exists(fs::symlink_status(path, unknown))) return WriteBytes(path, bytes);
+  ReplaceFile(path, kept, bytes);
 }
 
 /// What was printed has to arrive somewhere.
@@ -107,7 +141,7 @@ int RunShow(const CliOptions& options) {
         PrintJson(DocumentJson(document));
       } else {
         if (options.configurations.size() > 1) PrintLine(path + ":");
-        for (const QcfLine& line : ListingOf(document)) PrintLine(line.name + ": " + line.text);
+        for (const QcfLine& line : ListingOf(document)) PrintLine(Printable(line.name + ": " + line.text));
       }
     } catch (const std::runtime_error& error) {
       PrintError(error);
@@ -132,7 +166,7 @@ int RunDiff(const CliOptions& options) {
         text += line.right;
         status = kExitNotDone;
       }
-      PrintLine(text);
+      PrintLine(Printable(text));
     }
     return Printed(status);
   } catch (const std::runtime_error& error) {

@@ -43,7 +43,9 @@ bool TerminalRun::LoadConfiguration(const CliOptions& options) {
   if (options.configurations.empty()) return true;
   tool.platform.fileDialog.FileName = options.configurations.front();
   tool.configurationFile.ReadConfigFile();
-  return tool.configurationFile.LastRead() == ReadEnd::kLoaded;
+  const ReadEnd end = tool.configurationFile.LastRead();
+  if (end == ReadEnd::kEmpty) std::fprintf(stderr, "%s: is empty\n", options.configurations.front().c_str());
+  return end == ReadEnd::kLoaded;
 }
 
 }  // namespace marlinset
