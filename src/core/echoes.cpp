@@ -36,6 +36,9 @@ Echoes::Echoes(Variables& variables, FrmStart& form) : vars_(variables), form_(f
   form_.UDDur.OnMoved(showDuration);
   form_.udVer.OnMoved([this](int row) { ShowVertical(row); });
   form_.udHor.OnMoved([this](int row) { ShowHorizontal(row); });
+  // Positions are set by their spins only: what is typed into an echo goes.
+  form_.tVert.OnChange([this](int row) { ShowVertical(row); });
+  form_.tHor.OnChange([this](int row) { ShowHorizontal(row); });
   form_.udVal.OnMoved([this](int row) { ShowParameterValue(row); });
   form_.upVitc1.OnPulled([this](int line) { ShowVitcLine(line); });
 

@@ -14,7 +14,6 @@ namespace marlinset {
 namespace {
 
 constexpr int kLongAckMs = 10000;
-constexpr int kHighlight = 128;
 
 std::string FailureText(const Manner& manner, const std::vector<PacketField>& fields) {
   std::string text = manner.failure;
@@ -129,7 +128,7 @@ bool SettingCommands::HasWindow(int index) const {
 
 void SettingCommands::SendWindowAll(int index) {
   if (!HasWindow(index)) return;
-  Send(CommandId::kWindow, Sender::kPanel, index, kHighlight);
+  Send(CommandId::kWindow, Sender::kPanel, index, kHighlightOn);
   if (form_.mnuInter.Checked()) SendSlate();
 }
 
@@ -137,9 +136,9 @@ void SettingCommands::SendWindowInteractive(int index, int onBit) {
   if (vars_.UnitLocalMode || !HasWindow(index) || !form_.lName(index).Visible()) return;
   const SettingCommand& command = CommandOf(CommandId::kWindow);
   Message message = MessageOf(command, {form_, vars_, Sender::kPanel, index, onBit});
-  message.meaning += onBit == kHighlight ? ", highlighted" : ", not highlighted";
+  message.meaning += onBit == kHighlightOn ? ", highlighted" : ", not highlighted";
   Exchange(command.name, std::move(message), {Ack::kStandard, "ACK LOST"}, Failure::kPanel);
-  if (HasWindow(index)) At(vars_.CharWindows, index).Highlighted = onBit == kHighlight;
+  if (HasWindow(index)) At(vars_.CharWindows, index).Highlighted = onBit == kHighlightOn;
 }
 
 bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn) {

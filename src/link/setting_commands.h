@@ -24,6 +24,10 @@ struct SentMessage {
   std::string failure;  ///< what the operator reads, empty when there is nothing to tell
 };
 
+/// Bases of a window's flag byte: its window is highlighted on the unit's output, or not.
+constexpr int kHighlightOn = 128;
+constexpr int kHighlightOff = 0;
+
 /// Sends settings to the unit: composes the message from the panels, waits as its row of the command table
 /// says, and shows the row's text when the answer is missing. Nothing is sent twice, and a failure changes no
 /// panel. Whether something may be sent now (interactive mode, local mode) is the caller's decision except
@@ -58,8 +62,8 @@ class SettingCommands {
   bool HasWindow(int index) const;
   /// Sends a window's state, highlighted; in interactive mode the slate's after it.
   void SendWindowAll(int index);
-  /// Highlights a window on the unit's output (`onBit` 128) or ends that (0). A missing acknowledgement shows
-  /// as "ACK LOST" in panel 1 only. Does nothing in local mode or for a hidden window.
+  /// Highlights a window on the unit's output (`onBit` kHighlightOn) or ends that (kHighlightOff). A missing
+  /// acknowledgement shows as "ACK LOST" in panel 1 only. Does nothing in local mode or for a hidden window.
   void SendWindowInteractive(int index, int onBit);
 
   /// Switches the character inserter by one of the commands for it and shows the outcome: acknowledged, the

@@ -312,7 +312,7 @@ void WholeSend::EndHighlights() {
   if (!GoesOn()) return;
   PaintRows(form_.lName, kWhite);
   for (int i = 0; i < static_cast<int>(vars_.CharWindows.size()) && GoesOn(); ++i) {
-    commands_.SendWindowInteractive(i, 0);
+    commands_.SendWindowInteractive(i, kHighlightOff);
   }
 }
 

@@ -3,14 +3,13 @@
 
 #include "core/frm_start.h"
 #include "core/variables.h"
+#include "link/finally.h"
 #include "link/setting_commands.h"
 
 namespace marlinset {
 namespace {
 
 constexpr int kRestMs = 250;
-constexpr int kHighlightOn = 128;
-constexpr int kHighlightOff = 0;
 
 }  // namespace
 
@@ -19,10 +18,7 @@ WindowHighlight::WindowHighlight(Variables& variables, FrmStart& form, SettingCo
   ConnectRows();
   ConnectSurroundings();
   form_.lName.OnMouseMove([this](int row) { Rest(row); });
-  form_.Timer1.OnTick([this] {
-    Highlight(restingRow_);
-    form_.Timer1.SetEnabled(false);
-  });
+  form_.Timer1.OnTick([this] { Rested(); });
 }
 
 void WindowHighlight::ConnectRows() {
@@ -58,6 +54,12 @@ void WindowHighlight::Rest(int row) {
   restingRow_ = row;
   form_.Timer1.SetInterval(kRestMs);
   form_.Timer1.SetEnabled(true);
+}
+
+/// A rest lights its row once, also when that fails: a timer that went on would bring the box up again and
+/// again, faster than anybody can close it.
+void WindowHighlight::Rested() {
+  Finally([this] { Highlight(restingRow_); }, [this] { form_.Timer1.SetEnabled(false); });
 }
 
 void WindowHighlight::Highlight(int row) {

@@ -17,6 +17,7 @@ class WindowHighlight {
   void ConnectRows();
   void ConnectSurroundings();
   void Rest(int row);
+  void Rested();
   void Highlight(int row);
   void Leave(int row);
   void ClearOthers(int row);

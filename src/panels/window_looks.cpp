@@ -63,7 +63,7 @@ void WindowLooks::SendAllWindows() {
     if (commands_.HasWindow(row) && form_.tVert(row).Visible()) commands_.SendWindowAll(row);
   }
   for (int row = 0; row < static_cast<int>(vars_.CharWindows.size()); ++row) {
-    commands_.SendWindowInteractive(row, 0);
+    commands_.SendWindowInteractive(row, kHighlightOff);
   }
 }
 

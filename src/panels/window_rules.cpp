@@ -30,8 +30,8 @@ void WindowRules::WidthChanged(int row) {
 /// A wider window stops earlier at the right. A window without field digit or symbol takes no tick for it;
 /// taking the tick back is a click of its own.
 void WindowRules::LimitToWidth(int row) {
-  const auto has = [row](const auto& rows, int index) {
-    return row >= 0 && index >= 0 && static_cast<std::size_t>(index) < rows.size();
+  const auto has = [](const auto& rows, int index) {
+    return index >= 0 && static_cast<std::size_t>(index) < rows.size();
   };
   if (!has(vars_.CharWindows, row) || !has(vars_.CharMaxPositions, vars_.CurCharMaxRow)) return;
   const CharWindowRec window = At(vars_.CharWindows, row);

@@ -235,6 +235,9 @@ TEST(TimeCodePanels, TypingIntoRoutingIsTakenBack) {
   rig.form.ComUB(3).OperatorType("x");
   EXPECT_EQ(rig.form.ComUB(3).Text(), "x") << "an empty list has nothing to put back";
   EXPECT_EQ(rig.vars.UbLastIndex[3], 0);
+  rig.form.ComUB(3).AddItem("the only one");
+  rig.form.ComUB(3).OperatorType("y");
+  EXPECT_EQ(rig.form.ComUB(3).Text(), "the only one");
 }
 
 TEST(TimeCodePanels, MoveLinesByTheRulesOfTheirMode) {
@@ -308,6 +311,9 @@ TEST(TimeCodePanels, KeepASynchronizedDuplicateAtItsDistance) {
   EXPECT_EQ(Lines(form), "13 15 16 14 15 16");
   form.upVitc1(1).OperatorSpin(10);
   EXPECT_EQ(Lines(form), "10 15 16 13 15 16") << "one change moves it by one";
+  form.chDups.OperatorCheck(false);
+  form.chDups.OperatorCheck(true);
+  EXPECT_EQ(Lines(form), "10 15 16 13 15 16") << "no change moves nothing";
   form.upVitc1(1).OperatorStep(false, 20);
   EXPECT_EQ(Lines(form), "17 15 16 20 15 16") << "the last line for the duplicate stops the first";
   form.upVitc1(1).OperatorSpin(20);
@@ -318,8 +324,9 @@ TEST(TimeCodePanels, KeepASynchronizedDuplicateAtItsDistance) {
   EXPECT_FALSE(form.chSync.On() || form.chSync.Visible() || form.fVITC3.Visible());
   EXPECT_TRUE(form.fVITC2.Visible());
   EXPECT_FALSE(rig.vars.ConfigSaved);
+  form.chSync.SetValue(1);  // as a file may have it
   form.oVITC(0).OperatorClick();
-  EXPECT_TRUE(form.chSync.Visible() && !form.fVITC2.Visible());
+  EXPECT_TRUE(form.chSync.Visible() && form.chSync.On() && !form.fVITC2.Visible());
   form.chDups.OperatorCheck(false);
   EXPECT_FALSE(form.upVitc1(5).Visible() || form.tLineNumber(6).Visible());
 }

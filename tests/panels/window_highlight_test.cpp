@@ -61,14 +61,14 @@ TEST(WindowHighlight, ANameLightsItsRowOnceThePointerHasRested) {
   rig.pump.Pass(1);
   EXPECT_THAT(rig.Sent(), ElementsAre(StartsWith("2 8 33 2 128 ")));
   EXPECT_FALSE(form.Timer1.Enabled());
-  for (PictureBox* around : {&form.pWinIn}) {
+  form.lName(0).OperatorHover();
+  rig.pump.Pass(250);
+  EXPECT_THAT(rig.Sent(), ElementsAre(StartsWith("2 8 33 2 0 "), kFirstLit));
+  for (Control* around : {static_cast<Control*>(&form.pWinIn), static_cast<Control*>(&form.fPosition)}) {
     form.lName(0).OperatorHover();
     around->OperatorHover();
     EXPECT_FALSE(form.Timer1.Enabled());
   }
-  form.lName(0).OperatorHover();
-  form.fPosition.OperatorHover();
-  EXPECT_FALSE(form.Timer1.Enabled());
   rig.Sent();
   form.lName(0).OperatorHover();
   form.mnuInter.SetChecked(false);
@@ -78,6 +78,15 @@ TEST(WindowHighlight, ANameLightsItsRowOnceThePointerHasRested) {
   form.OperatorHover();
   EXPECT_THAT(rig.Sent(), IsEmpty()) << "off line";
   EXPECT_FALSE(form.Timer1.Enabled());
+}
+
+TEST(WindowHighlight, APositionThatNoMessageHoldsIsToldOnceARest) {
+  WindowsRig rig;
+  rig.GoInteractive();
+  rig.vars.CharWindows[0].Left = 300;
+  rig.form.lName(0).OperatorHover();
+  rig.pump.Pass(1000);
+  EXPECT_THAT(rig.Boxes(), ElementsAre("6  Overflow"));
 }
 
 TEST(WindowHighlight, ALostAcknowledgementShowsInTheStatusBarOnly) {
@@ -197,6 +206,17 @@ TEST(FontSize, TakesTheInserterOffAndSendsEachWindowAnew) {
   }
 }
 
+TEST(FontSize, EachChangeLooksForItselfWhetherTheInserterIsOn) {
+  WindowsRig rig;
+  rig.GoInteractive();
+  rig.form.ComWin(3).OperatorSelect(1);
+  rig.form.mnuCharOn.SetChecked(false);
+  rig.Sent();
+  rig.form.ComWin(3).OperatorSelect(2);
+  Texts windows;
+  EXPECT_THAT(WithoutWindows(rig.Sent(), windows), ElementsAre("2 8 32 2"));
+}
+
 TEST(FontSize, ChangesTheStepOnlyWhileTheWindowIsShown) {
   WindowsRig rig;
   const int limit = rig.form.udVer(0).Min();
@@ -234,6 +254,8 @@ TEST(InserterMenu, OpensThePortSendsAndTicksWhatTheUnitTook) {
     EXPECT_EQ(rig.form.mnuCharOff.Checked(), c.offChecked);
     EXPECT_EQ(rig.form.pComBut.BackColor() == kRed, c.mute);
     EXPECT_FALSE(rig.vars.ConfigSaved);
+    rig.form.mnuCharOn.OperatorClick();
+    EXPECT_NE(rig.Panel(2), "Port Open Already ") << "opened once";
   }
 }
 

@@ -90,12 +90,15 @@ const Edit kEdits[] = {
      {"2 8 46 1"},
      0,
      {"SDI Program Out Assignment error"}},
-    {"preview",
-     [](FrmStart& f) { f.chPrev.OperatorCheck(true); },
-     [](const FrmStart& f) { return f.chPrev.On(); },
-     {"2 8 37 1"},
+    {"preview and back to the mode",
+     [](FrmStart& f) {
+       f.chPrev.OperatorCheck(true);
+       f.chPrev.OperatorCheck(false);
+     },
+     [](const FrmStart& f) { return !f.chPrev.On(); },
+     {"2 8 37 1", kSlate},
      0,
-     {"Slate On error"}},
+     {"Slate On error", kSlateError}},
     {"slate duration",
      [](FrmStart& f) { f.UDDur.SetValue(300); },
      [](const FrmStart& f) { return f.tLineNumber(4).Text() == "300"; },
@@ -108,12 +111,15 @@ const Edit kEdits[] = {
      {"2 8 40 14 84 65 75 69"},
      0,
      {"Text Assignment error"}},
-    {"white flag",
-     [](FrmStart& f) { f.chEnable.OperatorCheck(true); },
-     [](const FrmStart& f) { return f.chEnable.On(); },
-     {"1 5 56", "1 5 169 20 20"},
+    {"white flag, and another line for it",
+     [](FrmStart& f) {
+       f.chEnable.OperatorCheck(true);
+       f.UpDown1.OperatorSpin(16);
+     },
+     [](const FrmStart& f) { return f.chEnable.On() && f.tLineNumber(0).Text() == "16"; },
+     {"1 5 56", "1 5 169 20 20", "1 5 169 16 16"},
      0,
-     {"White Flag Enable error 56", "White FlagLine Set error 169"}},
+     {"White Flag Enable error 56", "White FlagLine Set error 169", "White FlagLine Set error 169"}},
     {"white flag line while the flag is off",
      [](FrmStart& f) { f.UpDown1.OperatorSpin(15); },
      [](const FrmStart& f) { return f.tLineNumber(0).Text() == "15"; },
@@ -222,6 +228,37 @@ TEST(WindowsPanel, RoomAtTheRightFollowsFieldDigitAndSymbol) {
   // Taking the tick back is a click of its own.
   const std::string message = "2 8 33 1 196 10 " + std::to_string(window.Left) + " 13";
   EXPECT_THAT(rig.Sent(), ElementsAre(message, kSlate, message, kSlate));
+  rig.form.chSym(0).OperatorCheck(false);
+  spin.OperatorSpin(1000);
+  rig.Sent();
+  rig.form.chSym(0).OperatorCheck(true);
+  const std::string pulled = "2 8 33 1 196 10 " + std::to_string(all - window.SymbolLength) + " 13";
+  EXPECT_THAT(rig.Sent(), ElementsAre(pulled, kSlate)) << "the unit is told where the tick has moved it";
+}
+
+TEST(WindowsPanel, PositionsAreShownAsTheyStandWhateverIsTypedThere) {
+  WindowsRig rig;
+  rig.form.udVer(0).SetValue(-20);
+  rig.form.udHor(0).SetValue(-3);
+  rig.form.tVert(0).OperatorType("7");
+  rig.form.tHor(0).OperatorKey('1');
+  EXPECT_EQ(rig.form.tVert(0).Text(), "20");
+  EXPECT_EQ(rig.vars.CharWindows[0].Top, 20);
+  EXPECT_EQ(rig.form.tHor(0).Text(), "-3");
+  EXPECT_EQ(rig.vars.CharWindows[0].Left, -3);
+}
+
+TEST(WindowsPanel, SwitchingAWindowLeavesTheInserterOnIfTheUnitSaysSo) {
+  for (const bool mute : {false, true}) {
+    WindowsRig rig;
+    rig.GoInteractive();
+    rig.form.mnuCharOn.SetChecked(false);
+    rig.form.mnuCharOff.SetChecked(true);
+    rig.line.Unit().Faults().mute = mute;
+    rig.form.chOnOff(0).OperatorCheck(false);
+    EXPECT_EQ(rig.form.mnuCharOn.Checked(), !mute);
+    EXPECT_EQ(rig.form.mnuCharOff.Checked(), mute);
+  }
 }
 
 /// New sets the boxes from the defaults, whose clicks take room away, and then takes it away by itself.
