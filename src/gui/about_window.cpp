@@ -74,6 +74,7 @@ std::unique_ptr<QDialog> MakeAboutWindow(FrmAbout& form, QWidget* parent) {
   AddText(*grid, form.lblDescription, *window);
   AddText(*grid, form.lblDisclaimer, *window);
   auto* buttons = new QHBoxLayout;
+  SetSpaces(*buttons, *window);
   buttons->addStretch(1);
   QPushButton* info = MakeButton(form.cmdSysInfo, *window);
   QPushButton* close = MakeButton(form.cmdOK, *window);

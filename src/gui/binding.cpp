@@ -21,7 +21,13 @@ void BringIntoView(QWidget& widget) {
   }
 }
 
-/// The focus goes to another field, and not only for a while to a box, a menu or another program.
+QString WithoutColon(QString caption) {
+  if (caption.endsWith(QLatin1Char(':'))) caption.chop(1);
+  return caption;
+}
+
+}  // namespace
+
 bool GoesForGood(const QFocusEvent& event) {
   switch (event.reason()) {
     case Qt::ActiveWindowFocusReason:
@@ -33,17 +39,10 @@ bool GoesForGood(const QFocusEvent& event) {
   }
 }
 
-QString WithoutColon(QString caption) {
-  if (caption.endsWith(QLatin1Char(':'))) caption.chop(1);
-  return caption;
-}
-
-}  // namespace
-
 Binding::Binding(QWidget& widget, Control& control, std::function<void()> show)
     : QObject(&widget), widget_(widget), show_(std::move(show)) {
   widget.setObjectName(Shown(control.FullName()));
-  widget.setAccessibleName(WithoutColon(Shown(control.Caption())));
+  if (!control.Caption().empty()) widget.setAccessibleName(WithoutColon(Shown(control.Caption())));
   Add(control, &widget);
 }
 

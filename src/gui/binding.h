@@ -8,6 +8,7 @@
 
 #include "platform/control.h"
 
+class QFocusEvent;
 class QWidget;
 
 namespace marlinset {
@@ -34,6 +35,9 @@ class Listening {
   Signal<Args...>* signal_;
   typename Signal<Args...>::Id id_;
 };
+
+/// The focus goes to another field, and not only for a while to a box, a menu or another program.
+bool GoesForGood(const QFocusEvent& event);
 
 /// Ties one widget to one control of the panel model. The widget takes the control's full name as object name
 /// and follows its enabled and visible flags, tool tip and yellow mark; `show` paints the rest. What the

@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 
+#include "gui/fields.h"
 #include "gui/look.h"
 
 namespace marlinset {
@@ -34,27 +35,29 @@ Binding& Tie(QWidget& widget, Control& control, std::function<void()> show) {
 /// A menu entry's share of what Binding is for widgets.
 class ActionBinding : public QObject {
  public:
-  ActionBinding(QAction& action, MenuItem& item, char mnemonic, std::function<QString()> suffix)
+  using ShowText = std::function<void(const MenuItem&, QAction&)>;
+  /// `opening`: the text is another one each time the menu opens.
+  ActionBinding(QAction& action, MenuItem& item, ShowText showText, bool opening)
       : QObject(&action),
         action_(action),
         item_(item),
-        mnemonic_(mnemonic),
-        suffix_(std::move(suffix)),
+        showText_(std::move(showText)),
         listening_(item.Changed, [this] { Show(); }) {
     action.setObjectName(Shown(item.FullName()));
     connect(&action, &QAction::triggered, this, [this] {
       const QPointer<ActionBinding> alive(this);
+      FinishTyping();
       item_.OperatorClick();
       if (alive) Show();  // the action ticked itself; the tick is the model's
     });
     auto* menu = qobject_cast<QMenu*>(action.parent());
-    if (menu && suffix_) connect(menu, &QMenu::aboutToShow, this, [this] { Show(); });
+    if (menu && opening) connect(menu, &QMenu::aboutToShow, this, [this] { Show(); });
     Show();
   }
 
  private:
   void Show() {
-    action_.setText(ShownWithMnemonic(item_.Caption(), mnemonic_) + (suffix_ ? suffix_() : QString()));
+    showText_(item_, action_);
     action_.setEnabled(item_.Enabled());
     action_.setVisible(item_.Visible());
     if (action_.isCheckable()) action_.setChecked(item_.Checked());
@@ -62,8 +65,7 @@ class ActionBinding : public QObject {
 
   QAction& action_;
   MenuItem& item_;
-  char mnemonic_;
-  std::function<QString()> suffix_;
+  ShowText showText_;
   Listening<> listening_;
 };
 
@@ -101,8 +103,10 @@ Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic) {
   Binding& binding = Tie(widget, control, [&widget, &control, mnemonic] {
     widget.setText(ShownWithMnemonic(control.Caption(), mnemonic));
   });
-  QObject::connect(&widget, &QAbstractButton::clicked, &binding,
-                   [&] { binding.Act([&control] { control.OperatorClick(); }); });
+  QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&] {
+    FinishTyping();
+    binding.Act([&control] { control.OperatorClick(); });
+  });
   return binding;
 }
 
@@ -112,15 +116,17 @@ Binding& Bind(QAbstractButton& widget, OptionButton& control) {
     widget.setText(ShownLiteral(control.Caption()));
     SetTick(widget, control.Value());
   });
-  QObject::connect(&widget, &QAbstractButton::clicked, &binding,
-                   [&] { binding.Act([&control] { control.OperatorClick(); }); });
+  QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&] {
+    FinishTyping();
+    binding.Act([&control] { control.OperatorClick(); });
+  });
   return binding;
 }
 
-Binding& Bind(QCheckBox& widget, CheckBox& control) {
-  Binding& binding = Tie(widget, control, [&] {
+Binding& Bind(QCheckBox& widget, CheckBox& control, char mnemonic) {
+  Binding& binding = Tie(widget, control, [&widget, &control, mnemonic] {
     constexpr Qt::CheckState kStates[] = {Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};
-    widget.setText(ShownLiteral(control.Caption()));
+    widget.setText(ShownWithMnemonic(control.Caption(), mnemonic));
     widget.setTristate(control.Value() == 2);
     widget.setCheckState(kStates[control.Value()]);
   });
@@ -129,9 +135,11 @@ Binding& Bind(QCheckBox& widget, CheckBox& control) {
   return binding;
 }
 
-Binding& Bind(QLabel& widget, Label& control) {
+Binding& Bind(QLabel& widget, Label& control, char mnemonic) {
   widget.setTextFormat(Qt::PlainText);
-  return Tie(widget, control, [&] { widget.setText(Shown(control.Caption())); });
+  return Tie(widget, control, [&widget, &control, mnemonic] {
+    widget.setText(mnemonic == 0 ? Shown(control.Caption()) : ShownWithMnemonic(control.Caption(), mnemonic));
+  });
 }
 
 Binding& Bind(QLineEdit& widget, TextBox& control) {
@@ -170,7 +178,15 @@ Binding& Bind(QWidget& widget, Frame& control) {
 }
 
 void Bind(QAction& action, MenuItem& item, char mnemonic, std::function<QString()> suffix) {
-  new ActionBinding(action, item, mnemonic, std::move(suffix));
+  const bool opening = static_cast<bool>(suffix);
+  const auto showText = [mnemonic, suffix = std::move(suffix)](const MenuItem& shown, QAction& entry) {
+    entry.setText(ShownWithMnemonic(shown.Caption(), mnemonic) + (suffix ? suffix() : QString()));
+  };
+  new ActionBinding(action, item, showText, opening);
+}
+
+void Bind(QAction& action, MenuItem& item, std::function<void(const MenuItem&, QAction&)> showText) {
+  new ActionBinding(action, item, std::move(showText), false);
 }
 
 void ShowWith(QWidget& widget, Control& control) {

@@ -20,8 +20,9 @@ namespace marlinset {
 Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic = 0);
 /// Radio buttons and segments: which one of a choice is on is the model's word.
 Binding& Bind(QAbstractButton& widget, OptionButton& control);
-Binding& Bind(QCheckBox& widget, CheckBox& control);
-Binding& Bind(QLabel& widget, Label& control);
+Binding& Bind(QCheckBox& widget, CheckBox& control, char mnemonic = 0);
+/// A mnemonic leads to the label's buddy.
+Binding& Bind(QLabel& widget, Label& control, char mnemonic = 0);
 /// Each key goes past the control's key handlers before it is typed.
 Binding& Bind(QLineEdit& widget, TextBox& control);
 /// A log: shows the text and its end, takes none.
@@ -31,6 +32,8 @@ Binding& Bind(QWidget& widget, Frame& control);
 /// A menu entry; `mnemonic` is the letter of its caption that is underlined, 0 for none. `suffix` stands
 /// behind the caption and is asked for again each time the menu opens.
 void Bind(QAction& action, MenuItem& item, char mnemonic = 0, std::function<QString()> suffix = {});
+/// A menu entry with words of its own.
+void Bind(QAction& action, MenuItem& item, std::function<void(const MenuItem&, QAction&)> showText);
 
 /// Shows `widget` exactly while `control` is visible: a label that belongs to a field. For controls that
 /// stay.

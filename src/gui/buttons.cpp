@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/buttons.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -21,6 +22,18 @@ void PaintFocus(QPainter& painter, const QRectF& area, const QColor& color) {
 }
 
 }  // namespace
+
+void BarButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    event->ignore();
+  } else {
+    QPushButton::keyPressEvent(event);
+  }
+}
+
+QSize MainButton::sizeHint() const {
+  return BarButton::sizeHint() + QSize(3 * SpaceUnit(*this), 0);
+}
 
 void MainButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

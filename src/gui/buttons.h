@@ -6,11 +6,23 @@
 
 namespace marlinset {
 
-/// The button of the main action: in the desktop's accent colour.
-class MainButton : public QPushButton {
+/// A button of the tool bar. Space presses it; Enter, which completes numbers all over the window, does not
+/// on any desktop, so that one Enter too many sends nothing.
+class BarButton : public QPushButton {
   Q_OBJECT
  public:
   using QPushButton::QPushButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// The button of the main action: in the desktop's accent colour.
+class MainButton : public BarButton {
+  Q_OBJECT
+ public:
+  using BarButton::BarButton;
+  QSize sizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

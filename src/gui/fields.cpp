@@ -2,6 +2,7 @@
 #include "gui/fields.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -88,7 +89,9 @@ SpinField::SpinField(SpinControl& spin, TextBox& echo, QWidget* parent)
   binding_->Add(echo, lineEdit());
   binding_->Show();
   connect(lineEdit(), &QLineEdit::textEdited, binding_, [this] { typing_ = true; });
-  connect(this, &QAbstractSpinBox::editingFinished, binding_, [this] { Complete(); });
+  connect(this, &QAbstractSpinBox::editingFinished, binding_, [this] {
+    if (!staysInUse_) Complete();
+  });
 }
 
 void SpinField::ShowControl() {
@@ -154,6 +157,12 @@ void SpinField::wheelEvent(QWheelEvent* event) {
   }
 }
 
+void SpinField::focusOutEvent(QFocusEvent* event) {
+  staysInUse_ = !GoesForGood(*event);
+  QAbstractSpinBox::focusOutEvent(event);
+  staysInUse_ = false;
+}
+
 void SpinField::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && typing_) {
     TakeBack();
@@ -161,6 +170,10 @@ void SpinField::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QAbstractSpinBox::keyPressEvent(event);
+}
+
+void FinishTyping() {
+  if (auto* field = qobject_cast<SpinField*>(QApplication::focusWidget())) field->Complete();
 }
 
 }  // namespace marlinset

@@ -29,14 +29,19 @@ class ComboField : public QComboBox {
 };
 
 /// A spin together with the text that echoes it. It shows the echo, which has the last word about what an
-/// operator sees, and steps and sets the spin. A typed number counts once it is complete: on Enter or when
-/// the field is left; Esc takes it back.
+/// operator sees, and steps and sets the spin. A typed number counts once it is complete: on Enter, when the
+/// focus goes to another field, or with the operator's next action; a box that comes up or another program
+/// leaves it half typed. Esc takes it back.
 class SpinField : public QAbstractSpinBox {
   Q_OBJECT
  public:
   SpinField(SpinControl& spin, TextBox& echo, QWidget* parent);
   /// The radix in which the echo stands and numbers are typed, 10 or 16; asked each time.
   void SetRadix(std::function<int()> radix) { radix_ = std::move(radix); }
+  /// The number that is being typed counts as it stands.
+  void Complete();
+  /// Forgets what was typed.
+  void TakeBack();
 
   void stepBy(int steps) override;
   QValidator::State validate(QString& text, int& position) const override;
@@ -47,18 +52,21 @@ class SpinField : public QAbstractSpinBox {
   StepEnabled stepEnabled() const override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void ShowControl();
-  void Complete();
-  void TakeBack();
 
   SpinControl& spin_;
   TextBox& echo_;
   std::function<int()> radix_;
   Binding* binding_;
   bool typing_ = false;
+  bool staysInUse_ = false;  ///< the focus goes for a while only
   QString echoShown_;
 };
+
+/// The number in the field that has the focus is complete: the operator does something else with it.
+void FinishTyping();
 
 }  // namespace marlinset

@@ -10,16 +10,26 @@
 
 namespace marlinset {
 
-Group::Group(Frame& frame, QWidget* parent) : QWidget(parent) {
-  auto* title = new QLabel(this);
+namespace {
+
+/// A caption as a name: without the mark of its mnemonic and its colon.
+QString NameIn(QString caption) {
+  caption.remove(QLatin1Char('&'));
+  if (caption.endsWith(QLatin1Char(':'))) caption.chop(1);
+  return caption;
+}
+
+}  // namespace
+
+Group::Group(Frame& frame, QWidget* parent) : QWidget(parent), frame_(frame), title_(new QLabel(this)) {
   QFont bold = font();
   bold.setBold(true);
-  title->setFont(bold);
-  title->setTextFormat(Qt::PlainText);
-  title->setText(Shown(frame.Caption()));
+  title_->setFont(bold);
+  title_->setTextFormat(Qt::PlainText);
+  title_->setText(Shown(frame.Caption()));
   auto* rows = new QVBoxLayout(this);
   SetSpaces(*rows, *this, 2);
-  rows->addWidget(title);
+  rows->addWidget(title_);
   grid_ = new QGridLayout;
   SetSpaces(*grid_, *this);
   grid_->setHorizontalSpacing(2 * SpaceUnit(*this));
@@ -33,6 +43,18 @@ void Group::AddRow(QLabel* label, QWidget* field) {
   label->setBuddy(field);
   grid_->addWidget(label, row, 0);
   grid_->addWidget(field, row, 1);
+  Name(*field, label->text());
+}
+
+void Group::AddTitled(QWidget* field, char mnemonic, int columns) {
+  title_->setText(ShownWithMnemonic(frame_.Caption(), mnemonic));
+  title_->setBuddy(field);
+  grid_->addWidget(field, grid_->rowCount(), 0, 1, columns);
+  field->setAccessibleName(NameIn(title_->text()));
+}
+
+void Group::Name(QWidget& field, const QString& label) const {
+  field.setAccessibleName(NameIn(Shown(frame_.Caption())) + QStringLiteral(", ") + NameIn(label));
 }
 
 void Group::paintEvent(QPaintEvent* /*event*/) {
@@ -49,10 +71,14 @@ QLabel* MakeLabel(const QString& text, QWidget* parent) {
   return label;
 }
 
-QLabel* MakeLabel(Label& control, QWidget* parent) {
+QLabel* MakeLabel(Label& control, QWidget* parent, char mnemonic) {
   auto* label = new QLabel(parent);
-  Bind(*label, control);
+  Bind(*label, control, mnemonic);
   return label;
+}
+
+QLabel* MakeLabelFor(const Control& field, QWidget* parent, char mnemonic) {
+  return MakeLabel(ShownWithMnemonic(field.Caption(), mnemonic), parent);
 }
 
 void AlignLabels(const QList<Group*>& groups) {

@@ -18,13 +18,19 @@ class Group : public QWidget {
   Group(Frame& frame, QWidget* parent);
   /// Where the fields go: labels in column 0, fields in column 1, what is left over in column 2.
   QGridLayout& Grid() const { return *grid_; }
-  /// Adds a row "label field". Labels are the mnemonic partners of their fields.
+  /// Adds a row "label field". Labels are the mnemonic partners of their fields and name them.
   void AddRow(QLabel* label, QWidget* field);
+  /// Adds a field that the title itself names; `mnemonic` is the letter of the title that leads to it.
+  void AddTitled(QWidget* field, char mnemonic, int columns);
+  /// Names a field to a screen reader, which reads no group: "LTC, Time Bits".
+  void Name(QWidget& field, const QString& label) const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  Frame& frame_;
+  QLabel* title_;
   QGridLayout* grid_;
 };
 
@@ -33,8 +39,10 @@ void AlignLabels(const QList<Group*>& groups);
 
 /// A label that is no control of its own.
 QLabel* MakeLabel(const QString& text, QWidget* parent);
-/// A label bound to its control.
-QLabel* MakeLabel(Label& control, QWidget* parent);
+/// A label bound to its control; `mnemonic` is the letter that is underlined and leads to its buddy.
+QLabel* MakeLabel(Label& control, QWidget* parent, char mnemonic = 0);
+/// A label that shows the caption of the field it stands before.
+QLabel* MakeLabelFor(const Control& field, QWidget* parent, char mnemonic = 0);
 
 /// Two areas side by side, the second one below the first when there is no room for both.
 class SideBySide : public QWidget {

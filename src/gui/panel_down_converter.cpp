@@ -14,9 +14,9 @@ namespace {
 constexpr int kModeCharacters = 28;
 
 /// A group whose title is the name of its only field.
-Group* MakeSingle(Frame& frame, ComboBox& combo, QWidget* parent) {
+Group* MakeSingle(Frame& frame, char mnemonic, ComboBox& combo, QWidget* parent) {
   auto* group = new Group(frame, parent);
-  group->Grid().addWidget(new ComboField(combo, kModeCharacters, group), 1, 0, 1, 2);
+  group->AddTitled(new ComboField(combo, kModeCharacters, group), mnemonic, 2);
   return group;
 }
 
@@ -25,14 +25,13 @@ Group* MakeSingle(Frame& frame, ComboBox& combo, QWidget* parent) {
 QWidget* MakeDownConverterPanel(FrmStart& form, QWidget* parent) {
   auto* page = new QWidget(parent);
   auto* filters = new Group(form.fFilters, page);
-  for (const int i : {1, 2}) {
+  for (const auto& [i, mnemonic] : {std::pair{1, 't'}, std::pair{2, 'z'}}) {
     ComboBox& combo = form.ComDownConv(i);
-    filters->AddRow(MakeLabel(Shown(combo.Caption()) + QLatin1Char(':'), filters),
-                    new ComboField(combo, kModeCharacters, filters));
+    filters->AddRow(MakeLabelFor(combo, filters, mnemonic), new ComboField(combo, kModeCharacters, filters));
   }
   QWidget* column = MakeColumn(
-      {MakeSingle(form.fDownConv, form.ComWin(FrmStart::kAspectRatio), page),
-       MakeSingle(form.fProcessingMode, form.ComDownConv(FrmStart::kProcessingMode), page), filters},
+      {MakeSingle(form.fDownConv, 'a', form.ComWin(FrmStart::kAspectRatio), page),
+       MakeSingle(form.fProcessingMode, 'd', form.ComDownConv(FrmStart::kProcessingMode), page), filters},
       page);
   auto* rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, 0, 0);

@@ -10,8 +10,10 @@ namespace marlinset {
 QWidget* MakeInputsPanel(FrmStart& form, QWidget* parent) {
   auto* page = new QWidget(parent);
   auto* group = new Group(form.fCodes, page);
-  group->AddRow(MakeLabel(form.ltimeBits(0), group), new ComboField(form.comTB(0), kSourceCharacters, group));
-  group->AddRow(MakeLabel(form.lUserBits(0), group), new ComboField(form.ComUB(0), kSourceCharacters, group));
+  group->AddRow(MakeLabel(form.ltimeBits(0), group, 'T'),
+                new ComboField(form.comTB(0), kSourceCharacters, group));
+  group->AddRow(MakeLabel(form.lUserBits(0), group, 'U'),
+                new ComboField(form.ComUB(0), kSourceCharacters, group));
   auto* rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->addWidget(group, 0, Qt::AlignLeft | Qt::AlignTop);

@@ -15,17 +15,18 @@ namespace {
 
 constexpr int kDuplicateOffset = 4;  // upVitc1(5) is the duplicate of upVitc1(1)
 
-QCheckBox* MakeCheck(CheckBox& control, QWidget* parent) {
+QCheckBox* MakeCheck(CheckBox& control, QWidget* parent, char mnemonic) {
   auto* box = new QCheckBox(parent);
-  Bind(*box, control);
+  Bind(*box, control, mnemonic);
   box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   return box;
 }
 
+/// Time bits and user bits stand here four times: only the first pair has mnemonics.
 void AddRouting(Group& group, FrmStart& form, int output) {
-  group.AddRow(MakeLabel(form.ltimeBits(output), &group),
+  group.AddRow(MakeLabel(form.ltimeBits(output), &group, output == 1 ? 'T' : '\0'),
                new ComboField(form.comTB(output), kSourceCharacters, &group));
-  group.AddRow(MakeLabel(form.lUserBits(output), &group),
+  group.AddRow(MakeLabel(form.lUserBits(output), &group, output == 1 ? 'U' : '\0'),
                new ComboField(form.ComUB(output), kSourceCharacters, &group));
 }
 
@@ -46,7 +47,8 @@ Group* MakeVitcLine(Frame& frame, FrmStart& form, int line, QWidget* parent) {
   SetSpaces(*row, *numbers);
   SpinField* first = MakeLine(form, line, numbers);
   SpinField* duplicate = MakeLine(form, line + kDuplicateOffset, numbers);
-  duplicate->setAccessibleName(QStringLiteral("Duplicate line"));
+  group->Name(*first, QStringLiteral("Line"));
+  group->Name(*duplicate, QStringLiteral("Duplicate line"));
   QLabel* second = MakeLabel(QStringLiteral("Duplicate:"), numbers);
   second->setBuddy(duplicate);
   ShowWith(*second, form.upVitc1(line + kDuplicateOffset));
@@ -63,8 +65,10 @@ Group* MakeVitcLine(Frame& frame, FrmStart& form, int line, QWidget* parent) {
 
 Group* MakeWhiteFlag(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fWhite, parent);
-  group->Grid().addWidget(MakeCheck(form.chEnable, group), 1, 0, 1, 2);
-  group->AddRow(MakeLabel(Shown(form.UpDown1.Caption()) + QLatin1Char(':'), group),
+  QCheckBox* enable = MakeCheck(form.chEnable, group, 'd');
+  group->Name(*enable, enable->text());
+  group->Grid().addWidget(enable, 1, 0, 1, 2);
+  group->AddRow(MakeLabelFor(form.UpDown1, group, 'r'),
                 new SpinField(form.UpDown1, form.tLineNumber(0), group));
   return group;
 }
@@ -77,12 +81,14 @@ QWidget* MakeOutputsPanel(FrmStart& form, QWidget* parent) {
   auto* rows = new QVBoxLayout(checks);
   SetSpaces(*rows, *checks);
   rows->setContentsMargins(2 * SpaceUnit(*checks), 0, 0, 0);  // in line with the fields in the groups
-  for (CheckBox* check : {&form.chVITC, &form.chDups, &form.chSync}) {
-    rows->addWidget(MakeCheck(*check, checks));
-  }
+  rows->addWidget(MakeCheck(form.chVITC, checks, 'a'));
+  rows->addWidget(MakeCheck(form.chDups, checks, 'i'));
+  rows->addWidget(MakeCheck(form.chSync, checks, 'y'));
   auto* ltc = new Group(form.fLTCOut, page);
   AddRouting(*ltc, form, 1);
-  QWidget* left = MakeColumn({checks, ltc, MakeWhiteFlag(form, page)}, page);
+  Group* white = MakeWhiteFlag(form, page);
+  AlignLabels({ltc, white});
+  QWidget* left = MakeColumn({checks, ltc, white}, page);
   QWidget* right =
       MakeColumn({MakeVitcLine(form.fVITC1, form, 1, page), MakeVitcLine(form.fVITC2, form, 2, page),
                   MakeVitcLine(form.fVITC3, form, 3, page)},

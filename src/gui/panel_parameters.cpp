@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -38,6 +39,15 @@ class ValueDelegate : public QStyledItemDelegate {
   void setEditorData(QWidget* /*editor*/, const QModelIndex& /*cell*/) const override {}
   void setModelData(QWidget* /*editor*/, QAbstractItemModel* /*model*/,
                     const QModelIndex& /*cell*/) const override {}
+
+ protected:
+  /// The view closes the editor on Esc, and an editor that goes counts as left.
+  bool eventFilter(QObject* editor, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+      static_cast<SpinField*>(editor)->TakeBack();
+    }
+    return QStyledItemDelegate::eventFilter(editor, event);
+  }
 
  private:
   FrmStart& form_;
@@ -96,11 +106,13 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
   table->setAlternatingRowColors(true);
   table->setShowGrid(false);
   table->setWordWrap(false);
+  table->setTabKeyNavigation(false);  // Tab goes on to the next field, as everywhere
   table->verticalHeader()->hide();
   table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 2 * SpaceUnit(*table));
   SetColumns(*table);
   QObject::connect(table->horizontalHeader(), &QHeaderView::sectionClicked, model,
                    [model, table](int column) {
+                     FinishTyping();  // before another parameter moves into the row
                      model->Head(column).OperatorClick();
                      ShowSort(*table->horizontalHeader(), *model);  // the click moved the arrow by itself
                    });
@@ -108,6 +120,7 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
                    [model, table] { ShowSort(*table->horizontalHeader(), *model); });
   table->horizontalHeader()->setSortIndicatorShown(true);
   ShowSort(*table->horizontalHeader(), *model);
+  table->setAccessibleName(QStringLiteral("Parameter list"));
   QObject::connect(model, &ParameterModel::Marked, table, [table](const QModelIndex& cell) {
     if (table->isVisible()) table->scrollTo(cell);
   });

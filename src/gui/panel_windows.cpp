@@ -19,24 +19,24 @@ namespace {
 
 constexpr int kChoiceCharacters = 20;
 
-void AddCombo(Group& group, ComboBox& combo) {
-  group.AddRow(MakeLabel(Shown(combo.Caption()), &group), new ComboField(combo, kChoiceCharacters, &group));
+void AddCombo(Group& group, ComboBox& combo, char mnemonic) {
+  group.AddRow(MakeLabelFor(combo, &group, mnemonic), new ComboField(combo, kChoiceCharacters, &group));
 }
 
 Group* MakeAttributes(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fAttribs, parent);
-  AddCombo(*group, form.ComWin(FrmStart::kCharStyle));
-  AddCombo(*group, form.ComWin(FrmStart::kFontSize));
+  AddCombo(*group, form.ComWin(FrmStart::kCharStyle), 'y');
+  AddCombo(*group, form.ComWin(FrmStart::kFontSize), 'i');
   return group;
 }
 
 Group* MakeSlate(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fVirtual, parent);
-  AddCombo(*group, form.ComWin(FrmStart::kSlateMode));
-  group->AddRow(MakeLabel(Shown(form.UDDur.Caption()), group),
-                new SpinField(form.UDDur, form.tLineNumber(4), group));
+  AddCombo(*group, form.ComWin(FrmStart::kSlateMode), 'd');
+  group->AddRow(MakeLabelFor(form.UDDur, group, 'r'), new SpinField(form.UDDur, form.tLineNumber(4), group));
   auto* preview = new QCheckBox(group);
-  Bind(*preview, form.chPrev);
+  Bind(*preview, form.chPrev, 'w');
+  group->Name(*preview, preview->text());
   group->Grid().addWidget(preview, group->Grid().rowCount(), 1);
   return group;
 }
@@ -65,16 +65,14 @@ Group* MakeMessage(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fWinMess, parent);
   auto* line = new QLineEdit(group);
   Bind(*line, form.tWinMess);
-  line->setAccessibleName(Shown(form.fWinMess.Caption()));
-  group->Grid().addWidget(line, 1, 0, 1, 3);
+  group->AddTitled(line, 'T', 3);
   group->Grid().addWidget(new CharacterCount(form.tWinMess, group), 2, 0, 1, 3);
   return group;
 }
 
 Group* MakeProgramOut(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fSDIProgramOut, parent);
-  group->Grid().addWidget(new ComboField(form.ComWin(FrmStart::kSdiProgramOut), kChoiceCharacters, group), 1,
-                          0, 1, 2);
+  group->AddTitled(new ComboField(form.ComWin(FrmStart::kSdiProgramOut), kChoiceCharacters, group), 'a', 2);
   return group;
 }
 

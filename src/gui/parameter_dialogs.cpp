@@ -44,7 +44,7 @@ void AddField(QFormLayout& rows, QDialog& window, TextBox& control, char mnemoni
   field->setMinimumWidth(FiguresWidth(window, figures));
   field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   Bind(*field, control);
-  rows.addRow(ShownWithMnemonic(control.Caption(), mnemonic) + QLatin1Char(':'), field);
+  rows.addRow(ShownWithMnemonic(control.Caption(), mnemonic), field);
 }
 
 std::unique_ptr<QDialog> MakeEditWindow(FrmEditParameters& form, QWidget* parent) {
@@ -114,6 +114,7 @@ std::unique_ptr<QDialog> MakeDeleteWindow(FrmDeleteParameter& form, QWidget* par
   QLabel* label = MakeLabel(form.Label1, window.get());
   label->setText(ShownWithMnemonic(form.Label1.Caption(), 'h'));
   label->setBuddy(list);
+  list->setAccessibleName(Shown(form.Label1.Caption()));
   all->addWidget(label);
   all->addWidget(list, 1);
   auto* buttons = new QDialogButtonBox(window.get());

@@ -7,6 +7,15 @@
 
 namespace marlinset {
 
+namespace {
+
+/// Numbers and their heads stand at the right.
+Qt::Alignment AlignmentOf(int column) {
+  return Qt::AlignVCenter | (column == ParameterModel::kDescription ? Qt::AlignLeft : Qt::AlignRight);
+}
+
+}  // namespace
+
 ParameterModel::ParameterModel(FrmStart& form, QObject* parent) : QAbstractTableModel(parent), form_(form) {
   WatchArray(form.lClass);
   WatchArray(form.lParam);
@@ -111,8 +120,7 @@ QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
     case Qt::DisplayRole:
       return TextOf(index, cell.column());
     case Qt::TextAlignmentRole:
-      return static_cast<int>(Qt::AlignVCenter |
-                              (cell.column() == kDescription ? Qt::AlignLeft : Qt::AlignRight));
+      return static_cast<int>(AlignmentOf(cell.column()));
     case Qt::FontRole:
       return cell.column() == kValue ? QVariant(FixedFont()) : QVariant();
     case Qt::BackgroundRole:
@@ -128,9 +136,7 @@ QVariant ParameterModel::headerData(int section, Qt::Orientation orientation, in
   if (orientation != Qt::Horizontal) return {};
   if (role == Qt::DisplayRole) return Shown(Head(section).Caption());
   if (role == Qt::ToolTipRole) return Shown(Head(section).ToolTip());
-  if (role == Qt::TextAlignmentRole && section == kDescription) {
-    return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft);
-  }
+  if (role == Qt::TextAlignmentRole) return static_cast<int>(AlignmentOf(section));
   return {};
 }
 

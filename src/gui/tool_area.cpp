@@ -18,16 +18,28 @@ namespace {
 
 constexpr int kStandardCharacters = 10;
 
-QHBoxLayout* AddRow(QVBoxLayout& rows, const QWidget& parent) {
-  auto* row = new QHBoxLayout;
-  SetSpaces(*row, parent);
-  rows.addLayout(row);
-  return row;
+/// Some controls in a row.
+struct Strip {
+  explicit Strip(QWidget* parent) : widget(new QWidget(parent)), row(new QHBoxLayout(widget)) {
+    SetSpaces(*row, *widget);
+  }
+  QWidget* widget;
+  QHBoxLayout* row;
+};
+
+/// Two strips at the ends of one line, or of two when the window is narrow: nothing is pushed off a small
+/// screen.
+SideBySide* MakeLine(Strip& left, Strip& right, QWidget* parent) {
+  left.row->addStretch(1);
+  right.row->addStretch(1);
+  auto* line = new SideBySide(left.widget, right.widget, parent);
+  line->LetFirstGrow();
+  return line;
 }
 
 /// The buttons stand disabled only while a whole setup is on its way.
-void AddButton(QBoxLayout& row, QPushButton* widget, Button& control) {
-  Binding& binding = Bind(*widget, control);
+void AddButton(QBoxLayout& row, BarButton* widget, Button& control, char mnemonic) {
+  Binding& binding = Bind(*widget, control, mnemonic);
   binding.SetDisabledReason(QStringLiteral("A setup is being sent; available again when it is complete."));
   row.addWidget(widget);
 }
@@ -40,33 +52,42 @@ ToolArea::ToolArea(FrmStart& form, QWidget* parent) : QWidget(parent) {
   SetSpaces(*rows, *this);
   const int unit = SpaceUnit(*this);
   rows->setContentsMargins(2 * unit, unit, 2 * unit, unit);
-  QHBoxLayout* first = AddRow(*rows, *this);
-  first->addWidget(new Indicator(form, this));
-  first->addSpacing(unit);
+  Strip standard(this);
+  AddStandard(form, *standard.row);
+  Strip main(this);
+  AddMain(form, *main.row);
+  rows->addWidget(MakeLine(standard, main, this));
+  Strip views(this);
+  views.row->addWidget(MakeViews(form));
+  Strip service(this);
+  AddService(form, *service.row);
+  rows->addWidget(MakeLine(views, service, this));
+}
+
+void ToolArea::AddStandard(FrmStart& form, QBoxLayout& row) {
+  const int unit = SpaceUnit(*this);
+  row.addWidget(new Indicator(form, this));
+  row.addSpacing(unit);
   auto* standard = new ComboField(form.comVS, kStandardCharacters, this);
   standard->setAccessibleName(QStringLiteral("Video standard"));
-  QLabel* label = MakeLabel(QStringLiteral("Video standard"), this);
+  QLabel* label = MakeLabel(QStringLiteral("&Video standard"), this);
   label->setBuddy(standard);
-  first->addWidget(label);
-  first->addWidget(standard);
-  first->addSpacing(3 * unit);
-  first->addWidget(MakeVitcModes(form));
-  first->addStretch(1);
-  AddButtons(form, *first);
-  QHBoxLayout* second = AddRow(*rows, *this);
-  second->addWidget(MakeViews(form));
-  second->addStretch(1);
-  AddService(form, *second);
+  row.addWidget(label);
+  row.addWidget(standard);
+  row.addSpacing(3 * unit);
+  row.addWidget(MakeVitcModes(form));
 }
 
 QWidget* ToolArea::MakeVitcModes(FrmStart& form) {
   auto* band = new QWidget(this);
   auto* row = new QHBoxLayout(band);
   SetSpaces(*row, *band);
-  row->addWidget(MakeLabel(form.tVITC, band));
+  QLabel* label = MakeLabel(form.tVITC, band, 'L');
+  row->addWidget(label);
   for (const int i : form.oVITC.Indices()) {
     auto* option = new QRadioButton(band);
     Bind(*option, form.oVITC(i));
+    if (!label->buddy()) label->setBuddy(option);
     option->setAccessibleName(Shown(form.tVITC.Caption()) + QLatin1Char(' ') + option->text());
     row->addWidget(option);
   }
@@ -97,20 +118,20 @@ QWidget* ToolArea::MakeViews(FrmStart& form) {
   return band;
 }
 
-void ToolArea::AddButtons(FrmStart& form, QBoxLayout& row) {
-  AddButton(row, new QPushButton(this), form.bOpen);
-  AddButton(row, new QPushButton(this), form.bClose);
+void ToolArea::AddMain(FrmStart& form, QBoxLayout& row) {
+  AddButton(row, new BarButton(this), form.bOpen, 'n');
+  AddButton(row, new BarButton(this), form.bClose, 'C');
   row.addSpacing(SpaceUnit(*this));
-  AddButton(row, new MainButton(this), form.bSConfig);
+  AddButton(row, new MainButton(this), form.bSConfig, 'S');
 }
 
 void ToolArea::AddService(FrmStart& form, QBoxLayout& row) {
   QLabel* label = MakeLabel(QStringLiteral("Service:"), this);
   ShowWith(*label, form.bSend);
   row.addWidget(label);
-  AddButton(row, new QPushButton(this), form.bSend);
-  AddButton(row, new QPushButton(this), form.bBroad);
-  AddButton(row, new QPushButton(this), form.bGetID);
+  AddButton(row, new BarButton(this), form.bSend, 'e');
+  AddButton(row, new BarButton(this), form.bBroad, 'B');
+  AddButton(row, new BarButton(this), form.bGetID, 'G');
 }
 
 }  // namespace marlinset

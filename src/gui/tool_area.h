@@ -19,7 +19,8 @@ class ToolArea : public QWidget {
  private:
   QWidget* MakeVitcModes(FrmStart& form);
   QWidget* MakeViews(FrmStart& form);
-  void AddButtons(FrmStart& form, QBoxLayout& row);
+  void AddStandard(FrmStart& form, QBoxLayout& row);
+  void AddMain(FrmStart& form, QBoxLayout& row);
   void AddService(FrmStart& form, QBoxLayout& row);
 };
 

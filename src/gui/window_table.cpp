@@ -54,6 +54,13 @@ class WindowTable::RowStrip : public QWidget {
     listening_.emplace_back(name.Changed, [this] { FollowName(); });
   }
   QHBoxLayout& Cells() { return *cells_; }
+  /// Adds a cell around a field of the row.
+  void AddField(QWidget* field, int width) {
+    fields_.push_back(field);
+    cells_->addWidget(MakeCell(field, width, this));
+  }
+  /// In reading order.
+  const std::vector<QWidget*>& Fields() const { return fields_; }
   void FollowName() { setVisible(name_.Visible()); }
   /// The row's controls are about to go.
   void Release() {
@@ -74,13 +81,16 @@ class WindowTable::RowStrip : public QWidget {
  private:
   Label& name_;
   QHBoxLayout* cells_;
+  std::vector<QWidget*> fields_;
   std::vector<Listening<>> listening_;
 };
 
 WindowTable::WindowTable(FrmStart& form, QWidget* parent)
-    : QWidget(parent), form_(form), area_(new QScrollArea(this)) {
+    : QWidget(parent), form_(form), gate_(new QWidget(this)), area_(new QScrollArea(this)) {
   MeasureColumns();
   header_ = MakeHeader();
+  gate_->setFocusPolicy(Qt::ClickFocus);  // one without any policy has no place in the order
+  gate_->hide();
   auto* sheet = new QWidget;
   sheet->setBackgroundRole(QPalette::Base);
   rowStack_ = new QVBoxLayout(sheet);
@@ -122,8 +132,18 @@ void WindowTable::AddRow(int index) {
   FillRow(*row, index);
   const auto place = rows_.emplace(index, row).first;
   rowStack_->insertWidget(static_cast<int>(std::distance(rows_.begin(), place)), row);
+  ArrangeTabs(index);
   row->FollowName();
-  area_->setMinimumHeight(kLeastRows * row->sizeHint().height());
+}
+
+/// A row may come at any time, but the Tab key reads the table from the top.
+void WindowTable::ArrangeTabs(int index) {
+  const auto place = rows_.find(index);
+  QWidget* last = place == rows_.begin() ? gate_ : std::prev(place)->second->Fields().back();
+  for (QWidget* field : place->second->Fields()) {
+    QWidget::setTabOrder(last, field);
+    last = field;
+  }
 }
 
 void WindowTable::RemoveRow(int index) {
@@ -140,6 +160,8 @@ void WindowTable::MeasureColumns() {
   for (const Button* head : Heads(form_)) {
     widths_.push_back(fontMetrics().horizontalAdvance(Shown(head->Caption())) + 2 * unit);
   }
+  // Not from the rows: their controls are hidden while they come.
+  area_->setMinimumHeight(kLeastRows * (spin.sizeHint().height() + 2 * (unit / 3)));
   widths_.front() = fontMetrics().averageCharWidth() * kNameCharacters;
   for (std::size_t i = widths_.size() - 2; i < widths_.size(); ++i) {
     widths_[i] = std::max(widths_[i], spin.sizeHint().width() + unit);
@@ -183,14 +205,14 @@ void WindowTable::FillRow(RowStrip& row, int index) {
     auto* box = new QCheckBox(&row);
     Bind(*box, (*boxes)(index));
     box->setAccessibleName(nameOf(column));
-    row.Cells().addWidget(MakeCell(box, widths_[column++], &row));
+    row.AddField(box, widths_[column++]);
   }
   const std::pair<SpinControl*, TextBox*> positions[] = {{&form_.udVer(index), &form_.tVert(index)},
                                                          {&form_.udHor(index), &form_.tHor(index)}};
   for (const auto& [spin, echo] : positions) {
     auto* field = new SpinField(*spin, *echo, &row);
     field->setAccessibleName(nameOf(column));
-    row.Cells().addWidget(MakeCell(field, widths_[column++], &row));
+    row.AddField(field, widths_[column++]);
   }
 }
 

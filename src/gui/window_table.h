@@ -34,6 +34,7 @@ class WindowTable : public QWidget {
   void Watch(ControlArray<T>& array);
   void AddRow(int index);
   void RemoveRow(int index);
+  void ArrangeTabs(int index);
   void MeasureColumns();
   QWidget* MakeHeader();
   void FillRow(RowStrip& row, int index);
@@ -41,6 +42,7 @@ class WindowTable : public QWidget {
   FrmStart& form_;
   std::vector<int> widths_;  ///< of the columns in pixels; the first one grows
   QWidget* header_;
+  QWidget* gate_;  ///< never seen: the place of the rows in the tab order
   QHBoxLayout* headerCells_ = nullptr;
   QScrollArea* area_;
   QVBoxLayout* rowStack_;

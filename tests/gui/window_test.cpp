@@ -166,6 +166,7 @@ TEST_F(WindowTest, WindowRowsComeAndGoWithTheirControls) {
   table.show();
   EXPECT_LT(table.Row(1)->y(), table.Row(2)->y()) << "in the order of the windows, whatever came first";
   EXPECT_EQ(table.Row(1)->height(), table.Row(2)->height());
+  EXPECT_GE(table.minimumSizeHint().height(), 6 * table.Row(1)->height()) << "also in a small window";
   Widget<QCheckBox>(table, "chOnOff(2)").click();
   EXPECT_TRUE(form_.chOnOff(2).On());
   form_.chOnOff.Unload(2);
