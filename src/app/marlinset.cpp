@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <optional>
 
 #include "app/computer.h"
 #include "app/tool.h"
@@ -35,19 +36,28 @@ int RunWindow(const CommonOptions& options, bool send, const std::string& file) 
                       tool.parameterDialogs.frmDeleteParameter);
   dialogs.AddWindow(tool.about.form,
                     [&](Form&, QWidget* parent) { return MakeAboutWindow(tool.about.form, parent); });
-  const MainWindow window(tool.form,
-                          {.deviceName = [&](int port) { return computer.Line().DeviceName(port); },
-                           .lookForDevices = [&] { tool.ports.LookForDevices(); }});
+  const auto openFile = [&tool](const std::string& name) {
+    tool.platform.guard.Run([&] { tool.fileCommands.OpenNamed(name); });
+  };
+  const WindowHooks hooks{.deviceName = [&](int port) { return computer.Line().DeviceName(port); },
+                          .lookForDevices = [&] { tool.ports.LookForDevices(); },
+                          .openFile = openFile,
+                          .recentFiles = &tool.recentFiles.mnuRecent};
+  std::optional<MainWindow> window;  // made behind the splash: it takes a while
   FrmSplash splashForm(computer.Pump(), computer.GetGuard());
   Splash splash(
-      splashForm, [&] { tool.Load(options.commandText, file.empty()); },
+      splashForm,
+      [&] {
+        window.emplace(tool.form, hooks);
+        tool.Load(options.commandText, file.empty());
+      },
       [&] {
         tool.Show();
-        if (!file.empty()) tool.platform.guard.Run([&] { tool.fileCommands.OpenNamed(file); });
-        if (send) QTimer::singleShot(0, &window, [&tool] { tool.form.bSConfig.OperatorClick(); });
+        if (!file.empty()) openFile(file);
+        if (send) QTimer::singleShot(0, &*window, [&tool] { tool.form.bSConfig.OperatorClick(); });
       });
   const SplashWindow splashWindow(splashForm, [&] { splash.Skip(); });
-  QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &window,
+  QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &splashWindow,
                    [&](Qt::ApplicationState state) { tool.SetActive(state == Qt::ApplicationActive); });
   splash.Load();
   tool.ports.UseNamedPort(options.ports);

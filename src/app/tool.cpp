@@ -24,6 +24,7 @@ Tool::Tool(const Platform& computer)
       panelRules(platform, variables, form, commands),
       configurationFile(platform, variables, form, panels),
       fileCommands(platform, variables, form, panels, configurationFile),
+      recentFiles(platform, form, configurationFile, fileCommands),
       interactiveMode(platform, variables, form, communications, commands, wholeSend),
       windowSettings(platform, variables, form, database),
       endsOfRun(platform, variables, form,

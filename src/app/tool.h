@@ -22,6 +22,7 @@
 #include "panels/panel_rules.h"
 #include "panels/parameter_dialogs.h"
 #include "panels/parameter_list.h"
+#include "panels/recent_files.h"
 #include "panels/start_up.h"
 #include "panels/video_standard.h"
 #include "panels/views.h"
@@ -72,6 +73,7 @@ class Tool {
   PanelRules panelRules;
   ConfigurationFile configurationFile;
   FileCommands fileCommands;
+  RecentFiles recentFiles;
   InteractiveMode interactiveMode;
   WindowSettings windowSettings;
   EndsOfRun endsOfRun;

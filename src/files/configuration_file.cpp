@@ -72,6 +72,7 @@ void ConfigurationFile::SaveConfig(std::string_view flow) {
     UpdateFileTitle();
     WriteConfigFile();
     ShowStatus("File " + vars_.CurrentFile + " Saved ");
+    InUse.Emit(platform_.fileDialog.FileName);
   });
 }
 
@@ -175,6 +176,7 @@ void ConfigurationFile::TakeChosenFile() {
   vars_.CurrentFile = platform_.fileDialog.FileName;
   UpdateFileTitle();
   ShowStatus("File " + vars_.CurrentFile + " Loaded ");
+  if (lastRead_ == ReadEnd::kLoaded) InUse.Emit(platform_.fileDialog.FileName);
 }
 
 void ConfigurationFile::ChangeToConfigFolder() {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "files/panel_loader.h"
+#include "platform/signal.h"
 
 namespace marlinset {
 
@@ -48,6 +49,9 @@ class ConfigurationFile {
   /// Reads the file named by the dialog.
   void ReadConfigFile();
   ReadEnd LastRead() const { return lastRead_; }
+
+  /// A file by its whole name: the operator has opened or saved it, and it was read or written.
+  Signal<const std::string&> InUse;
 
   /// Reduces CurrentFile from a full path to the bare name without folder and extension (what follows the
   /// leftmost dot), remembers the folder and shows the name in the title. A path without a folder stays as it

@@ -3,7 +3,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -11,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "gui/bindings.h"
+#include "gui/fields.h"
 #include "gui/icons.h"
 #include "gui/look.h"
 #include "gui/menu_bar.h"
@@ -32,6 +35,14 @@ int Twips(int pixels) {
 }
 int Pixels(int twips) {
   return twips / kTwipsPerPixel;
+}
+
+/// The one configuration among what is being dragged; empty for anything else.
+QString DraggedConfiguration(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  const QString name = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+  return name.endsWith(QLatin1String(".qcf"), Qt::CaseInsensitive) ? QDir::toNativeSeparators(name)
+                                                                   : QString();
 }
 
 QFrame* MakeRule(QWidget* parent) {
@@ -63,6 +74,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   // What lies between the controls passes the mouse on, up to the form itself.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
   setMouseTracking(true);
+  setAcceptDrops(true);
   Measure();
   ShowForm();
 }
@@ -126,7 +138,24 @@ void MainWindow::mouseMoveEvent(QMouseEvent* event) {
   if (event->buttons() == Qt::NoButton) form_.OperatorHover();
 }
 
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const bool busy = QApplication::activeModalWidget() || !form_.mnuOpen.Enabled();
+  if (hooks_.openFile && !busy && !DraggedConfiguration(*event->mimeData()).isEmpty()) {
+    event->acceptProposedAction();
+  }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  // The program that the file comes from waits for this to return, but opening may ask questions.
+  QTimer::singleShot(0, this, [this, name = DraggedConfiguration(*event->mimeData())] {
+    FinishTyping();
+    hooks_.openFile(Typed(name));
+  });
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
+  FinishTyping();
   form_.mnuExit.OperatorClick();
   event->setAccepted(!form_.Visible());
 }

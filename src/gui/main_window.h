@@ -13,9 +13,13 @@ namespace marlinset {
 /// What the window asks of whoever put it together.
 struct WindowHooks {
   /// The device behind a port number, empty when there is none.
-  std::function<std::string(int)> deviceName;
+  std::function<std::string(int)> deviceName = {};
   /// The port menu opens: devices may have come.
-  std::function<void()> lookForDevices;
+  std::function<void()> lookForDevices = {};
+  /// Opens a configuration that the operator has dropped on the window.
+  std::function<void(const std::string&)> openFile = {};
+  /// Entries of the File menu: the files last in use. Null without.
+  ControlArray<MenuItem>* recentFiles = nullptr;
 };
 
 /// The main window: shows FrmStart and hands every action of the operator to it. It comes up and goes with
@@ -28,6 +32,8 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

@@ -64,6 +64,24 @@ void AddPorts(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
   }
 }
 
+/// The files last in use, each with its number as mnemonic and cut in the middle: folder and name tell most.
+void AddRecent(QMenu& menu, ControlArray<MenuItem>& items) {
+  constexpr int kLetters = 50;
+  QAction* end = menu.addSeparator();  // separators that have nothing between them are not drawn
+  menu.setToolTipsVisible(true);
+  for (const int i : items.Indices()) {
+    MenuItem& item = items(i);
+    auto* action = new QAction(&menu);
+    menu.insertAction(end, action);
+    Bind(*action, item, [&menu, i](const MenuItem& recent, QAction& shown) {
+      const int width = menu.fontMetrics().averageCharWidth() * kLetters;
+      const QString name = menu.fontMetrics().elidedText(Shown(recent.Caption()), Qt::ElideMiddle, width);
+      shown.setText(QStringLiteral("&%1  ").arg(i) + ShownLiteral(Typed(name)));
+      shown.setToolTip(Shown(recent.Caption()));
+    });
+  }
+}
+
 void FillOptions(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
   AddPorts(menu, form, hooks);
   menu.addSeparator();
@@ -82,17 +100,18 @@ void FillOptions(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
 }  // namespace
 
 void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
-  AddLines(*bar.addMenu(QStringLiteral("&File")),
-           {{&form.mnuNew, 'N', false, QKeySequence::New},
-            {&form.mnuOpen, 'O', false, QKeySequence::Open},
-            {&form.mnuSav, 'S', false, QKeySequence::Save},
-            {&form.mnuSave, 'A', false, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
-            {},
-            {&form.mnuPrint, 'P', false, QKeySequence::Print},
-            {&form.mnuPreview, 'v'},
-            {&form.mnuExport, 'E'},
-            {},
-            {&form.mnuExit, 'x', false, QKeySequence(Qt::CTRL | Qt::Key_Q)}});
+  QMenu& file = *bar.addMenu(QStringLiteral("&File"));
+  AddLines(file, {{&form.mnuNew, 'N', false, QKeySequence::New},
+                  {&form.mnuOpen, 'O', false, QKeySequence::Open},
+                  {&form.mnuSav, 'S', false, QKeySequence::Save},
+                  {&form.mnuSave, 'A', false, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+                  {}});
+  if (hooks.recentFiles) AddRecent(file, *hooks.recentFiles);
+  AddLines(file, {{&form.mnuPrint, 'P', false, QKeySequence::Print},
+                  {&form.mnuPreview, 'v'},
+                  {&form.mnuExport, 'E'},
+                  {},
+                  {&form.mnuExit, 'x', false, QKeySequence(Qt::CTRL | Qt::Key_Q)}});
   QMenu* mode = bar.addMenu(QString());
   Bind(*mode->menuAction(), form.mnuMode, 'M');
   AddLines(*mode, {{&form.mnuInter, 'I', true}, {&form.mnuOff, 'O', true}});

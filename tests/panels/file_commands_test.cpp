@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/support/temp_folder.h"
 #include "tests/support/tool_rig.h"
 
@@ -144,6 +146,50 @@ TEST_F(FileCommandsTest, InteractiveModeRestsAndTheUnitFollows) {
     EXPECT_TRUE(Look().polling && Look().interactive && !Look().off);
     EXPECT_EQ(form.StatBar(3).Text(), "Interactive mode enabled ");
   }
+}
+
+TEST_F(FileCommandsTest, FilesInUseStandInTheMenuLatestFirst) {
+  const auto menu = [this] {
+    std::vector<std::string> names;
+    for (const int i : rig.tool.recentFiles.mnuRecent.Indices()) {
+      const MenuItem& item = rig.tool.recentFiles.mnuRecent(i);
+      if (item.Visible()) names.push_back(FileNameOf(item.Caption()));
+    }
+    return names;
+  };
+  EXPECT_THAT(menu(), IsEmpty());
+  for (const char* name : {"a.qcf", "b.qcf", "c.qcf"}) {
+    Choose(name);
+    form.mnuSave.OperatorClick();
+  }
+  Choose("a.qcf");
+  form.mnuOpen.OperatorClick();
+  folder.Write("noise.qcf", "no configuration");
+  Choose("noise.qcf");
+  form.mnuOpen.OperatorClick();
+  EXPECT_THAT(menu(), ElementsAre("a.qcf", "c.qcf", "b.qcf")) << "one that was not read is not in use";
+
+  rig.dialogs.shown.clear();
+  vars.ConfigSaved = false;
+  rig.dialogs.answers.push_back(BoxAnswer::kNo);
+  form.Find("mnuRecent", 2)->OperatorClick();
+  EXPECT_THAT(rig.Boxes(), ElementsAre(kQuestion));
+  EXPECT_EQ(form.Caption(), "7340 Marlinset - c");
+  EXPECT_THAT(menu(), ElementsAre("c.qcf", "a.qcf", "b.qcf"));
+
+  rig.dialogs.shown.clear();
+  std::filesystem::remove(folder.File("a.qcf"));
+  form.Find("mnuRecent", 2)->OperatorClick();
+  EXPECT_THAT(rig.Boxes(), ElementsAre("The file " + folder.File("a.qcf") +
+                                       " is no longer there. It has been taken off the list."));
+  EXPECT_EQ(form.Caption(), "7340 Marlinset - c");
+  EXPECT_THAT(menu(), ElementsAre("c.qcf", "b.qcf"));
+  for (int i = 0; i < 9; ++i) {
+    Choose(std::to_string(i) + ".qcf");
+    form.mnuSave.OperatorClick();
+  }
+  EXPECT_EQ(menu().size(), 8U);
+  EXPECT_EQ(rig.settings.GetSetting("recent8", ""), folder.File("1.qcf")) << "kept for the next run";
 }
 
 }  // namespace

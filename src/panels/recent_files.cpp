@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/recent_files.h"
+
+#include <algorithm>
+
+#include "core/frm_start.h"
+#include "files/configuration_file.h"
+#include "panels/file_commands.h"
+#include "platform/dialogs.h"
+#include "platform/file_system.h"
+#include "platform/platform.h"
+#include "platform/settings_store.h"
+
+namespace marlinset {
+namespace {
+
+std::string KeyOf(int index) {
+  return "Recent" + std::to_string(index);
+}
+
+}  // namespace
+
+RecentFiles::RecentFiles(Platform& platform, FrmStart& form, ConfigurationFile& file, FileCommands& commands)
+    : mnuRecent(form, "mnuRecent", {1, 2, 3, 4, 5, 6, 7, 8}), platform_(platform), commands_(commands) {
+  for (const int i : mnuRecent.Indices()) {
+    std::string name = platform_.settings.GetSetting(KeyOf(i), "");
+    if (!name.empty()) names_.push_back(std::move(name));
+  }
+  Show();
+  mnuRecent.OnClick([this](int index) { Open(index); });
+  file.InUse.Connect([this](const std::string& name) { Note(name); });
+}
+
+void RecentFiles::Note(const std::string& name) {
+  std::erase(names_, name);
+  names_.insert(names_.begin(), name);
+  if (names_.size() > kMost) names_.resize(kMost);
+  Keep();
+}
+
+void RecentFiles::Open(int index) {
+  // A copy: the list is another one once the file is open.
+  const std::string name = mnuRecent(index).Caption();
+  if (platform_.files.FileExists(name)) {
+    commands_.OpenNamed(name);
+  } else {
+    Drop(name);
+    platform_.dialogs.Tell("The file " + name + " is no longer there. It has been taken off the list.");
+  }
+}
+
+void RecentFiles::Drop(const std::string& name) {
+  std::erase(names_, name);
+  Keep();
+}
+
+void RecentFiles::Keep() {
+  for (const int i : mnuRecent.Indices()) {
+    const auto place = static_cast<std::size_t>(i - 1);
+    const std::string name = place < names_.size() ? names_[place] : std::string();
+    if (name != platform_.settings.GetSetting(KeyOf(i), "")) platform_.settings.SaveSetting(KeyOf(i), name);
+  }
+  Show();
+}
+
+void RecentFiles::Show() {
+  for (const int i : mnuRecent.Indices()) {
+    const auto place = static_cast<std::size_t>(i - 1);
+    const bool used = place < names_.size();
+    mnuRecent(i).SetCaption(used ? names_[place] : std::string());
+    mnuRecent(i).SetVisible(used);
+  }
+}
+
+}  // namespace marlinset
