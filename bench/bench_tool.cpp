@@ -19,8 +19,8 @@ CommonOptions BenchTool::Options(const std::string& device) const {
 BenchTool::BenchTool(const std::string& device)
     : computer_(Options(device), Computer::ClockKind::kReal, dialogs_, fileDialog_),
       tool_(computer_.MakePlatform()) {
+  tool_.ports.NamePorts(Options(device).ports);
   if (!tool_.Start("", false)) throw std::runtime_error("the tool does not start");
-  tool_.ports.UsePort(kLowestPort);
   tool_.form.bGetID.Press();
   if (!UnitIsIdentified(tool_.form)) throw std::runtime_error("the unit does not identify itself");
 }

@@ -59,8 +59,8 @@ int RunWindow(const CommonOptions& options, bool send, const std::string& file) 
   const SplashWindow splashWindow(splashForm, [&] { splash.Skip(); });
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &splashWindow,
                    [&](Qt::ApplicationState state) { tool.SetActive(state == Qt::ApplicationActive); });
+  tool.ports.NamePorts(options.ports);
   splash.Load();
-  tool.ports.UseNamedPort(options.ports);
   if (send) splash.Skip();
   if (computer.Pump().Ending()) return 0;  // the operator has left already, from a box over the splash
   return QApplication::exec();

@@ -57,6 +57,8 @@ QFrame* MakeRule(QWidget* parent) {
 
 MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
     : form_(form), hooks_(std::move(hooks)), listening_(form.Changed, [this] { ShowForm(); }) {
+  // The program ends when the form goes, and not with a box over the splash.
+  QGuiApplication::setQuitOnLastWindowClosed(false);
   setObjectName(Shown(form.Name()));
   setWindowIcon(ProgramIcon());
   FillMenuBar(*menuBar(), form, hooks_);
@@ -131,6 +133,7 @@ void MainWindow::ShowForm() {
   if (form_.Visible() == formVisible_) return;
   formVisible_ = form_.Visible();
   setVisible(formVisible_);
+  if (form_.Place() == WindowPlace{}) NotePlace();  // a start that failed has not placed it
   if (!formVisible_) QTimer::singleShot(0, qApp, &QCoreApplication::quit);
 }
 

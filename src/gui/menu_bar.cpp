@@ -3,6 +3,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <array>
 #include <vector>
 
 #include "gui/bindings.h"
@@ -49,14 +50,14 @@ QString PortSuffix(const std::function<std::string(int)>& deviceName, int port) 
 }
 
 void AddPorts(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
-  MenuItem* const ports[] = {&form.mnuCom1, &form.mnuCom2, &form.mnuCom3, &form.mnuCom4};
-  static_assert(std::size(ports) == kHighestPort);
-  QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&form, look = hooks.lookForDevices] {
+  const std::array<MenuItem*, kHighestPort> ports = {&form.mnuCom1, &form.mnuCom2, &form.mnuCom3,
+                                                     &form.mnuCom4};
+  QObject::connect(&menu, &QMenu::aboutToShow, &menu, [ports, look = hooks.lookForDevices] {
     if (look) look();
-    for (MenuItem* item : {&form.mnuCom1, &form.mnuCom2, &form.mnuCom3, &form.mnuCom4}) item->Changed.Emit();
+    for (MenuItem* item : ports) item->Changed.Emit();
   });
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    MenuItem& item = *ports[port - kLowestPort];
+    MenuItem& item = *ports[static_cast<std::size_t>(port - kLowestPort)];
     QAction* action = menu.addAction(QString());
     action->setCheckable(true);
     Bind(*action, item, static_cast<char>('0' + port),

@@ -12,6 +12,7 @@
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
 #include "platform/dialogs.h"
+#include "platform/event_pump.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
@@ -54,21 +55,25 @@ void SuspendInteractiveMode(FrmStart& form) {
   form.HideImages();
 }
 
-void ResumeInteractiveMode(FrmStart& form) {
+void ResumeInteractiveMode(FrmStart& form, const MSComm& line) {
+  form.mnuOff.SetChecked(false);
+  if (!line.PortOpen()) {
+    LeaveInteractiveMode(form);
+    return;
+  }
   form.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode enabled ");
   form.mnuInter.SetChecked(true);
-  form.mnuOff.SetChecked(false);
   form.InterTime.SetEnabled(true);
 }
 
-void Suspended(FrmStart& form, const std::function<void()>& action) {
+void Suspended(FrmStart& form, const MSComm& line, const std::function<void()>& action) {
   if (!form.mnuInter.Checked()) {
     action();
     return;
   }
   SuspendInteractiveMode(form);
   action();
-  ResumeInteractiveMode(form);
+  ResumeInteractiveMode(form, line);
 }
 
 InteractiveMode::InteractiveMode(Platform& platform, Variables& variables, FrmStart& form,
@@ -140,10 +145,12 @@ void InteractiveMode::InterTime_Timer() {
 }
 
 void InteractiveMode::Poll() {
+  // The operator may leave the mode, or the line go, while an answer is awaited.
+  const auto on = [this] { return comms_.LineUp() && form_.mnuInter.Checked(); };
   form_.bGetID.Press();
-  if (!platform_.ComP1.PortOpen()) return;
+  if (!on()) return;
   comms_.ReplyWait(FieldsOf(CommandId::kVideoSense));
-  if (!comms_.LineUp()) return;
+  if (!on()) return;
   if (form_.StatBar(FrmStart::kStandardPanel).Text() == form_.comVS.Text()) {
     form_.Image1(vars_.ActivityFrame).SetVisible(true);
     return;
@@ -191,6 +198,7 @@ void InteractiveMode::AskSelection(bool automatic) {
   form_.ShowVideoPicture(2);
   comms_.LetAnswerIn();
   comms_.ReceivePacket();
+  if (platform_.pump.Ending()) return;
   StatusPanel& video = form_.StatBar(FrmStart::kVideoPanel);
   if (vars_.UnitVideoStandard == 0) {
     platform_.dialogs.Tell("Mode Set error");

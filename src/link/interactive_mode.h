@@ -8,6 +8,7 @@ namespace marlinset {
 
 class Communications;
 class FrmStart;
+class MSComm;
 class SettingCommands;
 class WholeSend;
 enum class CommandId;
@@ -20,11 +21,12 @@ void LeaveInteractiveMode(FrmStart& form);
 
 /// Lets polling rest while a dialog or a long action runs; the status bar says so.
 void SuspendInteractiveMode(FrmStart& form);
-/// Takes polling up again; nothing is sent.
-void ResumeInteractiveMode(FrmStart& form);
+/// Takes polling up again; nothing is sent. When the line has gone meanwhile the tool stays off line: a poll
+/// would open the port again, which is for the operator to do.
+void ResumeInteractiveMode(FrmStart& form, const MSComm& line);
 /// Runs `action`; when interactive mode is on, it is suspended meanwhile. An action that fails leaves it
 /// suspended, and the operator has to choose it again.
-void Suspended(FrmStart& form, const std::function<void()>& action);
+void Suspended(FrmStart& form, const MSComm& line, const std::function<void()>& action);
 
 /// Interactive mode: the unit gets the whole configuration once and every change from then on; every five
 /// seconds the tool asks who it is and which video standard it sees, follows its standard if the operator

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/ports.h"
 
+#include <algorithm>
+
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/interactive_mode.h"
@@ -36,22 +38,15 @@ MenuItem& Ports::ComMenu(int port) const {
   return *items[port - kLowestPort];
 }
 
-void Ports::TickOnly(int port) {
-  for (int other = kLowestPort; other <= kHighestPort; ++other) ComMenu(other).SetChecked(other == port);
-}
-
 void Ports::UsePort(int port) {
-  TickOnly(port);
+  for (int other = kLowestPort; other <= kHighestPort; ++other) ComMenu(other).SetChecked(other == port);
   vars_.ComPortNumber = port;
 }
 
-void Ports::UseNamedPort(std::span<const std::string> paths) {
-  const auto named = [paths](int port) {
-    return !paths[static_cast<std::size_t>(port - kLowestPort)].empty();
-  };
-  if (named(vars_.ComPortNumber)) return;
-  for (int port = kHighestPort; port >= kLowestPort; --port) {
-    if (named(port)) UsePort(port);
+void Ports::NamePorts(std::span<const std::string> paths) {
+  named_.clear();
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    if (!paths[i].empty()) named_.push_back(kLowestPort + static_cast<int>(i));
   }
 }
 
@@ -144,14 +139,14 @@ void Ports::SetUpCom() {
     ComMenu(port).SetEnabled(present);
     if (present) first = port;
   }
-  if (first != 0) {
-    UsePort(first);
-  }
+  if (first != 0) UsePort(first);
   const std::string remembered = platform_.settings.GetSetting("Comm", "1");
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     if (remembered != std::to_string(port) || !ComMenu(port).Enabled()) continue;
     UsePort(port);
   }
+  const bool meant = std::find(named_.begin(), named_.end(), vars_.ComPortNumber) != named_.end();
+  if (!named_.empty() && !meant) UsePort(named_.front());
 }
 
 void Ports::LookForDevices() {

@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 namespace marlinset {
 
@@ -17,6 +18,9 @@ class Ports {
  public:
   Ports(Platform& platform, Variables& variables, FrmStart& form);
 
+  /// Whoever names devices on the command line (a path a port, empty for none) means one of those: from the
+  /// set-up on, unless the port in use is among them, the one of the lowest number is used for this run.
+  void NamePorts(std::span<const std::string> paths);
   /// Finds the ports and ticks the one to use: the remembered one when it is there, otherwise the first.
   void SetUpCom();
   /// The digits of the ports that can be opened ("134"); notes them in ComPortPresent.
@@ -25,11 +29,6 @@ class Ports {
   void LookForDevices();
   /// Chooses a port; refused while the port is open.
   void SetComMenu(int port, bool alreadyChecked);
-  /// Uses a port for this run only; nothing is remembered.
-  void UsePort(int port);
-  /// Whoever names devices on the command line (a path a port, empty for none) means one of those: unless the
-  /// port in use is among them, the one of the lowest number is used.
-  void UseNamedPort(std::span<const std::string> paths);
   /// Leaves interactive mode, closes the port and shows it.
   void ClosePort();
 
@@ -41,11 +40,12 @@ class Ports {
   void Close();
   void ShowClosed();
   MenuItem& ComMenu(int port) const;
-  void TickOnly(int port);
+  void UsePort(int port);
 
   Platform& platform_;
   Variables& vars_;
   FrmStart& form_;
+  std::vector<int> named_;  ///< ports whose devices the command line names, in order
 };
 
 /// Enables the six buttons that talk to the unit: Open, Send, Close, Get ID, Broad, Send Setup; or disables

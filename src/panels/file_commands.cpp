@@ -67,14 +67,14 @@ void FileCommands::AskToSave() {
 /// In interactive mode the unit follows at once.
 void FileCommands::Replace(const std::function<void()>& action) {
   const bool interactive = form_.mnuInter.Checked();
-  Suspended(form_, [&] {
+  Suspended(form_, platform_.ComP1, [&] {
     action();
     if (interactive) form_.bSConfig.Press();
   });
 }
 
 void FileCommands::Save(std::string_view flow) {
-  Suspended(form_, [&] { file_.SaveConfig(flow); });
+  Suspended(form_, platform_.ComP1, [&] { file_.SaveConfig(flow); });
   vars_.ConfigSaved = true;
 }
 

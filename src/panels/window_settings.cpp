@@ -57,11 +57,14 @@ void WindowSettings::SetFromReg() {
 void WindowSettings::RestorePlace() {
   const WindowMeasures& sizes = form_.measures;
   WindowPlace place;
+  const auto measure = [this](std::string_view key, int defaultValue) {
+    return std::max(0, Number(key, defaultValue));
+  };
   place.height =
-      Number("Height", sizes.menuBarHeight + sizes.statusBarHeight + sizes.windowsHeight + kRoomBelow);
-  place.width = Number("Width", sizes.windowsWidth + kRoomBeside);
-  place.top = std::max(0, Number("Top", (sizes.screenHeight - place.height) / 2));
-  place.left = std::max(0, Number("Left", (sizes.screenWidth - place.width) / 2));
+      measure("Height", sizes.menuBarHeight + sizes.statusBarHeight + sizes.windowsHeight + kRoomBelow);
+  place.width = measure("Width", sizes.windowsWidth + kRoomBeside);
+  place.top = measure("Top", (sizes.screenHeight - place.height) / 2);
+  place.left = measure("Left", (sizes.screenWidth - place.width) / 2);
   form_.SetPlace(place);
 }
 

@@ -56,7 +56,7 @@ PrintCommand::PrintCommand(Platform& platform, const Variables& variables, FrmSt
 }
 
 void PrintCommand::mnuPrint_Click() {
-  Suspended(form_, [this] { PrintConfig({.target = PrintTarget::kPrinter}); });
+  Suspended(form_, platform_.ComP1, [this] { PrintConfig({.target = PrintTarget::kPrinter}); });
 }
 
 template <class Action>
@@ -64,7 +64,7 @@ void PrintCommand::Undisturbed(const Action& action) {
   const bool interactive = form_.mnuInter.Checked();
   if (interactive) SuspendInteractiveMode(form_);
   Finally(action, [&] {
-    if (interactive) ResumeInteractiveMode(form_);
+    if (interactive) ResumeInteractiveMode(form_, platform_.ComP1);
   });
 }
 

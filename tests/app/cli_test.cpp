@@ -164,7 +164,17 @@ TEST_F(CliTest, AScriptDoesWhatAnOperatorCould) {
     EXPECT_EQ(messages[0]["answer"], answer);
     EXPECT_EQ(messages.size(), std::string_view(answer) == "yes" ? 2U : 1U) << "Yes saves first";
   }
+
+  Answer(script, "click oView(2)");
+  Answer(script, "step udVal(20) up");
+  const json questions = Answer(script, "close")["messages"];
+  ASSERT_EQ(questions.size(), 2U);
+  EXPECT_EQ(questions[0]["text"], "Save Changes before Exit?");
+  EXPECT_EQ(questions[1]["text"], "Restart next time with this configuration?");
   EXPECT_EQ(script.End(), 0);
+  CliProgram next(Words({"script", "--clock", "virtual"}));
+  next.ReadLine();
+  EXPECT_EQ(Answer(next, "get oView(2)")["value"], true);
 }
 
 TEST_F(CliTest, AScriptWorksTheWindowsOverTheMainWindow) {

@@ -129,6 +129,25 @@ TEST_F(WindowTest, ShowsTheVisiblePanelAndComesUpWithTheForm) {
   EXPECT_TRUE(window.close());
 }
 
+/// A box that closes while only the splash stands must not take the program with it; and a window that no
+/// settings have placed, because the start failed, is remembered where it stands.
+TEST_F(WindowTest, EndsTheProgramOnlyWithItsForm) {
+  const MainWindow window(form_);
+  constexpr int kGoesOn = 7;
+  QCoreApplication::processEvents();  // a form that went in another test has asked for its end
+  QTimer::singleShot(0, [&] {
+    QMessageBox box;
+    QTimer::singleShot(0, &box, &QDialog::reject);
+    box.exec();
+    QTimer::singleShot(0, [] { QCoreApplication::exit(kGoesOn); });
+  });
+  EXPECT_EQ(QApplication::exec(), kGoesOn);
+  form_.SetVisible(true);
+  EXPECT_EQ(form_.Place().width, window.width() * 15);
+  QTimer::singleShot(0, [&] { form_.SetVisible(false); });
+  EXPECT_EQ(QApplication::exec(), 0);
+}
+
 TEST_F(WindowTest, WidgetsCarryTheNamesOfTheirControls) {
   const MainWindow window(form_);
   for (const Control* control : form_.Controls()) {

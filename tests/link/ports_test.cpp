@@ -163,6 +163,20 @@ TEST(Ports, ChangeByTheMenu) {
   EXPECT_EQ(rig.vars.ComPortNumber, 2);
 }
 
+TEST(Ports, CanBeChosenWhenTheirDeviceComesLater) {
+  LinkRig rig;
+  rig.line.SetPorts({2});
+  rig.ports.SetUpCom();
+  EXPECT_FALSE(rig.form.mnuCom4.Enabled());
+  rig.line.SetPorts({4});
+  rig.ports.LookForDevices();
+  EXPECT_TRUE(rig.form.mnuCom4.Enabled() && rig.form.mnuCom2.Enabled() && !rig.form.mnuCom1.Enabled());
+  EXPECT_EQ(rig.vars.ComPortNumber, 2) << "only the operator chooses";
+  rig.form.mnuCom4.OperatorClick();
+  rig.form.bOpen.Press();
+  EXPECT_EQ(rig.line.CommPort(), 4);
+}
+
 TEST(Ports, LeaveTheTickedOneAsItIs) {
   LinkRig rig;
   rig.ports.SetComMenu(1, true);

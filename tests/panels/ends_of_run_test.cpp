@@ -11,6 +11,7 @@
 namespace marlinset {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
@@ -32,18 +33,25 @@ TEST(DefaultFile, IsOpenedUnlessAModeIsNamed) {
 }
 
 TEST(DefaultFile, ThatIsMissingIsAskedForAndLeavesAnUnsavedConfiguration) {
-  for (const BoxAnswer answer : {BoxAnswer::kNo, BoxAnswer::kYes}) {
+  for (const auto& [name, answer] : {std::pair{"/nowhere/Stage 4.qcf", BoxAnswer::kNo},
+                                     {"/nowhere/Stage 4.qcf", BoxAnswer::kYes},
+                                     {"", BoxAnswer::kYes}}) {
     ToolRig rig;
-    rig.settings.SaveSetting("Default", "/nowhere/Stage 4.qcf");
+    rig.settings.SaveSetting("Default", name);
     rig.dialogs.answers = {answer};
     rig.fileDialog.choices = {kShipped};
     ASSERT_TRUE(rig.tool.Start(""));
     EXPECT_THAT(
         rig.Boxes(),
-        ElementsAre("Default file /nowhere/Stage 4.qcf was not found.\r\nClick 'Yes' to browse for a file "
-                    "to load, or click 'No' to load the default settings from the database?"));
+        ElementsAre("Default file " + std::string(name) +
+                    " was not found.\r\nClick 'Yes' to browse for a file to load, or click 'No' to load the "
+                    "default settings from the database?"));
     EXPECT_EQ(rig.fileDialog.shown.size(), answer == BoxAnswer::kYes ? 1U : 0U);
     EXPECT_FALSE(rig.tool.variables.ConfigSaved);
+    rig.tool.form.mnuExit.OperatorClick();
+    const bool asked = *name != 0 && answer == BoxAnswer::kYes;
+    EXPECT_EQ(testing::Value(rig.Boxes(), Contains("Restart next time with this configuration?")), asked)
+        << "an empty name stays as it is, and so does one when nothing was opened";
   }
 }
 
@@ -52,8 +60,11 @@ TEST(InteractiveMode, IsOfferedAgainAfterARunThatHadIt) {
     ToolRig rig;
     rig.settings.SaveSetting("InMode", "On");
     rig.dialogs.answers = {answer};
+    rig.tool.ports.NamePorts(std::vector<std::string>{"", "", "/dev/desk3", "/dev/desk4"});
     ASSERT_TRUE(rig.tool.Start(""));
     EXPECT_EQ(rig.Boxes().front(), "Go Interactive? ");
+    EXPECT_EQ(rig.line.CommPort(), answer == BoxAnswer::kYes ? 3 : 4) << "the port that was named";
+    EXPECT_EQ(rig.tool.variables.ComPortNumber, 3);
     EXPECT_EQ(rig.tool.form.mnuInter.Checked(), answer == BoxAnswer::kYes);
   }
 }
@@ -70,7 +81,10 @@ TEST(CloseRequest, AsksAndRemembersAndEndsWhateverTheAnswers) {
   form.mnuHD7340Q.OperatorClick();
   form.NotePlace({100, 200, 9000, 6000});
   rig.tool.variables.ConfigSaved = false;
-  rig.dialogs.answers = {BoxAnswer::kYes, BoxAnswer::kYes};
+  rig.dialogs.onShow = [&](const MessageBox&) {
+    if (rig.dialogs.shown.size() < 9) form.mnuExit.OperatorClick();  // once more, while it asks
+    return BoxAnswer::kYes;
+  };
   rig.fileDialog.choices = {folder.File("Stage 4.qcf")};
   form.mnuExit.OperatorClick();
   EXPECT_THAT(rig.Boxes(),
@@ -96,9 +110,21 @@ TEST(CloseRequest, AsksAndRemembersAndEndsWhateverTheAnswers) {
   ToolRig quiet;
   quiet.settings.SaveSetting("Default", kShipped);
   ASSERT_TRUE(quiet.tool.Start(""));
+  quiet.tool.form.oView(5).OperatorClick();
   quiet.tool.form.mnuExit.OperatorClick();
   EXPECT_THAT(quiet.Boxes(), IsEmpty()) << "nothing to ask";
-  EXPECT_EQ(quiet.settings.GetSetting("Page", "none"), "none") << "the first view is not remembered";
+  EXPECT_EQ(quiet.settings.GetSetting("Page", "none"), "none") << "only views 1 to 4 are remembered";
+}
+
+TEST(CloseRequest, EndsAWaitWithoutAWord) {
+  ToolRig rig;
+  ASSERT_TRUE(rig.tool.Start("HDDC"));
+  rig.line.Unit().Faults().mute = true;
+  rig.tool.form.bOpen.Press();
+  rig.pump.At(rig.pump.Now() + 5, [&] { rig.tool.form.mnuExit.OperatorClick(); });
+  rig.tool.form.mnuAuto.OperatorClick();
+  EXPECT_TRUE(rig.pump.Ending());
+  EXPECT_THAT(rig.Boxes(), IsEmpty());
 }
 
 /// The operator leaves in the middle of a send: it ends without a word, and the window closes.

@@ -62,10 +62,16 @@ TEST_F(InteractiveTest, EntersWithIdentificationAndWholeSendAndLeavesAsItCame) {
   EXPECT_THAT(Heartbeat(), ElementsAre(0));
   EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "On");
   rig.line.ClearSent();
+  rig.settings.SaveSetting("InMode", "Off");
   form.mnuInter.OperatorClick();
   EXPECT_THAT(rig.line.Sent(), IsEmpty()) << "it is on already";
+  EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "On");
 
+  form.chPrev.OperatorCheck(true);
+  rig.line.ClearSent();
   form.mnuOff.OperatorClick();
+  EXPECT_EQ(form.chPrev.Value(), 0);
+  EXPECT_THAT(rig.line.Sent(), IsEmpty()) << "off line nothing is sent, not even the preview's end";
   EXPECT_FALSE(form.InterTime.Enabled() || form.mnuInter.Checked());
   EXPECT_TRUE(form.mnuHD7340.Enabled() && form.mnuHD7340Q.Enabled() && form.mnuOff.Checked());
   EXPECT_EQ(rig.Panel(2), "Offline");
@@ -82,6 +88,12 @@ TEST_F(InteractiveTest, AFailedEntryStaysOffLineWithTheModelMenuUsable) {
   EXPECT_TRUE(form.mnuHD7340.Enabled() && form.mnuHD7340Q.Enabled());
   EXPECT_EQ(rig.Panel(4), "Get Id Failed. ");
   EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "On");
+
+  rig.line.SetPortOpen(false);
+  rig.line.RefuseOpen("No device stands behind port 1.");
+  form.mnuInter.OperatorClick();
+  EXPECT_THAT(rig.Boxes(), ElementsAre(testing::_, "No device stands behind port 1.")) << "told once";
+  EXPECT_TRUE(form.mnuOff.Checked() && form.mnuHD7340.Enabled());
 }
 
 TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
@@ -99,6 +111,17 @@ TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
   EXPECT_THAT(rig.Boxes(), IsEmpty());
   form.StatBar(FrmStart::kExchangePanel).SetText("Nack In");
   EXPECT_THAT(Tick(), ElementsAre(kGetId, kVideoSense)) << "a Nak is a sign of life";
+  form.dPause.SetInterval(8000);
+  form.dPause.SetEnabled(true);
+  EXPECT_THAT(Tick(), IsEmpty()) << "an acknowledgement is awaited";
+  form.dPause.SetEnabled(false);
+  form.mnuAddParameter.OperatorClick();
+  EXPECT_THAT(Tick(), IsEmpty()) << "a dialog stands";
+  rig.tool.parameterDialogs.frmEditParameters.SetVisible(false);
+  form.mnuOff.OperatorClick();
+  Enter();
+  Tick();
+  EXPECT_THAT(Heartbeat(), ElementsAre(1)) << "it begins anew";
 }
 
 TEST_F(InteractiveTest, LocalModeSuspendsAndALostLinkEndsIt) {
@@ -139,7 +162,7 @@ TEST_F(InteractiveTest, FollowsTheUnitsStandardIfTheOperatorAgrees) {
   // A standard that the database does not know, and none at all.
   for (const int code : {5, 0}) {
     form.comVS.Clear();
-    form.comVS.AddItem("1080i/60");
+    for (const char* standard : {"1080i/60", "NTSC"}) form.comVS.AddItem(standard);
     form.comVS.SetListIndex(0);
     rig.line.Unit().SetStandard(code);
     rig.dialogs.answers = {BoxAnswer::kYes};
@@ -167,6 +190,46 @@ TEST_F(InteractiveTest, QuestionsDoNotPileUp) {
                                        StartsWith("The device behind port 1")));
   EXPECT_TRUE(form.mnuOff.Checked() && !form.InterTime.Enabled());
   EXPECT_THAT(Tick(), IsEmpty());
+}
+
+TEST_F(InteractiveTest, LeftDuringAPollIsLeft) {
+  for (const int into : {50, 150}) {  // while the identification, the standard is awaited
+    rig.line.Unit().Faults().mute = false;
+    Enter();
+    rig.line.Unit().Faults().mute = true;
+    rig.pump.At(rig.pump.Now() + 5000 + into, [&] { form.mnuOff.OperatorClick(); });
+    rig.pump.Pass(5000);
+    EXPECT_TRUE(form.mnuOff.Checked());
+    EXPECT_EQ(rig.line.Sent().size(), into == 50 ? 1U : 3U) << "the query is sent twice";
+    EXPECT_THAT(rig.Boxes(), ElementsAre(StartsWith("Ensure that"))) << "no question about the standard";
+    EXPECT_THAT(Heartbeat(), IsEmpty());
+  }
+  rig.line.Unit().Faults().mute = false;
+  Enter();
+  const std::int64_t entered = rig.pump.Now();
+  rig.line.Unit().SetLocal(true);
+  Tick();
+  rig.pump.At(entered + 10050, [&] { form.mnuOff.OperatorClick(); });
+  rig.pump.Pass(5000);
+  EXPECT_FALSE(form.InterTime.Enabled()) << "while a unit in local mode is watched";
+}
+
+/// A unit that is unplugged while a box of a file command stands: the port stays closed, also when the unit
+/// is back.
+TEST_F(InteractiveTest, ALineThatGoesDuringADialogStaysAway) {
+  Enter();
+  const int openings = rig.line.Openings();
+  rig.fileDialog.choices = {"/nowhere/Stage 4.qcf"};
+  rig.dialogs.onShow = [this](const MessageBox& box) {
+    if (rig.line.PortOpen()) rig.line.Vanish();
+    return FakeDialogs::Default(box.buttons);
+  };
+  form.mnuSave.OperatorClick();
+  EXPECT_THAT(rig.Boxes(), testing::Contains(StartsWith("The device behind port 1")));
+  rig.line.Return();
+  EXPECT_THAT(Tick(), IsEmpty());
+  EXPECT_TRUE(form.mnuOff.Checked() && !form.mnuInter.Checked() && form.mnuHD7340.Enabled());
+  EXPECT_EQ(rig.line.Openings(), openings);
 }
 
 TEST_F(InteractiveTest, SelectionOfTheStandard) {

@@ -6,6 +6,8 @@
 
 #include <filesystem>
 
+#include "core/frm_splash.h"
+#include "panels/splash.h"
 #include "tests/support/sqlite_file.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/tool_rig.h"
@@ -70,7 +72,9 @@ TEST(FormLoad, SettingsBeyondTheirRangeAndNoNumbersFallBack) {
   rig.settings.SaveSetting("HardwareType", "SD7340");
   rig.settings.SaveSetting("Comm", "COM2");
   rig.settings.SaveSetting("ComD", "yes");
+  for (const char* key : {"Height", "Width", "Top", "Left"}) rig.settings.SaveSetting(key, "-2147483648");
   ASSERT_TRUE(rig.tool.Start(""));
+  EXPECT_EQ(rig.tool.form.Place(), WindowPlace{});
   EXPECT_EQ(rig.tool.form.views.Selected(), 0);
   EXPECT_TRUE(rig.tool.form.mnu10.Checked());
   EXPECT_EQ(rig.tool.variables.HardwareType, "HD7340");
@@ -157,6 +161,28 @@ TEST(FormLoad, ADatabaseOfNoUseIsToldAndTheStartEnds) {
   EXPECT_FALSE(partial.tool.Start(""));
   EXPECT_THAT(partial.Boxes(), ElementsAre(StartsWith("3078  ")));
   EXPECT_EQ(partial.tool.variables.OperatingModes.size(), 1U);
+}
+
+TEST(Splash, StandsFourSecondsAfterTheLoadOrUntilItIsSkipped) {
+  for (const bool skipped : {false, true}) {
+    ToolRig rig;
+    FrmSplash form(rig.pump, rig.guard);
+    std::vector<std::int64_t> shownAt;
+    Splash splash(
+        form,
+        [&] {
+          EXPECT_TRUE(form.Visible());
+          splash.Skip();  // too early: there is nothing to show yet
+          rig.pump.Pass(6000);
+        },
+        [&] { shownAt.push_back(rig.pump.Now()); });
+    splash.Load();
+    EXPECT_THAT(shownAt, ElementsAre());
+    if (skipped) splash.Skip();
+    rig.pump.Pass(10000);
+    EXPECT_THAT(shownAt, ElementsAre(skipped ? 6000 : 10000));
+    EXPECT_FALSE(form.Visible());
+  }
 }
 
 TEST(StatusTimeOut, ClearsThePanelsOffLineOnly) {

@@ -51,6 +51,7 @@ class PrintTest : public testing::Test {
   }
   void ShowModel(const std::string& text) { form_.StatBar(FrmStart::kModelPanel).SetText(text); }
   void GoInteractive() {
+    rig_.line.SetPortOpen(true);
     form_.mnuInter.SetChecked(true);
     form_.mnuOff.SetChecked(false);
     form_.InterTime.SetEnabled(true);

@@ -44,8 +44,8 @@ int RunScript(const CliOptions& options) {
   Script script(tool, dialogs, fileDialog, line);
   try {
     LineInput input(options.scriptFile, computer.Pump(), !options.virtualClock);
+    tool.ports.NamePorts(options.common.ports);
     const bool started = StartTool(tool, options.common.commandText);
-    tool.ports.UseNamedPort(options.common.ports);
     Print(script.StartAnswer(started));
     if (!started) return kExitStart;
     while (!script.Ended()) {

@@ -40,7 +40,7 @@ const char* OutcomeOf(const SentMessage& message) {
 /// Reports the messages of a send: all of them with their bytes, or one line that moves on a terminal.
 class Progress {
  public:
-  Progress(const Tool& tool, bool verbose) : tool_(tool), verbose_(verbose) {}
+  explicit Progress(bool verbose) : verbose_(verbose) {}
 
   void Show(const SentMessage& message) {
     ++count_;
@@ -57,7 +57,6 @@ class Progress {
   }
 
  private:
-  const Tool& tool_;
   bool verbose_;
   int count_ = 0;
 };
@@ -89,7 +88,7 @@ int RunSend(const CliOptions& options) {
   if (!run.Started()) return kExitStart;
   Tool& tool = run.tool;
   if (!run.LoadConfiguration(options)) return kExitNotDone;
-  Progress progress(tool, options.verbose);
+  Progress progress(options.verbose);
   tool.commands.MessageSent.Connect([&](const SentMessage& message) { progress.Show(message); });
   tool.wholeSend.stopRequested = [] { return interrupted != 0; };
   CatchInterrupt();

@@ -30,13 +30,12 @@ TerminalRun::TerminalRun(const CliOptions& options)
 }
 
 bool TerminalRun::Start(const CliOptions& options) {
+  tool.ports.NamePorts(options.common.ports);
   try {
-    if (!tool.Start(options.common.commandText, false)) return false;
+    return tool.Start(options.common.commandText, false);
   } catch (const ProgramEnd&) {
     return false;
   }
-  tool.ports.UseNamedPort(options.common.ports);
-  return true;
 }
 
 bool TerminalRun::LoadConfiguration(const CliOptions& options) {
