@@ -18,6 +18,7 @@
 #include "gui/readable_style.h"
 #include "gui/splash_window.h"
 #include "panels/splash.h"
+#include "platform/qt/qt_work_keeper.h"
 #include "platform/qt/sheet_painter.h"
 
 namespace marlinset {
@@ -31,7 +32,10 @@ int RunWindow(const CommonOptions& options, bool send, const std::string& file) 
   Computer computer(options, Computer::ClockKind::kReal, dialogs, fileDialog);
   QtFormPrinter printer(computer.Printer(), {.layout = RecordLayout, .paint = PaintForms});
   computer.UsePrinter(printer);
-  Tool tool(computer.MakePlatform());
+  QtWorkKeeper keeper;
+  Platform platform = computer.MakePlatform();
+  platform.work = &keeper;
+  Tool tool(platform);
   AddParameterWindows(dialogs, tool.parameterDialogs.frmEditParameters,
                       tool.parameterDialogs.frmDeleteParameter);
   dialogs.AddWindow(tool.about.form,

@@ -23,13 +23,14 @@ Tool::Tool(const Platform& computer)
       parameterDialogs(platform, variables, database, parameterList, form),
       panelRules(platform, variables, form, commands),
       configurationFile(platform, variables, form, panels),
-      fileCommands(platform, variables, form, panels, configurationFile),
+      recovery(platform, variables, form, configurationFile),
+      fileCommands(platform, variables, form, panels, configurationFile, recovery),
       recentFiles(platform, form, configurationFile, fileCommands),
       interactiveMode(platform, variables, form, communications, commands, wholeSend),
       windowSettings(platform, variables, form, database),
       endsOfRun(platform, variables, form,
-                {configurationFile, fileCommands, interactiveMode, ports, windowSettings}),
-      startUp(platform, variables, form, {database, panels, ports, windowSettings, endsOfRun}),
+                {configurationFile, fileCommands, interactiveMode, ports, windowSettings, recovery}),
+      startUp(platform, variables, form, {database, panels, ports, windowSettings, endsOfRun, recovery}),
       printCommand(platform, variables, form),
       about(platform, variables, form, database, identification) {
   windowSettings.KeepStatusWhile([this] { return wholeSend.Running(); });

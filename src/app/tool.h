@@ -23,6 +23,7 @@
 #include "panels/parameter_dialogs.h"
 #include "panels/parameter_list.h"
 #include "panels/recent_files.h"
+#include "panels/recovery.h"
 #include "panels/start_up.h"
 #include "panels/video_standard.h"
 #include "panels/views.h"
@@ -72,6 +73,7 @@ class Tool {
   ParameterDialogs parameterDialogs;
   PanelRules panelRules;
   ConfigurationFile configurationFile;
+  Recovery recovery;
   FileCommands fileCommands;
   RecentFiles recentFiles;
   InteractiveMode interactiveMode;

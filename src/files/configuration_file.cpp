@@ -60,6 +60,7 @@ void ConfigurationFile::SaveConfig(std::string_view flow) {
   if (flow != "SaveAs" && flow != "Save") return;
   platform_.fileDialog.CancelError = true;
   vars_.LoadFolder = platform_.settings.GetSetting(kFolderKey, vars_.AppPath);
+  bool stored = false;
   WithDialog(platform_, "Error during save, save aborted!", [&] {
     platform_.fileDialog.Filter = kFilter;
     platform_.fileDialog.FilterIndex = 1;
@@ -71,9 +72,11 @@ void ConfigurationFile::SaveConfig(std::string_view flow) {
     vars_.CurrentFile = platform_.fileDialog.FileName;
     UpdateFileTitle();
     WriteConfigFile();
+    stored = true;
     ShowStatus("File " + vars_.CurrentFile + " Saved ");
     InUse.Emit(platform_.fileDialog.FileName);
   });
+  SaveEnded.Emit(stored);
 }
 
 void ConfigurationFile::AskForName() {

@@ -40,6 +40,8 @@ class ConfigurationFile {
   /// is written in place, so that a longer one keeps its old end, which no reader looks at; what it held
   /// before stands beside it in NAME.qcf.bak. A failure leaves what was written by then.
   void SaveConfig(std::string_view flow);
+  /// A save has ended; False when it failed or was cancelled.
+  Signal<bool> SaveEnded;
 
   /// Asks for a file and reads it. Title and status name the file also when it could not be read.
   void LoadConfig();

@@ -8,11 +8,13 @@
 #include "link/interactive_mode.h"
 #include "link/ports.h"
 #include "panels/file_commands.h"
+#include "panels/recovery.h"
 #include "panels/window_settings.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
+#include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 
@@ -68,14 +70,21 @@ void EndsOfRun::CloseRequest() {
   };
   Finally(ask, [this] {
     closing_ = false;
+    // A click that stood behind the questions may have opened it again.
+    if (platform_.ComP1.PortOpen()) parts_.ports.ClosePort();
+    parts_.recovery.End();
     form_.SetVisible(false);
     platform_.pump.End();
   });
 }
 
 void EndsOfRun::AskToSave() {
-  if (vars_.ConfigSaved || !platform_.dialogs.Ask("Save Changes before Exit?")) return;
-  parts_.fileCommands.mnuSave_Click();
+  if (vars_.ConfigSaved) return;
+  if (platform_.dialogs.Ask("Save Changes before Exit?")) {
+    parts_.fileCommands.mnuSave_Click();
+  } else {
+    parts_.recovery.Discard();
+  }
 }
 
 void EndsOfRun::AskForNextStart() {

@@ -11,6 +11,7 @@ class FileCommands;
 class FrmStart;
 class InteractiveMode;
 class Ports;
+class Recovery;
 class WindowSettings;
 struct Platform;
 struct Variables;
@@ -25,6 +26,7 @@ class EndsOfRun {
     InteractiveMode& interactiveMode;
     Ports& ports;
     WindowSettings& settings;
+    Recovery& recovery;
   };
   EndsOfRun(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts);
 

@@ -8,6 +8,7 @@
 #include "core/variables.h"
 #include "files/configuration_file.h"
 #include "link/interactive_mode.h"
+#include "panels/recovery.h"
 #include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/platform.h"
@@ -16,8 +17,8 @@
 namespace marlinset {
 
 FileCommands::FileCommands(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels,
-                           ConfigurationFile& file)
-    : platform_(platform), vars_(variables), form_(form), panels_(panels), file_(file) {
+                           ConfigurationFile& file, Recovery& recovery)
+    : platform_(platform), vars_(variables), form_(form), panels_(panels), file_(file), recovery_(recovery) {
   form_.mnuNew.OnClick([this] { mnuNew_Click(); });
   form_.mnuOpen.OnClick([this] { mnuOpen_Click(); });
   form_.mnuSav.OnClick([this] { mnuSav_Click(); });
@@ -66,6 +67,7 @@ void FileCommands::AskToSave() {
 
 /// In interactive mode the unit follows at once.
 void FileCommands::Replace(const std::function<void()>& action) {
+  recovery_.BeforeReplacing();
   const bool interactive = form_.mnuInter.Checked();
   Suspended(form_, platform_.ComP1, [&] {
     action();

@@ -10,6 +10,7 @@ namespace marlinset {
 class ConfigurationFile;
 class FrmStart;
 class PanelSetup;
+class Recovery;
 struct Platform;
 struct Variables;
 
@@ -19,7 +20,7 @@ struct Variables;
 class FileCommands {
  public:
   FileCommands(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels,
-               ConfigurationFile& file);
+               ConfigurationFile& file, Recovery& recovery);
 
   void mnuNew_Click();
   void mnuOpen_Click();
@@ -38,6 +39,7 @@ class FileCommands {
   FrmStart& form_;
   PanelSetup& panels_;
   ConfigurationFile& file_;
+  Recovery& recovery_;
 };
 
 }  // namespace marlinset

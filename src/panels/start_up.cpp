@@ -7,6 +7,7 @@
 #include "core/variables.h"
 #include "link/ports.h"
 #include "panels/ends_of_run.h"
+#include "panels/recovery.h"
 #include "panels/window_settings.h"
 #include "platform/guard.h"
 #include "platform/platform.h"
@@ -41,7 +42,11 @@ bool StartUp::Form_Load(const std::string& commandText, bool resume) {
     form_.ShowVideoPicture(1);
     vars_.ConfigSaved = !resume || parts_.endsOfRun.OpenDefaultConfiguration(commandText);
     RestoreHardwareType();
-    if (resume) parts_.endsOfRun.OfferInteractiveMode();
+    if (resume) {
+      parts_.recovery.Offer();
+      parts_.endsOfRun.OfferInteractiveMode();
+    }
+    parts_.recovery.Begin();
     vars_.MainFormActive = true;
   });
 }

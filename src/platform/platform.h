@@ -15,6 +15,7 @@ class FileDialog;
 class FileSystem;
 class FormPrinter;
 class Desktop;
+class WorkKeeper;
 
 /// What the computer offers, as the tool sees it. Put together in app/ (or in a test) and handed down by
 /// reference.
@@ -31,6 +32,8 @@ struct Platform {
   Desktop& desktop;
   /// Folder of the program: reference database and default configuration lie here.
   std::string programFolder;
+  /// Keeps unsaved work for the next run; none where no operator composes.
+  WorkKeeper* work = nullptr;
 };
 
 }  // namespace marlinset

@@ -140,7 +140,7 @@ TEST_F(PrintTest, HiddenWindowsLeaveNoGap) {
   for (int column = 0; column < 5; ++column) {
     for (int bit = 0; bit < 3; ++bit) (*columns[column])(2 + bit).SetValue(kTicks[column] >> bit & 1);
   }
-  form_.tVert(2).SetText("77");
+  form_.udVer(2).SetValue(77);
   form_.lName(1).SetVisible(false);
   const Texts page = Print().Texts();
   EXPECT_THAT(page, Not(Contains(form_.lName(1).Caption())));

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/recovery.h"
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "files/configuration_file.h"
+#include "files/panel_document.h"
+#include "files/qcf_writer.h"
+#include "platform/dialogs.h"
+#include "platform/event_pump.h"
+#include "platform/file_dialog.h"
+#include "platform/platform.h"
+#include "platform/runtime_error.h"
+
+namespace marlinset {
+namespace {
+constexpr int kIntervalMs = 30000;
+}
+
+Recovery::Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file)
+    : platform_(platform),
+      vars_(variables),
+      form_(form),
+      file_(file),
+      timer_(platform.pump, platform.guard, "Recovery", kIntervalMs) {
+  timer_.OnTick([this] { Tick(); });
+  file_.SaveEnded.Connect([this](bool stored) { saveFailed_ = !stored && Unstored(); });
+}
+
+/// Save counts as done for the commands even when it failed or was cancelled.
+bool Recovery::Unstored() const {
+  return !vars_.ConfigSaved || saveFailed_;
+}
+
+void Recovery::Offer() {
+  if (!platform_.work) return;
+  for (const LeftWork& left : platform_.work->Left()) {
+    if (!platform_.dialogs.Ask("Unsaved changes to \"" + left.title + "\" of " + left.when +
+                               " were kept when the program ended. Restore them?")) {
+      platform_.work->DropLeft(left.file);
+    } else if (Restore(left)) {
+      return;
+    }
+  }
+}
+
+void Recovery::Begin() {
+  if (platform_.work) timer_.SetEnabled(true);
+}
+
+/// False when the composition can't be read, which has been told; it stays where it is.
+bool Recovery::Restore(const LeftWork& left) {
+  platform_.fileDialog.FileName = left.file;
+  file_.ReadConfigFile();
+  platform_.fileDialog.FileName = left.fileName;
+  if (file_.LastRead() != ReadEnd::kLoaded) return false;
+  vars_.CurrentFile = left.title;
+  form_.SetCaption(std::string(kProgramTitle) + " - " + left.title);
+  form_.StatBar(FrmStart::kModelPanel).SetText("Unsaved changes restored ");
+  vars_.ConfigSaved = false;
+  Keep();
+  if (kept_) platform_.work->DropLeft(left.file);
+  return true;
+}
+
+void Recovery::BeforeReplacing() {
+  if (platform_.work && saveFailed_) {
+    Keep();
+    platform_.work->Leave();
+    kept_.reset();
+  }
+  saveFailed_ = false;
+}
+
+void Recovery::Discard() {
+  discarded_ = true;
+}
+
+void Recovery::End() {
+  timer_.SetEnabled(false);
+  if (platform_.work) Tick();
+}
+
+void Recovery::Tick() {
+  if (Unstored() && !discarded_) return Keep();
+  platform_.work->Drop();
+  kept_.reset();
+}
+
+/// What can't be kept was told once; the operator's own files are not touched by it.
+void Recovery::Keep() {
+  try {
+    UnsavedWork work{vars_.CurrentFile, platform_.fileDialog.FileName,
+                     WriteDocument(DocumentOfPanels(vars_, form_))};
+    if (work == kept_) return;
+    platform_.work->Keep(work);
+    kept_ = std::move(work);
+  } catch (const RuntimeError& failure) {
+    if (told_) return;
+    told_ = true;
+    form_.StatBar(FrmStart::kModelPanel)
+        .SetText("Changes are not kept aside, save them: " + failure.Description());
+  }
+}
+
+}  // namespace marlinset

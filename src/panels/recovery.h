@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+
+#include "platform/timer.h"
+#include "platform/work_keeper.h"
+
+namespace marlinset {
+
+class ConfigurationFile;
+class FrmStart;
+struct Platform;
+struct Variables;
+
+/// A composition outlives a tool that dies. Every half minute the unsaved one is kept aside in the user's
+/// data folder, never in the operator's files; the next start offers it. So does it keep a composition whose
+/// save failed, even when the flow of the commands takes it as saved. Does nothing on a platform without a
+/// keeper.
+class Recovery {
+ public:
+  Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file);
+
+  /// At the start: asks for each composition that was left, the latest first, until the operator takes one;
+  /// one that is not wanted goes.
+  void Offer();
+  /// From now on unsaved work is kept.
+  void Begin();
+  /// Another configuration takes the place of the present one. What a failed save has not stored is left for
+  /// the next start.
+  void BeforeReplacing();
+  /// The operator does not want the changes.
+  void Discard();
+  /// The run ends: work that is not stored stays for the next one.
+  void End();
+
+ private:
+  bool Unstored() const;
+  void Tick();
+  void Keep();
+  bool Restore(const LeftWork& left);
+
+  Platform& platform_;
+  Variables& vars_;
+  FrmStart& form_;
+  ConfigurationFile& file_;
+  Timer timer_;
+  bool saveFailed_ = false;  ///< edits that the last save should have stored
+  bool discarded_ = false;
+  bool told_ = false;  ///< that nothing can be kept
+  std::optional<UnsavedWork> kept_;
+};
+
+}  // namespace marlinset

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/qt_work_keeper.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include "platform/runtime_error.h"
+
+namespace marlinset {
+namespace {
+
+/// More tools than this do not run at once; beyond it the folder is no place to keep anything.
+constexpr int kMostNumbers = 1000;
+
+QString ToQt(const std::string& text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// Whole or not at all.
+void Replace(const QString& path, const QByteArray& content) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) throw RuntimeError(kErrFileAccess, "Path/File access error");
+  file.write(content);
+  if (!file.commit()) throw RuntimeError(kErrDiskFull, "Disk full");
+}
+
+}  // namespace
+
+QtWorkKeeper::QtWorkKeeper()
+    : QtWorkKeeper(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                   QStringLiteral("/7340-Marlinset/unsaved")) {}
+
+QtWorkKeeper::QtWorkKeeper(const std::string& folder) : QtWorkKeeper(ToQt(folder)) {}
+
+QString QtWorkKeeper::PathOf(int number, const char* extension) const {
+  return folder_.filePath(QString::number(number) + QLatin1String(extension));
+}
+
+/// The lock of a run that was killed counts as none.
+std::unique_ptr<QLockFile> QtWorkKeeper::Lock(const QString& path) {
+  auto lock = std::make_unique<QLockFile>(path);
+  lock->setStaleLockTime(0);
+  return lock->tryLock() ? std::move(lock) : nullptr;
+}
+
+/// The first number that no living run has and under which nothing is left.
+void QtWorkKeeper::TakeNumber() {
+  folder_.mkpath(QStringLiteral("."));
+  for (int number = 1; number <= kMostNumbers; ++number) {
+    if (QFile::exists(PathOf(number, ".qcf"))) continue;
+    lock_ = Lock(PathOf(number, ".lock"));
+    if (!lock_) continue;
+    number_ = number;
+    return;
+  }
+  throw RuntimeError(kErrFileAccess, "Path/File access error");
+}
+
+void QtWorkKeeper::Keep(const UnsavedWork& work) {
+  if (number_ == 0) TakeNumber();
+  Replace(PathOf(number_, ".name"), QByteArray::fromStdString(work.title + "\n" + work.fileName + "\n"));
+  Replace(PathOf(number_, ".qcf"),
+          {reinterpret_cast<const char*>(work.bytes.data()), static_cast<qsizetype>(work.bytes.size())});
+}
+
+void QtWorkKeeper::Remove(int number) const {
+  QFile::remove(PathOf(number, ".qcf"));
+  QFile::remove(PathOf(number, ".name"));
+}
+
+void QtWorkKeeper::Drop() {
+  if (number_ == 0) return;
+  Remove(number_);
+  Leave();
+}
+
+void QtWorkKeeper::Leave() {
+  lock_.reset();
+  number_ = 0;
+}
+
+std::vector<LeftWork> QtWorkKeeper::Left() {
+  std::vector<LeftWork> all;
+  const QFileInfoList files = folder_.entryInfoList({QStringLiteral("*.qcf")}, QDir::Files, QDir::Time);
+  for (const QFileInfo& info : files) {
+    const int number = info.completeBaseName().toInt();
+    if (number == 0 || number == number_ || !Lock(PathOf(number, ".lock"))) continue;
+    QFile name(PathOf(number, ".name"));
+    (void)name.open(QIODevice::ReadOnly);  // work without a name is work all the same
+    const QList<QByteArray> lines = name.readAll().split('\n');
+    all.push_back({info.filePath().toStdString(), lines.value(0).toStdString(), lines.value(1).toStdString(),
+                   QLocale().toString(info.lastModified(), QLocale::ShortFormat).toStdString()});
+  }
+  return all;
+}
+
+void QtWorkKeeper::DropLeft(const std::string& file) {
+  const int number = QFileInfo(ToQt(file)).completeBaseName().toInt();
+  if (const auto lock = Lock(PathOf(number, ".lock"))) Remove(number);
+}
+
+}  // namespace marlinset

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDir>
+#include <QLockFile>
+#include <QString>
+#include <memory>
+
+#include "platform/work_keeper.h"
+
+namespace marlinset {
+
+/// Keeps unsaved work in a folder of the user's own. Each run has NUMBER.qcf, its NUMBER.name (title and full
+/// path, a line each) and, as long as the run lives, a lock on NUMBER.lock: two tools never take each other's
+/// work, and work without a lock is left.
+class QtWorkKeeper : public WorkKeeper {
+ public:
+  /// The folder of this user's desktop.
+  QtWorkKeeper();
+  explicit QtWorkKeeper(const std::string& folder);
+
+  void Keep(const UnsavedWork& work) override;
+  void Drop() override;
+  void Leave() override;
+  std::vector<LeftWork> Left() override;
+  void DropLeft(const std::string& file) override;
+
+ private:
+  explicit QtWorkKeeper(const QString& folder) : folder_(folder) {}
+  QString PathOf(int number, const char* extension) const;
+  void TakeNumber();
+  void Remove(int number) const;
+  static std::unique_ptr<QLockFile> Lock(const QString& path);
+
+  QDir folder_;
+  std::unique_ptr<QLockFile> lock_;
+  int number_ = 0;  ///< 0: nothing is kept
+};
+
+}  // namespace marlinset

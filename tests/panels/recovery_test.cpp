@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/recovery.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/temp_folder.h"
+#include "tests/support/tool_rig.h"
+
+namespace marlinset {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+/// What outlives the runs: a folder, and what each run left in it.
+class FakeKeeper : public WorkKeeper {
+ public:
+  std::optional<UnsavedWork> kept;
+  std::vector<LeftWork> left;
+  int keepings = 0;
+  bool full = false;
+
+  void Keep(const UnsavedWork& work) override {
+    if (full) throw RuntimeError(kErrDiskFull, "Disk full");
+    kept = work;
+    ++keepings;
+  }
+  void Drop() override { kept.reset(); }
+  void Leave() override {
+    if (!kept) return;
+    const std::string name = "left" + std::to_string(left.size()) + ".qcf";
+    folder_.Write(name, {reinterpret_cast<const char*>(kept->bytes.data()), kept->bytes.size()});
+    left.insert(left.begin(), {folder_.File(name), kept->title, kept->fileName, "noon"});
+    kept.reset();
+  }
+  std::vector<LeftWork> Left() override { return left; }
+  void DropLeft(const std::string& file) override {
+    std::erase_if(left, [&](const LeftWork& work) { return work.file == file; });
+  }
+
+ private:
+  TempFolder folder_;
+};
+
+struct OneRun : ToolRig {
+  explicit OneRun(WorkKeeper& keeper) : ToolRig({}, SHIPPED_DATABASE_FOLDER) { tool.platform.work = &keeper; }
+  /// Starts and answers the questions about left work in turn.
+  void Start(std::deque<BoxAnswer> answers = {}) {
+    dialogs.answers = std::move(answers);
+    tool.Start("");
+  }
+  void Edit(const std::string& message) { form.tWinMess.OperatorType(message); }
+  void SaveTo(const std::string& path) {
+    fileDialog.choices = {path};
+    form.mnuSave.OperatorClick();
+  }
+
+  FrmStart& form = tool.form;
+  static constexpr int kHalfMinute = 30000;
+};
+
+class RecoveryTest : public testing::Test {
+ protected:
+  TempFolder folder_;
+  FakeKeeper keeper_;
+};
+
+TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
+  {
+    OneRun run(keeper_);
+    run.Start();
+    run.SaveTo(folder_.File("show.qcf"));
+    run.pump.Pass(2 * OneRun::kHalfMinute);
+    EXPECT_EQ(keeper_.keepings, 0) << "nothing is unsaved";
+    run.Edit("TAKE 7");
+    run.pump.Pass(OneRun::kHalfMinute);
+    run.pump.Pass(4 * OneRun::kHalfMinute);
+    EXPECT_EQ(keeper_.keepings, 1) << "the same is kept once";
+  }
+  keeper_.Leave();
+  OneRun run(keeper_);
+  run.Start({BoxAnswer::kYes});
+  EXPECT_THAT(run.Boxes(), ElementsAre("Unsaved changes to \"show\" of noon were kept when the program "
+                                       "ended. Restore them?"));
+  EXPECT_EQ(run.form.tWinMess.Text(), "TAKE 7");
+  EXPECT_EQ(run.form.Caption(), "7340 Marlinset - show");
+  EXPECT_EQ(run.fileDialog.FileName, folder_.File("show.qcf"));
+  EXPECT_FALSE(run.tool.variables.ConfigSaved);
+  EXPECT_THAT(keeper_.left, IsEmpty());
+  ASSERT_TRUE(keeper_.kept) << "until it is saved, this run keeps it";
+  run.SaveTo(folder_.File("show.qcf"));
+  run.pump.Pass(OneRun::kHalfMinute);
+  EXPECT_FALSE(keeper_.kept);
+}
+
+TEST_F(RecoveryTest, AsksForEachUntilTheOperatorTakesOne) {
+  for (const char* message : {"FIRST", "SECOND", "THIRD"}) {
+    FakeKeeper own;
+    OneRun run(own);
+    run.Start();
+    run.Edit(message);
+    run.pump.Pass(OneRun::kHalfMinute);
+    keeper_.kept = own.kept;
+    keeper_.Leave();
+  }
+  OneRun run(keeper_);
+  run.Start({BoxAnswer::kNo, BoxAnswer::kYes});
+  EXPECT_THAT(run.Boxes(), SizeIs(2));
+  EXPECT_EQ(run.form.tWinMess.Text(), "SECOND");
+  EXPECT_THAT(keeper_.left, SizeIs(1)) << "the first stays for another time";
+}
+
+TEST_F(RecoveryTest, KeepsWhatAFailedSaveHasNotStored) {
+  {
+    OneRun run(keeper_);
+    run.Start();
+    run.Edit("AT THE END");
+    run.files.room = 10;
+    run.fileDialog.choices = {folder_.File("full.qcf")};
+    run.dialogs.answers = {BoxAnswer::kYes};
+    run.form.mnuExit.OperatorClick();
+    EXPECT_THAT(run.Boxes(), testing::Contains("Error during save, save aborted!"));
+  }
+  ASSERT_TRUE(keeper_.kept);
+  keeper_.Leave();
+  OneRun run(keeper_);
+  run.Start({BoxAnswer::kYes});
+  EXPECT_EQ(run.form.tWinMess.Text(), "AT THE END");
+  run.SaveTo(folder_.File("whole.qcf"));
+
+  run.Edit("BEFORE NEW");
+  run.files.room = 10;
+  run.fileDialog.choices = {folder_.File("full.qcf")};
+  run.dialogs.answers = {BoxAnswer::kYes};
+  run.form.mnuNew.OperatorClick();
+  EXPECT_EQ(run.form.tWinMess.Text(), "");
+  EXPECT_THAT(keeper_.left, SizeIs(1)) << "New went on without it";
+}
+
+TEST_F(RecoveryTest, LeavesNothingThatWasStoredOrIsNotWanted) {
+  for (const bool save : {true, false}) {
+    OneRun run(keeper_);
+    run.Start();
+    run.Edit("X");
+    run.pump.Pass(OneRun::kHalfMinute);
+    ASSERT_TRUE(keeper_.kept);
+    run.fileDialog.choices = {folder_.File("x.qcf")};
+    run.dialogs.answers = {save ? BoxAnswer::kYes : BoxAnswer::kNo};
+    run.form.mnuExit.OperatorClick();
+    EXPECT_FALSE(keeper_.kept) << save;
+  }
+}
+
+TEST_F(RecoveryTest, SaysOnceThatNothingCanBeKept) {
+  OneRun run(keeper_);
+  run.Start();
+  keeper_.full = true;
+  run.Edit("X");
+  run.pump.Pass(OneRun::kHalfMinute);
+  EXPECT_EQ(run.Panel(4), "Changes are not kept aside, save them: Disk full");
+  run.form.StatBar(4).SetText("");
+  run.pump.Pass(OneRun::kHalfMinute);
+  EXPECT_EQ(run.Panel(4), "");
+  EXPECT_THAT(run.Boxes(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace marlinset

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/qt_work_keeper.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/runtime_error.h"
+#include "tests/support/temp_folder.h"
+
+namespace marlinset {
+namespace {
+
+using testing::IsEmpty;
+using testing::SizeIs;
+
+TEST(QtWorkKeeper, LeavesOnlyWhatNoLivingRunHolds) {
+  const TempFolder folder;
+  const std::string place = folder.File("new/unsaved");
+  const UnsavedWork work{"Größe", "/show/Größe.qcf", {1, 0, 255}};
+  QtWorkKeeper other(place);
+  EXPECT_THAT(other.Left(), IsEmpty());
+  {
+    QtWorkKeeper one(place);
+    one.Keep({"old", "", {7}});
+    one.Keep(work);
+    EXPECT_THAT(other.Left(), IsEmpty()) << "it lives";
+    other.Keep({"other", "", {9}});
+    EXPECT_THAT(one.Left(), IsEmpty());
+  }
+  const std::vector<LeftWork> left = other.Left();
+  ASSERT_THAT(left, SizeIs(1));
+  EXPECT_EQ(left[0].title, work.title);
+  EXPECT_EQ(left[0].fileName, work.fileName);
+  EXPECT_FALSE(left[0].when.empty());
+  EXPECT_EQ(folder.Read(left[0].file), std::string("\1\0\377", 3));
+
+  QtWorkKeeper third(place);
+  third.Keep({"third", "", {3}});
+  EXPECT_THAT(third.Left(), SizeIs(1)) << "left work keeps its number";
+  third.Drop();
+  third.DropLeft(left[0].file);
+  EXPECT_THAT(third.Left(), IsEmpty());
+  other.Leave();
+  EXPECT_THAT(third.Left(), SizeIs(1));
+}
+
+TEST(QtWorkKeeper, FailsWhereNothingCanBeKept) {
+  const TempFolder folder;
+  QtWorkKeeper keeper(folder.Write("file", "x") + "/unsaved");
+  EXPECT_THROW(keeper.Keep({"x", "", {1}}), RuntimeError);
+  EXPECT_THAT(keeper.Left(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace marlinset
