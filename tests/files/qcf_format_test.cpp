@@ -213,6 +213,10 @@ TEST(QcfFormat, ComparesByNameWhereverAWindowStands) {
   right.identification.back() = '9';
   EXPECT_THAT(differing().front(), ::testing::StartsWith("identification / version"));
   EXPECT_EQ(differing().back(), "tail>07");
+  right = left;
+  auto& twice = std::get<std::vector<QcfRecord>>(right.entries[36].value);
+  twice.push_back(twice.front());
+  EXPECT_THAT(differing().front(), ::testing::MatchesRegex("character windows / .* \\(2\\) / Name>.*"));
   right.tail.clear();
   // Names that look like those of other records do not mix them up.
   auto& others = std::get<std::vector<QcfRecord>>(right.entries[36].value);

@@ -60,6 +60,17 @@ TEST_F(Saving, AsksAndNamesTheFile) {
   EXPECT_EQ(fileDialog.Flags, kHideReadOnly);
 }
 
+TEST_F(Saving, BeginsBesideTheProgramOrWhereverTheDialogLikes) {
+  FileRig first;
+  first.SaveAs("first.qcf");
+  EXPECT_EQ(first.fileDialog.shown.back().initDir, SHIPPED_DATABASE_FOLDER);
+  settings.SaveSetting("Load", "");
+  files.folders.clear();
+  SaveAs("second.qcf");
+  EXPECT_EQ(fileDialog.shown.back().initDir, "");
+  EXPECT_THAT(files.folders, IsEmpty());
+}
+
 TEST_F(Saving, NeverOverASystemDefault) {
   fileDialog.choices = {folder.File("system default.qcf"), folder.File(" System Default Video.qcf")};
   SaveAs("other.qcf");

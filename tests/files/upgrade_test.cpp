@@ -54,6 +54,9 @@ TEST_F(UpgradeTest, SortsByNumberAndTellsNothingOfEqualOnes) {
   upgrade.SortCharWindows();
   EXPECT_THAT(Numbers(), ElementsAre(1, 3, 5, 5));
   EXPECT_EQ(vars.CharWindows[2].Name, "c") << "where the exchanges leave them";
+  vars.CharWindows = {{.Name = "a"}, {.Name = "b"}};
+  upgrade.SortCharWindows();
+  EXPECT_EQ(vars.CharWindows[0].Name, "a") << "equal ones are not exchanged";
 }
 
 TEST_F(UpgradeTest, OneMessageForManyNewWindowsAndNoneForRowsWithoutAUnit) {
