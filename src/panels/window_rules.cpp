@@ -28,28 +28,24 @@ void WindowRules::WidthChanged(int row) {
 }
 
 /// A wider window stops earlier at the right. A window without field digit or symbol takes no tick for it;
-/// taking the tick back is a click of its own.
+/// taking the tick back is a click of its own, so that room for the symbol is kept twice after a field digit
+/// that was refused, until the next click.
 void WindowRules::LimitToWidth(int row) {
   const auto has = [](const auto& rows, int index) {
     return index >= 0 && static_cast<std::size_t>(index) < rows.size();
   };
   if (!has(vars_.CharWindows, row) || !has(vars_.CharMaxPositions, vars_.CurCharMaxRow)) return;
   const CharWindowRec window = At(vars_.CharWindows, row);
-  int limit = At(vars_.CharMaxPositions, vars_.CurCharMaxRow).MaxHorPosn - window.Length;
-  SetRightLimit(row, limit);
+  if (!form_.udHor.Has(row)) return;
+  SpinControl& horizontal = form_.udHor(row);
+  horizontal.SetMax(At(vars_.CharMaxPositions, vars_.CurCharMaxRow).MaxHorPosn - window.Length);
   const auto reserve = [&](const ControlArray<CheckBox>& boxes, int length) {
     if (!boxes.Has(row)) return;
     if (length == 0) boxes(row).SetValue(0);
-    if (length == 0 || !boxes(row).On()) return;
-    limit -= length;
-    SetRightLimit(row, limit);
+    if (length != 0 && boxes(row).On()) horizontal.SetMax(horizontal.Max() - length);
   };
   reserve(form_.chField, window.FieldLength);
   reserve(form_.chSym, window.SymbolLength);
-}
-
-void WindowRules::SetRightLimit(int row, int limit) {
-  if (form_.udHor.Has(row)) form_.udHor(row).SetMax(limit);
 }
 
 /// Units show a window that was just switched on only after the whole inserter went off and on.

@@ -18,7 +18,6 @@ class WindowRules {
   void WidthChanged(int row);
   void OnOffChanged(int row);
   void LimitToWidth(int row);
-  void SetRightLimit(int row, int limit);
 
   Variables& vars_;
   FrmStart& form_;
