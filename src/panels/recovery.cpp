@@ -37,7 +37,7 @@ void Recovery::Offer() {
   for (const LeftWork& left : platform_.work->Left()) {
     if (!platform_.dialogs.Ask("Unsaved changes to \"" + left.title + "\" of " + left.when +
                                " were kept when the program ended. Restore them?")) {
-      platform_.work->DropLeft(left.file);
+      platform_.work->DeclineLeft(left.file);
     } else if (Restore(left)) {
       return;
     }

@@ -22,7 +22,7 @@ class Recovery {
   Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file);
 
   /// At the start: asks for each composition that was left, the latest first, until the operator takes one;
-  /// one that is not wanted goes.
+  /// one that is not wanted is put away.
   void Offer();
   /// From now on unsaved work is kept.
   void Begin();

@@ -37,8 +37,11 @@ class WorkKeeper {
 
   /// What was left by runs that are over, the latest first.
   virtual std::vector<LeftWork> Left() = 0;
-  /// Does away with left work, by its file.
+  /// Does away with left work, by its file: it lives on in this run.
   virtual void DropLeft(const std::string& file) = 0;
+  /// The operator does not want the left work: it is not offered again, but stays for a second thought until
+  /// the next one is declined.
+  virtual void DeclineLeft(const std::string& file) = 0;
 };
 
 }  // namespace marlinset

@@ -20,6 +20,7 @@ class FakeKeeper : public WorkKeeper {
   std::optional<UnsavedWork> kept;
   std::vector<LeftWork> left;
   int keepings = 0;
+  int declined = 0;
   bool full = false;
 
   void Keep(const UnsavedWork& work) override {
@@ -36,6 +37,10 @@ class FakeKeeper : public WorkKeeper {
     kept.reset();
   }
   std::vector<LeftWork> Left() override { return left; }
+  void DeclineLeft(const std::string& file) override {
+    DropLeft(file);
+    ++declined;
+  }
   void DropLeft(const std::string& file) override {
     std::erase_if(left, [&](const LeftWork& work) { return work.file == file; });
   }
@@ -109,6 +114,7 @@ TEST_F(RecoveryTest, AsksForEachUntilTheOperatorTakesOne) {
   run.Start({BoxAnswer::kNo, BoxAnswer::kYes});
   EXPECT_THAT(run.Boxes(), SizeIs(2));
   EXPECT_EQ(run.form.tWinMess.Text(), "SECOND");
+  EXPECT_EQ(keeper_.declined, 1);
   EXPECT_THAT(keeper_.left, SizeIs(1)) << "the first stays for another time";
 }
 

@@ -103,4 +103,11 @@ void QtWorkKeeper::DropLeft(const std::string& file) {
   if (const auto lock = Lock(PathOf(number, ".lock"))) Remove(number);
 }
 
+void QtWorkKeeper::DeclineLeft(const std::string& file) {
+  const QString declined = folder_.filePath(QStringLiteral("declined.qcf.bak"));
+  QFile::remove(declined);
+  QFile::copy(ToQt(file), declined);
+  DropLeft(file);
+}
+
 }  // namespace marlinset

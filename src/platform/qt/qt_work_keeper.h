@@ -12,7 +12,7 @@ namespace marlinset {
 
 /// Keeps unsaved work in a folder of the user's own. Each run has NUMBER.qcf, its NUMBER.name (title and full
 /// path, a line each) and, as long as the run lives, a lock on NUMBER.lock: two tools never take each other's
-/// work, and work without a lock is left.
+/// work, and work without a lock is left. The one that was declined last is declined.qcf.bak.
 class QtWorkKeeper : public WorkKeeper {
  public:
   /// The folder of this user's desktop.
@@ -24,6 +24,7 @@ class QtWorkKeeper : public WorkKeeper {
   void Leave() override;
   std::vector<LeftWork> Left() override;
   void DropLeft(const std::string& file) override;
+  void DeclineLeft(const std::string& file) override;
 
  private:
   explicit QtWorkKeeper(const QString& folder) : folder_(folder) {}

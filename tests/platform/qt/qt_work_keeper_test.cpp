@@ -41,7 +41,10 @@ TEST(QtWorkKeeper, LeavesOnlyWhatNoLivingRunHolds) {
   third.DropLeft(left[0].file);
   EXPECT_THAT(third.Left(), IsEmpty());
   other.Leave();
-  EXPECT_THAT(third.Left(), SizeIs(1));
+  ASSERT_THAT(third.Left(), SizeIs(1));
+  third.DeclineLeft(third.Left()[0].file);
+  EXPECT_THAT(third.Left(), IsEmpty());
+  EXPECT_EQ(folder.Read("new/unsaved/declined.qcf.bak"), "\x09") << "for a second thought";
 }
 
 TEST(QtWorkKeeper, FailsWhereNothingCanBeKept) {
