@@ -51,7 +51,8 @@ bool Control::OperatorCheck(bool /*on*/) {
 bool Control::OperatorSelect(int /*entry*/) {
   throw NotSupported();
 }
-bool Control::OperatorType(std::string /*text*/) {
+// Whoever overrides it takes the text over.
+bool Control::OperatorType(std::string /*text*/) {  // NOLINT(performance-unnecessary-value-param)
   throw NotSupported();
 }
 bool Control::OperatorKey(char32_t /*code*/) {
