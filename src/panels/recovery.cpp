@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/recovery.h"
 
+#include <utility>
+
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "files/configuration_file.h"
@@ -50,10 +52,12 @@ void Recovery::Begin() {
 
 /// False when the composition can't be read, which has been told; it stays where it is.
 bool Recovery::Restore(const LeftWork& left) {
-  platform_.fileDialog.FileName = left.file;
+  std::string& name = platform_.fileDialog.FileName;
+  const std::string nameBefore = std::exchange(name, left.file);
   file_.ReadConfigFile();
-  platform_.fileDialog.FileName = left.fileName;
-  if (file_.LastRead() != ReadEnd::kLoaded) return false;
+  const bool loaded = file_.LastRead() == ReadEnd::kLoaded;
+  name = loaded ? left.fileName : nameBefore;
+  if (!loaded) return false;
   vars_.CurrentFile = left.title;
   form_.SetCaption(std::string(kProgramTitle) + " - " + left.title);
   form_.StatBar(FrmStart::kModelPanel).SetText("Unsaved changes restored ");

@@ -118,6 +118,15 @@ TEST_F(RecoveryTest, AsksForEachUntilTheOperatorTakesOne) {
   EXPECT_THAT(keeper_.left, SizeIs(1)) << "the first stays for another time";
 }
 
+TEST_F(RecoveryTest, LeavesWhatCannotBeReadWhereItIs) {
+  keeper_.left = {{folder_.Write("cut.qcf", "damaged"), "show", "/show.qcf", "noon"}};
+  OneRun run(keeper_);
+  run.Start({BoxAnswer::kYes});
+  EXPECT_THAT(run.Boxes(), SizeIs(2)) << "the offer, and what is wrong with it";
+  EXPECT_THAT(keeper_.left, SizeIs(1));
+  EXPECT_THAT(run.fileDialog.FileName, testing::EndsWith("System Default Video.qcf"));
+}
+
 TEST_F(RecoveryTest, KeepsWhatAFailedSaveHasNotStored) {
   {
     OneRun run(keeper_);

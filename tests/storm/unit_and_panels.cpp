@@ -91,7 +91,6 @@ class Comparison {
   }
 
   void Characters() {
-    using enum ControlKind;
     const auto& box = form_.ComWin;
     Expect("font size", unit_.CharSize(),
            Code(vars_.CharSizes, box(FrmStart::kFontSize), &CharSizeRec::Code));
