@@ -60,6 +60,10 @@ std::span<const QcfItemName> QcfItemNames() {
   return kItemNames;
 }
 
+bool IsModel(std::string_view text) {
+  return text.size() == kModelDigits && text.find_first_not_of(kDigits) == std::string_view::npos;
+}
+
 std::optional<std::vector<QcfItem>> IdentificationItems(std::span<const std::uint8_t> block) {
   std::vector<QcfItem> items;
   while (!block.empty()) {
@@ -83,12 +87,8 @@ std::vector<std::uint8_t> IdentificationOf(const std::vector<QcfItem>& items) {
     const auto& models = std::get<std::vector<std::string>>(item.content);
     AppendCount(block, models.size());
     for (const std::string& model : models) {
-      if (model.size() != kModelDigits) throw TypeMismatch();
-      for (const char digit : model) {
-        const auto value = kDigits.find(digit);
-        if (value == std::string_view::npos) throw TypeMismatch();
-        block.push_back(static_cast<std::uint8_t>(value));
-      }
+      if (!IsModel(model)) throw TypeMismatch();
+      for (const char digit : model) block.push_back(static_cast<std::uint8_t>(kDigits.find(digit)));
     }
   }
   return block;

@@ -24,11 +24,14 @@ struct QcfItemName {
 };
 std::span<const QcfItemName> QcfItemNames();
 
+/// A model number as it is written: four hexadecimal digits, the letters large.
+bool IsModel(std::string_view text);
+
 /// The items of an identification block, nothing when it does not consist of whole items that this tool
 /// knows.
 std::optional<std::vector<QcfItem>> IdentificationItems(std::span<const std::uint8_t> block);
 
-/// The block of these items. Failure 13 for a model that is not four hexadecimal digits.
+/// The block of these items. Failure 13 for a model number that is none.
 std::vector<std::uint8_t> IdentificationOf(const std::vector<QcfItem>& items);
 
 }  // namespace marlinset

@@ -90,6 +90,11 @@ TEST_F(FilesCliTest, ComposeSaysWhatIsWrong) {
   wrong = good;
   wrong["text message"] = std::string(65536, 'x');
   refuses(wrong, "Overflow");
+  for (const json& model : {json(7340), json("734"), json("734G")}) {
+    wrong = good;
+    wrong["identification"][0]["models"][0] = model;
+    refuses(wrong, "\"identification\" holds a model that is not four hexadecimal digits");
+  }
   refuses("{", "is no object");
   std::filesystem::create_directories(folder_.File("taken.qcf/full"));
   folder_.Write("good.json", good.dump());

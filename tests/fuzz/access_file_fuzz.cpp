@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Gives the engine for Access files damaged copies of a sound one, FUZZ_SAMPLE. The input is a list of edits,
-// four bytes and some more each: page, offset (high byte, low byte), count, then so many bytes. An edit
-// beyond the last page cuts the file off.
+// Gives the engine for Access files damaged copies of a sound one, ACCESS_SAMPLE. The input is a list of
+// edits, four bytes and some more each: page, offset (high byte, low byte), count, then so many bytes. An
+// edit beyond the last page cuts the file off.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -27,7 +27,7 @@ constexpr std::size_t kPage = 4096;
 class Copy {
  public:
   Copy() {
-    std::ifstream in(FUZZ_SAMPLE, std::ios::binary);
+    std::ifstream in(ACCESS_SAMPLE, std::ios::binary);
     sample_.assign(std::istreambuf_iterator<char>(in), {});
     if (sample_.size() < kPage || file_ < 0) std::abort();
     Write(0, sample_);

@@ -29,14 +29,6 @@ bool ComesBackFromAFile(int parameterValue) {
   return parameterValue >= 0 && LoadedParameterValue(parameterValue) == parameterValue;
 }
 
-/// Whether a box tells of a failure that no routine expected: a number, two blanks and a text. An overflow is
-/// the answer to a number that has no room in its place: the value of a parameter, a position in a message.
-bool IsFailure(const std::string& box) {
-  const std::size_t digits = box.find_first_not_of("0123456789");
-  const bool numbered = digits != 0 && digits != std::string::npos && box.compare(digits, 2, "  ") == 0;
-  return numbered && box != "6  Overflow";
-}
-
 /// Thrown through everything when a step does not end.
 struct Hang {};
 
@@ -142,7 +134,7 @@ class Storm {
   BoxAnswer Answer(const MessageBox& box) {
     world_.Trace("box '" + box.text + "'");
     ++report_.boxes[box.text];
-    if (IsFailure(box.text)) Fault(box.text);
+    if (TellsOfFailure(box)) Fault(box.text);
     if (world_.OneIn(3)) rig_.pump.Pass(world_.Pick(3000));
     const bool agrees = mending_ || !world_.OneIn(3);
     if (box.buttons == BoxButtons::kYesNo) return agrees ? BoxAnswer::kYes : BoxAnswer::kNo;

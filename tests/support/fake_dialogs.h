@@ -11,6 +11,14 @@
 
 namespace marlinset {
 
+/// Whether a box tells of a failure that no routine expected: a number, two blanks and a text. An overflow is
+/// the answer to a number that has no room in its place: the value of a parameter, a position in a message.
+inline bool TellsOfFailure(const MessageBox& box) {
+  const std::size_t digits = box.text.find_first_not_of("0123456789");
+  const bool numbered = digits != 0 && digits != std::string::npos && box.text.compare(digits, 2, "  ") == 0;
+  return numbered && box.text != "6  Overflow";
+}
+
 /// Boxes that a test answers: every box is recorded and takes the next of `answers`. With none left a
 /// question is refused (No, Cancel) and a plain box is confirmed, as a cautious operator would do.
 class FakeDialogs : public Dialogs {

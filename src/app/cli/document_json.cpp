@@ -46,12 +46,21 @@ Json IdentificationJson(const std::vector<std::uint8_t>& block) {
   return list;
 }
 
+std::vector<std::string> ModelsOf(const Json& json) {
+  for (const Json& model : json) {
+    if (!model.is_string() || !IsModel(model.get<std::string>())) {
+      throw Wrong(kIdentificationName, "holds a model that is not four hexadecimal digits");
+    }
+  }
+  return json.get<std::vector<std::string>>();
+}
+
 QcfItem ItemOf(const Json& json) {
   for (const auto& [tag, name] : QcfItemNames()) {
     if (!json.is_object() || json.size() != 1 || !json.contains(name)) continue;
     const Json& content = json.front();
     if (tag != kQcfModels && content.is_string()) return {tag, content.get<std::string>()};
-    if (tag == kQcfModels && content.is_array()) return {tag, content.get<std::vector<std::string>>()};
+    if (tag == kQcfModels && content.is_array()) return {tag, ModelsOf(content)};
   }
   throw Wrong(kIdentificationName, "holds something unknown");
 }

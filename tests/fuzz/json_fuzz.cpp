@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Composes configuration files of whatever JSON comes: it may be refused in words, and the file of what is
+// accepted stays the same, byte for byte, when it is shown as JSON and composed again.
+#include <cassert>
+#include <cstdint>
+#include <stdexcept>
+#include <vector>
+
+#include "app/cli/document_json.h"
+#include "files/qcf_reader.h"
+#include "files/qcf_writer.h"
+
+namespace {
+
+using namespace marlinset;
+using Bytes = std::vector<std::uint8_t>;
+
+Bytes ShownAndComposed(const QcfDocument& document) {
+  const std::string shown = DocumentJson(document).dump(-1, ' ', false, Json::error_handler_t::replace);
+  return WriteDocument(DocumentOfJson(Json::parse(shown)));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const Json json = Json::parse(data, data + size, nullptr, false);
+  if (json.is_discarded()) return 0;
+  QcfDocument document;
+  Bytes file;
+  try {
+    document = DocumentOfJson(json);
+  } catch (const std::runtime_error&) {
+    return 0;  // Refused.
+  }
+  try {
+    file = WriteDocument(document);
+  } catch (const RuntimeError&) {
+    return 0;  // A number does not fit its place in the file.
+  }
+  assert(ShownAndComposed(document) == file);
+  try {
+    document = ReadDocument(file);
+  } catch (const RuntimeError&) {
+    return 0;  // The JSON holds an identification of something else.
+  }
+  assert(ShownAndComposed(document) == file);
+  return 0;
+}

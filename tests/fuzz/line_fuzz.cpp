@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Puts any bytes on the line while the tool exchanges messages with a unit, in pieces and at moments that the
+// input chooses. Afterwards the line is mended, and the tool has to understand the unit as if nothing had
+// been.
+//
+// The first byte says what holds all the time, see Fuzz. Then come steps, each of three bytes and some more:
+// what the tool does meanwhile, and kFramed for bytes that are the fields of a sound frame; after how many
+// milliseconds they arrive; their number; the bytes.
+#include <cassert>
+#include <cstdint>
+#include <functional>
+#include <span>
+
+#include "tests/support/link_rig.h"
+
+namespace {
+
+using namespace marlinset;
+using Input = std::span<const std::uint8_t>;
+
+constexpr std::size_t kHead = 3;
+constexpr int kFramed = 16;
+/// A whole send to a silent unit takes some minutes.
+constexpr std::int64_t kLongestStepMs = 30 * 60 * 1000;
+
+class Fuzz {
+ public:
+  explicit Fuzz(std::uint8_t setting) {
+    rig_.dialogs.onShow = [agrees = (setting & 1) != 0](const MessageBox& box) {
+      assert(!TellsOfFailure(box));
+      if (!agrees) return FakeDialogs::Default(box.buttons);
+      return box.buttons == BoxButtons::kYesNo ? BoxAnswer::kYes : BoxAnswer::kOk;
+    };
+    rig_.line.Unit().Faults().mute = (setting & 2) != 0;
+    rig_.line.SetGate((setting & 4) == 0);
+    rig_.form.tInput.SetVisible((setting & 8) != 0);
+    if ((setting & 16) != 0) rig_.OpenIdentified();
+    if ((setting & 32) != 0) rig_.line.SetPace(57600);
+    if ((setting & 64) != 0) rig_.line.Unit().SetManual(true);
+    rig_.Open();
+  }
+
+  void Step(Input& input) {
+    const Input bytes = input.subspan(kHead).first(std::min<std::size_t>(input[2], input.size() - kHead));
+    const std::int64_t begin = rig_.pump.Now();
+    const bool framed = (input[0] & kFramed) != 0;
+    rig_.line.Inject(framed ? EncodeFrame(bytes) : Bytes(bytes.begin(), bytes.end()), begin + input[1]);
+    actions_[input[0] % kFramed % std::size(actions_)]();
+    assert(rig_.pump.Now() - begin < kLongestStepMs);
+    input = input.subspan(kHead + bytes.size());
+  }
+
+  void ExpectUnderstanding() {
+    UnitModel& unit = rig_.line.Unit();
+    unit.Faults() = {};
+    rig_.line.SetGate(true);
+    rig_.form.tInput.SetVisible(false);  // a byte log that is full costs a reply
+    rig_.form.bSend.Press();
+    rig_.pump.Pass(20000);
+    rig_.form.bGetID.Press();
+    assert(rig_.Panel(FrmStart::kModelPanel) == "HD7340");
+    assert(Send(CommandId::kVideoSense));
+    assert(rig_.vars.UnitStandardText == VideoStandardText(unit.Standard()));
+    rig_.identification.GetFirmware();
+    assert(rig_.vars.UnitIdText == "MARLIN40 020E00");
+    assert(Send(CommandId::kSetParameter));
+  }
+
+ private:
+  bool Send(CommandId id) { return rig_.commands.Send(id, Sender::kWholeSend, 1); }
+
+  LinkRig rig_;
+  const std::function<void()> actions_[10] = {[this] { rig_.pump.Pass(300); },
+                                              [this] { rig_.pump.Pass(5); },
+                                              [] {},
+                                              [this] { rig_.form.bGetID.Press(); },
+                                              [this] { rig_.form.bBroad.Press(); },
+                                              [this] { rig_.form.bSend.Press(); },
+                                              [this] { rig_.form.bSConfig.Press(); },
+                                              [this] { rig_.identification.GetFirmware(); },
+                                              [this] { Send(CommandId::kVideoSense); },
+                                              [this] { Send(CommandId::kSetParameter); }};
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0) return 0;
+  Fuzz fuzz(data[0]);
+  for (Input input(data + 1, size - 1); input.size() >= kHead;) fuzz.Step(input);
+  fuzz.ExpectUnderstanding();
+  return 0;
+}
