@@ -3,25 +3,19 @@
 // counter; bare times say more about the machine than about the tool.
 
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QTemporaryDir>
 #include <array>
 #include <chrono>
 #include <functional>
-#include <stdexcept>
 #include <vector>
 
 #include "bench/bare_line.h"
 #include "bench/bench_tool.h"
+#include "bench/program.h"
 #include "bench/virtual_unit.h"
 #include "link/frame.h"
-
-extern char** environ;
 
 namespace marlinset {
 namespace {
@@ -106,24 +100,6 @@ void Exchange(benchmark::State& state) {
 }
 BENCHMARK(Exchange)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(5000);
 
-// Runs marlinset-cli with an empty standard input until it ends.
-void RunCli(std::vector<std::string> arguments) {
-  arguments.insert(arguments.begin(), ProgramPath("marlinset-cli"));
-  std::vector<char*> argv;
-  for (std::string& argument : arguments) argv.push_back(argument.data());
-  argv.push_back(nullptr);
-  posix_spawn_file_actions_t files;
-  posix_spawn_file_actions_init(&files);
-  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-  pid_t child = 0;
-  const int failed = posix_spawn(&child, argv[0], &files, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&files);
-  int status = 0;
-  if (failed != 0 || waitpid(child, &status, 0) != child || status != 0)
-    throw std::runtime_error("marlinset-cli fails");
-}
-
 // The tool from nothing to ready and gone again, against the same program when it only prints its version:
 // what is left is reading the database and filling the panels.
 void StartWithoutWindow(benchmark::State& state) {
@@ -132,8 +108,10 @@ void StartWithoutWindow(benchmark::State& state) {
   double versionSeconds = 0;
   double startSeconds = 0;
   for (auto step : state) {
-    versionSeconds += SecondsOf([] { RunCli({"--version"}); });
-    const double taken = SecondsOf([&] { RunCli({"script", "--clock", "virtual", "--settings", settings}); });
+    versionSeconds += SecondsOf([] { Program("marlinset-cli", {"--version"}).Finish(); });
+    const double taken = SecondsOf([&] {
+      Program("marlinset-cli", {"script", "--clock", "virtual", "--settings", settings}).Finish();
+    });
     state.SetIterationTime(taken);
     startSeconds += taken;
   }

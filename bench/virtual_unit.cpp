@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench/virtual_unit.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <stdexcept>
+
+#include "bench/program.h"
 
 namespace marlinset {
 namespace {
@@ -11,10 +12,6 @@ namespace {
 constexpr int kStartMs = 10000;
 
 }  // namespace
-
-std::string ProgramPath(const char* name) {
-  return (QCoreApplication::applicationDirPath() + '/' + name).toStdString();
-}
 
 VirtualUnit::VirtualUnit(const QStringList& options, bool countBytes) {
   QStringList arguments{"--link", folder_.filePath("unit")};

@@ -30,7 +30,4 @@ class VirtualUnit {
   qint64 traceRead_ = 0;
 };
 
-/// Path of a program of the same build.
-std::string ProgramPath(const char* name);
-
 }  // namespace marlinset

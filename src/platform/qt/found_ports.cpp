@@ -16,12 +16,15 @@ bool HasHardware(const QSerialPortInfo& port) {
 
 }  // namespace
 
-std::vector<std::string> FoundPorts() {
-  std::vector<std::string> paths;
+const std::vector<std::string>& PresentPorts::operator()() {
+  constexpr qint64 kStandsMs = 500;
+  if (age_.isValid() && !age_.hasExpired(kStandsMs)) return paths_;
+  paths_.clear();
   for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) {
-    if (HasHardware(port)) paths.push_back(port.systemLocation().toStdString());
+    if (HasHardware(port)) paths_.push_back(port.systemLocation().toStdString());
   }
-  return paths;
+  age_.start();
+  return paths_;
 }
 
 }  // namespace marlinset
