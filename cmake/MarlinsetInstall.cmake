@@ -11,6 +11,10 @@ install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/shotsys.mdb
 
 set(desktop ${CMAKE_SOURCE_DIR}/data/desktop)
 set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable)
+set(documents ${CMAKE_INSTALL_DATADIR}/doc/marlinset)
+install(FILES ${CMAKE_SOURCE_DIR}/README.md DESTINATION ${documents})
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs DESTINATION ${documents} PATTERN man EXCLUDE)
+
 install(FILES ${desktop}/marlinset.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${desktop}/example.marlinset.marlinset.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${desktop}/marlinset.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
@@ -23,7 +27,7 @@ install(CODE "
   set(VERSION \"${PROJECT_VERSION}\")
   set(DATADIR \"${CMAKE_INSTALL_DATADIR}\")
   set(MANDIR \"${CMAKE_INSTALL_MANDIR}\")
-  set(DOCDIR \"${CMAKE_INSTALL_DATADIR}/doc/marlinset\")
+  set(DOCDIR \"${documents}\")
   include(\"${CMAKE_SOURCE_DIR}/cmake/install_documents.cmake\")")
 
 set(CPACK_GENERATOR DEB)
