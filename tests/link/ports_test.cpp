@@ -131,19 +131,6 @@ TEST(Ports, IgnoreOtherEventsOfTheLine) {
   EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
 }
 
-TEST(Ports, TellWhyOneCannotBeOpened) {
-  LinkRig rig;
-  rig.line.RefuseOpen("/dev/ttyUSB0 is in use by another program.");
-  rig.form.pComBut.SetBackColor(kGreen);
-  rig.form.bOpen.Press();
-  EXPECT_EQ(rig.Panel(2), "Port Closed");
-  EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
-  EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("/dev/ttyUSB0 is in use by another program."));
-  rig.line.RefuseOpen("");
-  rig.form.bOpen.Press();
-  EXPECT_EQ(rig.Panel(2), "Port Open ");
-}
-
 TEST(Ports, ChangeByTheMenu) {
   LinkRig rig;
   rig.line.SetPorts({1, 2});

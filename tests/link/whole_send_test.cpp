@@ -252,21 +252,6 @@ TEST(WholeSend, TakesAnEditThatComesBeforeTheControlsTurn) {
   EXPECT_EQ(rig.Sent(), Framed(expected)) << "the others are not sent again";
 }
 
-TEST(WholeSend, CountsAnIdentificationThatThePortCutShort) {
-  LinkRig rig;
-  rig.line.Unit().Faults().mute = true;
-  rig.pump.At(30, [&] { rig.line.Vanish(); });
-  std::vector<std::pair<std::string, std::optional<bool>>> told;
-  rig.commands.MessageSent.Connect(
-      [&](const SentMessage& message) { told.emplace_back(message.command, message.acknowledged); });
-  rig.form.bSConfig.OperatorClick();
-  EXPECT_THAT(rig.Sent(), ElementsAre("15 0 53"));
-  ASSERT_FALSE(told.empty());
-  EXPECT_EQ(told[0], std::pair(std::string("cmdGetID"), std::optional(false)));
-  EXPECT_EQ(rig.wholeSend.Result().unacknowledged, rig.wholeSend.Result().messages);
-  ExpectIdle(rig);
-}
-
 TEST(WholeSend, DescribesEachMessage) {
   LinkRig rig(kModelHd7340Q);
   std::vector<std::string> meanings;
@@ -309,10 +294,6 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
       {"another call", [](LinkRig& rig) { rig.wholeSend.SendConfiguration(); }, all, {}, SendEnd::kComplete},
       {"the port is closed", [](LinkRig& rig) { rig.form.bClose.Press(); }, kBefore,
        WithRepeats({}, all - kBefore + 1, closed, silent), SendEnd::kNotConfirmed},
-      {"the device is gone", [](LinkRig& rig) { rig.line.Vanish(); }, kBefore,
-       WithRepeats({"The device behind port 1 (unit1) is gone. The tool is off line."}, all - kBefore + 1,
-                   closed, silent),
-       SendEnd::kNotConfirmed},
       {"the program ends", [](LinkRig& rig) { rig.pump.End(); }, kBefore, {}, SendEnd::kStopped},
       {"told to stop",
        [](LinkRig& rig) { rig.wholeSend.stopRequested = [] { return true; }; },

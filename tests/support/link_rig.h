@@ -38,8 +38,8 @@ inline std::string FieldsText(const Bytes& frame) {
 }
 
 /// The link of the tool with the sample configuration, a virtual unit at the far end of the line and a
-/// virtual clock. `Line` is UnitLine or a variation of it.
-template <class Line = UnitLine>
+/// virtual clock. `Line` and `Clock` are UnitLine and VirtualPump, a variation of them, or the real ones.
+template <class Line = UnitLine, class Clock = VirtualPump>
 struct LinkRigOn {
   explicit LinkRigOn(int model = kModelHd7340) : line(pump, UnitSettings{.model = model}) {
     FillSamplePanels(vars, form);
@@ -74,7 +74,7 @@ struct LinkRigOn {
     }
   };
 
-  VirtualPump pump;
+  Clock pump;
   Line line;
   FakeDialogs dialogs;
   MemorySettings settings;

@@ -38,6 +38,8 @@ class PseudoTerminal {
   PseudoTerminal& operator=(const PseudoTerminal&) = delete;
 
   const std::string& Device() const { return device_; }
+  /// To wait on for what the tool sends.
+  int Descriptor() const { return master_; }
 
   /// Sends and returns when the first bytes have reached the tool's end, where they wait to be read.
   void Send(std::span<const std::uint8_t> bytes, int limitMs = 10000) const {

@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/qt_serial_port.h"
 
+#include <sys/file.h>
+
 #include <QByteArray>
 #include <QFileInfo>
 #include <QMetaObject>
 #include <QString>
 #include <algorithm>
+#include <cerrno>
 
 namespace marlinset {
 namespace {
+
+std::string InUse(const std::string& device) {
+  return device + " is in use by another program. Close that program, or choose another port.";
+}
 
 /// What is wrong with a device that could not be opened, and what helps.
 std::string Reason(const std::string& device, const QFileInfo& node, const QSerialPort& serial) {
@@ -22,9 +29,7 @@ std::string Reason(const std::string& device, const QFileInfo& node, const QSeri
     return "opening " + device + " failed (" + serial.errorString().toStdString() +
            "). Check the device, or choose another port.";
   }
-  if (node.isReadable() && node.isWritable()) {
-    return device + " is in use by another program. Close that program, or choose another port.";
-  }
+  if (node.isReadable() && node.isWritable()) return InUse(device);
   const std::string denied = "you have no permission to use " + device + ". ";
   if (node.permission(QFileDevice::ReadGroup | QFileDevice::WriteGroup)) {
     return denied + "Add yourself to the group " + node.group().toStdString() +
@@ -32,6 +37,13 @@ std::string Reason(const std::string& device, const QFileInfo& node, const QSeri
   }
   return denied + "Ask the administrator of this computer for it; the device belongs to " +
          node.owner().toStdString() + ".";
+}
+
+/// Many terminal programs mark a port as theirs by an advisory lock alone, which keeps nobody from opening
+/// it: both would get a part of each reply. False when another program has done so; otherwise the port is
+/// marked as ours until it is closed.
+bool Claim(const QSerialPort& serial) {
+  return flock(serial.handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 /// The path to open a device by. QSerialPort locks a device by its name, so of several names it gets the real
@@ -84,9 +96,13 @@ void QtSerialPort::Open() {
   if (device.empty()) throw NoDeviceBehind(port_);
   const QString node = RealName(device);
   serial_.setPortName(node);
+  const std::string failure = "Port " + std::to_string(port_) + " cannot be opened: ";
   if (!serial_.open(QIODevice::ReadWrite)) {
-    throw RuntimeError(kErrPort, "Port " + std::to_string(port_) +
-                                     " cannot be opened: " + Reason(device, QFileInfo(node), serial_));
+    throw RuntimeError(kErrPort, failure + Reason(device, QFileInfo(node), serial_));
+  }
+  if (!Claim(serial_)) {
+    serial_.close();
+    throw RuntimeError(kErrPort, failure + InUse(device));
   }
   serial_.clear(QSerialPort::Input);  // what came before the opening is nobody's reply
 }

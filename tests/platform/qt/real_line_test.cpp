@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The link of the tool on a real serial port, with a unit on a pseudo terminal at the far end.
+#include <gmock/gmock.h>
+
+#include <QSocketNotifier>
+#include <QTimer>
+#include <chrono>
+#include <filesystem>
+#include <optional>
+
+#include "platform/qt/qt_pump.h"
+#include "platform/qt/qt_serial_port.h"
+#include "tests/support/link_rig.h"
+#include "tests/support/pseudo_terminal.h"
+#include "tests/support/temp_folder.h"
+#include "unit/unit_state.h"
+
+namespace marlinset {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// The tool's timers run a hundred times slower than the clock, so that a machine that stalls ends no wait.
+/// What waits for nothing fails after half a minute.
+class PatientPump : public QtPump {
+ public:
+  PatientPump() {
+    QTimer::singleShot(30000, &limit_, [this] { End(); });
+  }
+  std::int64_t Now() const override { return QtPump::Now() / 100; }
+
+ private:
+  QObject limit_;
+};
+
+/// A unit behind a device of this name, on the tool's own loop.
+class WiredUnit {
+ public:
+  WiredUnit(const UnitSettings& settings, const std::string& name) : model(settings) {
+    std::filesystem::remove(name);
+    std::filesystem::create_symlink(terminal.Device(), name);
+    QObject::connect(&arrival_, &QSocketNotifier::activated, [this] { Hear(); });
+    QObject::connect(&due_, &QTimer::timeout, [this] { Speak(); });
+    due_.setSingleShot(true);
+    due_.setTimerType(Qt::PreciseTimer);
+  }
+  void Unplug() {
+    arrival_.setEnabled(false);
+    due_.stop();
+    terminal.Unplug();
+  }
+
+  PseudoTerminal terminal;
+  UnitModel model;
+  LinePace pace;             ///< of what the tool sends
+  std::size_t unplugAt = 0;  ///< the message that it no longer answers
+
+ private:
+  static LineTime Now() { return std::chrono::steady_clock::now().time_since_epoch(); }
+  void Hear() {
+    const Bytes bytes = terminal.Receive(1024, 0);
+    model.Receive(bytes, pace.Send(Now(), bytes.size()));
+    for ([[maybe_unused]] const auto& frame : model.TakeFrames()) {
+      if (++heard_ == unplugAt) return Unplug();
+    }
+    Speak();
+  }
+  void Speak() {
+    for (Bytes& bytes : model.TakeReplies(Now())) outgoing_.push_back(std::move(bytes));
+    if (!outgoing_.empty() && terminal.Unread() == 0) {  // each piece by itself
+      terminal.Send(outgoing_.front());
+      outgoing_.pop_front();
+    }
+    const auto next = outgoing_.empty() ? model.NextReplyAt() : Now();
+    if (next) due_.start(std::max(std::chrono::ceil<std::chrono::milliseconds>(*next - Now()), {}));
+  }
+
+  std::size_t heard_ = 0;
+  std::deque<Bytes> outgoing_;
+  QSocketNotifier arrival_{terminal.Descriptor(), QSocketNotifier::Read};
+  QTimer due_;
+};
+
+/// What a real port needs as long as it is there. A terminal that went before its port was closed would leave
+/// its number, and the lock of that name, to the next program's.
+struct Surroundings {
+  TempFolder folder;
+  const std::string device = folder.File("unit");
+  MemorySettings portSettings;
+  PortMap ports{{device}, portSettings, [] { return std::vector<std::string>{}; }};
+  FakeDialogs dialogs;
+  Guard guard{dialogs};
+  std::optional<WiredUnit> unit;
+};
+
+/// A real port with a unit behind it.
+struct RealLine : Surroundings, QtSerialPort {
+  RealLine(PatientPump& /*pump*/, const UnitSettings& settings) : QtSerialPort(guard, ports) {
+    unit.emplace(settings, device);
+  }
+};
+
+struct RealRig : LinkRigOn<RealLine, PatientPump> {
+  RealRig() : LinkRigOn(kModelHd7340Q) {}
+
+  WiredUnit& Unit() { return *line.unit; }
+  void PlugIn() { line.unit.emplace(UnitSettings{.model = kModelHd7340Q}, line.device); }
+  void WaitFor(const std::function<bool()>& condition) {
+    while (!condition() && !pump.Ending()) pump.Pump();
+  }
+  /// The operator sends the setup; the unit holds then what it would hold behind the virtual line.
+  void ExpectWholeSend() {
+    LinkRig ideal(kModelHd7340Q);
+    ideal.form.bSConfig.Press();
+    dialogs.shown.clear();
+    EXPECT_TRUE(form.bSConfig.OperatorClick());
+    EXPECT_THAT(dialogs.Texts(), IsEmpty());
+    EXPECT_EQ(Panel(3), "7340 Configuration Complete. ");
+    EXPECT_EQ(StateJson(Unit().model), StateJson(ideal.line.Unit()));
+  }
+};
+
+TEST(RealLine, CarriesTheSetupBehindNoiseHoweverTheRepliesCome) {
+  struct Delivery {
+    const char* what;
+    std::size_t pieceBytes;
+    LineTime pieceGap;
+    int bitsPerSecond;
+  };
+  const Delivery kDeliveries[] = {
+      {"whole", 0, {}, 0},
+      {"byte by byte", 1, {}, 0},
+      {"at the pace of the line", 1, LinePace(57600).ByteTime(), 57600},
+      {"in an adapter's bursts", 3, std::chrono::milliseconds{16}, 0},
+  };
+  for (const Delivery& delivery : kDeliveries) {
+    SCOPED_TRACE(delivery.what);
+    RealRig rig;
+    rig.Open();
+    rig.Unit().terminal.Send(Bytes{0x02, 0x11, 0xFF});
+    rig.WaitFor([&] { return rig.Panel(3) == "Mode Switched to Select"; });
+    ASSERT_FALSE(rig.pump.Ending());
+    rig.Unit().pace = LinePace(delivery.bitsPerSecond);
+    rig.Unit().model.Faults().pieceBytes = delivery.pieceBytes;
+    rig.Unit().model.Faults().pieceGap = delivery.pieceGap;
+    rig.ExpectWholeSend();
+    rig.identification.GetFirmware();
+    EXPECT_EQ(rig.vars.UnitIdText, "MARLIN40 020E00");
+    EXPECT_EQ(rig.Panel(4), "HD7340Q");
+  }
+}
+
+TEST(RealLine, LosesNothingWhenTheUnitIsUnpluggedAtAnyMessage) {
+  LinkRig ideal(kModelHd7340Q);
+  ideal.form.bSConfig.Press();
+  const std::vector<std::string> messages = ideal.Sent();
+  // Twice each, before the message leaves and when it has arrived; before the first one the port won't open.
+  for (std::size_t run = 1; run < 2 * messages.size(); ++run) {
+    const std::size_t n = run / 2;
+    const bool before = run % 2 == 0;
+    SCOPED_TRACE((before ? "before " : "after ") + messages[n]);
+    RealRig rig;
+    std::vector<SentMessage> told;
+    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+      told.push_back(message);
+      if (before && told.size() == n) rig.Unit().Unplug();
+    });
+    if (!before) rig.Unit().unplugAt = n + 1;
+    rig.form.bSConfig.OperatorClick();
+    const std::string gone =
+        "The device behind port 1 (" + rig.line.device + ") is gone. The tool is off line.";
+    rig.WaitFor([&] { return testing::Matches(testing::Contains(gone))(rig.dialogs.Texts()); });
+
+    ASSERT_LT(rig.pump.Now(), rig.form.dPause.Interval()) << "nothing to wait for";
+
+    // The lost message is told; those behind it find the port closed. An inserter that did not go off is not
+    // switched on again.
+    ASSERT_GT(told.size(), n);
+    const auto isInserter = [](const std::string& message) { return message.starts_with("2 8 34"); };
+    const bool inserter = isInserter(messages[n]) && n + 2 < messages.size();
+    const auto behind = std::span(messages).subspan(n + 1, n == 0 ? 1 : n == 1 ? 0 : std::dynamic_extent);
+    const auto skipped = inserter ? std::count_if(behind.begin(), behind.end(), isInserter) : 0;
+    std::vector<std::string> boxes(behind.size() - static_cast<std::size_t>(skipped),
+                                   "Open Com Port before sending cmmands.");
+    EXPECT_EQ(rig.wholeSend.Result().unacknowledged, static_cast<int>(boxes.size() + 1));
+    boxes.insert(boxes.end(), {gone, "Video Standard not detected. Verify communications."});
+    const std::string& failure = told[n].failure;
+    if (!failure.empty() && failure != "ACK LOST") boxes.push_back(failure);
+    EXPECT_THAT(rig.dialogs.Texts(), testing::UnorderedElementsAreArray(boxes));
+    EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
+    EXPECT_EQ(rig.form.mnuCharOn.Checked(), !inserter);
+    rig.form.mnuCharOn.SetChecked(true);
+
+    rig.dialogs.shown.clear();
+    rig.form.bOpen.Press();
+    EXPECT_THAT(rig.dialogs.Texts(), ElementsAre(HasSubstr("there is no device " + rig.line.device)));
+    EXPECT_EQ(rig.Panel(2), "Port Closed");
+    rig.PlugIn();
+    rig.ExpectWholeSend();
+  }
+}
+
+}  // namespace
+}  // namespace marlinset
