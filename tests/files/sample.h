@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <fstream>
 #include <iterator>
@@ -34,7 +36,7 @@ inline std::size_t Behind(const FileBytes& bytes, std::string_view text) {
 
 /// The started tool with a folder of its own for configurations.
 struct FileRig : ToolRig {
-  explicit FileRig(const std::string& mode = "") { started = tool.Start(mode, false); }
+  FileRig() { EXPECT_TRUE(tool.Start("", false)); }
 
   std::string Write(std::string_view name, const FileBytes& bytes) {
     return folder.Write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
@@ -58,7 +60,6 @@ struct FileRig : ToolRig {
   }
 
   TempFolder folder;
-  bool started = false;
   FrmStart& form = tool.form;
   Variables& vars = tool.variables;
 };

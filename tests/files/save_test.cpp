@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <random>
 
 #include "files/qcf_reader.h"
 #include "tests/files/sample.h"
@@ -17,20 +16,8 @@ using ::testing::IsEmpty;
 constexpr auto kFailed = "Error during save, save aborted!";
 
 struct Saving : ::testing::Test, FileRig {
-  void SetUp() override {
-    ASSERT_TRUE(started);
-    settings.SaveSetting("Load", folder.Path() + "/");
-  }
+  Saving() { settings.SaveSetting("Load", folder.Path() + "/"); }
 };
-
-TEST(SystemDefaultName, IsKnownByItsBeginning) {
-  for (const char* name : {"System Default", "  sYSTEM dEFAULT Video.qcf", "SYSTEM DEFAULTS"}) {
-    EXPECT_TRUE(IsSystemDefaultName(name)) << name;
-  }
-  for (const char* name : {"", "System", "My System Default.qcf", "System  Default"}) {
-    EXPECT_FALSE(IsSystemDefaultName(name)) << name;
-  }
-}
 
 TEST_F(Saving, TheShippedDefaultIsWhatTheToolWrites) {
   SaveAs("mine.qcf");
@@ -60,47 +47,19 @@ TEST_F(Saving, AsksAndNamesTheFile) {
   EXPECT_EQ(fileDialog.Flags, kHideReadOnly);
 }
 
-TEST_F(Saving, BeginsBesideTheProgramOrWhereverTheDialogLikes) {
-  FileRig first;
-  first.SaveAs("first.qcf");
-  EXPECT_EQ(first.fileDialog.shown.back().initDir, SHIPPED_DATABASE_FOLDER);
+TEST_F(Saving, NeverOverASystemDefaultAndNothingWhenCancelled) {
   settings.SaveSetting("Load", "");
-  files.folders.clear();
-  SaveAs("second.qcf");
-  EXPECT_EQ(fileDialog.shown.back().initDir, "");
-  EXPECT_THAT(files.folders, IsEmpty());
-}
-
-TEST_F(Saving, NeverOverASystemDefault) {
-  fileDialog.choices = {folder.File("system default.qcf"), folder.File(" System Default Video.qcf")};
-  SaveAs("other.qcf");
-  EXPECT_THAT(TakeBoxes(),
-              ElementsAre("Cannot overwrite a system default QCF file. Please choose another file name",
-                          "Cannot overwrite a system default QCF file. Please choose another file name"));
-  EXPECT_FALSE(Read("other.qcf").empty());
-  EXPECT_TRUE(Read("system default.qcf").empty());
-}
-
-TEST_F(Saving, ACancelledDialogLeavesNoTrace) {
   fileDialog.FileName = "before.qcf";
-  fileDialog.choices = {folder.File("System Default.qcf"), std::nullopt};
+  fileDialog.choices = {folder.File("system default.qcf"), folder.File(" SYSTEM DEFAULTS.qcf"), std::nullopt};
   tool.configurationFile.SaveConfig("SaveAs");
-  EXPECT_EQ(TakeBoxes().size(), 1U);
+  constexpr auto kRefused = "Cannot overwrite a system default QCF file. Please choose another file name";
+  EXPECT_THAT(TakeBoxes(), ElementsAre(kRefused, kRefused));
+  EXPECT_TRUE(Read("system default.qcf").empty());
   EXPECT_EQ(fileDialog.FileName, "before.qcf");
   EXPECT_EQ(vars.CurrentFile, "Unsaved");
-  tool.configurationFile.SaveConfig("saveas");
-  EXPECT_EQ(fileDialog.shown.size(), 2U) << "no such flow";
-}
-
-TEST_F(Saving, ABackslashSeparatesFoldersToo) {
-  vars.CurrentFile = "C:\\configs\\show.qcf";
-  tool.configurationFile.UpdateFileTitle();
-  EXPECT_EQ(vars.CurrentFile, "show");
-  EXPECT_EQ(settings.GetSetting("load", ""), "C:\\configs\\");
-  vars.CurrentFile = "bare.qcf";
-  tool.configurationFile.UpdateFileTitle();
-  EXPECT_EQ(vars.CurrentFile, "bare.qcf");
-  EXPECT_EQ(settings.GetSetting("Load", "?"), "");
+  EXPECT_THAT(files.folders, IsEmpty()) << "the dialog opens where it likes";
+  SaveAs("My System Default.qcf");
+  EXPECT_FALSE(Read("My System Default.qcf").empty());
 }
 
 TEST_F(Saving, OverALongerFileKeepsItsEndAndReadsBack) {
@@ -170,87 +129,39 @@ TEST_F(Saving, WhatOthersPutThereIsKeptWhateverItIs) {
 
 TEST_F(Saving, ReportsWhatItCannotWriteTo) {
   std::filesystem::create_directory(folder.File("folder.qcf"));
-  SaveAs("folder.qcf");
-  SaveAs("no/such/folder.qcf");
-  SaveAs("undotted");
-  EXPECT_TRUE(Read("undotted").empty());
-  settings.SaveSetting("Load", folder.Path() + "/");
-  files.refuseFolders = true;
-  SaveAs("vanished.qcf");
-  EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed, kFailed, kFailed, kFailed));
-  EXPECT_TRUE(Read("vanished.qcf").empty());
-}
-
-TEST_F(Saving, ATextOfExactly65536CharactersCannotBeWritten) {
-  for (const auto& [length, boxes] : {std::pair(65535U, 0U), {65536U, 1U}, {65537U, 0U}}) {
-    form.tWinMess.SetText(std::string(length, 'x'));
-    SaveAs("text.qcf");
-    EXPECT_EQ(TakeBoxes().size(), boxes) << length;
+  for (const char* name : {"folder.qcf", "no/such/folder.qcf", "undotted", "vanished.qcf"}) {
+    files.refuseFolders = name == std::string("vanished.qcf");
+    SaveAs(name);
+    EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed)) << name;
+    EXPECT_FALSE(std::filesystem::is_regular_file(folder.File(name)));
   }
 }
 
-/// Whatever an operator composes comes back as it was.
-class Composed : public ::testing::TestWithParam<const char*> {
- protected:
-  int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
-
-  void Choose(ComboBox& box) {
-    if (box.ListCount() > 0) box.OperatorSelect(Pick(box.ListCount()));
-  }
-  void Compose(FileRig& rig) {
-    FrmStart& form = rig.form;
-    Choose(form.comVS);
-    for (int i = 0; i < 5; ++i) {
-      Choose(form.comTB(i));
-      if (i != 3) Choose(form.ComUB(i));
-      if (i != 3) Choose(form.ComWin(i));
-    }
-    Choose(form.ComWin(4));
-    for (int i = 0; i < 3; ++i) Choose(form.ComDownConv(i));
-    for (const int line : FrmStart::kVitcLineIndices) {
-      SpinControl& spin = form.upVitc1(line);
-      spin.SetValue(spin.Lowest() + Pick(spin.Highest() - spin.Lowest() + 1));
-    }
-    for (CheckBox* box : {&form.chVITC, &form.chEnable, &form.chPrev}) box->SetValue(Pick(2));
-    form.UpDown1.SetValue(Pick(256));
-    form.UDDur.SetValue(Pick(2) == 0 ? Pick(201) : Pick(1000000) + 1);
-    form.tWinMess.SetText(FromCodePage({static_cast<std::uint8_t>(Pick(256)), 0x80, 0x81, 'x'}));
-    for (int row = 0; row <= UBound(rig.vars.CharWindows); ++row) {
-      form.chOnOff(row).OperatorCheck(Pick(2) == 1);
-      form.chSlate(row).OperatorCheck(Pick(2) == 1);
-      form.chDblSize(row).SetValue(Pick(2));
-      form.udVer(row).SetValue(Pick(256));
-      form.udHor(row).SetValue(Pick(256));
-    }
-    for (SystemParameterRec& parameter : rig.vars.SystemParameters) {
-      parameter.Value = static_cast<std::int16_t>(Pick(128) * 256 + 16 + Pick(240));
+/// A program that is killed in the middle of a save.
+TEST_F(Saving, KilledAnywhereItLeavesTheOldContentOrTheNewOne) {
+  struct Killed {};  // goes through everything, as the end of a process does
+  SaveAs("show.qcf");
+  const FileBytes before = Read("show.qcf");
+  form.tWinMess.SetText("ANOTHER AND A LONGER ONE");
+  SaveAs("new.qcf");
+  const FileBytes after = Read("new.qcf");
+  ASSERT_NE(before, after);
+  files.whenFull = [] { throw Killed{}; };
+  bool survived = false;
+  for (std::size_t lifetime = 0; !survived; lifetime += lifetime < 300 ? 1 : 97) {
+    std::filesystem::remove(folder.File("show.qcf.bak"));
+    Write("show.qcf", before);
+    vars.CurrentFile = "show";
+    files.room = lifetime;
+    try {
+      tool.configurationFile.SaveConfig("Save");
+      survived = true;
+    } catch (const Killed&) {
+      EXPECT_TRUE(Read("show.qcf") == before || Read("show.qcf.bak") == before) << lifetime;
     }
   }
-
- private:
-  std::mt19937 random_{7340};
-};
-
-TEST_P(Composed, SaveLoadSaveGivesEqualBytes) {
-  FileRig rig(GetParam());
-  ASSERT_TRUE(rig.started);
-  for (int round = 0; round < 5; ++round) {
-    rig.tool.panels.SetDefaults();
-    Compose(rig);
-    rig.SaveAs("first.qcf");
-    const FileBytes first = rig.Read("first.qcf");
-    rig.tool.panels.SetDefaults();
-    ASSERT_EQ(rig.Load(first), ReadEnd::kLoaded);
-    // The list of font sizes is that of the standard which stood before the load.
-    rig.SaveAs("second.qcf");
-    EXPECT_EQ(rig.Read("second.qcf"), first) << "round " << round;
-    EXPECT_THAT(rig.TakeBoxes(), IsEmpty());
-    std::filesystem::remove(rig.folder.File("first.qcf"));
-    std::filesystem::remove(rig.folder.File("second.qcf"));
-  }
+  EXPECT_EQ(Read("show.qcf"), after);
 }
-
-INSTANTIATE_TEST_SUITE_P(Modes, Composed, ::testing::Values("", "KEYK", "MCAM", "TEST"));
 
 }  // namespace
 }  // namespace marlinset

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,11 +18,13 @@ namespace marlinset {
 /// belongs to the whole test program.
 class TestFiles : public FileSystem {
  public:
-  std::vector<std::string> folders;           ///< every ChangeDirectory that went well
-  bool refuseFolders = false;                 ///< ChangeDirectory fails
-  bool refuseCopies = false;                  ///< a folder that takes no new file
-  bool refuseReading = false;                 ///< files open but do not give their bytes
-  std::optional<std::size_t> room;            ///< bytes that still fit on the disk
+  std::vector<std::string> folders;  ///< every ChangeDirectory that went well
+  bool refuseFolders = false;        ///< ChangeDirectory fails
+  bool refuseCopies = false;         ///< a folder that takes no new file
+  bool refuseReading = false;        ///< files open but do not give their bytes
+  std::optional<std::size_t> room;   ///< bytes that still fit on the disk
+  /// Happens once they are written.
+  std::function<void()> whenFull = [] { throw RuntimeError(kErrDiskFull, "Disk full"); };
   std::optional<std::string> writeElsewhere;  ///< what is opened for writing in place of the file
 
   bool FileExists(const std::string& path) const override { return local_.FileExists(path); }
@@ -31,7 +35,7 @@ class TestFiles : public FileSystem {
   }
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) override {
     auto file = local_.OpenForWriting(writeElsewhere.value_or(path));
-    if (room) return std::make_unique<FullFile>(std::move(file), *room);
+    if (room) return std::make_unique<FullFile>(std::move(file), *this);
     return file;
   }
   void Copy(const std::string& from, const std::string& to) override {
@@ -56,18 +60,17 @@ class TestFiles : public FileSystem {
 
   class FullFile : public OutputFile {
    public:
-    FullFile(std::unique_ptr<OutputFile> file, std::size_t& room) : file_(std::move(file)), room_(room) {}
+    FullFile(std::unique_ptr<OutputFile> file, TestFiles& disk) : file_(std::move(file)), disk_(disk) {}
     void Write(std::span<const std::uint8_t> bytes) override {
-      const bool fits = bytes.size() <= room_;
-      const auto written = bytes.first(fits ? bytes.size() : room_);
-      room_ -= written.size();
+      const auto written = bytes.first(std::min(bytes.size(), *disk_.room));
+      *disk_.room -= written.size();
       file_->Write(written);
-      if (!fits) throw RuntimeError(kErrDiskFull, "Disk full");
+      if (written.size() < bytes.size()) disk_.whenFull();
     }
 
    private:
     std::unique_ptr<OutputFile> file_;
-    std::size_t& room_;
+    TestFiles& disk_;
   };
 
   LocalFiles local_;
