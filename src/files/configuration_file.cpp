@@ -27,6 +27,21 @@ constexpr std::string_view kHeaderFault = "Data Process Error, file header corru
 constexpr std::string_view kNoModelFault = "No 7340 Configuration found in file, using Default.";
 constexpr std::string_view kCorrupt = "Data Process Error, file may be corrupt";
 
+/// Which file, and why: what an operator needs beside the box's own text.
+std::string Reason(const Platform& platform, const RuntimeError& failure) {
+  const std::string& file = platform.fileDialog.FileName;
+  if (failure.Number() == kErrPathNotFound) {
+    return platform.settings.GetSetting(kFolderKey, "") + "\nThe folder last used is not there any more.";
+  }
+  std::string reason = failure.Description();
+  if (FileNameOf(file).find('.') == std::string::npos) {
+    reason = "The name needs the extension " + std::string(kConfigurationExtension) + ".";
+  } else if (failure.Number() == kErrOverflow) {
+    reason = "A number on the panels is beyond what a file can hold.";
+  }
+  return file.empty() ? reason : file + "\n" + reason;
+}
+
 /// Runs a flow with a file dialog; a failure other than a cancelled dialog is told. A cancelled dialog leaves
 /// no trace: the name in work is the one from before.
 void WithDialog(Platform& platform, std::string_view message, const std::function<void()>& flow) {
@@ -37,7 +52,7 @@ void WithDialog(Platform& platform, std::string_view message, const std::functio
     if (failure.Number() == kErrDialogCancelled) {
       platform.fileDialog.FileName = nameBefore;
     } else {
-      platform.dialogs.Tell(std::string(message));
+      platform.dialogs.Show({.text = std::string(message), .remedy = Reason(platform, failure)});
     }
   }
 }
@@ -62,8 +77,7 @@ void ConfigurationFile::SaveConfig(std::string_view flow) {
   vars_.LoadFolder = platform_.settings.GetSetting(kFolderKey, vars_.AppPath);
   bool stored = false;
   WithDialog(platform_, "Error during save, save aborted!", [&] {
-    platform_.fileDialog.Filter = kFilter;
-    platform_.fileDialog.FilterIndex = 1;
+    OfferConfigurations();
     if (flow == "SaveAs") {
       AskForName();
     } else {
@@ -77,6 +91,11 @@ void ConfigurationFile::SaveConfig(std::string_view flow) {
     InUse.Emit(platform_.fileDialog.FileName);
   });
   SaveEnded.Emit(stored);
+}
+
+void ConfigurationFile::OfferConfigurations() {
+  platform_.fileDialog.Filter = kFilter;
+  platform_.fileDialog.FilterIndex = 1;
 }
 
 void ConfigurationFile::AskForName() {
@@ -155,8 +174,7 @@ void ConfigurationFile::LoadConfig() {
   vars_.ConfigFolder = platform_.settings.GetSetting(kFolderKey, vars_.AppPath);
   ShowStatus("Getting Saved Data ");
   WithDialog(platform_, "Error during load, load aborted!", [&] {
-    dialog.Filter = kFilter;
-    dialog.FilterIndex = 1;
+    OfferConfigurations();
     dialog.Flags = kHideReadOnly;
     dialog.FileName = "*" + std::string(kConfigurationExtension);
     if (!vars_.ConfigFolder.empty()) ChangeToConfigFolder();
@@ -169,6 +187,7 @@ void ConfigurationFile::LoadConfig() {
 void ConfigurationFile::LoadNamed(const std::string& name) {
   ShowStatus("Getting Saved Data ");
   WithDialog(platform_, "Error during load, load aborted!", [&] {
+    OfferConfigurations();  // the file may have to be looked for
     platform_.fileDialog.FileName = name;
     TakeChosenFile();
   });
@@ -224,8 +243,10 @@ std::optional<std::vector<std::uint8_t>> ConfigurationFile::OpeningStage() {
 /// Lets the operator look for the file. False when none was chosen.
 bool ConfigurationFile::LocateFile() {
   FileDialog& dialog = platform_.fileDialog;
-  platform_.dialogs.Tell("Default folder could not found.  Please browse to the .qcf file location");
   const std::string nameBefore = dialog.FileName;
+  platform_.dialogs.Show(
+      {.text = "Default folder could not found.  Please browse to the .qcf file location",
+       .remedy = nameBefore.empty() ? "" : nameBefore + "\nThis file is not there or cannot be opened."});
   try {
     platform_.files.ChangeDirectory(vars_.AppPath);
     dialog.FileName.clear();

@@ -61,6 +61,7 @@ class ConfigurationFile {
   void UpdateFileTitle();
 
  private:
+  void OfferConfigurations();
   void AskForName();
   void NameWithoutAsking();
   void WriteConfigFile();

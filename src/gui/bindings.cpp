@@ -26,6 +26,26 @@ void SetTick(QAbstractButton& button, bool on) {
   button.setAutoExclusive(exclusive);
 }
 
+QList<QAbstractButton*> OptionsIn(const QWidget& band) {
+  QList<QAbstractButton*> options;
+  for (auto* button : band.findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (button->autoExclusive() && !button->isHidden()) options << button;
+  }
+  return options;
+}
+
+/// Tab, space and arrows begin at the option that is chosen: it alone is in the Tab key's way, and takes the
+/// focus from the one that was chosen before.
+void LeadKeysToChoice(const QWidget& band) {
+  QAbstractButton* chosen = ChosenOption(band);
+  for (QAbstractButton* option : OptionsIn(band)) {
+    const bool hadFocus = option->hasFocus();
+    option->setFocusPolicy(static_cast<Qt::FocusPolicy>(
+        option == chosen ? option->focusPolicy() | Qt::TabFocus : option->focusPolicy() & ~Qt::TabFocus));
+    if (hadFocus && option != chosen) chosen->setFocus();
+  }
+}
+
 Binding& Tie(QWidget& widget, Control& control, std::function<void()> show) {
   auto* binding = new Binding(widget, control, std::move(show));
   binding->Show();
@@ -110,11 +130,21 @@ Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic) {
   return binding;
 }
 
+QAbstractButton* ChosenOption(const QWidget& band) {
+  const QList<QAbstractButton*> options = OptionsIn(band);
+  for (QAbstractButton* option : options) {
+    if (option->isChecked()) return option;
+  }
+  return options.isEmpty() ? nullptr : options.constFirst();
+}
+
 Binding& Bind(QAbstractButton& widget, OptionButton& control) {
   widget.setCheckable(true);
+  widget.setAutoExclusive(true);
   Binding& binding = Tie(widget, control, [&] {
     widget.setText(ShownLiteral(control.Caption()));
     SetTick(widget, control.Value());
+    if (const QWidget* band = widget.parentWidget()) LeadKeysToChoice(*band);
   });
   QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&] {
     FinishTyping();
@@ -143,6 +173,7 @@ Binding& Bind(QLabel& widget, Label& control, char mnemonic) {
 }
 
 Binding& Bind(QLineEdit& widget, TextBox& control) {
+  widget.setAcceptDrops(false);  // a configuration that is dropped here is to be opened, not typed
   new KeyFilter(widget, control);
   Binding& binding = Tie(widget, control, [&] {
     const QString text = Shown(control.Text());

@@ -20,6 +20,8 @@ namespace marlinset {
 Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic = 0);
 /// Radio buttons and segments: which one of a choice is on is the model's word.
 Binding& Bind(QAbstractButton& widget, OptionButton& control);
+/// The option of a band that is on; the first when none is, nothing without options.
+QAbstractButton* ChosenOption(const QWidget& band);
 Binding& Bind(QCheckBox& widget, CheckBox& control, char mnemonic = 0);
 /// A mnemonic leads to the label's buddy.
 Binding& Bind(QLabel& widget, Label& control, char mnemonic = 0);

@@ -64,6 +64,14 @@ void ComboField::showPopup() {
   QComboBox::showPopup();
 }
 
+/// What no entry stands for is a value as well; desktops paint such texts half transparent or not at all.
+void ComboField::initStyleOption(QStyleOptionComboBox* option) const {
+  QComboBox::initStyleOption(option);
+  QPalette& colors = option->palette;
+  colors.setColor(QPalette::PlaceholderText,
+                  Blend(colors.color(QPalette::Button), colors.color(QPalette::ButtonText), 0.75));
+}
+
 void ComboField::wheelEvent(QWheelEvent* event) {
   if (hasFocus()) {
     QComboBox::wheelEvent(event);
@@ -84,6 +92,7 @@ SpinField::SpinField(SpinControl& spin, TextBox& echo, QWidget* parent)
     : QAbstractSpinBox(parent), spin_(spin), echo_(echo) {
   setFocusPolicy(Qt::StrongFocus);
   setAlignment(Qt::AlignRight);
+  lineEdit()->setAcceptDrops(false);  // see Bind of a text box
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   binding_ = new Binding(*this, spin, [this] { ShowControl(); });
   binding_->Add(echo, lineEdit());

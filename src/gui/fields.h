@@ -21,6 +21,7 @@ class ComboField : public QComboBox {
   void showPopup() override;
 
  protected:
+  void initStyleOption(QStyleOptionComboBox* option) const override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 

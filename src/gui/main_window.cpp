@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/main_window.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
@@ -132,6 +133,9 @@ void MainWindow::ShowForm() {
   if (form_.Place() != place_) TakePlace();
   if (form_.Visible() == formVisible_) return;
   formVisible_ = form_.Visible();
+  // The wheel and the arrows do no harm there before anybody has chosen a field.
+  QAbstractButton* view = ChosenOption(*findChild<QWidget*>(Shown(form_.fView.FullName())));
+  if (formVisible_ && view) view->setFocus();
   setVisible(formVisible_);
   if (form_.Place() == WindowPlace{}) NotePlace();  // a start that failed has not placed it
   if (!formVisible_) QTimer::singleShot(0, qApp, &QCoreApplication::quit);

@@ -54,6 +54,10 @@ void ParameterModel::WatchRow(int index) {
         static_cast<Control*>(&form_.lDesc(index)), static_cast<Control*>(&form_.tVal(index))}) {
     row.emplace_back(control->Changed, [this, index] { RowChanged(index); });
   }
+  // A list that is filled anew, after a sort for example, begins with empty captions.
+  row.emplace_back(form_.lClass(index).Changed, [this, index] {
+    if (form_.lClass(index).Caption().empty()) ArrangeSoon();
+  });
   ArrangeSoon();
 }
 

@@ -5,7 +5,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include "gui/look.h"
 #include "platform/file_system.h"
@@ -31,6 +33,15 @@ QString SavingFolder(const QString& folder) {
   return QFileInfo(documents).isWritable() ? documents : QDir::homePath();
 }
 
+/// Whoever types over the proposed name keeps its extension. The desktop's own dialogs see to that
+/// themselves.
+void SelectStem(QFileDialog& window) {
+  QTimer::singleShot(0, &window, [&window] {
+    auto* name = window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (name) name->setSelection(0, static_cast<int>(name->text().lastIndexOf(QLatin1Char('.'))));
+  });
+}
+
 }  // namespace
 
 std::optional<std::string> QtFileDialog::AskOpen() {
@@ -43,13 +54,20 @@ std::optional<std::string> QtFileDialog::AskSave() {
   QFileDialog window(QApplication::activeWindow());
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, (Flags & kOverwritePrompt) == 0);
+  if (QString::fromStdString(Filter).endsWith(QLatin1String(".pdf"))) {
+    window.setWindowTitle(QStringLiteral("Export as PDF"));
+  }
+  SelectStem(window);
   return Ask(window, SavingFolder(Shown(InitDir)));
 }
 
 std::optional<std::string> QtFileDialog::Ask(QFileDialog& window, const QString& folder) const {
   window.setNameFilter(NameFilter(Filter));
-  if (!folder.isEmpty()) window.setDirectory(folder);
   const std::string name = FileNameOf(FileName);
+  const QString own = QFileInfo(Shown(FileName)).path();
+  // A name that brings its folder along is meant to stay there.
+  const QString first = name != FileName && QFileInfo(own).isDir() ? own : folder;
+  if (!first.isEmpty()) window.setDirectory(first);
   if (!name.empty() && !IsPattern(name)) window.selectFile(Shown(name));
   if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty()) return std::nullopt;
   return QDir::toNativeSeparators(window.selectedFiles().constFirst()).toStdString();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/tool_area.h"
 
+#include <QFocusEvent>
 #include <QLabel>
 #include <QRadioButton>
 #include <QShortcut>
@@ -36,6 +37,17 @@ SideBySide* MakeLine(Strip& left, Strip& right, QWidget* parent) {
   line->LetFirstGrow();
   return line;
 }
+
+/// A row of options. It hands the focus on to the one that is chosen.
+class ChoiceBand : public QWidget {
+ public:
+  explicit ChoiceBand(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::ClickFocus); }
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    if (QAbstractButton* option = ChosenOption(*this)) option->setFocus(event->reason());
+  }
+};
 
 /// The buttons stand disabled only while a whole setup is on its way.
 void AddButton(QBoxLayout& row, BarButton* widget, Button& control, char mnemonic) {
@@ -79,15 +91,15 @@ void ToolArea::AddStandard(FrmStart& form, QBoxLayout& row) {
 }
 
 QWidget* ToolArea::MakeVitcModes(FrmStart& form) {
-  auto* band = new QWidget(this);
+  auto* band = new ChoiceBand(this);
   auto* row = new QHBoxLayout(band);
   SetSpaces(*row, *band);
   QLabel* label = MakeLabel(form.tVITC, band, 'L');
+  label->setBuddy(band);  // not an option: a label presses the button that it leads to, and that goes on air
   row->addWidget(label);
   for (const int i : form.oVITC.Indices()) {
     auto* option = new QRadioButton(band);
     Bind(*option, form.oVITC(i));
-    if (!label->buddy()) label->setBuddy(option);
     option->setAccessibleName(Shown(form.tVITC.Caption()) + QLatin1Char(' ') + option->text());
     row->addWidget(option);
   }
@@ -104,7 +116,6 @@ QWidget* ToolArea::MakeViews(FrmStart& form) {
   int number = 0;
   for (const int i : form.oView.Indices()) {
     auto* segment = new SegmentButton(band);
-    segment->setAutoExclusive(true);
     segment->setFocusPolicy(Qt::TabFocus);
     Bind(*segment, form.oView(i));
     row->addWidget(segment);

@@ -242,10 +242,38 @@ TEST_F(HandsTest, EscAndEnterNeverSend) {
   EXPECT_THAT(done, ElementsAre("bSConfig", "udVal1", "sorted")) << "before another row takes its place";
 }
 
+TEST_F(HandsTest, KeysGoToTheChosenOptionAndChooseNone) {
+  for (const int i : form_.oVITC.Indices()) form_.oVITC(i).SetValue(i == 2);
+  for (const int i : form_.oView.Indices()) form_.oView(i).SetValue(i == 1);
+  MainWindow window(form_);
+  Open(window, &FrmStart::fOutputs);
+  QTest::keyClick(&window, Qt::Key_L, Qt::AltModifier);
+  EXPECT_EQ(window.focusWidget()->objectName().toStdString(), "oVITC(2)");
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    EXPECT_FALSE(qobject_cast<QAbstractButton*>(label->buddy())) << "a label presses its button: on air";
+  }
+  std::set<std::string> stops;
+  for (int i = 0; i < 60; ++i) {
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    stops.insert(window.focusWidget()->objectName().toStdString());
+  }
+  for (const char* never : {"oVITC(0)", "oVITC(1)", "oView(0)", "oView(2)"})
+    EXPECT_FALSE(stops.contains(never));
+  EXPECT_TRUE(stops.contains("oVITC(2)") && stops.contains("oView(1)"));
+  Widget<QWidget>(window, "oVITC(2)").setFocus();
+  form_.oVITC(2).SetValue(false);
+  form_.oVITC(0).SetValue(true);
+  EXPECT_EQ(window.focusWidget()->objectName().toStdString(), "oVITC(0)")
+      << "arrows count from the chosen one";
+}
+
 TEST_F(HandsTest, OneConfigurationCanBeDropped) {
   std::vector<std::string> opened;
   MainWindow window(form_, {.openFile = [&](const std::string& name) { opened.push_back(name); }});
   Open(window, &FrmStart::fCodes);
+  for (const QLineEdit* field : window.findChildren<QLineEdit*>()) {
+    EXPECT_FALSE(field->acceptDrops()) << field->objectName().toStdString() << " takes the name as text";
+  }
   const std::pair<QList<QUrl>, bool> cases[] = {
       {{QUrl::fromLocalFile("/shows/Evening News.QCF")}, true},
       {{QUrl::fromLocalFile("/shows/a.qcf"), QUrl::fromLocalFile("/shows/b.qcf")}, false},
