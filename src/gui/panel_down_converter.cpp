@@ -16,7 +16,9 @@ constexpr int kModeCharacters = 28;
 /// A group whose title is the name of its only field.
 Group* MakeSingle(Frame& frame, char mnemonic, ComboBox& combo, QWidget* parent) {
   auto* group = new Group(frame, parent);
-  group->AddTitled(new ComboField(combo, kModeCharacters, group), mnemonic, 2);
+  auto* field = new ComboField(combo, kModeCharacters, group);
+  field->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);  // as wide as the labelled fields below
+  group->AddTitled(field, mnemonic, 3);
   return group;
 }
 

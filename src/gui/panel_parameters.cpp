@@ -32,15 +32,16 @@ class ValueDelegate : public QStyledItemDelegate {
     field->selectAll();  // typing replaces the value
     return field;
   }
-  /// Numbers stand at the right; two hard blanks keep them off the next column.
-  QString displayText(const QVariant& value, const QLocale& /*locale*/) const override {
-    return value.toString() + QString(2, QChar::Nbsp);
-  }
   void setEditorData(QWidget* /*editor*/, const QModelIndex& /*cell*/) const override {}
   void setModelData(QWidget* /*editor*/, QAbstractItemModel* /*model*/,
                     const QModelIndex& /*cell*/) const override {}
 
  protected:
+  /// A row that is being sent shows its mark also when it is the chosen one.
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& cell) const override {
+    QStyledItemDelegate::initStyleOption(option, cell);
+    if (option->backgroundBrush.style() != Qt::NoBrush) option->state &= ~QStyle::State_Selected;
+  }
   /// The view closes the editor on Esc, and an editor that goes counts as left.
   bool eventFilter(QObject* editor, QEvent* event) override {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
@@ -121,6 +122,9 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
   table->horizontalHeader()->setSortIndicatorShown(true);
   ShowSort(*table->horizontalHeader(), *model);
   table->setAccessibleName(QStringLiteral("Parameter list"));
+  QObject::connect(model, &QAbstractItemModel::modelReset, table, [table, &form] {
+    if (form.bClass.Arrow() == SortArrow::kRising) table->scrollToTop();
+  });
   QObject::connect(model, &ParameterModel::Marked, table, [table](const QModelIndex& cell) {
     if (table->isVisible()) table->scrollTo(cell);
   });

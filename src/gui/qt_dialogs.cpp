@@ -59,7 +59,9 @@ BoxAnswer AnswerOf(int button) {
 
 BoxAnswer QtDialogs::Present(const MessageBox& box) {
   const ButtonSet set = ButtonsOf(box.buttons);
-  const QString text = Shown(box.text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  const QString text = Shown(box.text)
+                           .replace(QLatin1String("\r\n"), QLatin1String("\n"))
+                           .replace(QLatin1Char('\r'), QLatin1Char('\n'));
   QMessageBox window(IconOf(box.icon), Shown(box.caption), text, set.buttons, QApplication::activeWindow());
   window.setTextFormat(Qt::PlainText);
   window.setInformativeText(Shown(box.remedy));

@@ -6,6 +6,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QScreen>
 
 #include "gui/look.h"
 #include "platform/runtime_error.h"
@@ -58,7 +59,9 @@ class PreviewJob : public QtJob {
         failed = true;
       }
     });
-    window.resize(window.fontMetrics().averageCharWidth() * 120, window.fontMetrics().height() * 48);
+    const QSize natural(window.fontMetrics().averageCharWidth() * 120, window.fontMetrics().height() * 48);
+    const QSize desk = window.screen()->availableSize();
+    window.resize(natural.boundedTo(desk - QSize(0, 3 * window.fontMetrics().height())));  // the title bar
     window.exec();
     if (failed) throw RuntimeError(kErrPrinter, "Printer error");
   }
@@ -77,7 +80,7 @@ std::unique_ptr<PrintJob> QtFormPrinter::Begin(const PrintRequest& request) {
   }
   if (QPrinterInfo::defaultPrinter().isNull()) {
     throw RuntimeError(kErrPrinter,
-                       "Printer error: there is no default printer. Choose one in the desktop's settings, or "
+                       "Printer error\nThere is no default printer. Choose one in the desktop's settings, or "
                        "use Export as PDF.");
   }
   return std::make_unique<PaperJob>(request, painter_);

@@ -9,12 +9,16 @@
 namespace marlinset {
 namespace {
 
+/// Whether a field's own edge can be seen on its ground.
+bool ShowsEdges(const QPalette& palette) {
+  const QColor base = palette.color(QPalette::Base);
+  return base.lightness() > palette.color(QPalette::Text).lightness() && base != MarkColor();
+}
+
 /// A faint edge for what is disabled, a plain one for the rest.
 void PaintEdge(QPainter& painter, const QStyleOption& option, bool round) {
   const QPalette& palette = option.palette;
   const QColor base = palette.color(QPalette::Base);
-  const bool light = base.lightness() > palette.color(QPalette::Text).lightness();
-  if (light && base != MarkColor()) return;
   const double strength = option.state & QStyle::State_Enabled ? 0.5 : 0.2;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
@@ -29,7 +33,75 @@ void PaintEdge(QPainter& painter, const QStyleOption& option, bool round) {
   painter.restore();
 }
 
+/// The head of a column whose cells stand at the right; nothing for anything else.
+const QStyleOptionHeader* RightHead(const QStyleOption* option) {
+  const auto* head = qstyleoption_cast<const QStyleOptionHeader*>(option);
+  return head && head->orientation == Qt::Horizontal && head->textAlignment & Qt::AlignRight ? head : nullptr;
+}
+
+bool IsRightCell(const QStyleOption* option) {
+  const auto* cell = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+  return cell && cell->displayAlignment & Qt::AlignRight;
+}
+
+/// From the end of figures, and of their head, to the next column.
+int ColumnGap(const QStyleOption& option) {
+  return option.fontMetrics.height();
+}
+
 }  // namespace
+
+QRect ReadableStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                    const QWidget* widget) const {
+  QRect rect = QProxyStyle::subElementRect(element, option, widget);
+  if (element == SE_ItemViewItemText && IsRightCell(option)) {
+    const int margin = proxy()->pixelMetric(PM_FocusFrameHMargin, option, widget) + 1;
+    rect.setRight(option->rect.right() - ColumnGap(*option) + margin);
+  }
+  return rect;
+}
+
+void ReadableStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const {
+  const QStyleOptionHeader* head = element == CE_Header ? RightHead(option) : nullptr;
+  if (!head) return QProxyStyle::drawControl(element, option, painter, widget);
+  // The desktop's arrow would stand behind the text and push it aside.
+  painter->save();
+  painter->setClipRect(head->rect, Qt::IntersectClip);
+  proxy()->drawControl(CE_HeaderSection, head, painter, widget);
+  QStyleOptionHeader part = *head;
+  part.sortIndicator = QStyleOptionHeader::None;
+  part.rect.setRight(head->rect.right() - ColumnGap(*head));
+  proxy()->drawControl(CE_HeaderLabel, &part, painter, widget);
+  if (head->sortIndicator != QStyleOptionHeader::None) {
+    part = *head;
+    part.rect = proxy()->subElementRect(SE_HeaderArrow, head, widget);
+    part.rect.moveLeft(head->rect.left() + proxy()->pixelMetric(PM_HeaderMargin, head, widget));
+    proxy()->drawPrimitive(PE_IndicatorHeaderArrow, &part, painter, widget);
+  }
+  painter->restore();
+}
+
+QSize ReadableStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                      const QWidget* widget) const {
+  const QSize whole = QProxyStyle::sizeFromContents(type, option, size, widget);
+  const QStyleOptionHeader* head = type == CT_HeaderSection ? RightHead(option) : nullptr;
+  if (head) {
+    QStyleOptionHeader sorted = *head;  // with room for the arrow, shown or not
+    sorted.sortIndicator = QStyleOptionHeader::SortDown;
+    return QProxyStyle::sizeFromContents(type, &sorted, size, widget) + QSize(ColumnGap(*option), 0);
+  }
+  return type == CT_ItemViewItem && IsRightCell(option) ? whole + QSize(ColumnGap(*option), 0) : whole;
+}
+
+void ReadableStyle::polish(QPalette& palette) {
+  QProxyStyle::polish(palette);
+  const QColor accent = Accent(palette);
+  const bool same = palette.color(QPalette::Inactive, QPalette::Highlight) ==
+                    palette.color(QPalette::Active, QPalette::Highlight);
+  palette.setColor(QPalette::Active, QPalette::Highlight, accent);
+  if (same) palette.setColor(QPalette::Inactive, QPalette::Highlight, accent);
+}
 
 void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                   const QWidget* widget) const {
@@ -37,13 +109,15 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
   const bool focused = option->state & State_HasFocus;
   if (element == PE_IndicatorRadioButton) PaintEdge(*painter, *option, true);
   if (element == PE_IndicatorCheckBox) PaintEdge(*painter, *option, false);
-  if (element == PE_FrameLineEdit && !focused) PaintEdge(*painter, *option, false);
+  if (element == PE_FrameLineEdit && !focused && !ShowsEdges(option->palette))
+    PaintEdge(*painter, *option, false);
 }
 
 void ReadableStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                        QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);
-  if (control == CC_SpinBox && !(option->state & State_HasFocus)) PaintEdge(*painter, *option, false);
+  const bool focused = option->state & State_HasFocus;
+  if (control == CC_SpinBox && !focused && !ShowsEdges(option->palette)) PaintEdge(*painter, *option, false);
 }
 
 }  // namespace marlinset

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QScreen>
 
 #include "gui/icons.h"
@@ -39,6 +40,7 @@ SplashWindow::SplashWindow(FrmSplash& form, std::function<void()> skip)
   large.setPointSizeF(large.pointSizeF() * kTitleScale);
   large.setBold(true);
   title->setFont(large);
+  texts->setSpacing(SpaceUnit(*this));
   texts->addStretch();
   texts->addWidget(title);
   texts->addWidget(new QLabel(QStringLiteral("Release " MARLINSET_VERSION), this));
@@ -57,6 +59,12 @@ void SplashWindow::ShowForm() {
   } else {
     hide();
   }
+}
+
+void SplashWindow::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setPen(Outline(palette()));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 void SplashWindow::mousePressEvent(QMouseEvent* /*event*/) {

@@ -17,6 +17,7 @@ class SplashWindow : public QWidget {
   SplashWindow(FrmSplash& form, std::function<void()> skip);
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 

@@ -13,6 +13,7 @@
 #include "platform/file_system.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
+#include "platform/settings_store.h"
 #include "platform/text.h"
 #include "report/frm_print.h"
 #include "report/print_layout.h"
@@ -40,6 +41,11 @@ constexpr std::string_view kPdf = ".pdf";
 std::string PdfNameOf(const std::string& configuration) {
   const std::string name = FileNameOf(configuration);
   return name.substr(0, name.rfind('.')) + std::string(kPdf);
+}
+
+/// With its separator; empty when the name has none.
+std::string FolderOf(const std::string& path) {
+  return path.substr(0, path.size() - FileNameOf(path).size());
 }
 
 bool EndsInPdf(const std::string& file) {
@@ -73,10 +79,13 @@ void PrintCommand::Preview() {
 }
 
 void PrintCommand::Export() {
-  Undisturbed([this] {
-    const std::string file = AskForDocument();
+  std::string file;
+  Undisturbed([&] {
+    file = AskForDocument();
     if (!file.empty()) PrintConfig({.target = PrintTarget::kFile, .file = file});
   });
+  if (file.empty()) return;
+  form_.StatBar(FrmStart::kVideoPanel).SetText(FileNameOf(file) + " written to " + FolderOf(file));
 }
 
 /// The document to write; empty when the operator thinks better of it.
@@ -89,12 +98,15 @@ std::string PrintCommand::AskForDocument() const {
   return !taken || platform_.dialogs.Ask(file + " already exists. Do you want to replace it?") ? file : "";
 }
 
-/// The tool's one file dialog carries the configuration in work, and does so again afterwards. Empty when the
-/// operator cancelled.
+/// The tool's one file dialog carries the configuration in work, and does so again afterwards. The document
+/// is to lie beside it. Empty when the operator cancelled.
 std::string PrintCommand::AskForName() const {
   FileDialog& dialog = platform_.fileDialog;
   const std::string configuration = std::exchange(
       dialog.FileName, PdfNameOf(dialog.FileName.empty() ? vars_.CurrentFile : dialog.FileName));
+  const std::string folder = FolderOf(configuration);
+  const std::string initDir = std::exchange(
+      dialog.InitDir, folder.empty() ? platform_.settings.GetSetting("Load", vars_.AppPath) : folder);
   const std::string filter = std::exchange(dialog.Filter, "PDF document|*.pdf");
   const int flags = std::exchange(dialog.Flags, kOverwritePrompt | kHideReadOnly);
   const bool cancelError = std::exchange(dialog.CancelError, true);
@@ -109,6 +121,7 @@ std::string PrintCommand::AskForName() const {
   };
   Finally(ask, [&] {
     dialog.FileName = configuration;
+    dialog.InitDir = initDir;
     dialog.Filter = filter;
     dialog.Flags = flags;
     dialog.CancelError = cancelError;

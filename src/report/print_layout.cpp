@@ -16,8 +16,8 @@ constexpr double kGap = 2.5;
 constexpr double kPad = 1.5;
 constexpr double kColumnGap = 4;
 constexpr double kColumnWidth = (kSheetWidth - kColumnGap) / 2;
-constexpr double kLabelWidth = 29;
-constexpr double kCheckWidth = 5;
+constexpr double kLabelWidth = 32;
+constexpr double kCheckWidth = 6;
 constexpr double kTitleHeight = 7;
 /// Below stands which of several sheets this is.
 constexpr double kBottom = kSheetHeight - kRowHeight;
@@ -84,7 +84,7 @@ struct HeadField {
   double labelWidth;
   double valueWidth;
 };
-constexpr HeadField kHeadFields[] = {{{"lUserBits", 7}, {"tOutbox", 23}, 0, 27, 40},
+constexpr HeadField kHeadFields[] = {{{"lUserBits", 7}, {"tOutbox", 23}, 0, 30, 40},
                                      {{"lUserBits", 5}, {"tOutbox", 21}, 70, 20, 30},
                                      {{"lUserBits", 6}, {"tOutbox", 22}, 130, 18, 20}};
 
