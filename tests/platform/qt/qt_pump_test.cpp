@@ -5,64 +5,30 @@
 
 #include <QMetaObject>
 #include <QObject>
-#include <QTimer>
 #include <vector>
 
-#include "platform/runtime_error.h"
 #include "tests/platform/qt/qt_environment.h"
 
 namespace marlinset {
 namespace {
 
-TEST(QtPump, TicksTimersInTheOrderInWhichTheyFallDue) {
-  QtBench bench;
-  std::vector<int> ticks;
-  Timer slow(bench.pump, bench.guard, "slow", 60);
-  Timer fast(bench.pump, bench.guard, "fast", 20);
-  slow.OnTick([&] { ticks.push_back(60); });
-  fast.OnTick([&] {
-    ticks.push_back(20);
-    fast.SetEnabled(false);
-  });
-  slow.SetEnabled(true);
-  fast.SetEnabled(true);
-  const std::int64_t start = bench.pump.Now();
-  EXPECT_TRUE(bench.Wait([&] { return ticks.size() == 2; }));
-  EXPECT_EQ(ticks, (std::vector<int>{20, 60}));
-  EXPECT_GE(bench.pump.Now() - start, 60);
-}
-
 TEST(QtPump, TicksOtherTimersWhileAHandlerPumps) {
   QtBench bench;
-  int innerTicks = 0;
-  bool outerDone = false;
+  int ticks = 0;
+  bool done = false;
   Timer inner(bench.pump, bench.guard, "inner", 7);
   Timer outer(bench.pump, bench.guard, "outer", 10);
-  inner.OnTick([&] { ++innerTicks; });
+  inner.OnTick([&] { ++ticks; });
   outer.OnTick([&] {
-    const int before = innerTicks;
-    while (innerTicks < before + 2 && !bench.pump.Ending()) bench.pump.Pump();
-    outerDone = true;
-    outer.SetEnabled(false);
+    ticks = 0;
+    EXPECT_TRUE(bench.Wait([&] { return ticks == 2; }));
+    done = true;
   });
+  const std::int64_t start = bench.pump.Now();
   inner.SetEnabled(true);
   outer.SetEnabled(true);
-  QObject watchdog;
-  QTimer::singleShot(20000, &watchdog, [&] { bench.pump.End(); });
-  EXPECT_TRUE(bench.Wait([&] { return outerDone; }));
-  EXPECT_FALSE(bench.pump.Ending());
-}
-
-TEST(QtPump, KeepsTickingAfterAHandlerFailed) {
-  QtBench bench;
-  int ticks = 0;
-  Timer timer(bench.pump, bench.guard, "timer", 5);
-  timer.OnTick([&] {
-    if (++ticks == 1) throw RuntimeError(kErrOverflow, "Overflow");
-  });
-  timer.SetEnabled(true);
-  EXPECT_TRUE(bench.Wait([&] { return ticks == 3; }));
-  EXPECT_EQ(bench.dialogs.Texts(), std::vector<std::string>{"6  Overflow"});
+  EXPECT_TRUE(bench.Wait([&] { return done; }));
+  EXPECT_GE(bench.pump.Now() - start, 10);
 }
 
 TEST(QtPump, DoesNotSleepOverWhatIsDueAlready) {
