@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
+#include "tests/panels/panel_rig.h"
 #include "tests/support/temp_folder.h"
-#include "tests/support/tool_rig.h"
 
 namespace marlinset {
 namespace {
@@ -17,135 +14,91 @@ constexpr auto kQuestion = "Save changes before opening a new configuration?";
 
 class FileCommandsTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    ASSERT_TRUE(rig.tool.Start(""));
-    rig.settings.SaveSetting("Load", folder.Path() + "/");
-  }
+  FileCommandsTest() { rig.settings.SaveSetting("Load", folder.Path() + "/"); }
   void Choose(std::string_view name) { rig.fileDialog.choices.emplace_back(folder.File(name)); }
-
-  /// On line as after an entry into interactive mode, with the unit known.
-  void GoInteractive() {
-    form.bGetID.Press();
-    form.mnuInter.SetChecked(true);
-    form.mnuOff.SetChecked(false);
-    form.InterTime.SetEnabled(true);
-    form.Image1(2).SetVisible(true);
-    rig.line.ClearSent();
+  void SaveAs(std::string_view name) {
+    Choose(name);
+    form.mnuSave.OperatorClick();
   }
-  /// What the operator sees while the file dialog stands.
-  struct Suspension {
-    bool polling, interactive, off, heartbeat;
-    std::string text, picture;
-  };
-  Suspension Look() const {
-    return {form.InterTime.Enabled(), form.mnuInter.Checked(), form.mnuOff.Checked(),
-            form.Image1(2).Visible(), form.StatBar(3).Text(),  form.StatBar(3).Picture()};
-  }
-
-  ToolRig rig;
+  PanelRig rig;
   TempFolder folder;
-  FrmStart& form = rig.tool.form;
-  Variables& vars = rig.tool.variables;
+  FrmStart& form = rig.form;
+  Variables& vars = rig.vars;
 };
 
 TEST_F(FileCommandsTest, NewBringsTheDefaultsAndAName) {
   form.tWinMess.SetText("left over");
-  form.UDDur.SetValue(7);
-  vars.ConfigSaved = true;  // no question
+  vars.ConfigSaved = true;
   form.mnuNew.OperatorClick();
   EXPECT_EQ(form.tWinMess.Text(), "");
   EXPECT_EQ(form.Caption(), "7340 Marlinset - New");
-  EXPECT_EQ(vars.CurrentFile, "New");
-  EXPECT_EQ(rig.fileDialog.FileName, folder.File("New.qcf"));
   EXPECT_TRUE(folder.Read("New.qcf").empty()) << "a name, no file";
   EXPECT_TRUE(vars.ConfigSaved);
   form.mnuSav.OperatorClick();
   EXPECT_FALSE(folder.Read("New.qcf").empty());
-  EXPECT_THAT(rig.Boxes(), IsEmpty());
+  EXPECT_THAT(rig.Told(), IsEmpty());
+  vars.CurrentFile = "system default Video";
+  form.mnuSav.OperatorClick();
+  EXPECT_EQ(rig.fileDialog.shown.size(), 1U) << "the shipped configuration stays as it is";
 }
 
 TEST_F(FileCommandsTest, TheQuestionComesOnlyForEditsAndBeforeTheDialog) {
-  vars.ConfigSaved = false;
-  form.tWinMess.SetText("precious");
-  rig.dialogs.answers = {BoxAnswer::kYes};
-  Choose("precious.qcf");
-  form.mnuNew.OperatorClick();
-  EXPECT_THAT(rig.Boxes(), ElementsAre(kQuestion));
-  EXPECT_EQ(rig.dialogs.shown.back().caption, "7340 Marlinset");
-  EXPECT_EQ(form.tWinMess.Text(), "");
-
-  vars.ConfigSaved = false;
-  Choose("precious.qcf");
-  form.mnuOpen.OperatorClick();
-  EXPECT_THAT(rig.Boxes(), ElementsAre(kQuestion, kQuestion)) << "No: the edits are lost";
-  EXPECT_EQ(form.tWinMess.Text(), "precious");
-  EXPECT_TRUE(vars.ConfigSaved);
-  form.mnuOpen.OperatorClick();
-  EXPECT_EQ(rig.Boxes().size(), 2U);
-  EXPECT_EQ(rig.fileDialog.shown.size(), 3U);
-}
-
-TEST_F(FileCommandsTest, AFileThatTheDesktopNamesOpensAsIfItHadBeenChosen) {
-  vars.ConfigSaved = false;
-  form.tWinMess.SetText("precious");
-  rig.dialogs.answers = {BoxAnswer::kYes};
-  Choose("precious.qcf");
-  rig.tool.fileCommands.OpenNamed(rig.tool.variables.AppPath + "System Default Video.qcf");
-  EXPECT_THAT(rig.Boxes(), ElementsAre(kQuestion));
-  EXPECT_EQ(form.tWinMess.Text(), "") << "another one is open now";
-  EXPECT_EQ(form.Caption(), "7340 Marlinset - System Default Video");
-  rig.tool.fileCommands.OpenNamed(folder.File("precious.qcf"));
-  EXPECT_EQ(form.tWinMess.Text(), "precious");
-  EXPECT_EQ(rig.settings.GetSetting("Load", ""), folder.Path() + "/") << "where the next dialog opens";
-  EXPECT_TRUE(vars.ConfigSaved);
-  EXPECT_EQ(rig.fileDialog.shown.size(), 1U) << "only to save";
-}
-
-TEST_F(FileCommandsTest, EveryCommandEndsSavedEvenWhenCancelled) {
-  for (MenuItem* command : {&form.mnuOpen, &form.mnuSave}) {
-    vars.ConfigSaved = false;
-    command->OperatorClick();
-    EXPECT_TRUE(vars.ConfigSaved);
+  const std::function<void()> commands[] = {
+      [&] { form.mnuNew.OperatorClick(); }, [&] { form.mnuOpen.OperatorClick(); },
+      [&] { rig.tool.fileCommands.OpenNamed(vars.AppPath + "System Default Video.qcf"); }};
+  for (const auto& command : commands) {
+    for (const bool save : {true, false}) {
+      form.tWinMess.SetText(save ? "precious" : "lost");
+      vars.ConfigSaved = false;
+      rig.dialogs.answers = {save ? BoxAnswer::kYes : BoxAnswer::kNo};
+      rig.fileDialog.choices.clear();
+      if (save) Choose("kept.qcf");
+      Choose("kept.qcf");
+      command();
+      EXPECT_THAT(rig.Told(), ElementsAre(kQuestion));
+      EXPECT_TRUE(vars.ConfigSaved);
+    }
+    rig.tool.fileCommands.OpenNamed(folder.File("kept.qcf"));
+    EXPECT_EQ(form.tWinMess.Text(), "precious");
+    EXPECT_EQ(form.Caption(), "7340 Marlinset - kept");
+    EXPECT_THAT(rig.Told(), IsEmpty());
+    std::filesystem::remove(folder.File("kept.qcf"));
   }
-}
-
-TEST_F(FileCommandsTest, SaveOfASystemDefaultAsksForAName) {
-  vars.CurrentFile = "system default Video";
-  Choose("mine.qcf");
-  form.mnuSav.OperatorClick();
-  EXPECT_EQ(rig.fileDialog.shown.size(), 1U);
-  EXPECT_FALSE(folder.Read("mine.qcf").empty());
 }
 
 TEST_F(FileCommandsTest, InteractiveModeRestsAndTheUnitFollows) {
-  Choose("show.qcf");
-  form.mnuSave.OperatorClick();
-  GoInteractive();
-  std::optional<Suspension> during;
+  SaveAs("show.qcf");
+  rig.GoInteractive();
+  form.Image1(2).SetVisible(true);
+  const auto mode = [this] {
+    return form.StatBar(3).Text() + (form.InterTime.Enabled() ? "polling " : "") +
+           (form.mnuInter.Checked() ? "inter " : "") + (form.mnuOff.Checked() ? "off " : "") +
+           (form.Image1(2).Visible() ? "heartbeat" : "");
+  };
+  std::string during;
   rig.dialogs.onShow = [&](const MessageBox&) {
-    during = Look();
+    during = mode();
     return BoxAnswer::kOk;
   };
-  Choose("System Default.qcf");
-  Choose("show.qcf");
-  form.mnuSave.OperatorClick();
-  ASSERT_TRUE(during);
-  EXPECT_FALSE(during->polling || during->interactive || during->heartbeat);
-  EXPECT_TRUE(during->off);
-  EXPECT_EQ(during->text, "Interactive mode disabled ");
-  EXPECT_EQ(during->picture, "Image2(2)");
-  EXPECT_TRUE(rig.line.Sent().empty()) << "a save sends nothing";
-  EXPECT_EQ(Look().text, "Interactive mode enabled ");
-  EXPECT_TRUE(Look().polling && Look().interactive && !Look().off);
-
+  Choose("System Default.qcf");  // refused by a box
+  SaveAs("show.qcf");
+  EXPECT_EQ(during, "Interactive mode disabled off ");
+  EXPECT_THAT(rig.Sent(), IsEmpty()) << "a save sends nothing";
   for (MenuItem* command : {&form.mnuOpen, &form.mnuNew}) {
-    rig.line.ClearSent();
     Choose("show.qcf");
     command->OperatorClick();
-    EXPECT_GT(rig.line.Sent().size(), 50U) << "the whole configuration";
-    EXPECT_TRUE(Look().polling && Look().interactive && !Look().off);
-    EXPECT_EQ(form.StatBar(3).Text(), "Interactive mode enabled ");
+    EXPECT_GT(rig.Sent().size(), 50U) << "the whole configuration";
+    EXPECT_EQ(mode(), "Interactive mode enabled polling inter ");
   }
+
+  rig.dialogs.onShow = [this](const MessageBox& box) {
+    if (rig.line.PortOpen()) rig.line.Vanish();
+    return FakeDialogs::Default(box.buttons);
+  };
+  rig.fileDialog.choices = {folder.File("System Default.qcf")};
+  form.mnuSave.OperatorClick();
+  EXPECT_EQ(mode(), "Interactive mode disabled off ") << "the line went while the box stood";
+  EXPECT_TRUE(form.mnuHD7340.Enabled());
 }
 
 TEST_F(FileCommandsTest, FilesInUseStandInTheMenuLatestFirst) {
@@ -158,36 +111,24 @@ TEST_F(FileCommandsTest, FilesInUseStandInTheMenuLatestFirst) {
     return names;
   };
   EXPECT_THAT(menu(), IsEmpty());
-  for (const char* name : {"a.qcf", "b.qcf", "c.qcf"}) {
-    Choose(name);
-    form.mnuSave.OperatorClick();
-  }
-  Choose("a.qcf");
-  form.mnuOpen.OperatorClick();
-  folder.Write("noise.qcf", "no configuration");
-  Choose("noise.qcf");
-  form.mnuOpen.OperatorClick();
+  for (const char* name : {"a.qcf", "b.qcf", "c.qcf"}) SaveAs(name);
+  rig.tool.fileCommands.OpenNamed(folder.File("a.qcf"));
+  rig.tool.fileCommands.OpenNamed(folder.Write("noise.qcf", "no configuration"));
   EXPECT_THAT(menu(), ElementsAre("a.qcf", "c.qcf", "b.qcf")) << "one that was not read is not in use";
-
-  rig.dialogs.shown.clear();
+  rig.Told();
   vars.ConfigSaved = false;
-  rig.dialogs.answers.push_back(BoxAnswer::kNo);
   form.Find("mnuRecent", 2)->OperatorClick();
-  EXPECT_THAT(rig.Boxes(), ElementsAre(kQuestion));
+  EXPECT_THAT(rig.Told(), ElementsAre(kQuestion));
   EXPECT_EQ(form.Caption(), "7340 Marlinset - c");
   EXPECT_THAT(menu(), ElementsAre("c.qcf", "a.qcf", "b.qcf"));
 
-  rig.dialogs.shown.clear();
   std::filesystem::remove(folder.File("a.qcf"));
   form.Find("mnuRecent", 2)->OperatorClick();
-  EXPECT_THAT(rig.Boxes(), ElementsAre("The file " + folder.File("a.qcf") +
-                                       " is no longer there. It has been taken off the list."));
+  EXPECT_THAT(rig.Told(), ElementsAre("The file " + folder.File("a.qcf") +
+                                      " is no longer there. It has been taken off the list."));
   EXPECT_EQ(form.Caption(), "7340 Marlinset - c");
   EXPECT_THAT(menu(), ElementsAre("c.qcf", "b.qcf"));
-  for (int i = 0; i < 9; ++i) {
-    Choose(std::to_string(i) + ".qcf");
-    form.mnuSave.OperatorClick();
-  }
+  for (int i = 0; i < 9; ++i) SaveAs(std::to_string(i) + ".qcf");
   EXPECT_EQ(menu().size(), 8U);
   EXPECT_EQ(rig.settings.GetSetting("recent8", ""), folder.File("1.qcf")) << "kept for the next run";
 }

@@ -3,8 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "link/frame.h"
-#include "tests/support/hex.h"
+#include "tests/support/link_rig.h"
 #include "tests/support/tool_rig.h"
 
 namespace marlinset {
@@ -14,16 +13,14 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
-constexpr const char* kGetId = "02 03 0F 00 35 B9";
-constexpr const char* kVideoSense = "02 03 0F 00 34 BA";
+constexpr const char* kGetId = "15 0 53";
+constexpr const char* kVideoSense = "15 0 52";
 
+/// A unit that sees the standard that the panels name.
 struct InteractiveTest : ::testing::Test {
   InteractiveTest() {
     EXPECT_TRUE(rig.tool.Start(""));
-    // The unit sees the standard that the panels name.
-    const auto& list = form.comVS.List();
-    const auto found = std::find(list.begin(), list.end(), "1080i/60");
-    form.comVS.SetListIndex(static_cast<int>(found - list.begin()));
+    EXPECT_EQ(form.comVS.Text(), "1080i/60");
   }
   void Enter() {
     form.mnuInter.OperatorClick();
@@ -31,13 +28,13 @@ struct InteractiveTest : ::testing::Test {
     rig.line.ClearSent();
     rig.dialogs.shown.clear();
   }
-  /// One tick of the poll; what went out, as hex.
+  /// One tick of the poll, and what goes out.
   std::vector<std::string> Tick() {
     rig.line.ClearSent();
     rig.dialogs.shown.clear();
     rig.pump.Pass(5000);
     std::vector<std::string> sent;
-    for (const Bytes& bytes : rig.line.Sent()) sent.push_back(ToHex(bytes));
+    for (const Bytes& frame : rig.line.Sent()) sent.push_back(FieldsText(frame));
     return sent;
   }
   std::vector<int> Heartbeat() const {
@@ -46,6 +43,11 @@ struct InteractiveTest : ::testing::Test {
       if (form.Image1(i).Visible()) shown.push_back(i);
     }
     return shown;
+  }
+  void ExpectMode(bool on) const {
+    EXPECT_TRUE(form.InterTime.Enabled() == on && form.mnuInter.Checked() == on);
+    EXPECT_TRUE(form.mnuOff.Checked() != on && form.mnuHD7340.Enabled() != on);
+    EXPECT_EQ(form.mnuHD7340Q.Enabled(), !on);
   }
 
   ToolRig rig{UnitSettings{.standard = 4}};
@@ -56,24 +58,22 @@ TEST_F(InteractiveTest, EntersWithIdentificationAndWholeSendAndLeavesAsItCame) {
   form.mnuInter.OperatorClick();
   EXPECT_THAT(rig.Boxes(), IsEmpty());
   EXPECT_EQ(rig.tool.wholeSend.Result().end, SendEnd::kComplete);
-  EXPECT_EQ(ToHex(rig.line.Sent().front()), kGetId);
-  EXPECT_TRUE(form.InterTime.Enabled() && form.mnuInter.Checked() && !form.mnuOff.Checked());
-  EXPECT_FALSE(form.mnuHD7340.Enabled() || form.mnuHD7340Q.Enabled());
+  EXPECT_EQ(FieldsText(rig.line.Sent().front()), kGetId);
+  ExpectMode(true);
   EXPECT_THAT(Heartbeat(), ElementsAre(0));
   EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "On");
+  form.mnuHD7340Q.OperatorClick();
+  EXPECT_EQ(rig.tool.variables.HardwareType, "HD7340") << "the operator's model stays meanwhile";
   rig.line.ClearSent();
-  rig.settings.SaveSetting("InMode", "Off");
   form.mnuInter.OperatorClick();
   EXPECT_THAT(rig.line.Sent(), IsEmpty()) << "it is on already";
-  EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "On");
 
   form.chPrev.OperatorCheck(true);
   rig.line.ClearSent();
   form.mnuOff.OperatorClick();
   EXPECT_EQ(form.chPrev.Value(), 0);
   EXPECT_THAT(rig.line.Sent(), IsEmpty()) << "off line nothing is sent, not even the preview's end";
-  EXPECT_FALSE(form.InterTime.Enabled() || form.mnuInter.Checked());
-  EXPECT_TRUE(form.mnuHD7340.Enabled() && form.mnuHD7340Q.Enabled() && form.mnuOff.Checked());
+  ExpectMode(false);
   EXPECT_EQ(rig.Panel(2), "Offline");
   EXPECT_THAT(Heartbeat(), IsEmpty());
   EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "Off");
@@ -83,17 +83,14 @@ TEST_F(InteractiveTest, EntersWithIdentificationAndWholeSendAndLeavesAsItCame) {
 TEST_F(InteractiveTest, AFailedEntryStaysOffLineWithTheModelMenuUsable) {
   rig.line.Unit().Faults().mute = true;
   form.mnuInter.OperatorClick();
-  EXPECT_THAT(rig.Boxes(), ElementsAre(StartsWith("Ensure that the PC is properly connected")));
-  EXPECT_TRUE(form.mnuOff.Checked() && !form.mnuInter.Checked() && !form.InterTime.Enabled());
-  EXPECT_TRUE(form.mnuHD7340.Enabled() && form.mnuHD7340Q.Enabled());
+  ExpectMode(false);
   EXPECT_EQ(rig.Panel(4), "Get Id Failed. ");
-  EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "On");
-
   rig.line.SetPortOpen(false);
   rig.line.RefuseOpen("No device stands behind port 1.");
   form.mnuInter.OperatorClick();
-  EXPECT_THAT(rig.Boxes(), ElementsAre(testing::_, "No device stands behind port 1.")) << "told once";
-  EXPECT_TRUE(form.mnuOff.Checked() && form.mnuHD7340.Enabled());
+  EXPECT_THAT(rig.Boxes(), ElementsAre(StartsWith("Ensure that the PC is properly connected"),
+                                       "No device stands behind port 1."));
+  ExpectMode(false);
 }
 
 TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
@@ -104,11 +101,9 @@ TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
   }
   rig.tool.SetActive(false);
   EXPECT_THAT(Tick(), IsEmpty());
-  EXPECT_EQ(rig.tool.variables.ActivityFrame, 1);
   rig.tool.SetActive(true);
   form.StatBar(FrmStart::kExchangePanel).SetText("Sent");
   EXPECT_THAT(Tick(), IsEmpty()) << "an exchange has not come back yet";
-  EXPECT_THAT(rig.Boxes(), IsEmpty());
   form.StatBar(FrmStart::kExchangePanel).SetText("Nack In");
   EXPECT_THAT(Tick(), ElementsAre(kGetId, kVideoSense)) << "a Nak is a sign of life";
   form.dPause.SetInterval(8000);
@@ -117,11 +112,7 @@ TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
   form.dPause.SetEnabled(false);
   form.mnuAddParameter.OperatorClick();
   EXPECT_THAT(Tick(), IsEmpty()) << "a dialog stands";
-  rig.tool.parameterDialogs.frmEditParameters.SetVisible(false);
-  form.mnuOff.OperatorClick();
-  Enter();
-  Tick();
-  EXPECT_THAT(Heartbeat(), ElementsAre(1)) << "it begins anew";
+  EXPECT_THAT(rig.Boxes(), IsEmpty());
 }
 
 TEST_F(InteractiveTest, LocalModeSuspendsAndALostLinkEndsIt) {
@@ -132,17 +123,15 @@ TEST_F(InteractiveTest, LocalModeSuspendsAndALostLinkEndsIt) {
   EXPECT_THAT(Tick(), ElementsAre(kVideoSense, kVideoSense))
       << "watched, without a word; a lone byte is no answer to a query";
   EXPECT_THAT(rig.Boxes(), IsEmpty());
-  EXPECT_TRUE(rig.tool.variables.UnitLocalMode && form.mnuInter.Checked() && form.InterTime.Enabled());
+  ExpectMode(true);
   rig.line.Unit().SetLocal(false);
   EXPECT_THAT(Tick(), ElementsAre(kVideoSense));
-  EXPECT_EQ(rig.Panel(1), "");
   EXPECT_THAT(Tick(), ElementsAre(kGetId, kVideoSense));
-  EXPECT_FALSE(rig.tool.variables.UnitLocalMode);
 
   form.StatBar(FrmStart::kExchangePanel).SetText("ACK LOST");
   EXPECT_THAT(Tick(), IsEmpty());
   EXPECT_THAT(rig.Boxes(), ElementsAre("Comm Error, Interactive mode suspended, click OK to continue."));
-  EXPECT_TRUE(form.mnuOff.Checked() && !form.mnuInter.Checked() && !form.InterTime.Enabled());
+  ExpectMode(false);
   EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "Off");
 }
 
@@ -159,77 +148,14 @@ TEST_F(InteractiveTest, FollowsTheUnitsStandardIfTheOperatorAgrees) {
   Tick();
   EXPECT_THAT(rig.Boxes(), IsEmpty());
 
-  // A standard that the database does not know, and none at all.
-  for (const int code : {5, 0}) {
-    form.comVS.Clear();
-    for (const char* standard : {"1080i/60", "NTSC"}) form.comVS.AddItem(standard);
-    form.comVS.SetListIndex(0);
-    rig.line.Unit().SetStandard(code);
-    rig.dialogs.answers = {BoxAnswer::kYes};
-    Tick();
-    EXPECT_THAT(rig.Boxes(),
-                ElementsAre(question, (code == 5 ? std::string("1080i/50") : std::string()) +
-                                          " Input Video Standard not supported. No changes made."));
-    EXPECT_EQ(form.comVS.Text(), "1080i/60");
-  }
-}
-
-/// While a question stands the poll rests, and an unplugged cable is told once and ends the mode for good.
-TEST_F(InteractiveTest, QuestionsDoNotPileUp) {
-  Enter();
-  rig.line.Unit().SetStandard(5);
-  rig.dialogs.onShow = [this](const MessageBox& box) {
-    if (box.buttons == BoxButtons::kYesNo) {
-      rig.pump.Pass(20000);
-      rig.line.Vanish();
-    }
-    return FakeDialogs::Default(box.buttons);
-  };
+  form.comVS.Clear();
+  for (const char* standard : {"1080i/60", "NTSC"}) form.comVS.AddItem(standard);
+  form.comVS.SetListIndex(0);
+  rig.dialogs.answers = {BoxAnswer::kYes};
   Tick();
-  EXPECT_THAT(rig.Boxes(), ElementsAre(StartsWith("Video Standard from box changed."),
-                                       StartsWith("The device behind port 1")));
-  EXPECT_TRUE(form.mnuOff.Checked() && !form.InterTime.Enabled());
-  EXPECT_THAT(Tick(), IsEmpty());
-}
-
-TEST_F(InteractiveTest, LeftDuringAPollIsLeft) {
-  for (const int into : {50, 150}) {  // while the identification, the standard is awaited
-    rig.line.Unit().Faults().mute = false;
-    Enter();
-    rig.line.Unit().Faults().mute = true;
-    rig.pump.At(rig.pump.Now() + 5000 + into, [&] { form.mnuOff.OperatorClick(); });
-    rig.pump.Pass(5000);
-    EXPECT_TRUE(form.mnuOff.Checked());
-    EXPECT_EQ(rig.line.Sent().size(), into == 50 ? 1U : 3U) << "the query is sent twice";
-    EXPECT_THAT(rig.Boxes(), ElementsAre(StartsWith("Ensure that"))) << "no question about the standard";
-    EXPECT_THAT(Heartbeat(), IsEmpty());
-  }
-  rig.line.Unit().Faults().mute = false;
-  Enter();
-  const std::int64_t entered = rig.pump.Now();
-  rig.line.Unit().SetLocal(true);
-  Tick();
-  rig.pump.At(entered + 10050, [&] { form.mnuOff.OperatorClick(); });
-  rig.pump.Pass(5000);
-  EXPECT_FALSE(form.InterTime.Enabled()) << "while a unit in local mode is watched";
-}
-
-/// A unit that is unplugged while a box of a file command stands: the port stays closed, also when the unit
-/// is back.
-TEST_F(InteractiveTest, ALineThatGoesDuringADialogStaysAway) {
-  Enter();
-  const int openings = rig.line.Openings();
-  rig.fileDialog.choices = {"/nowhere/Stage 4.qcf"};
-  rig.dialogs.onShow = [this](const MessageBox& box) {
-    if (rig.line.PortOpen()) rig.line.Vanish();
-    return FakeDialogs::Default(box.buttons);
-  };
-  form.mnuSave.OperatorClick();
-  EXPECT_THAT(rig.Boxes(), testing::Contains(StartsWith("The device behind port 1")));
-  rig.line.Return();
-  EXPECT_THAT(Tick(), IsEmpty());
-  EXPECT_TRUE(form.mnuOff.Checked() && !form.mnuInter.Checked() && form.mnuHD7340.Enabled());
-  EXPECT_EQ(rig.line.Openings(), openings);
+  EXPECT_THAT(rig.Boxes(),
+              ElementsAre(question, "1080i/50 Input Video Standard not supported. No changes made."));
+  EXPECT_EQ(form.comVS.Text(), "1080i/60");
 }
 
 TEST_F(InteractiveTest, SelectionOfTheStandard) {
@@ -249,26 +175,11 @@ TEST_F(InteractiveTest, SelectionOfTheStandard) {
     (c.wantManual ? form.mnuMan : form.mnuAuto).OperatorClick();
     EXPECT_EQ(rig.Panel(3), c.panel);
     ASSERT_EQ(rig.line.Sent().size(), c.messages) << c.panel;
-    EXPECT_EQ(ToHex(rig.line.Sent().front()), kVideoSense);
+    EXPECT_EQ(FieldsText(rig.line.Sent().front()), kVideoSense);
     EXPECT_EQ(rig.line.Unit().Manual(), c.mute ? c.unitManual : c.wantManual);
   }
   EXPECT_THAT(rig.Boxes(), ElementsAre("Mode Set error"));
   EXPECT_FALSE(form.mnuAuto.Checked() || form.mnuMan.Checked());
-  EXPECT_EQ(form.pComBut.BackColor(), kRed);
-}
-
-/// A send that runs when the mode is entered is the send of the mode: polling begins when it ends.
-TEST_F(InteractiveTest, EnteredDuringASend) {
-  bool entered = false;
-  rig.tool.commands.MessageSent.Connect([&](const SentMessage& message) {
-    if (std::exchange(entered, true)) return;
-    rig.pump.At(rig.pump.Now(), [&] { form.mnuInter.OperatorClick(); });
-    (void)message;
-  });
-  form.bSConfig.Press();
-  EXPECT_TRUE(form.mnuInter.Checked() && form.InterTime.Enabled());
-  EXPECT_EQ(rig.tool.wholeSend.Result().end, SendEnd::kComplete);
-  EXPECT_THAT(rig.Boxes(), IsEmpty());
 }
 
 }  // namespace

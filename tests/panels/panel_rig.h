@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "tests/support/link_rig.h"
+#include "tests/support/tool_rig.h"
+
+namespace marlinset {
+
+/// The tool as it stands after its start, with an identified unit, whose acknowledgements are awaited for
+/// 100 ms from then on. In row 0 stands a window whose message is known: number 1, 11 characters and a field
+/// digit of 2, on, at line 40 and column 5; in the large font that is row 10.
+struct PanelRig : ToolRig {
+  PanelRig() : ToolRig({.model = kModelHd7340Q}) {
+    if (!tool.Start("", false)) throw std::logic_error("no start");
+    form.bGetID.Press();
+    form.udVer(0).SetValue(40);
+    form.udHor(0).SetValue(5);
+    form.UpDown1.SetValue(20);
+    line.ClearSent();
+    vars.ConfigSaved = true;
+  }
+  /// As after an entry, but without polling between what the tests look at.
+  void GoInteractive() {
+    form.mnuInter.SetChecked(true);
+    form.mnuOff.SetChecked(false);
+    form.InterTime.SetEnabled(true);
+    vars.MainFormActive = false;
+  }
+  /// The fields of what was sent since the last call: "2 8 34 1".
+  std::vector<std::string> Sent() {
+    std::vector<std::string> texts;
+    for (const Bytes& frame : line.Sent()) texts.push_back(FieldsText(frame));
+    line.ClearSent();
+    return texts;
+  }
+  /// The texts of the boxes since the last call.
+  std::vector<std::string> Told() {
+    std::vector<std::string> texts = Boxes();
+    dialogs.shown.clear();
+    return texts;
+  }
+
+  FrmStart& form = tool.form;
+  Variables& vars = tool.variables;
+};
+
+}  // namespace marlinset

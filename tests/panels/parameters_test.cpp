@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The list of system parameters, and the dialogs that add to it and take from it.
+#include "tests/panels/panel_rig.h"
+
+namespace marlinset {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Parameters : public testing::Test {
+ protected:
+  void Take(std::vector<SystemParameterRec> list) {
+    vars.SystemParameters = std::move(list);
+    form.bClass.OperatorClick();
+    vars.ConfigSaved = true;
+  }
+  /// The rows that can be seen: "level=5".
+  std::vector<std::string> Rows() const {
+    std::vector<std::string> all;
+    for (const int row : form.lDesc.Indices()) {
+      if (form.udVal(row).Visible()) all.push_back(form.lDesc(row).Caption() + "=" + form.tVal(row).Text());
+    }
+    return all;
+  }
+  void Add(const char* classText, const char* parameter, const char* value) {
+    form.mnuAddParameter.OperatorClick();
+    edit.txtClass.OperatorType(classText);
+    edit.txtParameter.OperatorType(parameter);
+    edit.txtDescription.OperatorType(std::string("Added ") + classText);
+    edit.txtValue.OperatorType(value);
+    edit.cmdUpdate.OperatorClick();
+  }
+  PanelRig rig;
+  FrmStart& form = rig.form;
+  Variables& vars = rig.vars;
+  FrmEditParameters& edit = rig.tool.parameterDialogs.frmEditParameters;
+  FrmDeleteParameter& remove = rig.tool.parameterDialogs.frmDeleteParameter;
+};
+
+TEST_F(Parameters, SortBothWaysHideTheInternalClassesAndFitTheirSheet) {
+  Take({{3, 1, "b", 4}, {25, 0, "c", 5}, {2, 9, "a", 6}, {1, 0, "B", 7}, {2, 1, "D", -2}});
+  EXPECT_THAT(Rows(), ElementsAre("D=-2", "a=6", "b=4"));
+  EXPECT_EQ(form.tVal(0).Text(), "7") << "the print lists hidden rows too";
+  form.bDesc.OperatorClick();
+  EXPECT_THAT(Rows(), ElementsAre("b=4", "a=6", "D=-2")) << "Z first, capitals below small letters";
+  EXPECT_EQ(form.lClass(0).Caption(), "25");
+  EXPECT_EQ(form.VScroll2.Max(), 0);
+
+  std::vector<SystemParameterRec> many;
+  for (std::int16_t i = 0; i < 60; ++i) many.push_back({2, i, "p" + std::to_string(100 + i), i});
+  Take(many);
+  EXPECT_EQ(Rows().size(), 60U);
+  form.VScroll2.OperatorScroll(300);
+  EXPECT_EQ(form.pParIn.Top(), 255 - 300);
+  form.bClass.OperatorClick();
+  EXPECT_EQ(form.pParIn.Top(), 255);
+}
+
+TEST_F(Parameters, AreShownInEitherRadixAndOneDescriptionIsOneValue) {
+  Take({{1, 0, "", -1}, {2, 0, "twin", 0}, {2, 1, "plus", 4095}, {2, 2, "minus", -2}, {3, 0, "twin", 0}});
+  form.bValue.OperatorClick();
+  EXPECT_EQ(form.bValue.Caption(), "Value (Hex)");
+  EXPECT_THAT(Rows(), ElementsAre("twin=0", "plus=FFF", "minus=FFFFFFFE", "twin=0"));
+  form.udVal(1).OperatorSpin(-32768);
+  EXPECT_EQ(form.tVal(1).Text(), "FFFF8000");
+  EXPECT_EQ(At(vars.SystemParameters, 4).Value, -32768) << "both records";
+  EXPECT_FALSE(vars.ConfigSaved);
+  vars.ConfigSaved = true;
+  form.bValue.OperatorClick();
+  EXPECT_EQ(form.bValue.Caption(), "Value (Dec)");
+  EXPECT_THAT(Rows(), ElementsAre("twin=-32768", "plus=4095", "minus=-2", "twin=0"));
+  EXPECT_EQ(At(vars.SystemParameters, 4).Value, 0) << "the radix writes by place only";
+  EXPECT_EQ(At(vars.SystemParameters, 0).Value, -1);
+  EXPECT_TRUE(vars.ConfigSaved);
+}
+
+TEST_F(Parameters, GoToTheUnitAlsoInLocalModeAndByASort) {
+  Take({{1, 0, "a", 9}, {2, 7, "level", 0}, {3, 200, "delay", 1}});
+  form.udVal(1).OperatorSpin(1);
+  EXPECT_THAT(rig.Sent(), IsEmpty()) << "off line";
+  rig.GoInteractive();
+  form.udVal(1).OperatorSpin(300);
+  vars.UnitLocalMode = true;  // is not asked here
+  form.udVal(2).OperatorSpin(-1);
+  EXPECT_THAT(rig.Sent(), ElementsAre("15 0 192 7 2 44 1 0 0", "15 0 192 200 3 255 255 255 255"));
+  EXPECT_THAT(rig.Told(), IsEmpty());
+  rig.line.Unit().Faults().drop = 1;
+  form.udVal(1).OperatorSpin(2);
+  EXPECT_THAT(rig.Told(), ElementsAre("Problem with parameter."));
+  rig.Sent();
+  form.udVal(1).OperatorSpin(32768);
+  EXPECT_THAT(rig.Told(), ElementsAre("6  Overflow"));
+  EXPECT_THAT(rig.Sent(), IsEmpty());
+  EXPECT_EQ(At(vars.SystemParameters, 1).Value, 2);
+  form.udVal(1).OperatorSpin(2);
+  rig.Sent();
+  form.bClass.OperatorClick();
+  EXPECT_THAT(rig.Sent(), IsEmpty()) << "nothing moves";
+  form.bDesc.OperatorClick();
+  EXPECT_THAT(rig.Sent(), ElementsAre("15 0 192 7 2 2 0 0 0", "15 0 192 200 3 255 255 255 255"));
+}
+
+TEST_F(Parameters, AreTypedInDigitsOnly) {
+  form.mnuAddParameter.OperatorClick();
+  for (const char key : std::string("/:- aZ\r09\b")) {
+    for (TextBox* box : {&edit.txtClass, &edit.txtParameter, &edit.txtValue, &edit.txtDescription}) {
+      box->OperatorKey(static_cast<char32_t>(key));
+    }
+  }
+  EXPECT_EQ(edit.txtClass.Text() + " " + edit.txtParameter.Text() + " " + edit.txtValue.Text(), "0 0 -0");
+  EXPECT_EQ(edit.txtDescription.Text(), "/:- aZ0") << "Enter types nothing";
+  EXPECT_EQ(rig.Told(), std::vector<std::string>(20, "Invalid input.\rPlease enter digits only (0-9)"));
+}
+
+TEST_F(Parameters, AreRefusedInOrder) {
+  const char* badClass = "Inavlid Class input, Enter a number between 0 and 64";
+  const char* badParameter = "Inavlid Parameter input, Enter a number between 0 and 64";
+  const auto count = vars.SystemParameters.size();
+  for (const auto& [classText, parameter, text] : {std::tuple{"40", "40", badClass},
+                                                   {"-1", "0", badClass},
+                                                   {"39.6", "0", badClass},
+                                                   {"99999999999", "0", badClass},
+                                                   {"25", "40", "Invalid Class input"},
+                                                   {"24.7", "0", "Invalid Class input"},
+                                                   {"39", "40", badParameter},
+                                                   {"nan", "40", badParameter},
+                                                   {"1", "-3", badParameter},
+                                                   {"2", "0", "Entry already found in parameters list"},
+                                                   {"2", "9", "Entry is invalid, retired parameter"}}) {
+    SCOPED_TRACE(std::string(classText) + "/" + parameter);
+    Add(classText, parameter, "1");
+    EXPECT_EQ(rig.dialogs.shown.at(0).buttons, BoxButtons::kOkCancel);
+    EXPECT_EQ(rig.dialogs.shown.at(0).icon, BoxIcon::kCritical);
+    EXPECT_THAT(rig.Told(), ElementsAre(text));
+    EXPECT_EQ(edit.txtValue.Text(), "1");
+    EXPECT_TRUE(edit.Visible() && vars.ConfigSaved);
+  }
+  Add("30", "1", "32768");
+  EXPECT_THAT(rig.Told(), ElementsAre("6  Overflow"));
+  EXPECT_TRUE(edit.Visible() && vars.ConfigSaved);
+  EXPECT_EQ(vars.SystemParameters.size(), count);
+}
+
+TEST_F(Parameters, ComeAndGo) {
+  const std::string added = "The new parameter has been added to this configuration.";
+  form.mnuRemoveParameter.OperatorClick();
+  EXPECT_EQ(remove.lstParameter.Count(), 0) << "the system's own parameters stay";
+  remove.Command2.OperatorClick();
+  remove.Command1.OperatorClick();
+  EXPECT_FALSE(remove.Visible());
+  EXPECT_THAT(rig.Told(), IsEmpty());
+
+  const std::vector<std::string> before = Rows();
+  const int next = vars.NextParameterClass;
+  Add("39", "39", "-300");
+  EXPECT_FALSE(edit.Visible() || vars.ConfigSaved);
+  EXPECT_EQ(rig.dialogs.shown.at(0).icon, BoxIcon::kInformation);
+  EXPECT_EQ(Rows().back(), "Added 39=-300");
+  EXPECT_EQ(vars.NextParameterClass, next + 1);
+  Add("1", "30", "Info");
+  EXPECT_EQ(At(vars.SystemParameters, 3).Parameter, 30) << "taken and hidden; what is no number is 0";
+  form.mnuAddParameter.OperatorClick();
+  EXPECT_EQ(edit.txtClass.Text() + edit.txtDescription.Text() + edit.txtValue.Text(), "");
+  edit.cmdDone.OperatorClick();
+  EXPECT_THAT(rig.Told(), ElementsAre(added, added));
+
+  form.mnuRemoveParameter.OperatorClick();
+  EXPECT_THAT(remove.lstParameter.Columns(),
+              ElementsAre("Class", "Parameter", "Description", "Value", "Index"));
+  EXPECT_THAT(remove.lstParameter.Rows(), ElementsAre(ElementsAre("1", "30", "Added 1", "0", "0"),
+                                                      ElementsAre("39", "39", "Added 39", "-300", "1")));
+  vars.ConfigSaved = true;
+  remove.Command2.OperatorClick();
+  EXPECT_TRUE(vars.ConfigSaved);
+  remove.lstParameter.OperatorSelect(1);
+  remove.Command2.OperatorClick();
+  EXPECT_EQ(remove.lstParameter.Selected(), 0);
+  EXPECT_FALSE(vars.ConfigSaved);
+  remove.Command2.OperatorClick();
+  EXPECT_EQ(remove.lstParameter.Selected(), -1);
+  EXPECT_THAT(rig.Told(), ElementsAre("Select a parameter to delete", "The Parameter entry has been deleted",
+                                      "The Parameter entry has been deleted"));
+  EXPECT_EQ(Rows(), before);
+  const int surplus = UBound(vars.SystemParameters) + 1;
+  EXPECT_EQ(form.lDesc(surplus).Caption(), "");
+  EXPECT_FALSE(form.lClass(surplus).Visible());
+}
+
+}  // namespace
+}  // namespace marlinset
