@@ -1,54 +1,49 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
+#include "link/interactive_mode.h"
 #include "tests/support/link_rig.h"
 
 namespace marlinset {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
+using Texts = std::vector<std::string>;
 
-/// The digits of the ticked entries of the port menu.
-std::string Ticked(const LinkRig& rig) {
-  const MenuItem* const items[] = {&rig.form.mnuCom1, &rig.form.mnuCom2, &rig.form.mnuCom3,
-                                   &rig.form.mnuCom4};
+/// The digits of the entries of the port menu that are ticked, or enabled.
+std::string Which(const LinkRig& rig, bool (MenuItem::*are)() const) {
   std::string digits;
-  for (const MenuItem* item : items) {
-    if (item->Checked()) digits += item->Name().back();
+  for (const MenuItem* item : {&rig.form.mnuCom1, &rig.form.mnuCom2, &rig.form.mnuCom3, &rig.form.mnuCom4}) {
+    if ((item->*are)()) digits += item->Name().back();
   }
   return digits;
 }
 
 struct PortCase {
-  const char* what;
   std::set<int> present;
+  std::vector<std::string> named;
   const char* remembered;
   const char* list;
-  const char* ticked;
-  int port;
+  const char* port;
 };
 
 TEST(Ports, ChooseTheRememberedOneOrTheFirst) {
   const PortCase kCases[] = {
-      {"first", {1, 3, 4}, nullptr, "134", "1", 1},  {"first, not 1", {2, 4}, nullptr, "24", "2", 2},
-      {"remembered", {1, 3, 4}, "4", "134", "4", 4}, {"remembered has gone", {3, 4}, "2", "34", "3", 3},
-      {"not a port", {2, 3}, "7", "23", "2", 2},     {"none", {}, "3", "", "1", 1},
-  };
+      {{1, 3, 4}, {}, "", "134", "1"},     {{1, 3, 4}, {}, "4", "134", "4"},
+      {{3, 4}, {}, "2", "34", "3"},        {{}, {}, "3", "", "1"},
+      {{1, 2, 3}, {"a"}, "2", "123", "1"}, {{1, 2, 3}, {"", "b", "c"}, "3", "123", "3"}};
   for (const PortCase& c : kCases) {
-    SCOPED_TRACE(c.what);
+    SCOPED_TRACE(c.list);
     LinkRig rig;
     rig.line.SetPorts(c.present);
-    if (c.remembered) rig.settings.SaveSetting("Comm", c.remembered);
+    if (*c.remembered) rig.settings.SaveSetting("Comm", c.remembered);
+    rig.ports.NamePorts(c.named);
     rig.ports.SetUpCom();
     EXPECT_EQ(rig.vars.PortList, c.list);
-    EXPECT_EQ(Ticked(rig), c.ticked);
-    EXPECT_EQ(rig.vars.ComPortNumber, c.port);
+    EXPECT_EQ(Which(rig, &MenuItem::Enabled), c.list);
+    EXPECT_EQ(Which(rig, &MenuItem::Checked), c.port);
+    EXPECT_EQ(std::to_string(rig.vars.ComPortNumber), c.port);
     EXPECT_FALSE(rig.line.PortOpen());
-    for (const int port : {1, 2, 3, 4}) {
-      EXPECT_EQ(rig.form.Find("mnuCom" + std::to_string(port))->Enabled(), c.present.contains(port));
-    }
   }
 }
 
@@ -59,7 +54,6 @@ TEST(Ports, OpenAndCloseAndShowIt) {
   rig.form.tInput.SetText("2,3,");
   rig.form.StatBar(1).SetText("Ack In");
   rig.form.bOpen.Press();
-  EXPECT_TRUE(rig.line.PortOpen());
   EXPECT_EQ(rig.line.CommPort(), 3);
   EXPECT_EQ(rig.form.tInput.Text(), "");
   EXPECT_EQ(rig.Panel(1), "");
@@ -68,106 +62,98 @@ TEST(Ports, OpenAndCloseAndShowIt) {
   rig.form.bOpen.Press();
   EXPECT_EQ(rig.Panel(2), "Port Open Already ");
   rig.form.bClose.Press();
-  EXPECT_FALSE(rig.line.PortOpen());
   EXPECT_EQ(rig.Panel(2), "Port Closed ");
-  EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
   EXPECT_EQ(rig.form.StatBar(3).Picture(), "Image2(2)");
   rig.form.bClose.Press();
   EXPECT_EQ(rig.Panel(2), "Port Closed Already ");
+  rig.Open();
+  rig.line.Vanish();
+  EXPECT_EQ(rig.Panel(2), "Offline");
 }
 
-void EnterInteractive(LinkRig& rig) {
-  rig.form.bOpen.Press();
-  rig.form.mnuInter.SetChecked(true);
-  rig.form.mnuOff.SetChecked(false);
-  for (MenuItem* model : {&rig.form.mnuHD7340, &rig.form.mnuHD7340Q}) model->SetEnabled(false);
-  rig.form.InterTime.SetEnabled(true);
-  rig.form.chPrev.SetValue(1);
-}
+const char* const kTimeout = "CTS Timeout Transfer aborted";
+const char* const kGone = "The device behind port 1 (unit1) is gone. The tool is off line.";
 
-void ExpectOffLine(const LinkRig& rig) {
-  EXPECT_FALSE(rig.line.PortOpen());
-  EXPECT_FALSE(rig.form.mnuInter.Checked());
-  EXPECT_TRUE(rig.form.mnuOff.Checked());
-  EXPECT_TRUE(rig.form.mnuHD7340.Enabled() && rig.form.mnuHD7340Q.Enabled());
-  EXPECT_FALSE(rig.form.InterTime.Enabled());
-  EXPECT_EQ(rig.form.chPrev.Value(), 0);
-  EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
-  EXPECT_TRUE(rig.form.bSConfig.Enabled());
-}
+/// A way off line.
+struct Loss {
+  void (*lose)(LinkRig& rig);
+  Texts panel2;  ///< each text with "+" while the port is open
+  bool enablesButtons;
+  Texts boxes;
+};
 
-TEST(Ports, LeaveInteractiveModeWhenTheLineGoes) {
-  struct Loss {
-    void (*lose)(LinkRig&);
-    const char* panel2;
-    const char* box;
-  };
+TEST(Ports, LeaveInteractiveModeBeforeTheyClose) {
   const Loss kLosses[] = {
-      {[](LinkRig& rig) { rig.form.bClose.Press(); }, "Port Closed ", nullptr},
-      {[](LinkRig& rig) { rig.line.RaiseEvent(kCommCtsTimeout); }, "Offline", "CTS Timeout Transfer aborted"},
-      {[](LinkRig& rig) { rig.line.Vanish(); }, "Offline", "The device behind port 1 (unit1) is gone."},
+      {[](LinkRig& rig) { LeaveInteractiveMode(rig.form); }, {"Offline+"}, false, {}},
+      {[](LinkRig& rig) { rig.form.bClose.Press(); }, {"Offline+", "Port Closed "}, false, {}},
+      {[](LinkRig& rig) { rig.form.mnuCom2.OperatorClick(); }, {"Offline+", "Port Closed "}, false, {}},
+      {[](LinkRig& rig) { rig.ports.ClosePort(); }, {"Offline+"}, true, {}},
+      {[](LinkRig& rig) { rig.line.RaiseEvent(kCommCtsTimeout); }, {"Offline+"}, true, {kTimeout}},
+      {[](LinkRig& rig) { rig.line.Vanish(); }, {"Offline"}, true, {kGone}},
   };
   for (const Loss& loss : kLosses) {
     LinkRig rig;
-    EnterInteractive(rig);
-    EnableLinkButtons(rig.form, loss.box == nullptr);
+    rig.form.bOpen.Press();
+    rig.form.mnuInter.SetChecked(true);
+    rig.form.mnuOff.SetChecked(false);
+    for (MenuItem* model : {&rig.form.mnuHD7340, &rig.form.mnuHD7340Q}) model->SetEnabled(false);
+    rig.form.InterTime.SetEnabled(true);
+    rig.form.chPrev.SetValue(1);
+    EnableLinkButtons(rig.form, false);
+    rig.line.RaiseEvent(kCommOverflow);
+    EXPECT_TRUE(rig.form.mnuInter.Checked()) << "other events of the line change nothing";
+    Texts texts;
+    rig.form.StatBar(2).Changed.Connect(
+        [&] { texts.push_back(rig.Panel(2) + (rig.line.PortOpen() ? "+" : "")); });
     loss.lose(rig);
-    ExpectOffLine(rig);
-    EXPECT_EQ(rig.Panel(2), loss.panel2);
-    if (loss.box) {
-      EXPECT_THAT(rig.dialogs.Texts(), ElementsAre(HasSubstr(loss.box)));
-    } else {
-      EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
-    }
+    EXPECT_EQ(texts, loss.panel2);
+    EXPECT_EQ(rig.dialogs.Texts(), loss.boxes);
+    EXPECT_EQ(rig.EnabledButtons(), loss.enablesButtons ? 6 : 0);
+    EXPECT_EQ(rig.line.PortOpen(), &loss == kLosses) << "the mode alone can be left, too";
+    EXPECT_TRUE(rig.form.mnuOff.Checked() && !rig.form.mnuInter.Checked());
+    EXPECT_TRUE(rig.form.mnuHD7340.Enabled() && rig.form.mnuHD7340Q.Enabled());
+    EXPECT_FALSE(rig.form.InterTime.Enabled());
+    EXPECT_EQ(rig.form.chPrev.Value(), 0);
+    EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
+    EXPECT_EQ(rig.form.StatBar(3).Picture(), "Image2(2)");
   }
 }
 
-TEST(Ports, IgnoreOtherEventsOfTheLine) {
-  LinkRig rig;
-  EnterInteractive(rig);
-  for (const int event : {kCommFraming, kCommOverflow, 1}) rig.line.RaiseEvent(event);
-  EXPECT_TRUE(rig.line.PortOpen());
-  EXPECT_TRUE(rig.form.mnuInter.Checked());
-  EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
+TEST(Ports, TellOnceWhyOneCannotBeOpened) {
+  for (const char* button : {"bOpen", "bGetID", "bSend", "bBroad", "bSConfig"}) {
+    SCOPED_TRACE(button);
+    LinkRig rig;
+    rig.line.RefuseOpen("/dev/ttyUSB0 is in use by another program.");
+    rig.form.pComBut.SetBackColor(kGreen);
+    dynamic_cast<Button*>(rig.form.Find(button))->Press();
+    EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("/dev/ttyUSB0 is in use by another program."));
+    EXPECT_EQ(rig.Panel(2), "Port Closed");
+    EXPECT_EQ(rig.Panel(3), "") << "nothing was sent";
+    EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
+    EXPECT_EQ(rig.EnabledButtons(), 6);
+  }
 }
 
-TEST(Ports, ChangeByTheMenu) {
+TEST(Ports, ChangeByTheMenuAlsoToDevicesThatComeLater) {
   LinkRig rig;
   rig.line.SetPorts({1, 2});
   rig.ports.SetUpCom();
+  rig.form.mnuCom1.OperatorClick();
+  EXPECT_FALSE(rig.settings.Has("Comm")) << "it was chosen already";
   rig.form.bOpen.Press();
-  rig.form.mnuCom2.OperatorClick();  // closes the port first
-  EXPECT_FALSE(rig.line.PortOpen());
-  EXPECT_EQ(Ticked(rig), "2");
-  EXPECT_EQ(rig.vars.ComPortNumber, 2);
-  EXPECT_EQ(rig.settings.GetSetting("Comm", ""), "2");
-
+  rig.line.SetPorts({4});
+  rig.ports.LookForDevices();
+  EXPECT_EQ(Which(rig, &MenuItem::Enabled), "124");
+  EXPECT_EQ(Which(rig, &MenuItem::Checked), "1") << "only the operator chooses";
+  rig.form.mnuCom4.OperatorClick();  // closes the port first
+  EXPECT_EQ(Which(rig, &MenuItem::Checked), "4");
+  EXPECT_EQ(rig.settings.GetSetting("Comm", ""), "4");
   rig.form.bOpen.Press();
+  EXPECT_EQ(rig.line.CommPort(), 4);
   rig.ports.SetComMenu(1, false);
   EXPECT_THAT(rig.dialogs.Texts(),
               ElementsAre("Close port before changing port allocations. Port change ignored."));
-  EXPECT_EQ(Ticked(rig), "2");
-  EXPECT_EQ(rig.vars.ComPortNumber, 2);
-}
-
-TEST(Ports, CanBeChosenWhenTheirDeviceComesLater) {
-  LinkRig rig;
-  rig.line.SetPorts({2});
-  rig.ports.SetUpCom();
-  EXPECT_FALSE(rig.form.mnuCom4.Enabled());
-  rig.line.SetPorts({4});
-  rig.ports.LookForDevices();
-  EXPECT_TRUE(rig.form.mnuCom4.Enabled() && rig.form.mnuCom2.Enabled() && !rig.form.mnuCom1.Enabled());
-  EXPECT_EQ(rig.vars.ComPortNumber, 2) << "only the operator chooses";
-  rig.form.mnuCom4.OperatorClick();
-  rig.form.bOpen.Press();
-  EXPECT_EQ(rig.line.CommPort(), 4);
-}
-
-TEST(Ports, LeaveTheTickedOneAsItIs) {
-  LinkRig rig;
-  rig.ports.SetComMenu(1, true);
-  EXPECT_FALSE(rig.settings.Has("Comm"));
+  EXPECT_EQ(Which(rig, &MenuItem::Checked), "4");
 }
 
 }  // namespace

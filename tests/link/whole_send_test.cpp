@@ -8,8 +8,13 @@
 namespace marlinset {
 namespace {
 
+using enum SendEnd;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using Texts = std::vector<std::string>;
+
+const char* const kSense = "15 0 52";
 
 /// When a message of the sequence goes out.
 enum class When { kAlways, kModelQ, kCharOn, kCharOff };
@@ -68,22 +73,27 @@ const Row kSequence[] = {
     {"2 8 34 1", "", "Char On error", When::kCharOn},
 };
 
-std::vector<Row> SequenceOf(bool modelQ, bool charOn) {
-  std::vector<Row> rows;
-  for (const Row& row : kSequence) {
-    const bool goes = row.when == When::kAlways || (row.when == When::kModelQ && modelQ) ||
-                      row.when == (charOn ? When::kCharOn : When::kCharOff);
-    if (goes) rows.push_back(row);
+/// The fields of the whole send from the query for the standard at its beginning to that at its end.
+struct Sequence {
+  explicit Sequence(bool modelQ = false, bool charOn = true) {
+    for (const Row& row : kSequence) {
+      const bool goes = row.when == When::kAlways || (row.when == When::kModelQ && modelQ) ||
+                        row.when == (charOn ? When::kCharOn : When::kCharOff);
+      if (!goes) continue;
+      rows.push_back(row);
+      fields.emplace_back(row.fields);
+    }
   }
-  return rows;
-}
+  Texts Framed() const {
+    Texts all{"15 0 53", kSense};
+    all.insert(all.end(), fields.begin(), fields.end());
+    all.emplace_back(kSense);
+    return all;
+  }
 
-std::vector<std::string> FieldsOf(const std::vector<Row>& rows) {
-  std::vector<std::string> fields;
-  fields.reserve(rows.size());
-  for (const Row& row : rows) fields.emplace_back(row.fields);
-  return fields;
-}
+  std::vector<Row> rows;
+  Texts fields;
+};
 
 /// Names of the controls that are yellow, without the traffic indicator.
 std::string Marked(const LinkRig& rig) {
@@ -95,55 +105,48 @@ std::string Marked(const LinkRig& rig) {
   return names;
 }
 
-std::vector<std::string> Framed(std::vector<std::string> sequence) {
-  sequence.insert(sequence.begin(), {"15 0 53", "15 0 52"});
-  sequence.emplace_back("15 0 52");
-  return sequence;
-}
-
 void ExpectIdle(const LinkRig& rig) {
   EXPECT_EQ(Marked(rig), "");
   EXPECT_EQ(rig.form.comVS.BackColor(), kWindowColor);
-  for (const Button* button : {&rig.form.bOpen, &rig.form.bSend, &rig.form.bClose, &rig.form.bGetID,
-                               &rig.form.bBroad, &rig.form.bSConfig}) {
-    EXPECT_TRUE(button->Enabled()) << button->Name();
-  }
+  EXPECT_EQ(rig.EnabledButtons(), 6);
   EXPECT_EQ(rig.form.InterTime.Enabled(), rig.form.mnuInter.Checked());
-  EXPECT_FALSE(rig.wholeSend.Running());
+  EXPECT_FALSE(rig.wholeSend.Running() || rig.form.tClearStat.Enabled());
 }
 
-struct ModelCase {
-  int model;
-  bool charOn;
-};
-
 TEST(WholeSend, SendsEverythingInTheUnitsOrder) {
-  for (const ModelCase& c : {ModelCase{kModelHd7340, true}, ModelCase{kModelHdSd7340, false},
-                             ModelCase{kModelHd7340Q, true}, ModelCase{kModelHd7340Q, false}}) {
-    LinkRig rig(c.model);
-    rig.form.mnuCharOn.SetChecked(c.charOn);
-    rig.form.mnuCharOff.SetChecked(!c.charOn);
-    std::vector<std::string> marks;
-    rig.commands.MessageSent.Connect([&](const SentMessage&) { marks.push_back(Marked(rig)); });
+  const std::pair<int, bool> kCases[] = {
+      {kModelHd7340, true}, {kModelHdSd7340, false}, {kModelHd7340Q, true}, {kModelHd7340Q, false}};
+  for (const auto& [model, charOn] : kCases) {
+    LinkRig rig(model);
+    rig.form.mnuCharOn.SetChecked(charOn);
+    rig.form.mnuCharOff.SetChecked(!charOn);
+    Texts marks;
+    Texts meanings;
+    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+      marks.push_back(Marked(rig));
+      meanings.push_back(message.meaning);
+      EXPECT_EQ(rig.EnabledButtons(), marks.size() == 1 ? 6 : 0) << "the identification is the button's own";
+    });
     EXPECT_TRUE(rig.form.bSConfig.OperatorClick());
 
-    const std::vector<Row> rows = SequenceOf(c.model == kModelHd7340Q, c.charOn);
-    EXPECT_EQ(rig.Sent(), Framed(FieldsOf(rows)));
-    std::vector<std::string> expectedMarks{"", "comVS"};
-    for (const Row& row : rows) expectedMarks.emplace_back(row.marks);
+    const Sequence sequence(model == kModelHd7340Q, charOn);
+    EXPECT_EQ(rig.Sent(), sequence.Framed());
+    Texts expectedMarks{"", "comVS"};
+    for (const Row& row : sequence.rows) expectedMarks.emplace_back(row.marks);
     expectedMarks.emplace_back("");
     EXPECT_EQ(marks, expectedMarks);
-
+    for (const char* meaning :
+         {"Parameter 2/7 'Display brightness' = 300", "VITC lines: 14/34 15/35 16/36",
+          "LTC, user bits: Film Data", "Window 1 'Video Timecode'", "Text message 'TAKE 3 É'",
+          "Slate duration: 300 frames", "Number of VITC lines: 2", "White flag line: 21"}) {
+      EXPECT_THAT(meanings, Contains(meaning));
+    }
     EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
     EXPECT_EQ(rig.Panel(3), "7340 Configuration Complete. ");
     EXPECT_EQ(rig.form.tWinMess.Text(), "TAKE 3 É");
-    EXPECT_EQ(rig.form.mnuCharOn.Checked(), c.charOn);
-    EXPECT_EQ(rig.wholeSend.Result().end, SendEnd::kComplete);
-    EXPECT_EQ(rig.wholeSend.Result().messages, static_cast<int>(rows.size()) + 3);
-    EXPECT_EQ(rig.wholeSend.Result().unacknowledged, 0);
-    for (const char* name : {"lDesc", "lName", "comTB", "ComWin"}) {
-      EXPECT_EQ(rig.form.Find(name, 0)->BackColor(), kWhite) << name;
-    }
+    EXPECT_EQ(rig.form.mnuCharOn.Checked(), charOn);
+    EXPECT_EQ(rig.wholeSend.Result().end, kComplete);
+    EXPECT_EQ(rig.wholeSend.Result().messages, static_cast<int>(marks.size()));
     ExpectIdle(rig);
   }
 }
@@ -151,26 +154,38 @@ TEST(WholeSend, SendsEverythingInTheUnitsOrder) {
 TEST(WholeSend, SendsWhatThePanelsSayInstead) {
   LinkRig rig;
   rig.form.mnuInter.SetChecked(true);
-  rig.form.mnuOff.SetChecked(false);
+  rig.form.InterTime.SetEnabled(true);
   for (CheckBox* box : {&rig.form.chVITC, &rig.form.chEnable}) box->SetValue(0);
   rig.form.chPrev.SetValue(1);
+  rig.form.lName(1).SetBackColor(kYellow);                              // highlighted by the operator
+  rig.vars.CharWindows.push_back({});                                   // without a row of controls,
+  rig.vars.SystemParameters.push_back({4, 1, "Without a row too", 6});  // which is sent nevertheless
+  std::optional<std::string> marked;
+  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+    if (message.meaning == "LTC, user bits: Film Data") rig.line.Unit().Faults().drop = 2;
+    if (message.meaning.ends_with("not highlighted")) marked = Marked(rig);
+    EXPECT_EQ(rig.form.InterTime.Enabled(), message.meaning == "Identification?");
+  });
   rig.form.bSConfig.OperatorClick();
 
-  std::vector<std::string> expected = FieldsOf(SequenceOf(false, true));
-  expected[11] = "1 5 47";
-  expected[12] = "1 5 57";
-  expected.erase(expected.begin() + 13);  // no line of a white flag that is off
-  *(expected.end() - 2) = "2 8 37 1";     // the preview
-  expected.emplace_back("2 8 37 1");      // and once more in interactive mode
-  EXPECT_EQ(rig.Sent(), Framed(expected));
-  EXPECT_TRUE(rig.form.InterTime.Enabled());
+  Sequence expected;
+  expected.fields[11] = "1 5 47";
+  expected.fields[12] = "1 5 57";
+  expected.fields.erase(expected.fields.begin() + 13);  // no line of a white flag that is off
+  expected.fields.insert(expected.fields.begin() + 2, "15 0 192 1 4 6 0 0 0");
+  *(expected.fields.end() - 2) = "2 8 37 1";  // the preview
+  expected.fields.emplace_back("2 8 37 1");   // and once more in interactive mode
+  EXPECT_EQ(rig.Sent(), expected.Framed());
+  EXPECT_EQ(marked, "") << "all names are white before the highlights are taken off";
+  EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("VITC Enable error 47", "White Flag Enable error 57"));
   ExpectIdle(rig);
 }
 
 TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
-  const std::vector<Row> rows = SequenceOf(true, true);
-  for (std::size_t lost = 0; lost < rows.size(); ++lost) {
-    SCOPED_TRACE(std::to_string(lost) + ": " + rows[lost].fields);
+  const Sequence sequence(true);
+  for (std::size_t lost = 0; lost < sequence.rows.size(); ++lost) {
+    const Row& row = sequence.rows[lost];
+    SCOPED_TRACE(std::to_string(lost) + ": " + row.fields);
     LinkRig rig(kModelHd7340Q);
     std::size_t sent = 0;
     rig.commands.MessageSent.Connect([&](const SentMessage& message) {
@@ -180,191 +195,111 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
     rig.form.bSConfig.OperatorClick();
 
     // An inserter that did not go off is not switched on again.
-    std::vector<std::string> expected = FieldsOf(rows);
-    const bool inserter = expected[lost].starts_with("2 8 34") && lost + 1 < rows.size();
+    Sequence expected = sequence;
+    const bool inserter = row.when == When::kCharOn && lost + 1 < sequence.rows.size();
     std::size_t index = 0;
-    std::erase_if(expected, [&](const std::string& fields) {
+    std::erase_if(expected.fields, [&](const std::string& fields) {
       return index++ > lost && inserter && fields.starts_with("2 8 34");
     });
-    EXPECT_EQ(rig.Sent(), Framed(expected));
-    const std::string failure = rows[lost].failure;
-    EXPECT_EQ(rig.dialogs.Texts(),
-              failure.empty() ? std::vector<std::string>{} : std::vector<std::string>{failure});
-    EXPECT_EQ(rig.pump.Now(), rows[lost].waitMs);
+    EXPECT_EQ(rig.Sent(), expected.Framed());
+    EXPECT_EQ(rig.dialogs.Texts(), Texts(*row.failure == 0 ? 0 : 1, row.failure));
+    EXPECT_EQ(rig.pump.Now(), row.waitMs);
     EXPECT_EQ(rig.form.dPause.Interval(), 100);
     EXPECT_EQ(rig.form.mnuCharOn.Checked(), !inserter);
-    EXPECT_FALSE(rig.form.mnuCharOff.Checked());
-    EXPECT_EQ(rig.wholeSend.Result().end, SendEnd::kComplete);
     EXPECT_EQ(rig.wholeSend.Result().unacknowledged, 1);
     ExpectIdle(rig);
   }
 }
 
-TEST(WholeSend, KeepsTheOtherSendersAwayWhileItRuns) {
-  LinkRig rig;
-  rig.form.mnuInter.SetChecked(true);
-  rig.form.InterTime.SetEnabled(true);
-  rig.form.lName(1).SetBackColor(kYellow);  // highlighted by the operator
-  std::size_t sent = 0;
-  bool windows = false;
-  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
-    if (++sent == 1) return;  // the identification is the button's own
-    EXPECT_FALSE(rig.form.InterTime.Enabled());
-    for (const Button* button : {&rig.form.bOpen, &rig.form.bSend, &rig.form.bClose, &rig.form.bGetID,
-                                 &rig.form.bBroad, &rig.form.bSConfig}) {
-      EXPECT_FALSE(button->Enabled()) << button->Name();
-    }
-    if (windows || std::string_view(message.command) != "cmdWindow") return;
-    windows = true;
-    EXPECT_EQ(Marked(rig), "") << "all names are white before the highlights are taken off";
-  });
-  rig.form.bSConfig.OperatorClick();
-  EXPECT_TRUE(windows);
-  ExpectIdle(rig);
-}
+const char* const kSilent = "Video Standard not detected. Verify communications.";
+const char* const kChange = "Video Standard will be changed!";
+const char* const kMismatch = "Video Standard Mismatch, Switch to Manual Mode?";
+const char* const kAdvice = "Change Input Source Video, or select the appropriate Video Standard.";
+const char* const kManual = "15 0 192 0 0 1 0 0 0";
 
-TEST(WholeSend, GivesTheAcknowledgementsTheTimeThatTheyHadBefore) {
-  for (const int interval : {100, 250, 10000}) {
-    LinkRig rig;
-    rig.Open();
-    rig.form.dPause.SetInterval(interval);
-    rig.wholeSend.SendConfiguration();
-    EXPECT_EQ(rig.form.dPause.Interval(), interval);
-    EXPECT_EQ(rig.wholeSend.Result().end, SendEnd::kComplete);
-  }
-}
-
-TEST(WholeSend, TakesAnEditThatComesBeforeTheControlsTurn) {
-  LinkRig rig;
-  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
-    if (message.meaning.starts_with("VITC lines: ")) {
-      rig.form.tWinMess.SetText("roll 4");
-      rig.form.chVITC.SetValue(0);
-      SelectText(rig.form.comTB(0), "Film Data");
-      SelectText(rig.form.ComWin(0), "Crop");
-    }
-  });
-  rig.form.bSConfig.OperatorClick();
-  std::vector<std::string> expected = FieldsOf(SequenceOf(false, true));
-  std::replace(expected.begin(), expected.end(), std::string("2 8 43 5"), std::string("2 8 43 6"));
-  std::replace(expected.begin(), expected.end(), std::string("2 8 40 14 84 65 75 69 32 51 32 201"),
-               std::string("2 8 40 14 82 79 76 76 32 52"));
-  EXPECT_EQ(rig.Sent(), Framed(expected)) << "the others are not sent again";
-}
-
-TEST(WholeSend, DescribesEachMessage) {
-  LinkRig rig(kModelHd7340Q);
-  std::vector<std::string> meanings;
-  rig.commands.MessageSent.Connect([&](const SentMessage& message) { meanings.push_back(message.meaning); });
-  rig.form.bSConfig.OperatorClick();
-  for (const char* meaning : {"Parameter 2/7 'Display brightness' = 300", "VITC lines: 14/34 15/35 16/36",
-                              "LTC, user bits: Film Data", "Window 1 'Video Timecode'",
-                              "Text message 'TAKE 3 É'", "Slate duration: 300 frames"}) {
-    EXPECT_THAT(meanings, testing::Contains(meaning));
-  }
-}
-
-/// Something that happens when the first of the routing messages has gone out.
-struct Incident {
-  const char* what;
-  void (*happen)(LinkRig& rig);
-  std::size_t goOut;  ///< messages of the sequence that still reach the line
-  std::vector<std::string> boxes;
+/// A unit that sees 1080i/60 and a configuration for another standard: what the operator is asked and what
+/// goes out before the sequence.
+struct StandardCase {
+  const char* configuration;
+  bool byCommand;  ///< the unit takes its standard by command, not from its input
+  bool agreed;
   SendEnd end;
+  Texts boxes;
+  Texts sent;
 };
 
-std::vector<std::string> WithRepeats(std::vector<std::string> first, std::size_t count,
-                                     const std::string& repeated, const char* last) {
-  first.insert(first.end(), count, repeated);
-  first.emplace_back(last);
-  return first;
-}
-
-TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
-  constexpr std::size_t kBefore = 4;
-  const std::string closed = "Open Com Port before sending cmmands.";
-  const char* const silent = "Video Standard not detected. Verify communications.";
-  const std::size_t all = SequenceOf(false, true).size();
-  const Incident kIncidents[] = {
-      {"another click on Send Setup",
-       [](LinkRig& rig) { rig.form.bSConfig.Press(); },
-       all,
-       {},
-       SendEnd::kComplete},
-      {"another call", [](LinkRig& rig) { rig.wholeSend.SendConfiguration(); }, all, {}, SendEnd::kComplete},
-      {"the port is closed", [](LinkRig& rig) { rig.form.bClose.Press(); }, kBefore,
-       WithRepeats({}, all - kBefore + 1, closed, silent), SendEnd::kNotConfirmed},
-      {"the program ends", [](LinkRig& rig) { rig.pump.End(); }, kBefore, {}, SendEnd::kStopped},
-      {"told to stop",
-       [](LinkRig& rig) { rig.wholeSend.stopRequested = [] { return true; }; },
-       kBefore,
-       {},
-       SendEnd::kStopped},
-      {"a value does not fit its byte",
-       [](LinkRig& rig) { rig.vars.CodeSources[1].GenNumber = rig.vars.CodeSources[3].GenNumber = 256; },
-       10,
-       {"6  Overflow"},
-       SendEnd::kFailed},
-      {"a parameter's row has gone",
-       [](LinkRig& rig) { rig.form.lDesc.Unload(2); },
-       all,
-       {},
-       SendEnd::kComplete},
+TEST(WholeSend, BringsTheStandardsOfUnitAndConfigurationTogether) {
+  const StandardCase kCases[] = {
+      {"525i/60", true, false, kRefused, {kChange}, {}},
+      {"525i/60", true, true, kComplete, {kChange}, {"15 0 36 6", kSense}},
+      {"720p/60", true, true, kNoCode, {kChange}, {}},
+      {"2160p", true, true, kNoCode, {kChange}, {}},
+      {"", true, true, kNoCode, {kChange}, {}},
+      {"525i/60", false, false, kRefused, {kMismatch, kAdvice}, {}},
+      {"525i/60", false, true, kComplete, {kMismatch}, {kManual, "15 0 36 6", kSense}},
+      {"720p/60", false, true, kComplete, {kMismatch}, {kManual, "15 0 36 8", kSense}},
+      {"2160p", false, true, kNoCode, {kMismatch}, {kManual}},
   };
-  for (const Incident& c : kIncidents) {
-    SCOPED_TRACE(c.what);
+  for (const StandardCase& c : kCases) {
+    SCOPED_TRACE(std::string(c.configuration) + " " + c.boxes.back());
     LinkRig rig;
-    std::size_t sent = 0;
-    rig.commands.MessageSent.Connect([&](const SentMessage&) {
-      if (++sent == kBefore + 2) c.happen(rig);
-    });
+    rig.line.Unit().SetManual(c.byCommand);
+    SelectText(rig.form.comVS, c.configuration);
+    rig.dialogs.answers = {c.agreed ? BoxAnswer::kYes : BoxAnswer::kNo};
     rig.form.bSConfig.OperatorClick();
-    std::vector<std::string> expected = FieldsOf(SequenceOf(false, true));
-    expected.resize(c.goOut);
-    expected = Framed(std::move(expected));
-    if (c.goOut < all) expected.pop_back();
-    EXPECT_EQ(rig.Sent(), expected);
     EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
+    EXPECT_EQ(rig.Panel(3) == "Changed to Manual Mode", c.end == kNoCode && !c.byCommand);
     EXPECT_EQ(rig.wholeSend.Result().end, c.end);
+    Texts expected = Sequence().Framed();
+    expected.insert(expected.begin() + 2, c.sent.begin(), c.sent.end());
+    if (c.end != kComplete) expected.resize(2 + c.sent.size());
+    EXPECT_EQ(rig.Sent(), expected);
     ExpectIdle(rig);
   }
 }
 
-TEST(WholeSend, PassesOverWindowsWithoutARow) {
-  LinkRig rig;
-  rig.vars.CharWindows.push_back({});
-  rig.vars.SystemParameters.push_back({4, 1, "Without a row", 6});
-  rig.form.bSConfig.OperatorClick();
-  std::vector<std::string> expected = FieldsOf(SequenceOf(false, true));
-  expected.insert(expected.begin() + 2, "15 0 192 1 4 6 0 0 0");
-  EXPECT_EQ(rig.Sent(), Framed(expected));
-  EXPECT_EQ(rig.wholeSend.Result().end, SendEnd::kComplete);
-}
+/// Something that happens when `after` messages have gone out, the identification being the first.
+struct Incident {
+  std::size_t after;
+  void (*happen)(LinkRig& rig);
+  std::size_t goOut;  ///< messages that reach the line
+  SendEnd end;
+  Texts boxes;
+};
 
-TEST(WholeSend, TellsWhenTheUnitDoesNotAnswerAtTheEnd) {
-  LinkRig rig;
-  std::size_t sent = 0;
-  rig.commands.MessageSent.Connect([&](const SentMessage&) {
-    if (++sent == SequenceOf(false, true).size() + 2) rig.line.Unit().Faults().mute = true;
-  });
-  rig.form.bSConfig.OperatorClick();
-  EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("Video Standard not detected. Verify communications."));
-  EXPECT_EQ(rig.wholeSend.Result().end, SendEnd::kNotConfirmed);
-  ExpectIdle(rig);
-}
-
-TEST(WholeSend, GivesTheStatusBarItsWholeTime) {
-  LinkRig rig;
-  int cleared = 0;
-  rig.form.tClearStat.OnTick([&] { ++cleared; });
-  rig.form.tClearStat.SetEnabled(true);
-  rig.pump.Pass(9000);
-  rig.form.bSConfig.OperatorClick();
-  rig.pump.Pass(9000);
-  EXPECT_EQ(cleared, 0);
-  rig.form.tClearStat.SetEnabled(false);
-  rig.form.bSConfig.OperatorClick();
-  EXPECT_FALSE(rig.form.tClearStat.Enabled());
+TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
+  const Texts framed = Sequence().Framed();
+  Texts refused(framed.size() - 6, "Open Com Port before sending cmmands.");
+  refused.emplace_back(kSilent);
+  const std::size_t all = framed.size();
+  const Incident kIncidents[] = {
+      {0, [](LinkRig& rig) { rig.line.SetPorts({}); }, 0, kPortClosed, {"There is no such device."}},
+      {0, [](LinkRig& rig) { rig.line.Unit().SetStandard(0); }, 2, kNotDetected, {kSilent}},
+      {1, [](LinkRig& rig) { rig.wholeSend.stopRequested = [] { return true; }; }, 1, kStopped, {}},
+      {6, [](LinkRig& rig) { rig.form.bSConfig.Press(); }, all, kComplete, {}},
+      {6, [](LinkRig& rig) { rig.form.lDesc.Unload(2); }, all, kComplete, {}},
+      {6, [](LinkRig& rig) { rig.form.bClose.Press(); }, 6, kNotConfirmed, refused},
+      {6, [](LinkRig& rig) { rig.pump.End(); }, 6, kStopped, {}},
+      {6, [](LinkRig& rig) { rig.wholeSend.stopRequested = [] { return true; }; }, 6, kStopped, {}},
+      {6, [](LinkRig& rig) { rig.vars.CodeSources[3].GenNumber = 256; }, 12, kFailed, {"6  Overflow"}},
+  };
+  for (const Incident& c : kIncidents) {
+    SCOPED_TRACE(&c - kIncidents);
+    LinkRig rig;
+    std::size_t sent = 0;
+    rig.commands.MessageSent.Connect([&](const SentMessage&) {
+      if (++sent == c.after) c.happen(rig);
+    });
+    if (c.after == 0) c.happen(rig);
+    rig.form.bSConfig.OperatorClick();
+    Texts expected = framed;
+    expected.resize(c.goOut);
+    EXPECT_EQ(rig.Sent(), expected);
+    EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
+    EXPECT_EQ(rig.wholeSend.Result().end, c.end);
+    EXPECT_EQ(rig.wholeSend.Result().unacknowledged > 1, c.end == kNotConfirmed) << "refused: no answer";
+    ExpectIdle(rig);
+  }
 }
 
 }  // namespace

@@ -52,6 +52,15 @@ struct LinkRigOn {
     line.ClearSent();
   }
   const std::string& Panel(int number) const { return form.StatBar(number).Text(); }
+  /// How many of the link's six buttons can be pressed.
+  int EnabledButtons() const {
+    int count = 0;
+    for (const Button* button :
+         {&form.bOpen, &form.bSend, &form.bClose, &form.bGetID, &form.bBroad, &form.bSConfig}) {
+      count += button->Enabled() ? 1 : 0;
+    }
+    return count;
+  }
 
   /// Bytes from the unit, now and in one piece, whatever they are.
   void Receive(const Bytes& bytes) {
