@@ -5,17 +5,15 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
-#include <memory>
+#include <QWheelEvent>
 
+#include "gui/fields.h"
 #include "gui/look.h"
 #include "tests/gui/form_fixture.h"
 
@@ -23,76 +21,55 @@ namespace marlinset {
 namespace {
 
 using testing::ElementsAre;
+using BindingsTest = FormTest;
 
-class BindingsTest : public FormTest {
- protected:
-  QWidget window_;
-};
-
-TEST_F(BindingsTest, FlagsToolTipAndNameFollowTheControl) {
-  auto* widget = new QPushButton(&window_);
-  Bind(*widget, form_.bSConfig).SetDisabledReason("sending");
-  EXPECT_EQ(widget->objectName(), "bSConfig");
-  EXPECT_EQ(widget->text(), "Send Setup");
-  form_.bSConfig.SetToolTip("all of it");
-  EXPECT_EQ(widget->toolTip(), "all of it");
-  form_.bSConfig.SetEnabled(false);
-  EXPECT_FALSE(widget->isEnabled());
-  EXPECT_EQ(widget->toolTip(), "sending");
-  form_.bSConfig.SetVisible(false);
-  EXPECT_TRUE(widget->isHidden());
-  form_.bSConfig.SetVisible(true);
-  EXPECT_FALSE(widget->isHidden());
+TEST_F(BindingsTest, AButtonShowsItsControlAndClicksItWhileItTakesClicks) {
+  QPushButton widget;
+  Bind(widget, form_.bSConfig).SetDisabledReason("sending");
+  int clicks = 0;
+  form_.bSConfig.OnClick([&] { ++clicks; });
   form_.bSConfig.SetCaption("A & B");
-  EXPECT_EQ(widget->text(), "A && B") << "an ampersand is a letter, no mnemonic";
-}
-
-TEST_F(BindingsTest, AMarkIsReadableAndLeavesTheNeighboursAlone) {
-  auto* marked = new QCheckBox(&window_);
-  auto* other = new QCheckBox(&window_);
-  Bind(*marked, form_.chVITC);
-  Bind(*other, form_.chDups);
-  const QPalette normal = marked->palette();
-  form_.chVITC.SetBackColor(kYellow);
-  const QColor ground = marked->palette().color(QPalette::Window);
-  EXPECT_GT(ground.red(), 200);
-  EXPECT_GT(ground.green(), 200);
-  EXPECT_LT(ground.blue(), 100);
-  EXPECT_GE(Contrast(ground, marked->palette().color(QPalette::WindowText)), 4.5);
-  EXPECT_EQ(other->palette(), normal);
-  for (const Color back : {kWhite, kWindowColor}) {
-    form_.chVITC.SetBackColor(kYellow);
-    form_.chVITC.SetBackColor(back);
-    EXPECT_EQ(marked->palette(), normal) << back;
+  form_.bSConfig.SetToolTip("all of it");
+  EXPECT_EQ(widget.text(), "A && B") << "an ampersand is a letter, no mnemonic";
+  EXPECT_EQ(widget.toolTip(), "all of it");
+  widget.click();
+  form_.bSConfig.SetEnabled(false);
+  widget.click();
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(widget.toolTip(), "sending");
+  for (const bool visible : {false, true}) {
+    form_.bSConfig.SetVisible(visible);
+    EXPECT_EQ(widget.isHidden(), !visible);
   }
 }
 
-TEST_F(BindingsTest, ButtonClicksReachTheControlOnceAndOnlyWhenItTakesThem) {
-  int clicks = 0;
-  form_.bOpen.OnClick([&] { ++clicks; });
-  auto* widget = new QPushButton(&window_);
-  Bind(*widget, form_.bOpen);
-  widget->click();
-  EXPECT_EQ(clicks, 1);
-  form_.bOpen.SetEnabled(false);
-  widget->click();
-  EXPECT_EQ(clicks, 1);
+TEST_F(BindingsTest, AMarkIsReadableAndGoesAgain) {
+  QCheckBox widget;
+  Bind(widget, form_.chVITC);
+  const QPalette normal = widget.palette();
+  for (const Color back : {kWhite, kWindowColor}) {
+    form_.chVITC.SetBackColor(kYellow);
+    const QColor ground = widget.palette().color(QPalette::Window);
+    EXPECT_TRUE(ground.red() > 200 && ground.green() > 200 && ground.blue() < 100) << "yellow";
+    EXPECT_GE(Contrast(ground, widget.palette().color(QPalette::WindowText)), 4.5);
+    form_.chVITC.SetBackColor(back);
+    EXPECT_EQ(widget.palette(), normal);
+  }
 }
 
-TEST_F(BindingsTest, CheckBoxShowsTheModelAlsoWhenTheRuleRefusesTheTick) {
-  auto* widget = new QCheckBox(&window_);
-  Bind(*widget, form_.chDups);
+TEST_F(BindingsTest, ACheckBoxShowsTheModelAlsoWhenTheRuleRefusesTheTick) {
+  QCheckBox widget;
+  Bind(widget, form_.chDups);
   int clicks = 0;
   form_.chDups.OnClick([&] { ++clicks; });
   form_.chDups.SetValue(1);
-  EXPECT_TRUE(widget->isChecked());
+  EXPECT_TRUE(widget.isChecked());
   EXPECT_EQ(clicks, 1) << "painting the tick is no second click";
-  QTest::keyClick(widget, Qt::Key_Space);
+  QTest::keyClick(&widget, Qt::Key_Space);
   EXPECT_EQ(form_.chDups.Value(), 0);
   form_.chDups.OnClick([&] { form_.chDups.SetValue(0); });
-  widget->click();
-  EXPECT_EQ(form_.chDups.Value(), 0);
-  EXPECT_FALSE(widget->isChecked());
+  widget.click();
+  EXPECT_FALSE(widget.isChecked());
 }
 
 TEST_F(BindingsTest, OptionsFollowTheirChoice) {
@@ -101,23 +78,16 @@ TEST_F(BindingsTest, OptionsFollowTheirChoice) {
     widgets.push_back(new QRadioButton(&window_));
     Bind(*widgets.back(), form_.oVITC(i));
   }
-  std::vector<int> clicked;
-  form_.oVITC.OnClick([&](int index) { clicked.push_back(index); });
-  const auto ticks = [&] {
-    return std::vector<bool>{widgets[0]->isChecked(), widgets[1]->isChecked(), widgets[2]->isChecked()};
-  };
-  EXPECT_THAT(ticks(), ElementsAre(true, false, false));
   widgets[2]->click();
   EXPECT_EQ(form_.vitcModes.Selected(), 2);
-  form_.oVITC(1).SetValue(true);
-  EXPECT_THAT(ticks(), ElementsAre(false, true, false));
-  widgets[1]->click();
-  form_.oVITC(1).SetValue(false);
-  EXPECT_THAT(ticks(), ElementsAre(false, false, false)) << "none is a state, too";
-  EXPECT_THAT(clicked, ElementsAre(2, 1));
+  for (const bool chosen : {true, false}) {
+    form_.oVITC(1).SetValue(chosen);
+    EXPECT_EQ(widgets[1]->isChecked(), chosen) << "none is a state, too";
+    EXPECT_FALSE(widgets[2]->isChecked());
+  }
 }
 
-TEST_F(BindingsTest, MenuEntryTicksWhatTheModelTicks) {
+TEST_F(BindingsTest, AMenuEntryTicksWhatTheModelTicks) {
   QMenu menu;
   QAction* action = menu.addAction(QString());
   action->setCheckable(true);
@@ -130,76 +100,137 @@ TEST_F(BindingsTest, MenuEntryTicksWhatTheModelTicks) {
   EXPECT_EQ(clicks, 1);
   EXPECT_FALSE(action->isChecked()) << "the handler did not tick it";
   form_.mnuCom2.SetChecked(true);
+  form_.mnuCom2.SetEnabled(false);
   EXPECT_TRUE(action->isChecked());
+  EXPECT_FALSE(action->isEnabled());
   device = "/dev/c";
   emit menu.aboutToShow();
   EXPECT_EQ(action->text(), "Com &2 /dev/c");
-  form_.mnuCom2.SetEnabled(false);
-  EXPECT_FALSE(action->isEnabled());
 }
 
 TEST_F(BindingsTest, EachKeystrokeIsAChangeAndTheCursorStays) {
-  auto* widget = new QLineEdit(&window_);
-  Bind(*widget, form_.tWinMess);
+  QLineEdit widget;
+  Bind(widget, form_.tWinMess);
   std::vector<std::string> texts;
   form_.tWinMess.OnChange([&] { texts.push_back(form_.tWinMess.Text()); });
-  QTest::keyClicks(widget, "AC");
-  widget->setCursorPosition(1);
-  QTest::keyClicks(widget, "B");
+  QTest::keyClicks(&widget, "AC");
+  widget.setCursorPosition(1);
+  QTest::keyClicks(&widget, "B");
   EXPECT_THAT(texts, ElementsAre("A", "AC", "ABC"));
   form_.tWinMess.SetText("abc");
-  EXPECT_EQ(widget->text(), "abc");
-  EXPECT_EQ(widget->cursorPosition(), 2);
-}
+  EXPECT_EQ(widget.text(), "abc");
+  EXPECT_EQ(widget.cursorPosition(), 2);
 
-TEST_F(BindingsTest, LogGrowsShrinksAndTakesNoKeys) {
-  auto* widget = new QPlainTextEdit(&window_);
-  Bind(*widget, form_.tInput);
-  EXPECT_TRUE(widget->isHidden());
+  QPlainTextEdit log;
+  Bind(log, form_.tInput);
   for (const char* text : {"2,", "2,3,F,", "", "4,"}) {
     form_.tInput.SetText(text);
-    EXPECT_EQ(widget->toPlainText(), text);
+    EXPECT_EQ(log.toPlainText(), text) << "it grows and starts again";
   }
-  QTest::keyClicks(widget, "x");
-  EXPECT_EQ(form_.tInput.Text(), "4,");
 }
 
-TEST_F(BindingsTest, HoverAndLeaveReachTheControl) {
-  auto* label = new QLabel(&window_);
-  Bind(*label, form_.lName(0));
-  std::vector<int> hovered;
-  int onSheet = 0;
-  form_.lName.OnMouseMove([&](int index) { hovered.push_back(index); });
-  form_.pWinIn.OnMouseMove([&] { ++onSheet; });
-  auto* sheet = new Binding(window_, form_.pWinIn);
-  sheet->Show();
-  QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), QPointF(1, 1), Qt::NoButton, Qt::NoButton,
-                   Qt::NoModifier);
-  QApplication::sendEvent(label, &move);
-  EXPECT_THAT(hovered, testing::Contains(0));
-  EXPECT_EQ(onSheet, 0) << "the sheet below is another surface";
-}
-
-TEST_F(BindingsTest, AWidgetOutlivesItsControlAndStaysDeaf) {
+TEST_F(BindingsTest, WidgetAndControlOutliveEachOther) {
   form_.chOnOff.Load(1).SetVisible(true);
   auto* row = new QWidget(&window_);
-  auto* widget = new QCheckBox(row);
+  const QPointer<QCheckBox> widget(new QCheckBox(row));
   Bind(*widget, form_.chOnOff(1));
   form_.chOnOff.Unloading.Connect([&](int) { Binding::Retire(*row); });
-  const QPointer<QCheckBox> alive(widget);
   form_.chOnOff.Unload(1);
-  ASSERT_TRUE(alive) << "it may stand in the middle of its own click";
+  ASSERT_TRUE(widget) << "it may stand in the middle of its own click";
   widget->click();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_FALSE(alive);
+  EXPECT_FALSE(widget);
+
+  Bind(*std::make_unique<QCheckBox>(), form_.chSync);
+  form_.chSync.SetValue(1);
 }
 
-TEST_F(BindingsTest, AControlOutlivesItsWidget) {
-  auto widget = std::make_unique<QCheckBox>();
-  Bind(*widget, form_.chSync);
-  widget.reset();
-  form_.chSync.SetValue(1);
-  EXPECT_EQ(form_.chSync.Value(), 1);
+void TurnWheel(QWidget& widget) {
+  QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&widget, &wheel);
+}
+
+class FieldsTest : public FormTest {
+ protected:
+  FieldsTest() {
+    for (const char* entry : {"NTSC", "PAL", "1080i/60"}) form_.comVS.AddItem(entry);
+    form_.comVS.SetListIndex(0);
+    form_.comVS.OnClick([this] { chosen_.push_back(form_.comVS.ListIndex()); });
+    // The lines of a picture: up goes to the lower number.
+    form_.UpDown1.SetMin(20);
+    form_.UpDown1.SetMax(10);
+    form_.UpDown1.SetValue(15);
+    form_.UpDown1.OnMoved(
+        [this](int) { form_.tLineNumber(0).SetText(std::to_string(form_.UpDown1.Value())); });
+    form_.UpDown1.OnChange([this] { lines_.push_back(form_.UpDown1.Value()); });
+    form_.UpDown1.Announce();
+    Show(window_);
+    lines_.clear();
+  }
+
+  std::vector<int> chosen_;
+  std::vector<int> lines_;
+  ComboField combo_{form_.comVS, 10, &window_};
+  SpinField spin_{form_.UpDown1, form_.tLineNumber(0), &window_};
+};
+
+TEST_F(FieldsTest, AComboFollowsItsListAndChoosesWithoutStrayKeys) {
+  form_.comVS.SetListIndex(2);
+  EXPECT_EQ(combo_.currentText(), "1080i/60");
+  combo_.setFocus();
+  QTest::keyClick(&combo_, Qt::Key_Up);
+  EXPECT_EQ(form_.comVS.Text(), "PAL");
+  QTest::keyClicks(&combo_, "N1");
+  EXPECT_THAT(chosen_, ElementsAre(2, 1)) << "a letter never goes on air";
+  form_.comVS.Clear();
+  form_.comVS.AddItem("525i/60");
+  EXPECT_EQ(combo_.currentIndex(), -1) << "a list alone selects nothing";
+  form_.comVS.OperatorType("72");
+  EXPECT_EQ(combo_.placeholderText(), "72") << "what a rule let stand is shown though no entry has it";
+}
+
+TEST_F(FieldsTest, StepsStopAtTheLimitsAndTheWheelTurnsOnlyWhatHasTheFocus) {
+  spin_.setFocus();
+  TurnWheel(combo_);
+  EXPECT_THAT(chosen_, ElementsAre());
+  TurnWheel(spin_);
+  EXPECT_THAT(lines_, ElementsAre(16)) << "down goes to Min, the highest line";
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Up}) QTest::keyClick(&spin_, key);
+  combo_.setFocus();
+  TurnWheel(spin_);
+  TurnWheel(combo_);
+  EXPECT_THAT(lines_, ElementsAre(16, 15, 14, 13, 12, 11, 10));
+  EXPECT_THAT(chosen_, ElementsAre(1));
+}
+
+TEST_F(FieldsTest, ATypedNumberCountsOnceItIsComplete) {
+  Enter(spin_, "1x", Qt::Key_8);
+  form_.tLineNumber(0).SetBackColor(kYellow);
+  EXPECT_EQ(spin_.text(), "18") << "a mark leaves half a number alone";
+  EXPECT_THAT(lines_, ElementsAre());
+  QTest::keyClick(&spin_, Qt::Key_Return);
+  Enter(spin_, "12", Qt::Key_Escape);
+  EXPECT_EQ(spin_.text(), "18");
+  QTest::keyClick(&spin_, Qt::Key_Return);
+  Enter(spin_, "99", Qt::Key_Return);
+  EXPECT_THAT(lines_, ElementsAre(18, 20)) << "kept inside the limits";
+  EXPECT_EQ(spin_.text(), "20");
+}
+
+TEST_F(FieldsTest, TheEchoHasTheLastWordAndTheRadix) {
+  SpinControl& value = form_.udVal(0);
+  value.SetMin(-70000);
+  value.SetMax(70000);
+  SpinField spin(value, form_.tVal(0), &window_);
+  spin.SetRadix([] { return 16; });
+  form_.tVal(0).SetText("1F");
+  spin.show();
+  for (const auto& [typed, expected] : {std::pair{"ff", 255}, std::pair{"FFFFFFFE", -2}}) {
+    Enter(spin, typed, Qt::Key_Return);
+    EXPECT_EQ(value.Value(), expected);
+    EXPECT_EQ(spin.text(), "1F") << "no rule wrote another echo";
+  }
 }
 
 }  // namespace

@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QWidget>
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
 
 #include "core/frm_start.h"
+#include "gui/main_window.h"
 #include "platform/guard.h"
 #include "platform/virtual_pump.h"
 #include "tests/support/fake_dialogs.h"
@@ -16,17 +19,78 @@ namespace marlinset {
 class FormTest : public testing::Test {
  protected:
   /// The widget of a control, by its name, as a person who automates the window would look it up.
-  template <class W>
-  static W& Widget(const QWidget& in, const char* name) {
-    W* found = in.findChild<W*>(QString::fromLatin1(name));
-    if (!found) throw std::logic_error(std::string("no widget ") + name);
+  template <class W = QWidget>
+  static W& Widget(const QObject& in, const std::string& name) {
+    W* found = in.findChild<W*>(QString::fromStdString(name));
+    if (!found) throw std::logic_error("no widget " + name);
     return *found;
+  }
+  static void Show(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+  }
+  /// Types into a field in place of what stands there.
+  static void Enter(QWidget& field, const char* text, Qt::Key last) {
+    field.setFocus();
+    QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&field, text);
+    QTest::keyClick(&field, last);
+  }
+  static void Leave(QWidget& field, std::initializer_list<Qt::FocusReason> reasons) {
+    for (const Qt::FocusReason reason : reasons) {
+      QFocusEvent out(QEvent::FocusOut, reason);
+      QApplication::sendEvent(&field, &out);
+    }
+  }
+  /// Does `act`, which closes it, to the window that `show` brings up over all others.
+  static void AtDialog(const std::function<void()>& show, const std::function<void(QWidget&)>& act) {
+    bool seen = false;
+    QTimer::singleShot(0, [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      if (!dialog) return;
+      act(*dialog);
+      seen = !dialog->isVisible();
+      dialog->close();
+    });
+    show();
+    EXPECT_TRUE(seen);
   }
 
   FakeDialogs dialogs_;
   Guard guard_{dialogs_};
   VirtualPump pump_;
   FrmStart form_{pump_, guard_};
+  QWidget window_;
+};
+
+/// The whole window, with two character windows and two parameters; a third of each is hidden.
+class MainWindowTest : public FormTest {
+ protected:
+  MainWindowTest() {
+    form_.ForWindowRow([](auto& array) { array(0).SetVisible(false); });
+    for (const int row : {2, 1}) {
+      form_.ForWindowRow([row](auto& array) { array.Load(row).SetVisible(true); });
+      form_.lName(row).SetCaption("Window " + std::to_string(row));
+      form_.lClass.Load(row).SetVisible(true);
+      form_.lParam.Load(row).SetCaption(std::to_string(row));
+      form_.lDesc.Load(row).SetCaption("Gain " + std::to_string(row));
+      form_.tVal.Load(row).SetText("7");
+      form_.udVal.Load(row).SetMax(100);
+      form_.udVal(row).SetVisible(true);
+    }
+    form_.lClass(0).SetVisible(false);
+  }
+  void Open(MainWindow& window, Frame FrmStart::*panel) {
+    for (const auto other : kPanels) (form_.*other).SetVisible(other == panel);
+    form_.SetVisible(true);
+    window.resize(1400, 900);  // room for all, so that nothing scrolls
+    Show(window);
+  }
+
+  static constexpr Frame FrmStart::*kPanels[] = {&FrmStart::fCodes, &FrmStart::fOutputs, &FrmStart::fWindows,
+                                                 &FrmStart::fParameters, &FrmStart::fDownConverter};
 };
 
 }  // namespace marlinset

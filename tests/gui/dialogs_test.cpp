@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include <QLabel>
+#include <QMessageBox>
+#include <QPrintPreviewWidget>
+#include <QPushButton>
+
+#include "gui/about_window.h"
+#include "gui/qt_dialogs.h"
+#include "gui/qt_form_printer.h"
+#include "platform/qt/sheet_painter.h"
+#include "tests/gui/form_fixture.h"
+#include "tests/support/fake_printer.h"
+
+namespace marlinset {
+namespace {
+
+using DialogsTest = FormTest;
+
+TEST_F(DialogsTest, BoxesAnswerSafelyByEscAndByDefault) {
+  QtDialogs dialogs;
+  const std::tuple<BoxButtons, Qt::Key, BoxAnswer> cases[] = {
+      {BoxButtons::kYesNo, Qt::Key_Escape, BoxAnswer::kNo},
+      {BoxButtons::kYesNo, Qt::Key_Return, BoxAnswer::kNo},
+      {BoxButtons::kYesNo, Qt::Key_Space, BoxAnswer::kYes},
+      {BoxButtons::kOkCancel, Qt::Key_Escape, BoxAnswer::kCancel},
+      {BoxButtons::kOkCancel, Qt::Key_Return, BoxAnswer::kCancel},
+      {BoxButtons::kOk, Qt::Key_Escape, BoxAnswer::kOk}};
+  for (const auto& [buttons, key, answer] : cases) {
+    const MessageBox box{.text = "Char <b>On</b> error", .buttons = buttons, .remedy = "Look."};
+    AtDialog([&] { EXPECT_EQ(dialogs.Show(box), answer); },
+             [&](QWidget& window) {
+               auto& shown = dynamic_cast<QMessageBox&>(window);
+               EXPECT_EQ(shown.text() + shown.informativeText(), "Char <b>On</b> errorLook.");
+               QTest::keyClick(answer == BoxAnswer::kYes ? shown.button(QMessageBox::Yes) : &window, key);
+             });
+  }
+}
+
+TEST_F(DialogsTest, AWindowFollowsItsFormUntilEitherCloses) {
+  FrmAbout about(guard_);
+  about.lblVersion.SetCaption("Release 1.2.3");
+  about.cmdOK.OnClick([&] { about.SetVisible(false); });
+  int asked = 0;
+  about.cmdSysInfo.OnClick([&] { ++asked; });
+  QtDialogs dialogs;
+  dialogs.AddWindow(about, [&](Form&, QWidget* parent) { return MakeAboutWindow(about, parent); });
+  for (const bool byButton : {true, false}) {
+    AtDialog([&] { dialogs.ShowModal(about); },
+             [&](QWidget& window) {
+               EXPECT_TRUE(about.Visible());
+               EXPECT_EQ(Widget<QLabel>(window, "lblVersion").text(), "Release 1.2.3");
+               QTest::mouseClick(&Widget(window, "cmdSysInfo"), Qt::LeftButton);
+               if (byButton) return QTest::mouseClick(&Widget(window, "cmdOK"), Qt::LeftButton);
+               QTest::keyClick(&window, Qt::Key_Escape);
+             });
+    EXPECT_FALSE(about.Visible());
+  }
+  EXPECT_EQ(asked, 2);
+}
+
+TEST_F(DialogsTest, ThePreviewShowsEverySheetOfTheJob) {
+  FakePrinter documents;
+  QtFormPrinter printer(documents, {.layout = RecordLayout, .paint = PaintForms});
+  const auto job = printer.Begin({.target = PrintTarget::kPreview, .title = "t", .file = ""});
+  PrintItem text;
+  text.width = kSheetWidth;
+  text.height = 5;
+  text.text = "Word";
+  job->PrintForm({{{text}, {text}}});
+  job->PrintForm({{{text}}});
+  AtDialog([&] { job->Finish(); },
+           [](QWidget& window) {
+             EXPECT_EQ(window.findChild<QPrintPreviewWidget*>()->pageCount(), 3);
+             window.close();
+           });
+  printer.Begin({.target = PrintTarget::kFile, .title = "t", .file = "/x.pdf"});
+  EXPECT_EQ(documents.jobs.at(0).request.file, "/x.pdf");
+}
+
+}  // namespace
+}  // namespace marlinset
