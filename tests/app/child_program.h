@@ -1,49 +1,122 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <sys/types.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <stdio.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <nlohmann/json.hpp>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace marlinset {
 
-/// One of the programs, running. Every wait has a limit far beyond what the slowest machine needs; what does
-/// not come in time is an empty text or -1.
+using json = nlohmann::ordered_json;
+
+/// One of the programs, running. What does not come leaves a test to the limit of its whole run.
 class ChildProgram {
  public:
-  ChildProgram(const char* program, const std::vector<std::string>& options);
-  ~ChildProgram();
+  ChildProgram(const char* program, std::vector<std::string> options) {
+    options.insert(options.begin(), program);
+    std::vector<char*> arguments;
+    for (std::string& word : options) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    int pipes[3][2];
+    for (auto& ends : pipes) {
+      if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+    }
+    process_ = fork();
+    if (process_ == 0) {
+      for (const int stream : {0, 1, 2}) dup2(pipes[stream][stream == 0 ? 0 : 1], stream);
+      execv(program, arguments.data());
+      _exit(127);
+    }
+    close(pipes[0][0]);
+    for (const int stream : {1, 2}) close(pipes[stream][1]);
+    input_ = pipes[0][1];
+    output_ = fdopen(pipes[1][0], "r");
+    errors_ = fdopen(pipes[2][0], "r");
+  }
+  ~ChildProgram() {
+    End();
+    fclose(output_);
+    fclose(errors_);
+  }
   ChildProgram(const ChildProgram&) = delete;
   ChildProgram& operator=(const ChildProgram&) = delete;
 
   /// Writes a line to its standard input.
-  void Tell(const std::string& line) const;
-  /// The next line of its standard output, of its standard error.
-  std::string ReadLine() { return NextLine(output_, outputText_); }
-  std::string ReadDiagnostic() { return NextLine(errors_, errorText_); }
+  void Tell(const std::string& line) const { dprintf(input_, "%s\n", line.c_str()); }
+  /// The next line of its standard output, of its standard error; empty at the end.
+  std::string ReadLine() { return NextLine(output_); }
+  std::string ReadDiagnostic() { return NextLine(errors_); }
   /// What Ctrl-C does.
-  void Interrupt() const;
+  void Interrupt() const { kill(process_, SIGINT); }
   /// Ends its standard input; returns its exit status, -1 when a signal ended it.
-  int End();
+  int End() {
+    if (process_ < 0) return -1;
+    close(input_);
+    int status = 0;
+    waitpid(std::exchange(process_, -1), &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
 
  private:
-  static std::string NextLine(int descriptor, std::string& text);
+  static std::string NextLine(FILE* stream) {
+    std::string line;
+    for (int letter = 0; (letter = getc(stream)) != EOF && letter != '\n';) line += static_cast<char>(letter);
+    return line;
+  }
 
-  pid_t process_ = -1;
-  int input_ = -1;
-  int output_ = -1;
-  int errors_ = -1;
-  std::string outputText_;
-  std::string errorText_;
+  pid_t process_;
+  int input_;
+  FILE* output_;
+  FILE* errors_;
 };
 
 struct UnitProgram : ChildProgram {
   explicit UnitProgram(const std::vector<std::string>& options) : ChildProgram(UNIT_PROGRAM, options) {}
+  /// What the unit answers once it has taken the line.
+  std::string State(const std::string& line) {
+    Tell(line + "\nstate");
+    return ReadLine();
+  }
 };
 
 struct CliProgram : ChildProgram {
   explicit CliProgram(const std::vector<std::string>& options) : ChildProgram(CLI_PROGRAM, options) {}
+};
+
+/// A script; a part of an answer is compared as JSON.
+struct Script : CliProgram {
+  explicit Script(std::vector<std::string> options) : CliProgram(WithAction(std::move(options))) {
+    start = json::parse(ReadLine(), nullptr, false);
+  }
+  json Answer(const std::string& line) {
+    Tell(line);
+    return json::parse(ReadLine(), nullptr, false);
+  }
+  /// Runs actions. Each answer holds what stands beside it; without a word it is only well.
+  void Expect(const std::vector<std::pair<std::string, std::string>>& lines) {
+    for (const auto& [line, part] : lines) {
+      const json answer = Answer(line);
+      json expected = answer;
+      expected.merge_patch(json::parse(part.empty() ? R"({"ok":true})" : part));
+      EXPECT_EQ(answer, expected) << line;
+    }
+  }
+  json start;
+
+ private:
+  static std::vector<std::string> WithAction(std::vector<std::string> options) {
+    options.insert(options.begin(), "script");
+    return options;
+  }
 };
 
 }  // namespace marlinset

@@ -9,9 +9,6 @@
 #include "files/panel_document.h"
 #include "files/qcf_listing.h"
 #include "link/replies.h"
-#include "tests/storm/hands.h"
-#include "tests/storm/unit_and_panels.h"
-#include "tests/storm/weather.h"
 #include "tests/storm/world.h"
 
 namespace marlinset {
@@ -104,13 +101,13 @@ class Storm {
           return Time();
         case 2:
         case 3:
-          return weather_.Change();
+          return ChangeWeather(world_);
         case 4:
-          return hands_.UseFiles();
+          return UseFiles(world_);
         case 5:
-          return hands_.UseLink();
+          return UseLink(world_);
         default:
-          return hands_.Operate();
+          return Operate(world_);
       }
     });
   }
@@ -119,8 +116,8 @@ class Storm {
   /// else.
   void Later() {
     rig_.pump.At(rig_.pump.Now() + world_.Pick(world_.OneIn(2) ? 60 : 20000), [this] {
-      if (world_.OneIn(2)) return weather_.Change();
-      if (!rig_.dialogs.Standing() && !Ended()) hands_.Operate();
+      if (world_.OneIn(2)) return ChangeWeather(world_);
+      if (!rig_.dialogs.Standing() && !Ended()) Operate(world_);
     });
   }
 
@@ -196,7 +193,7 @@ class Storm {
   /// sent.
   void Mend() {
     world_.Trace("mend");
-    weather_.Mend();
+    MendWeather(world_);
     rig_.line.SetPace(0);
     rig_.line.Unit().SetVideo(true);
     rig_.files.room.reset();
@@ -273,8 +270,6 @@ class Storm {
 
   World world_;
   ToolRig& rig_ = world_.rig;
-  Weather weather_{world_};
-  Hands hands_{world_};
   StormReport report_;
   int watched_ = 0;
   bool mending_ = false;

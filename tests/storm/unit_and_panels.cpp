@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/storm/unit_and_panels.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -9,6 +7,7 @@
 #include "app/tool.h"
 #include "link/command_table.h"
 #include "platform/text.h"
+#include "tests/storm/world.h"
 #include "unit/unit_memory.h"
 
 namespace marlinset {

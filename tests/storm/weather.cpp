@@ -1,65 +1,65 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/storm/weather.h"
-
 #include <functional>
 
 #include "link/frame.h"
 #include "tests/storm/world.h"
 
 namespace marlinset {
+namespace {
 
-void Weather::Change() {
-  UnitLine& line = world_.rig.line;
+/// Bytes that no unit sends, or a sound frame with any content.
+void Noise(World& world) {
+  Bytes bytes(static_cast<std::size_t>(1 + world.Pick(24)));
+  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(world.Pick(world.OneIn(2) ? 256 : 8));
+  world.rig.line.Inject(world.OneIn(2) ? bytes : EncodeFrame(bytes), world.rig.pump.Now() + world.Pick(50));
+}
+
+}  // namespace
+
+void ChangeWeather(World& world) {
+  UnitLine& line = world.rig.line;
   UnitModel& unit = line.Unit();
   UnitFaults& faults = unit.Faults();
-  const LineTime now = std::chrono::milliseconds{world_.rig.pump.Now()};
+  const LineTime now = std::chrono::milliseconds{world.rig.pump.Now()};
   const struct {
     const char* name;
     std::function<void()> change;
   } changes[] = {
-      {"lost answers", [&] { faults.drop += world_.Pick(4); }},
-      {"refused settings", [&] { faults.nak += world_.Pick(4); }},
-      {"damaged answers", [&] { faults.corrupt += world_.Pick(3); }},
-      {"doubled answers", [&] { faults.twice += world_.Pick(4); }},
+      {"lost answers", [&] { faults.drop += world.Pick(4); }},
+      {"refused settings", [&] { faults.nak += world.Pick(4); }},
+      {"damaged answers", [&] { faults.corrupt += world.Pick(3); }},
+      {"doubled answers", [&] { faults.twice += world.Pick(4); }},
       {"late answers",
-       [&] { faults.lateAcks = std::chrono::milliseconds{world_.OneIn(2) ? 0 : world_.Pick(300)}; }},
+       [&] { faults.lateAcks = std::chrono::milliseconds{world.OneIn(2) ? 0 : world.Pick(300)}; }},
       {"late frames",
-       [&] { faults.lateFrames = std::chrono::milliseconds{world_.OneIn(2) ? 0 : world_.Pick(300)}; }},
-      {"silence", [&] { faults.mute = world_.OneIn(2); }},
-      {"pieces", [&] { faults.pieceBytes = static_cast<std::size_t>(world_.Pick(4)); }},
-      {"local mode", [&] { unit.SetLocal(world_.OneIn(2)); }},
-      {"standard", [&] { unit.SetStandard(world_.Pick(10)); }},
-      {"manual selection", [&] { unit.SetManual(world_.OneIn(2)); }},
-      {"video", [&] { unit.SetVideo(world_.OneIn(2)); }},
+       [&] { faults.lateFrames = std::chrono::milliseconds{world.OneIn(2) ? 0 : world.Pick(300)}; }},
+      {"silence", [&] { faults.mute = world.OneIn(2); }},
+      {"pieces", [&] { faults.pieceBytes = static_cast<std::size_t>(world.Pick(4)); }},
+      {"local mode", [&] { unit.SetLocal(world.OneIn(2)); }},
+      {"standard", [&] { unit.SetStandard(world.Pick(10)); }},
+      {"manual selection", [&] { unit.SetManual(world.OneIn(2)); }},
+      {"video", [&] { unit.SetVideo(world.OneIn(2)); }},
       {"broadcast", [&] { unit.StartBroadcast(now); }},
-      {"flood", [&] { unit.Flood(static_cast<std::size_t>(world_.Pick(3000)), now); }},
-      {"noise", [&] { Noise(); }},
-      {"event", [&] { line.RaiseEvent(world_.Pick(1012)); }},
+      {"flood", [&] { unit.Flood(static_cast<std::size_t>(world.Pick(3000)), now); }},
+      {"noise", [&] { Noise(world); }},
+      {"event", [&] { line.RaiseEvent(world.Pick(1012)); }},
       {"unplugged", [&] { line.Vanish(); }},
-      {"no permission", [&] { line.RefuseOpen(world_.OneIn(2) ? "Permission denied" : ""); }},
-      {"pace", [&] { line.SetPace(world_.OneIn(2) ? 57600 : 0); }},
-      {"mended", [&] { Mend(); }},
+      {"no permission", [&] { line.RefuseOpen(world.OneIn(2) ? "Permission denied" : ""); }},
+      {"pace", [&] { line.SetPace(world.OneIn(2) ? 57600 : 0); }},
+      {"mended", [&] { MendWeather(world); }},
   };
-  const auto& one = world_.PickOf(changes);
-  world_.Trace(one.name);
+  const auto& one = world.PickOf(changes);
+  world.Trace(one.name);
   one.change();
   line.Settle();
 }
 
-/// Bytes that no unit sends, or a sound frame with any content.
-void Weather::Noise() {
-  Bytes bytes(static_cast<std::size_t>(1 + world_.Pick(24)));
-  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(world_.Pick(world_.OneIn(2) ? 256 : 8));
-  world_.rig.line.Inject(world_.OneIn(2) ? bytes : EncodeFrame(bytes),
-                         world_.rig.pump.Now() + world_.Pick(50));
-}
-
-void Weather::Mend() {
-  UnitModel& unit = world_.rig.line.Unit();
+void MendWeather(World& world) {
+  UnitModel& unit = world.rig.line.Unit();
   unit.Faults() = {};
   unit.SetLocal(false);
-  world_.rig.line.RefuseOpen("");
-  world_.rig.line.Return();
+  world.rig.line.RefuseOpen("");
+  world.rig.line.Return();
 }
 
 }  // namespace marlinset

@@ -54,4 +54,22 @@ class World {
   ToolRig rig;
 };
 
+/// What happens to line and unit: replies lost, late, doubled, damaged or in pieces, noise, floods, local
+/// mode, another standard, the cable pulled out.
+void ChangeWeather(World& world);
+/// The line is sound again, the unit listens.
+void MendWeather(World& world);
+
+/// An operator does any action on any control of the window that is open on top, whatever state it is in.
+void Operate(World& world);
+/// A button or entry of a menu that the link hangs on.
+void UseLink(World& world);
+/// A file command; dialogs are answered with files that are there, damaged, empty or nowhere. The disk may
+/// be full.
+void UseFiles(World& world);
+
+/// Where the unit does not hold what the panels show, after a whole send of which every message was
+/// acknowledged. Empty when it holds all of it.
+std::vector<std::string> DifferencesToUnit(const Tool& tool, const UnitMemory& unit);
+
 }  // namespace marlinset
