@@ -27,11 +27,7 @@ struct ToolRig {
   }
 
   const std::string& Panel(int number) const { return tool.form.StatBar(number).Text(); }
-  std::vector<std::string> Boxes() const {
-    std::vector<std::string> texts;
-    for (const MessageBox& box : dialogs.shown) texts.push_back(box.text);
-    return texts;
-  }
+  std::vector<std::string> Boxes() const { return dialogs.Texts(); }
 
   VirtualPump pump;
   UnitLine line;

@@ -35,7 +35,6 @@ void UnitLine::Open() {
   if (!refusal_.empty()) throw RuntimeError(kErrPort, refusal_);
   if (gone_ || !ports_.contains(port_)) throw RuntimeError(kErrPort, "There is no such device.");
   open_ = true;
-  ++openings_;
   ++session_;
 }
 

@@ -47,8 +47,6 @@ class UnitLine : public MSComm {
   /// What the tool wrote since the last ClearSent, one element an Output.
   const std::vector<Bytes>& Sent() const { return sent_; }
   void ClearSent() { sent_.clear(); }
-  /// How often the port was opened with success.
-  int Openings() const { return openings_; }
 
   int CommPort() const override { return port_; }
   void SetCommPort(int port) override { port_ = port; }
@@ -87,7 +85,6 @@ class UnitLine : public MSComm {
   bool gone_ = false;
   bool open_ = false;
   int port_ = 1;
-  int openings_ = 0;
   int event_ = 0;
   std::size_t outgoing_ = 0;
   std::deque<std::uint8_t> input_;
