@@ -28,7 +28,6 @@ const Arrival kArrivals[] = {
     {"frame", "02 04 0F 00 34 04 B5", "-", "Video Present "},
     {"wrong checksum", "02 04 0F 00 34 04 B4", "-", "Checksum Error"},
     {"one byte short", "02 04 0F 00 34 04", "-", "Mode Switched to Select"},
-    {"mark and length", "02 04", "-", "Mode Switched to Select"},
     {"two frames together", "02 03 0F 00 02 EC 02 03 0F 00 02 EC", "-", "Mode Switched to Select"},
     {"lone start mark", "02", "-", "Buff Over", kYellow},
     {"too short for its decoder", "02 03 0F 00 35 B9", "-", "Buff Over", kYellow},

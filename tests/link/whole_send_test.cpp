@@ -144,7 +144,6 @@ TEST(WholeSend, SendsEverythingInTheUnitsOrder) {
     EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
     EXPECT_EQ(rig.Panel(3), "7340 Configuration Complete. ");
     EXPECT_EQ(rig.form.tWinMess.Text(), "TAKE 3 É");
-    EXPECT_EQ(rig.form.mnuCharOn.Checked(), charOn);
     EXPECT_EQ(rig.wholeSend.Result().end, kComplete);
     EXPECT_EQ(rig.wholeSend.Result().messages, static_cast<int>(marks.size()));
     ExpectIdle(rig);
@@ -187,6 +186,8 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
     const Row& row = sequence.rows[lost];
     SCOPED_TRACE(std::to_string(lost) + ": " + row.fields);
     LinkRig rig(kModelHd7340Q);
+    bool red = false;
+    rig.form.pComBut.Changed.Connect([&] { red = red || rig.form.pComBut.BackColor() == kRed; });
     std::size_t sent = 0;
     rig.commands.MessageSent.Connect([&](const SentMessage& message) {
       EXPECT_EQ(message.acknowledged, sent != lost + 2);
@@ -206,6 +207,7 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
     EXPECT_EQ(rig.pump.Now(), row.waitMs);
     EXPECT_EQ(rig.form.dPause.Interval(), 100);
     EXPECT_EQ(rig.form.mnuCharOn.Checked(), !inserter);
+    EXPECT_EQ(red, inserter);
     EXPECT_EQ(rig.wholeSend.Result().unacknowledged, 1);
     ExpectIdle(rig);
   }
