@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QTableView>
 #include <map>
 #include <set>
@@ -135,6 +136,52 @@ TEST_F(HandsTest, OneConfigurationCanBeDropped) {
     QCoreApplication::processEvents();
   }
   EXPECT_THAT(opened, ElementsAre("/shows/Evening News.QCF"));
+}
+
+/// Names the widgets of a window that are painted beyond one place of it.
+class PaintWatch : public QObject {
+ public:
+  explicit PaintWatch(const QWidget& place)
+      : window_(*place.window()), place_(place.mapTo(place.window(), QPoint()), place.size()) {
+    qApp->installEventFilter(this);
+  }
+  int inside = 0;
+  std::vector<std::string> outside;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (!widget || event->type() != QEvent::Paint || widget->window() != &window_) return false;
+    const QRect painted = static_cast<QPaintEvent*>(event)->rect();
+    if (place_.contains(painted.translated(widget->mapTo(&window_, QPoint())))) {
+      ++inside;
+    } else {
+      outside.push_back(widget->objectName().toStdString());
+    }
+    return false;
+  }
+
+ private:
+  const QWidget& window_;
+  const QRect place_;
+};
+
+TEST_F(HandsTest, AMarkRepaintsItsOwnControlOnly) {
+  MainWindow window(form_);
+  const std::pair<Frame FrmStart::*, std::vector<Control*>> cases[] = {
+      {&FrmStart::fOutputs, {&form_.comTB(1), &form_.upVitc1(1), &form_.comVS}},
+      {&FrmStart::fWindows, {&form_.ComWin(2), &form_.lName(1), &form_.tWinMess}}};
+  for (const auto& [panel, controls] : cases) {
+    Open(window, panel);
+    for (Control* control : controls) {
+      SCOPED_TRACE(control->FullName());
+      const PaintWatch watch(Widget(window, control->FullName()));
+      control->SetBackColor(kYellow);
+      QCoreApplication::processEvents();
+      EXPECT_GT(watch.inside, 0);
+      EXPECT_THAT(watch.outside, IsEmpty());
+    }
+  }
 }
 
 }  // namespace
