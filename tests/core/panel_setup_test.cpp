@@ -88,6 +88,9 @@ TEST(PanelSetup, ANewBringsTheDefaultsOfEveryModeAndStandard) {
     const FrmStart& form = rig.tool.form;
     for (int i = 0; i < form.comVS.ListCount(); ++i) {
       rig.tool.form.comVS.OperatorSelect(i);
+      for (const auto* boxes : {&form.chSlate, &form.chOnOff, &form.chField, &form.chSym, &form.chDblSize}) {
+        for (const int row : form.lName.Indices()) (*boxes)(row).SetValue(1);
+      }
       rig.tool.panels.SetDefaults();
       SCOPED_TRACE(std::string(mode) + ", " + form.comVS.Text());
       ExpectRouting(rig.tool.variables, form);
@@ -107,7 +110,7 @@ TEST(PanelSetup, ANewBringsTheDefaultsOfEveryModeAndStandard) {
 
 TEST(PanelSetup, ANewLeavesWhatItDoesNotKnowAndClearsTheRest) {
   ToolRig rig;
-  ASSERT_TRUE(rig.tool.Start(""));
+  ASSERT_TRUE(rig.tool.Start("TEST"));
   FrmStart& form = rig.tool.form;
   EXPECT_THAT((std::vector{form.ComDownConv(1).ListIndex(), form.ComDownConv(2).ListIndex()}),
               ElementsAre(9, 9));
@@ -126,6 +129,7 @@ TEST(PanelSetup, ANewLeavesWhatItDoesNotKnowAndClearsTheRest) {
   rig.tool.panels.SetDefaults();
   for (const ComboBox* box : kept) EXPECT_EQ(box->ListIndex(), 1) << box->FullName();
   for (const ComboBox* box : refilled) EXPECT_EQ(box->ListIndex(), 0) << box->FullName();
+  EXPECT_EQ(form.ComWin(2).ListCount(), UBound(rig.tool.variables.CharStyles)) << "one is not offered";
   for (const CheckBox* box : ticks) EXPECT_EQ(box->Value(), 0) << box->Name();
   EXPECT_FALSE(form.mnuCharOn.Checked());
   EXPECT_EQ(form.udVal(5).Value(), 77);
@@ -147,7 +151,7 @@ TEST(PanelSetup, DownconvertShowsSevenWindowsAndSwitchesTheOthersOff) {
            {"chSlate", "chOnOff", "chField", "chSym", "chDblSize", "tVert", "udVer", "tHor", "udHor"}) {
         EXPECT_EQ(form.Find(name, row)->Visible(), visible) << name << row;
       }
-      EXPECT_EQ(form.tVert(row).Enabled() && form.tHor(row).Enabled(), visible);
+      EXPECT_TRUE(form.tVert(row).Enabled() == visible && form.tHor(row).Enabled() == visible);
       EXPECT_TRUE(visible || form.chOnOff(row).Value() + form.chSlate(row).Value() == 0) << row;
     }
     EXPECT_EQ(shown, mode.empty() ? "Video Timecode,Video User Bits,Text,PullDown,Debug,Debug2,Debug3," : "");
@@ -195,6 +199,8 @@ TEST(PanelSetup, TheLastRowOfAStandardGivesTheLines) {
   rig.tool.panels.SetDefaults();
   EXPECT_THAT(line(0), ElementsAre(100, 101, 103));
   EXPECT_THAT(vars.VitcLineDefault, ElementsAre(102, 102, 104, 104, 107, 108)) << "sets the first line only";
+  form.comVS.SetListIndex(1);
+  EXPECT_LT(line(7)[1], 100) << "pulled, and shown so";
 }
 
 }  // namespace

@@ -66,7 +66,6 @@ TEST_F(Loading, BringsAFileOfVersionTwoToThePanels) {
   EXPECT_EQ(Load(Sample(2)), ReadEnd::kLoaded);
   EXPECT_EQ(dialogs.shown.back().icon, BoxIcon::kInformation);
   EXPECT_THAT(TakeBoxes(), ElementsAre(kNewWindows, kExtraParameters, kNewParameters));
-  EXPECT_EQ(vars.OperatingMode, "Multi-Camera Episodic");
   EXPECT_TRUE(form.mnuCharOff.Checked() && !form.mnuCharOn.Checked());
   ExpectWholePanels();
   std::vector<std::string> differing;
@@ -78,9 +77,7 @@ TEST_F(Loading, BringsAFileOfVersionTwoToThePanels) {
                                      "system parameters / 2.9 / Class", "system parameters / 2.9 / Parameter",
                                      "system parameters / 2.9 / Description",
                                      "system parameters / 2.9 / Value", "system parameters / 25.1 / Value"));
-  EXPECT_EQ(Parameter(25, 1), 21);
   EXPECT_EQ(Parameter(2, 0), 8) << "of the database";
-  EXPECT_EQ(vars.NextParameterClass, UBound(vars.SystemParameters));
   const auto shown = std::count_if(vars.SystemParameters.begin(), vars.SystemParameters.end(),
                                    [](const auto& row) { return row.Class != 1 && row.Class != 25; });
   EXPECT_EQ(form.VScroll2.Max(), (shown - 16) * 255) << "the last row can be scrolled to";
@@ -110,6 +107,7 @@ TEST_F(Loading, OfParametersWithOneDescriptionTheFirstGivesTheValue) {
 TEST_F(Loading, CarriesAFileOfVersionOneForward) {
   ComboBox* const newer[] = {&form.ComWin(4), &form.ComDownConv(1), &form.ComDownConv(2)};
   for (ComboBox* box : newer) box->SetListIndex(2);
+  const int last = UBound(vars.SystemParameters);
   FileBytes bytes = Sample(1);
   EXPECT_EQ(Load(bytes), ReadEnd::kLoaded);
   EXPECT_THAT(TakeBoxes(),
@@ -127,7 +125,9 @@ TEST_F(Loading, CarriesAFileOfVersionOneForward) {
       << "the duplicates' box has lined the first three up";
   EXPECT_EQ(form.UpDown1.Value(), 255);
   EXPECT_TRUE(Window("Scene and Take").DoubleHeight) << "from the database";
+  EXPECT_TRUE(form.chField(0).On() && form.chSym(0).On() && !form.chSlate(0).On() && !form.chOnOff(0).On());
   EXPECT_EQ(Parameter(2, 0), 266);
+  EXPECT_EQ(vars.NextParameterClass, last) << "with the database's others";
   ExpectWholePanels();
   // A single line leaves the others as they come: outside the range, 10 to 20, each goes to its other end.
   bytes[Behind(bytes, "1080i/60")] = 1;
@@ -283,7 +283,6 @@ TEST_F(Loading, OpenNamesTheFileEvenWhenItCouldNotBeRead) {
   files.refuseFolders = true;  // the dialog opens where it can then
   tool.configurationFile.LoadConfig();
   EXPECT_THAT(TakeBoxes(), IsEmpty());
-  EXPECT_EQ(Panel(4), "File empty Loaded ");
   EXPECT_EQ(WriteDocument(DocumentOfPanels(vars, form)), before);
 
   fileDialog.choices = {Write("odd.name.qcf", {1, 2, 3})};

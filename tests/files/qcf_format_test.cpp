@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "files/qcf_identification.h"
 #include "files/qcf_listing.h"
 #include "files/qcf_reader.h"
 #include "files/qcf_writer.h"
@@ -101,6 +102,14 @@ TEST(QcfFormat, AParameterIsReadInAnotherWayThanWritten) {
     EXPECT_EQ(ShownParameterValue(StoredParameterValue(value)), value);
     EXPECT_EQ(StoredOfShown(value), StoredParameterValue(value));
   }
+}
+
+TEST(QcfFormat, NamesWhoWroteTheFile) {
+  const auto items = IdentificationItems(OwnIdentification());
+  ASSERT_TRUE(items);
+  EXPECT_EQ(std::get<std::string>(items->back().content), MARLINSET_VERSION);
+  EXPECT_EQ(IdentificationOf(*items), OwnIdentification());
+  EXPECT_EQ(ListingOf(ReadDocument(Sample(2)))[0].text, "7340");
 }
 
 TEST(QcfFormat, ComparesByNameWhereverAWindowStands) {

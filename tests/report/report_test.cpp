@@ -85,20 +85,19 @@ TEST_F(Printing, EveryValueStandsInItsPlace) {
   EXPECT_EQ(rig_.printer.jobs.at(0).request.title, form.Caption());
   const PrintedForm& page = rig_.printer.jobs.at(0).forms.at(0);
   ExpectNothingOverlaps(page.sheets.front());
-  EXPECT_THAT(
-      Text(page),
-      StartsWith(
-          form.Caption() +
-          "|21/11/2026 14:30|Page 1 of 2|Video Standard:|a standard|VITC Mode:|3 Line|Com Port:|3|"
-          "Inputs|Time Bits:|t0|User Bits:|u0|"
-          "Active Outputs|[ ]|VITC Enabled|[x]|Encode Duplicate VITC Lines|[ ]|Synchronize Line Numbers|"
-          "LTC|Time Bits:|t1|User Bits:|u1|VITC 1st Line|Time Bits:|t2|User Bits:|u2|Line Numbers|101|105|"
-          "VITC 2nd Line|Time Bits:|t3|User Bits:|u3|Line Numbers|102|106|"
-          "VITC 3rd Line|Time Bits:|t4|User Bits:|u4|Line Numbers|103|107|White Flag|Line "
-          "Number|100|[x]|Enabled|"
-          "Attributes|Style:|w2|Font Size:|w3|Virtual Slate|Mode:|w1|Duration (frs):|104|[ ]|Preview|"
-          "Text Window Message|Roll 3|Down Converter|Aspect Ratio:|w0|Processing Mode:|dc0|V. Filter:|dc1|"
-          "H. Filter:|dc2|SDI Program Out|w4|Active Window Position|"));
+  const std::string text =
+      form.Caption() +
+      "|21/11/2026 14:30|Page 1 of 2|Video Standard:|a standard|VITC Mode:|3 Line|Com Port:|3|"
+      "Inputs|Time Bits:|t0|User Bits:|u0|"
+      "Active Outputs|[ ]|VITC Enabled|[x]|Encode Duplicate VITC Lines|[ ]|Synchronize Line Numbers|"
+      "LTC|Time Bits:|t1|User Bits:|u1|VITC 1st Line|Time Bits:|t2|User Bits:|u2|Line Numbers|101|105|"
+      "VITC 2nd Line|Time Bits:|t3|User Bits:|u3|Line Numbers|102|106|"
+      "VITC 3rd Line|Time Bits:|t4|User Bits:|u4|Line Numbers|103|107|"
+      "White Flag|Line Number|100|[x]|Enabled|Attributes|Style:|w2|Font Size:|w3|"
+      "Virtual Slate|Mode:|w1|Duration (frs):|104|[ ]|Preview|Text Window Message|Roll 3|"
+      "Down Converter|Aspect Ratio:|w0|Processing Mode:|dc0|V. Filter:|dc1|H. Filter:|dc2|"
+      "SDI Program Out|w4|Active Window Position|";
+  EXPECT_THAT(Text(page), AllOf(StartsWith(text), Not(HasSubstr("Parameters|"))));
 }
 
 TEST_F(Printing, WhatDoesNotApplyIsLeftOut) {
@@ -129,7 +128,7 @@ TEST_F(Printing, HiddenWindowsLeaveNoGap) {
   form_.lName(1).SetVisible(false);
   const PrintedForm form = Print();
   EXPECT_THAT(Text(form),
-              AllOf(Not(HasSubstr("Video User Bits")), HasSubstr("LTC Timecode|[x]|[ ]|[x]|[ ]|[x]|77|"),
+              AllOf(Not(HasSubstr("Video User Bits")), HasSubstr("LTC Timecode|[x]|[ ]|[x]|[ ]|[x]|77|2|"),
                     HasSubstr("LTC User Bits|[x]|[x]|[ ]|[ ]|[ ]|"),
                     HasSubstr("VITC Timecode|[ ]|[ ]|[ ]|[x]|[x]|")));
   const PrintSheet& sheet = form.sheets.front();
@@ -168,6 +167,7 @@ TEST_F(Printing, LongListsGoOnOnFurtherSheets) {
     }
     const Texts all = form.Texts();
     EXPECT_EQ(std::count(all.begin(), all.end(), head), 1) << "heads are told once";
+    EXPECT_GT(all.size(), 640U) << "rows are";
   }
 }
 
@@ -232,11 +232,9 @@ class AboutTest : public ReportTest {
 TEST_F(AboutTest, TellsWhatIsRunningAndPausesPolling) {
   form_.mnuAbout.OperatorClick();
   EXPECT_EQ(about_.Caption(), "About 7340 Marlinset");
-  EXPECT_EQ(about_.lblTitle.Caption(), "7340 Marlinset");
   EXPECT_EQ(about_.lblVersion.Caption(), "Release " MARLINSET_VERSION);
   EXPECT_EQ(about_.lblDatabase.Caption(), "Database Version: " + rig_.tool.database.DatabaseVersion());
   EXPECT_EQ(about_.lblFirmWare.Caption(), "FirmWare Version: ####");
-  EXPECT_FALSE(about_.lblDescription.Caption().empty() || about_.lblDisclaimer.Caption().empty());
   EXPECT_THAT(rig_.line.Sent(), IsEmpty());
   EXPECT_FALSE(Active());
   rig_.tool.SetActive(true);  // back from another program, to the box
@@ -245,9 +243,6 @@ TEST_F(AboutTest, TellsWhatIsRunningAndPausesPolling) {
   EXPECT_THAT(rig_.dialogs.forms, ElementsAre(&about_)) << "one box at a time";
   about_.cmdSysInfo.OperatorClick();
   EXPECT_THAT(rig_.Boxes(), ElementsAre("System Information Is Unavailable At This Time"));
-  rig_.desktop.registry = {{{"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH"}, "C:\\x.exe"}};
-  about_.cmdSysInfo.OperatorClick();
-  EXPECT_THAT(rig_.desktop.started, ElementsAre("C:\\x.exe"));
   about_.cmdOK.OperatorClick();
   EXPECT_TRUE(Active() && !about_.Visible());
   form_.mnuAbout.OperatorClick();
@@ -295,7 +290,6 @@ TEST_F(AboutTest, LeavesTheMainWindowActiveWhenItsDatabaseIsGone) {
   vars_.DatabasePath = "/nowhere/shotsys.mdb";
   form_.mnuAbout.OperatorClick();
   EXPECT_THAT(rig_.Boxes(), ElementsAre(StartsWith("3024  ")));
-  EXPECT_THAT(rig_.dialogs.forms, IsEmpty());
   EXPECT_TRUE(Active());
 }
 
