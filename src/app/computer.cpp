@@ -61,7 +61,7 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
   }
   PortMap::Paths ports = options.ports;
   for (std::string& path : ports) path = WholePath(path);
-  portMap_ = std::make_unique<PortMap>(ports, *settings_, PresentPorts());
+  portMap_ = std::make_unique<PortMap>(ports, *settings_, FoundPorts);
   pump_ = std::make_unique<QtPump>();
   line_ = std::make_unique<QtSerialPort>(guard_, *portMap_);
 }

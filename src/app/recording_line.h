@@ -35,6 +35,7 @@ class RecordingLine : public MSComm {
   void DiscardInput() override { line_.DiscardInput(); }
   std::uint8_t Input() override;
   int CommEvent() const override { return line_.CommEvent(); }
+  void LookForDevices() override { line_.LookForDevices(); }
   std::string DeviceName(int port) const override { return line_.DeviceName(port); }
 
  private:

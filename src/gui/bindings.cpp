@@ -56,8 +56,7 @@ Binding& Tie(QWidget& widget, Control& control, std::function<void()> show) {
 class ActionBinding : public QObject {
  public:
   using ShowText = std::function<void(const MenuItem&, QAction&)>;
-  /// `opening`: the text is another one each time the menu opens.
-  ActionBinding(QAction& action, MenuItem& item, ShowText showText, bool opening)
+  ActionBinding(QAction& action, MenuItem& item, ShowText showText)
       : QObject(&action),
         action_(action),
         item_(item),
@@ -71,7 +70,7 @@ class ActionBinding : public QObject {
       if (alive) Show();  // the action ticked itself; the tick is the model's
     });
     auto* menu = qobject_cast<QMenu*>(action.parent());
-    if (menu && opening) connect(menu, &QMenu::aboutToShow, this, [this] { Show(); });
+    if (menu) connect(menu, &QMenu::aboutToShow, this, [this] { Show(); });
     Show();
   }
 
@@ -208,16 +207,14 @@ Binding& Bind(QWidget& widget, Frame& control) {
   return Tie(widget, control, {});
 }
 
-void Bind(QAction& action, MenuItem& item, char mnemonic, std::function<QString()> suffix) {
-  const bool opening = static_cast<bool>(suffix);
-  const auto showText = [mnemonic, suffix = std::move(suffix)](const MenuItem& shown, QAction& entry) {
-    entry.setText(ShownWithMnemonic(shown.Caption(), mnemonic) + (suffix ? suffix() : QString()));
-  };
-  new ActionBinding(action, item, showText, opening);
+void Bind(QAction& action, MenuItem& item, char mnemonic) {
+  Bind(action, item, [mnemonic](const MenuItem& shown, QAction& entry) {
+    entry.setText(ShownWithMnemonic(shown.Caption(), mnemonic));
+  });
 }
 
 void Bind(QAction& action, MenuItem& item, std::function<void(const MenuItem&, QAction&)> showText) {
-  new ActionBinding(action, item, std::move(showText), false);
+  new ActionBinding(action, item, std::move(showText));
 }
 
 void ShowWith(QWidget& widget, Control& control) {

@@ -31,10 +31,9 @@ Binding& Bind(QLineEdit& widget, TextBox& control);
 Binding& Bind(QPlainTextEdit& widget, TextBox& control);
 /// A group, a band or a whole panel: its flags and its name.
 Binding& Bind(QWidget& widget, Frame& control);
-/// A menu entry; `mnemonic` is the letter of its caption that is underlined, 0 for none. `suffix` stands
-/// behind the caption and is asked for again each time the menu opens.
-void Bind(QAction& action, MenuItem& item, char mnemonic = 0, std::function<QString()> suffix = {});
-/// A menu entry with words of its own.
+/// A menu entry; `mnemonic` is the letter of its caption that is underlined, 0 for none.
+void Bind(QAction& action, MenuItem& item, char mnemonic = 0);
+/// A menu entry with words of its own, put together anew with each change and each time the menu opens.
 void Bind(QAction& action, MenuItem& item, std::function<void(const MenuItem&, QAction&)> showText);
 
 /// Shows `widget` exactly while `control` is visible: a label that belongs to a field. For controls that

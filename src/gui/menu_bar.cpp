@@ -52,16 +52,16 @@ QString PortSuffix(const std::function<std::string(int)>& deviceName, int port) 
 void AddPorts(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
   const std::array<MenuItem*, kHighestPort> ports = {&form.mnuCom1, &form.mnuCom2, &form.mnuCom3,
                                                      &form.mnuCom4};
-  QObject::connect(&menu, &QMenu::aboutToShow, &menu, [ports, look = hooks.lookForDevices] {
-    if (look) look();
-    for (MenuItem* item : ports) item->Changed.Emit();
-  });
+  // Before the entries are bound, so that they tell what was found.
+  if (hooks.lookForDevices) QObject::connect(&menu, &QMenu::aboutToShow, &menu, hooks.lookForDevices);
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     MenuItem& item = *ports[static_cast<std::size_t>(port - kLowestPort)];
     QAction* action = menu.addAction(QString());
     action->setCheckable(true);
-    Bind(*action, item, static_cast<char>('0' + port),
-         [deviceName = hooks.deviceName, port] { return PortSuffix(deviceName, port); });
+    Bind(*action, item, [deviceName = hooks.deviceName, port](const MenuItem& shown, QAction& entry) {
+      entry.setText(ShownWithMnemonic(shown.Caption(), static_cast<char>('0' + port)) +
+                    PortSuffix(deviceName, port));
+    });
   }
 }
 

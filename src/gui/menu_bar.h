@@ -9,8 +9,8 @@ namespace marlinset {
 
 struct WindowHooks;
 
-/// The menus File, Mode, Options, Parameters and Help. The hooks tell the device behind a port number each
-/// time the menu Options opens.
+/// The menus File, Mode, Options, Parameters and Help. `hooks`: the devices behind the ports, looked for each
+/// time Options opens, and the files last in use.
 void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks);
 
 }  // namespace marlinset

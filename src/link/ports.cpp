@@ -58,6 +58,7 @@ void Ports::Open() {
   form_.tInput.SetText("");
   form_.StatBar(FrmStart::kExchangePanel).SetText("");
   try {
+    platform_.ComP1.LookForDevices();
     platform_.ComP1.SetCommPort(vars_.ComPortNumber);
     platform_.ComP1.SetPortOpen(true);
   } catch (const RuntimeError& error) {
@@ -150,6 +151,7 @@ void Ports::SetUpCom() {
 }
 
 void Ports::LookForDevices() {
+  platform_.ComP1.LookForDevices();
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     if (!platform_.ComP1.DeviceName(port).empty()) ComMenu(port).SetEnabled(true);
   }

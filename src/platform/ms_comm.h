@@ -21,9 +21,8 @@ constexpr int kCommDeviceGone = 2001;
 constexpr int kLowestPort = 1;
 constexpr int kHighestPort = 4;
 
-/// Sizes of the port's two buffers in bytes, as the tool has always run it.
+/// Size of the port's receive buffer in bytes, as the tool has always run it.
 constexpr std::size_t kInBufferSize = 1024;
-constexpr std::size_t kOutBufferSize = 512;
 
 /// The serial line as the tool uses it: 57600 bit/s, 8 data bits, no parity, 1 stop bit, no handshake.
 /// Bytes become readable (InBufferCount) when they make sense as a reply: see reply_gate.h.
@@ -59,6 +58,9 @@ class MSComm {
   /// Raised on the one thread, from a pump. One listener: the tool's communications.
   void OnComm(std::function<void()> handler) { onComm_ = std::move(handler); }
 
+  /// Looks for devices that have come since the last look; without it port numbers keep what they have. Takes
+  /// the system up to 20 ms.
+  virtual void LookForDevices() {}
   /// The device behind a port number ("/dev/ttyUSB0"), empty when there is none.
   virtual std::string DeviceName(int port) const = 0;
 

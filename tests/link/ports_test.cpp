@@ -44,6 +44,7 @@ TEST(Ports, ChooseTheRememberedOneOrTheFirst) {
     EXPECT_EQ(Which(rig, &MenuItem::Checked), c.port);
     EXPECT_EQ(std::to_string(rig.vars.ComPortNumber), c.port);
     EXPECT_FALSE(rig.line.PortOpen());
+    EXPECT_EQ(rig.line.Looks(), 0) << "which takes a while, and a start has just done it";
   }
 }
 
@@ -144,6 +145,7 @@ TEST(Ports, ChangeByTheMenuAlsoToDevicesThatComeLater) {
   rig.line.SetPorts({4});
   rig.ports.LookForDevices();
   EXPECT_EQ(Which(rig, &MenuItem::Enabled), "124");
+  EXPECT_EQ(rig.line.Looks(), 2) << "at the opening and for the menu, once each";
   EXPECT_EQ(Which(rig, &MenuItem::Checked), "1") << "only the operator chooses";
   rig.form.mnuCom4.OperatorClick();  // closes the port first
   EXPECT_EQ(Which(rig, &MenuItem::Checked), "4");

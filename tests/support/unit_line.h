@@ -47,6 +47,8 @@ class UnitLine : public MSComm {
   /// What the tool wrote since the last ClearSent, one element an Output.
   const std::vector<Bytes>& Sent() const { return sent_; }
   void ClearSent() { sent_.clear(); }
+  /// How often the tool looked for devices.
+  int Looks() const { return looks_; }
 
   int CommPort() const override { return port_; }
   void SetCommPort(int port) override { port_ = port; }
@@ -58,6 +60,7 @@ class UnitLine : public MSComm {
   void DiscardInput() override { input_.clear(); }
   std::uint8_t Input() override;
   int CommEvent() const override { return event_; }
+  void LookForDevices() override { ++looks_; }
   std::string DeviceName(int port) const override;
 
  private:
@@ -86,6 +89,7 @@ class UnitLine : public MSComm {
   bool open_ = false;
   int port_ = 1;
   int event_ = 0;
+  int looks_ = 0;
   std::size_t outgoing_ = 0;
   std::deque<std::uint8_t> input_;
   std::vector<Bytes> sent_;

@@ -16,15 +16,12 @@ bool HasHardware(const QSerialPortInfo& port) {
 
 }  // namespace
 
-const std::vector<std::string>& PresentPorts::operator()() {
-  constexpr qint64 kStandsMs = 500;
-  if (age_.isValid() && !age_.hasExpired(kStandsMs)) return paths_;
-  paths_.clear();
+std::vector<std::string> FoundPorts() {
+  std::vector<std::string> paths;
   for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) {
-    if (HasHardware(port)) paths_.push_back(port.systemLocation().toStdString());
+    if (HasHardware(port)) paths.push_back(port.systemLocation().toStdString());
   }
-  age_.start();
-  return paths_;
+  return paths;
 }
 
 }  // namespace marlinset

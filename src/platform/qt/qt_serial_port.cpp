@@ -138,11 +138,6 @@ std::uint8_t QtSerialPort::Input() {
   return byte;
 }
 
-std::string QtSerialPort::DeviceName(int port) const {
-  ports_.Refresh();
-  return ports_.Device(port);
-}
-
 void QtSerialPort::TakeArrivals() {
   const QByteArray bytes = serial_.readAll();
   if (gate_.Feed(

@@ -37,8 +37,8 @@ class QtSerialPort : public MSComm {
   std::uint8_t Input() override;
 
   int CommEvent() const override { return event_; }
-  /// Looks for new devices first, so it names what the next opening takes.
-  std::string DeviceName(int port) const override;
+  void LookForDevices() override { ports_.Refresh(); }
+  std::string DeviceName(int port) const override { return ports_.Device(port); }
 
  private:
   void Open();
