@@ -39,7 +39,7 @@ int RunWindow(const CommonOptions& options, bool send, const std::string& file) 
   AddParameterWindows(dialogs, tool.parameterDialogs.frmEditParameters,
                       tool.parameterDialogs.frmDeleteParameter);
   dialogs.AddWindow(tool.about.form,
-                    [&](Form&, QWidget* parent) { return MakeAboutWindow(tool.about.form, parent); });
+                    [&](QWidget* parent) { return MakeAboutWindow(tool.about.form, parent); });
   const auto openFile = [&tool](const std::string& name) {
     tool.platform.guard.Run([&] { tool.fileCommands.OpenNamed(name); });
   };

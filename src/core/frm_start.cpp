@@ -44,6 +44,12 @@ bool FrmStart::HasWindowRow(int row) {
   return whole;
 }
 
+bool FrmStart::HasParameterRow(int row) {
+  bool whole = true;
+  ForParameterRow([&](const auto& array) { whole = whole && array.Has(row); });
+  return whole;
+}
+
 void FrmStart::SetPlace(const WindowPlace& place) {
   place_ = place;
   Changed.Emit();

@@ -151,6 +151,8 @@ class FrmStart : public Form {
     action(udVal);
     action(lPara2);
   }
+  /// Whether the row of a parameter is there, whole.
+  bool HasParameterRow(int row);
   ScrollBar VScroll2{*this, "VScroll2"};
 
   // DownConverter

@@ -126,7 +126,7 @@ void ConfigurationFile::UpdateFileTitle() {
     folder = path.substr(0, name);
   }
   platform_.settings.SaveSetting(kFolderKey, folder);
-  form_.SetCaption(std::string(kProgramTitle) + " - " + vars_.CurrentFile);
+  form_.SetCaption(TitleOf(vars_.CurrentFile));
 }
 
 void ConfigurationFile::WriteConfigFile() {

@@ -3,7 +3,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 #include "gui/look.h"
 

@@ -10,6 +10,8 @@
 #include <QSignalBlocker>
 #include <QStyleOptionSpinBox>
 #include <QWheelEvent>
+#include <algorithm>
+#include <climits>
 #include <cstdlib>
 
 #include "gui/binding.h"

@@ -7,10 +7,6 @@
 #include <QString>
 #include <string>
 
-#include "platform/control.h"
-
-class QGridLayout;
-class QLabel;
 class QLayout;
 class QWidget;
 

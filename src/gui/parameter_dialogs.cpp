@@ -111,8 +111,7 @@ std::unique_ptr<QDialog> MakeDeleteWindow(FrmDeleteParameter& form, QWidget* par
   auto* all = new QVBoxLayout(window.get());
   SetSpaces(*all, *window, 2);
   QTreeWidget* list = MakeList(form.lstParameter, window.get());
-  QLabel* label = MakeLabel(form.Label1, window.get());
-  label->setText(ShownWithMnemonic(form.Label1.Caption(), 'h'));
+  QLabel* label = MakeLabel(form.Label1, window.get(), 'h');
   label->setBuddy(list);
   list->setAccessibleName(Shown(form.Label1.Caption()));
   all->addWidget(label);
@@ -127,8 +126,8 @@ std::unique_ptr<QDialog> MakeDeleteWindow(FrmDeleteParameter& form, QWidget* par
 }  // namespace
 
 void AddParameterWindows(QtDialogs& dialogs, FrmEditParameters& edit, FrmDeleteParameter& remove) {
-  dialogs.AddWindow(edit, [&edit](Form&, QWidget* parent) { return MakeEditWindow(edit, parent); });
-  dialogs.AddWindow(remove, [&remove](Form&, QWidget* parent) { return MakeDeleteWindow(remove, parent); });
+  dialogs.AddWindow(edit, [&edit](QWidget* parent) { return MakeEditWindow(edit, parent); });
+  dialogs.AddWindow(remove, [&remove](QWidget* parent) { return MakeDeleteWindow(remove, parent); });
 }
 
 }  // namespace marlinset

@@ -17,11 +17,7 @@ Qt::Alignment AlignmentOf(int column) {
 }  // namespace
 
 ParameterModel::ParameterModel(FrmStart& form, QObject* parent) : QAbstractTableModel(parent), form_(form) {
-  WatchArray(form.lClass);
-  WatchArray(form.lParam);
-  WatchArray(form.lDesc);
-  WatchArray(form.tVal);
-  WatchArray(form.udVal);
+  form.ForParameterRow([this](auto& array) { WatchArray(array); });
   for (int column = 0; column < kColumns; ++column) {
     heads_.emplace_back(Head(column).Changed,
                         [this, column] { emit headerDataChanged(Qt::Horizontal, column, column); });
@@ -41,13 +37,8 @@ void ParameterModel::WatchArray(ControlArray<T>& array) {
   arrays_.emplace_back(array.Unloading, [this](int index) { ForgetRow(index); });
 }
 
-bool ParameterModel::Complete(int index) const {
-  return form_.lClass.Has(index) && form_.lParam.Has(index) && form_.lDesc.Has(index) &&
-         form_.tVal.Has(index) && form_.udVal.Has(index);
-}
-
 void ParameterModel::WatchRow(int index) {
-  if (!Complete(index) || controls_.contains(index)) return;
+  if (!form_.HasParameterRow(index) || controls_.contains(index)) return;
   std::vector<Listening<>>& row = controls_[index];
   for (Control* control :
        {static_cast<Control*>(&form_.lClass(index)), static_cast<Control*>(&form_.lParam(index)),

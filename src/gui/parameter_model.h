@@ -37,7 +37,6 @@ class ParameterModel : public QAbstractTableModel {
  private:
   template <class T>
   void WatchArray(ControlArray<T>& array);
-  bool Complete(int index) const;
   void WatchRow(int index);
   void ForgetRow(int index);
   void RowChanged(int index);

@@ -77,7 +77,7 @@ void QtDialogs::AddWindow(const Form& form, WindowMaker maker) {
 void QtDialogs::PresentForm(Form& form) {
   const auto maker = makers_.find(&form);
   if (maker == makers_.end()) return;
-  const std::unique_ptr<QDialog> window = maker->second(form, QApplication::activeWindow());
+  const std::unique_ptr<QDialog> window = maker->second(QApplication::activeWindow());
   form.SetVisible(true);
   const Listening<> listening(form.Changed, [&] {
     if (!form.Visible()) window->close();

@@ -18,7 +18,7 @@ class QtDialogs : public Dialogs {
   void PresentForm(Form& form) override;
 
   /// Makes the window that shows a form, over a parent that may be null.
-  using WindowMaker = std::function<std::unique_ptr<QDialog>(Form&, QWidget*)>;
+  using WindowMaker = std::function<std::unique_ptr<QDialog>(QWidget*)>;
   /// Tells how a form is shown; one that nobody has told about is not shown.
   void AddWindow(const Form& form, WindowMaker maker);
 

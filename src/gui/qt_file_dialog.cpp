@@ -54,14 +54,12 @@ std::optional<std::string> QtFileDialog::AskSave() {
   QFileDialog window(QApplication::activeWindow());
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, (Flags & kOverwritePrompt) == 0);
-  if (QString::fromStdString(Filter).endsWith(QLatin1String(".pdf"))) {
-    window.setWindowTitle(QStringLiteral("Export as PDF"));
-  }
   SelectStem(window);
   return Ask(window, SavingFolder(Shown(InitDir)));
 }
 
 std::optional<std::string> QtFileDialog::Ask(QFileDialog& window, const QString& folder) const {
+  if (!DialogTitle.empty()) window.setWindowTitle(Shown(DialogTitle));
   window.setNameFilter(NameFilter(Filter));
   const std::string name = FileNameOf(FileName);
   const QString own = QFileInfo(Shown(FileName)).path();

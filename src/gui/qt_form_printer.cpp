@@ -40,7 +40,7 @@ class PaperJob : public QtJob {
   using QtJob::QtJob;
   void Finish() override {
     Paint(Printer());
-    if (Printer().printerState() == QPrinter::Error) throw RuntimeError(kErrPrinter, "Printer error");
+    if (Printer().printerState() == QPrinter::Error) throw PrinterError();
   }
 };
 
@@ -63,7 +63,7 @@ class PreviewJob : public QtJob {
     const QSize desk = window.screen()->availableSize();
     window.resize(natural.boundedTo(desk - QSize(0, 3 * window.fontMetrics().height())));  // the title bar
     window.exec();
-    if (failed) throw RuntimeError(kErrPrinter, "Printer error");
+    if (failed) throw PrinterError();
   }
 };
 
@@ -79,9 +79,8 @@ std::unique_ptr<PrintJob> QtFormPrinter::Begin(const PrintRequest& request) {
       break;
   }
   if (QPrinterInfo::defaultPrinter().isNull()) {
-    throw RuntimeError(kErrPrinter,
-                       "Printer error\nThere is no default printer. Choose one in the desktop's settings, or "
-                       "use Export as PDF.");
+    throw PrinterError(
+        "There is no default printer. Choose one in the desktop's settings, or use Export as PDF.");
   }
   return std::make_unique<PaperJob>(request, painter_);
 }

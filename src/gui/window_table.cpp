@@ -88,7 +88,7 @@ class WindowTable::RowStrip : public QWidget {
 WindowTable::WindowTable(FrmStart& form, QWidget* parent)
     : QWidget(parent), form_(form), gate_(new QWidget(this)), area_(new QScrollArea(this)) {
   MeasureColumns();
-  header_ = MakeHeader();
+  QWidget* header = MakeHeader();
   gate_->setFocusPolicy(Qt::ClickFocus);  // one without any policy has no place in the order
   gate_->hide();
   auto* sheet = new QWidget;
@@ -107,7 +107,7 @@ WindowTable::WindowTable(FrmStart& form, QWidget* parent)
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  rows->addWidget(header_);
+  rows->addWidget(header);
   rows->addWidget(area_, 1);
   form.ForWindowRow([this](auto& array) { Watch(array); });
   for (const int i : form.lName.Indices()) AddRow(i);

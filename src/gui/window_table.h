@@ -41,8 +41,7 @@ class WindowTable : public QWidget {
 
   FrmStart& form_;
   std::vector<int> widths_;  ///< of the columns in pixels; the first one grows
-  QWidget* header_;
-  QWidget* gate_;  ///< never seen: the place of the rows in the tab order
+  QWidget* gate_;            ///< never seen: the place of the rows in the tab order
   QHBoxLayout* headerCells_ = nullptr;
   QScrollArea* area_;
   QVBoxLayout* rowStack_;

@@ -59,7 +59,7 @@ bool Recovery::Restore(const LeftWork& left) {
   name = loaded ? left.fileName : nameBefore;
   if (!loaded) return false;
   vars_.CurrentFile = left.title;
-  form_.SetCaption(std::string(kProgramTitle) + " - " + left.title);
+  form_.SetCaption(TitleOf(left.title));
   form_.StatBar(FrmStart::kModelPanel).SetText("Unsaved changes restored ");
   vars_.ConfigSaved = false;
   Keep();

@@ -7,6 +7,10 @@
 
 namespace marlinset {
 
+std::string TitleOf(std::string_view configuration) {
+  return std::string(kProgramTitle) + " - " + std::string(configuration);
+}
+
 BoxAnswer Dialogs::Show(const MessageBox& box) {
   ++boxes_;
   try {

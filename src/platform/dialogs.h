@@ -9,6 +9,8 @@ namespace marlinset {
 
 /// The program's title: caption of its questions and of its boxes.
 inline constexpr std::string_view kProgramTitle = "7340 Marlinset";
+/// The title of the main window over a configuration of that name.
+std::string TitleOf(std::string_view configuration);
 
 enum class BoxButtons { kOk, kOkCancel, kYesNo };
 enum class BoxIcon { kNone, kInformation, kCritical, kQuestion };

@@ -13,22 +13,29 @@ inline constexpr int kErrDialogCancelled = 32755;
 inline constexpr int kOverwritePrompt = 2;  ///< asks before an existing file is chosen for saving
 inline constexpr int kHideReadOnly = 4;
 
+/// What a file dialog is told before it opens.
+struct FileDialogState {
+  bool CancelError = false;  ///< a cancelled dialog is failure 32755 instead of nothing
+  std::string Filter;        ///< description and pattern, "Text files|*.txt"
+  int FilterIndex = 1;       ///< pattern in force, from 1
+  int Flags = 0;
+  std::string FileName;     ///< full path; what is offered before a dialog, what was chosen after it
+  std::string InitDir;      ///< folder that the dialog opens in
+  std::string DialogTitle;  ///< empty: the dialog's own
+};
+
 /// The tool's one file dialog. It also carries the name of the file in work between dialogs: whoever saves or
 /// loads a configuration does so under `FileName`. One implementation shows a window, one answers from a
 /// queue (script, tests).
-class FileDialog {
+class FileDialog : public FileDialogState {
  public:
   virtual ~FileDialog() = default;
   FileDialog() = default;
   FileDialog(const FileDialog&) = delete;
   FileDialog& operator=(const FileDialog&) = delete;
 
-  bool CancelError = false;  ///< a cancelled dialog is failure 32755 instead of nothing
-  std::string Filter;        ///< description and pattern, "Text files|*.txt"
-  int FilterIndex = 1;       ///< pattern in force, from 1
-  int Flags = 0;
-  std::string FileName;  ///< full path; what is offered before a dialog, what was chosen after it
-  std::string InitDir;   ///< folder that the dialog opens in
+  /// All of it at once: for whoever borrows the dialog and gives it back as it was.
+  FileDialogState& State() { return *this; }
 
   /// Asks for a file to open; stores the choice in FileName. Cancelled: FileName stays.
   void ShowOpen() { Take(AskOpen()); }

@@ -21,5 +21,8 @@ RuntimeError NotSupported() {
 RuntimeError NoSuchElement(int index) {
   return {kErrNoSuchElement, "Control array element '" + std::to_string(index) + "' doesn't exist"};
 }
+RuntimeError PrinterError(std::string remedy) {
+  return {kErrPrinter, "Printer error", std::move(remedy)};
+}
 
 }  // namespace marlinset

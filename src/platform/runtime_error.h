@@ -3,23 +3,27 @@
 
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace marlinset {
 
 /// A failure of a statement, with the stable number that operators quote to the service desk. A routine that
 /// does not handle it hands it to its caller; the guard at the edge (see guard.h) shows number and
-/// description.
+/// description, and below them the remedy: what the operator can do about it, often nothing to tell.
 class RuntimeError : public std::exception {
  public:
-  RuntimeError(int number, std::string description) : number_(number), description_(std::move(description)) {}
+  RuntimeError(int number, std::string description, std::string remedy = {})
+      : number_(number), description_(std::move(description)), remedy_(std::move(remedy)) {}
 
   int Number() const { return number_; }
   const std::string& Description() const { return description_; }
+  const std::string& Remedy() const { return remedy_; }
   const char* what() const noexcept override { return description_.c_str(); }
 
  private:
   int number_;
   std::string description_;
+  std::string remedy_;
 };
 
 constexpr int kErrInvalidCall = 5;
@@ -59,9 +63,11 @@ RuntimeError InvalidPropertyValue();
 RuntimeError NotSupported();
 /// "Control array element 'N' doesn't exist".
 RuntimeError NoSuchElement(int index);
+/// "Printer error": a device that cannot be printed on.
+RuntimeError PrinterError(std::string remedy = {});
 
 /// Thrown where the program has to end at once, without a question and without saving (a reference database
-/// that is of no use). Only the programs' main routines catch it.
+/// that is of no use). Only `app`, at the edge of a program, catches it.
 struct ProgramEnd {
   int status;
 };

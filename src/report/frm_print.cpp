@@ -35,9 +35,9 @@ constexpr CaptionRow kCaptions[] = {
     {"bDesc", "Description"},
     {"bValue", "Value (Dec)"},
     {"lPage", "Page 1 of 2"},
-    {"lUserBits", "VITC Mode:", 5},
-    {"lUserBits", "Com Port:", 6},
-    {"lUserBits", "Video Standard:", 7},
+    {"lUserBits", "VITC Mode:", FrmPrint::kVitcCountLabel},
+    {"lUserBits", "Com Port:", FrmPrint::kPortLabel},
+    {"lUserBits", "Video Standard:", FrmPrint::kStandardLabel},
     {"lMisc", "Line Number", 0},
     {"lMisc", "Line Numbers", 1},
     {"lMisc", "Line Numbers", 2},
@@ -98,10 +98,11 @@ void FrmPrint::LoadParameterRow(int row) {
 }
 
 void FrmPrint::ShowParametersOnly() {
-  Control* const hidden[] = {&fAttribs,     &fPosition,    &fCodes,       &fOutputs,      &fVirtual,
-                             &fWinMess,     &fDownConv,    &tOutbox(21),  &tOutbox(22),   &tOutbox(23),
-                             &lUserBits(5), &lUserBits(6), &lUserBits(7), &fSDIProgramOut};
-  for (Control* control : hidden) control->SetVisible(false);
+  Control* const panels[] = {&fAttribs, &fPosition, &fCodes,    &fOutputs,
+                             &fVirtual, &fWinMess,  &fDownConv, &fSDIProgramOut};
+  for (Control* panel : panels) panel->SetVisible(false);
+  for (const int i : {kVitcCount, kPort, kStandard}) tOutbox(i).SetVisible(false);
+  for (const int i : {kVitcCountLabel, kPortLabel, kStandardLabel}) lUserBits(i).SetVisible(false);
   fParameters.SetVisible(true);
   lPage.SetCaption("Page 2 of 2");
 }

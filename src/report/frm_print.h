@@ -16,18 +16,21 @@ class FrmPrint : public Form {
   explicit FrmPrint(Guard& guard);
 
   /// 0 to 9 time bits and user bits of input, LTC and VITC lines; 10 white flag line; 11 to 16 VITC lines and
-  /// their duplicates; 17 aspect ratio; 18 style; 19 font size; 20 slate mode; 21 VITC line count; 22 serial
-  /// port; 23 video standard; 24 date and time; 25 name.
+  /// their duplicates; the others have names.
   ControlArray<TextBox> tOutbox{*this, "tOutbox", {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12,
                                                    13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25}};
+  static constexpr int kAspectRatio = 17, kStyle = 18, kFontSize = 19, kSlateMode = 20, kVitcCount = 21;
+  static constexpr int kPort = 22, kStandard = 23, kDateAndTime = 24, kName = 25;
   Label lPage{*this, "lPage"};
   /// 0 to 4 beside the time bits of the same number.
   ControlArray<Label> ltimeBits{*this, "ltimeBits", {0, 1, 2, 3, 4}};
-  /// 0 to 4 beside the user bits of the same number; 5 line count, 6 serial port, 7 video standard.
+  /// 0 to 4 beside the user bits of the same number, then those of three places in tOutbox.
   ControlArray<Label> lUserBits{*this, "lUserBits", {0, 1, 2, 3, 4, 5, 6, 7}};
+  static constexpr int kVitcCountLabel = 5, kPortLabel = 6, kStandardLabel = 7;
   /// 0 white flag line; 1 to 3 VITC lines; 4 style; 5 font size; 6 slate mode; 7 slate duration; 8 aspect
-  /// ratio; 9 processing mode; 10 vertical filter; 11 horizontal filter.
+  /// ratio; 9 to 11 beside TxtNew.
   ControlArray<Label> lMisc{*this, "lMisc", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}};
+  static constexpr int kModelLabels[] = {9, 10, 11};
 
   Frame fCodes{*this, "fCodes"}, fOutputs{*this, "fOutputs"}, fLTCOut{*this, "fLTCOut"};
   Frame fVITC1{*this, "fVITC1"}, fVITC2{*this, "fVITC2"}, fVITC3{*this, "fVITC3"}, fWhite{*this, "fWhite"};

@@ -21,15 +21,8 @@
 namespace marlinset {
 namespace {
 
-// Places in tOutbox.
-constexpr int kAspectRatio = 17, kStyle = 18, kFontSize = 19, kSlateMode = 20, kVitcCount = 21;
-constexpr int kPort = 22, kStandard = 23, kDateAndTime = 24, kName = 25;
-
 /// The slate's duration among the line numbers of both forms.
 constexpr int kDuration = 4;
-
-/// Beside TxtNew in lMisc.
-constexpr int kModelLabels[] = {9, 10, 11};
 
 /// White flag, then each VITC line with its duplicate: place in tOutbox and index of tLineNumber.
 constexpr std::pair<int, int> kLineNumbers[] = {{10, 0}, {11, 1}, {12, 5}, {13, 2},
@@ -102,14 +95,14 @@ std::string PrintCommand::AskForDocument() const {
 /// is to lie beside it. Empty when the operator cancelled.
 std::string PrintCommand::AskForName() const {
   FileDialog& dialog = platform_.fileDialog;
-  const std::string configuration = std::exchange(
-      dialog.FileName, PdfNameOf(dialog.FileName.empty() ? vars_.CurrentFile : dialog.FileName));
-  const std::string folder = FolderOf(configuration);
-  const std::string initDir = std::exchange(
-      dialog.InitDir, folder.empty() ? platform_.settings.GetSetting("Load", vars_.AppPath) : folder);
-  const std::string filter = std::exchange(dialog.Filter, "PDF document|*.pdf");
-  const int flags = std::exchange(dialog.Flags, kOverwritePrompt | kHideReadOnly);
-  const bool cancelError = std::exchange(dialog.CancelError, true);
+  const FileDialogState before = dialog.State();
+  const std::string folder = FolderOf(before.FileName);
+  dialog.State() = {.CancelError = true,
+                    .Filter = "PDF document|*.pdf",
+                    .Flags = kOverwritePrompt | kHideReadOnly,
+                    .FileName = PdfNameOf(before.FileName.empty() ? vars_.CurrentFile : before.FileName),
+                    .InitDir = folder.empty() ? platform_.settings.GetSetting("Load", vars_.AppPath) : folder,
+                    .DialogTitle = "Export as PDF"};
   std::string file;
   const auto ask = [&] {
     try {
@@ -119,13 +112,7 @@ std::string PrintCommand::AskForName() const {
       if (cancelled.Number() != kErrDialogCancelled) throw;
     }
   };
-  Finally(ask, [&] {
-    dialog.FileName = configuration;
-    dialog.InitDir = initDir;
-    dialog.Filter = filter;
-    dialog.Flags = flags;
-    dialog.CancelError = cancelError;
-  });
+  Finally(ask, [&] { dialog.State() = before; });
   return file;
 }
 
@@ -142,7 +129,7 @@ void PrintCommand::PrintConfig(PrintRequest request) {
 }
 
 void PrintCommand::FillPage1(FrmPrint& page) const {
-  page.tOutbox(kName).SetText(form_.Caption());
+  page.tOutbox(FrmPrint::kName).SetText(form_.Caption());
   for (const int n : form_.comTB.Indices()) {
     page.tOutbox(2 * n).SetText(form_.comTB(n).Text());
     page.tOutbox(2 * n + 1).SetText(form_.ComUB(n).Text());
@@ -155,18 +142,18 @@ void PrintCommand::FillPage1(FrmPrint& page) const {
   page.chDups.SetValue(form_.chDups.Value());
   page.chSync.SetValue(form_.chSync.Value());
   CopyVitcLines(page);
-  page.tOutbox(kStandard).SetText(form_.comVS.Text());
+  page.tOutbox(FrmPrint::kStandard).SetText(form_.comVS.Text());
   CopyPort(page);
   CopyAttributes(page);
   CopyDownConverter(page);
   CopyWindows(page);
-  page.tOutbox(kDateAndTime).SetText(platform_.desktop.DateAndTime());
+  page.tOutbox(FrmPrint::kDateAndTime).SetText(platform_.desktop.DateAndTime());
 }
 
 void PrintCommand::CopyVitcLines(FrmPrint& page) const {
   for (int mode = 0; mode < 3; ++mode) {
     if (!form_.oVITC(mode).Value()) continue;
-    page.tOutbox(kVitcCount).SetText(std::to_string(mode + 1) + " Line");
+    page.tOutbox(FrmPrint::kVitcCount).SetText(std::to_string(mode + 1) + " Line");
     page.fVITC1.SetVisible(true);
     page.fVITC2.SetVisible(mode >= 1);
     page.fVITC3.SetVisible(mode >= 2);
@@ -174,21 +161,21 @@ void PrintCommand::CopyVitcLines(FrmPrint& page) const {
 }
 
 void PrintCommand::CopyPort(FrmPrint& page) const {
-  page.tOutbox(kPort).SetText(std::to_string(platform_.ComP1.CommPort()));
+  page.tOutbox(FrmPrint::kPort).SetText(std::to_string(platform_.ComP1.CommPort()));
   const MenuItem* const ports[] = {&form_.mnuCom1, &form_.mnuCom2, &form_.mnuCom3, &form_.mnuCom4};
   for (int i = 0; i < kHighestPort; ++i) {
-    if (ports[i]->Checked()) page.tOutbox(kPort).SetText(std::to_string(i + 1));
+    if (ports[i]->Checked()) page.tOutbox(FrmPrint::kPort).SetText(std::to_string(i + 1));
   }
 }
 
 void PrintCommand::CopyAttributes(FrmPrint& page) const {
-  page.tOutbox(kStyle).SetText(form_.ComWin(FrmStart::kCharStyle).Text());
-  page.tOutbox(kFontSize).SetText(form_.ComWin(FrmStart::kFontSize).Text());
+  page.tOutbox(FrmPrint::kStyle).SetText(form_.ComWin(FrmStart::kCharStyle).Text());
+  page.tOutbox(FrmPrint::kFontSize).SetText(form_.ComWin(FrmStart::kFontSize).Text());
   page.chPrev.SetValue(form_.chPrev.Value());
-  page.tOutbox(kSlateMode).SetText(form_.ComWin(FrmStart::kSlateMode).Text());
+  page.tOutbox(FrmPrint::kSlateMode).SetText(form_.ComWin(FrmStart::kSlateMode).Text());
   page.tLineNumber(kDuration).SetText(form_.tLineNumber(kDuration).Text());
   page.tWinMess.SetText(form_.tWinMess.Text());
-  page.tOutbox(kAspectRatio).SetText(form_.ComWin(FrmStart::kAspectRatio).Text());
+  page.tOutbox(FrmPrint::kAspectRatio).SetText(form_.ComWin(FrmStart::kAspectRatio).Text());
 }
 
 /// What only one model has stands on paper while panel 4 names that model.
@@ -200,7 +187,7 @@ void PrintCommand::CopyDownConverter(FrmPrint& page) const {
   }
   for (const int i : page.TxtNew.Indices()) page.TxtNew(i).SetVisible(false);
   page.fSDIProgramOut.SetVisible(false);
-  for (const int i : kModelLabels) page.lMisc(i).SetVisible(false);
+  for (const int i : FrmPrint::kModelLabels) page.lMisc(i).SetVisible(false);
 }
 
 void PrintCommand::CopyWindows(FrmPrint& page) const {
@@ -220,8 +207,8 @@ void PrintCommand::CopyWindows(FrmPrint& page) const {
 }
 
 void PrintCommand::FillPage2(FrmPrint& page) const {
-  page.tOutbox(kDateAndTime).SetText(platform_.desktop.DateAndTime());
-  page.tOutbox(kName).SetText(form_.Caption());
+  page.tOutbox(FrmPrint::kDateAndTime).SetText(platform_.desktop.DateAndTime());
+  page.tOutbox(FrmPrint::kName).SetText(form_.Caption());
   page.ShowParametersOnly();
   page.bValue.SetCaption(form_.bValue.Caption());
   for (int i = 0; i <= UBound(vars_.SystemParameters); ++i) {

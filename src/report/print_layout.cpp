@@ -60,13 +60,15 @@ constexpr Line kVitc3[] = {{{"ltimeBits", 4}, {"tOutbox", 8}},
 constexpr Line kWhite[] = {{{"lMisc", 0}, {"tOutbox", 10}, {"chEnable"}}};
 constexpr Panel kOutputs[] = {
     {"fLTCOut", kLtc}, {"fVITC1", kVitc1}, {"fVITC2", kVitc2}, {"fVITC3", kVitc3}, {"fWhite", kWhite}};
-constexpr Line kAttribs[] = {{{"lMisc", 4}, {"tOutbox", 18}}, {{"lMisc", 5}, {"tOutbox", 19}}};
-constexpr Line kVirtual[] = {{{"lMisc", 6}, {"tOutbox", 20}}, {{"lMisc", 7}, {"tLineNumber", 4}, {"chPrev"}}};
+constexpr Line kAttribs[] = {{{"lMisc", 4}, {"tOutbox", FrmPrint::kStyle}},
+                             {{"lMisc", 5}, {"tOutbox", FrmPrint::kFontSize}}};
+constexpr Line kVirtual[] = {{{"lMisc", 6}, {"tOutbox", FrmPrint::kSlateMode}},
+                             {{"lMisc", 7}, {"tLineNumber", 4}, {"chPrev"}}};
 constexpr Line kWinMess[] = {{{"tWinMess"}}};
-constexpr Line kDownConv[] = {{{"lMisc", 8}, {"tOutbox", 17}},
-                              {{"lMisc", 9}, {"TxtNew", 0}},
-                              {{"lMisc", 10}, {"TxtNew", 1}},
-                              {{"lMisc", 11}, {"TxtNew", 2}}};
+constexpr Line kDownConv[] = {{{"lMisc", 8}, {"tOutbox", FrmPrint::kAspectRatio}},
+                              {{"lMisc", FrmPrint::kModelLabels[0]}, {"TxtNew", 0}},
+                              {{"lMisc", FrmPrint::kModelLabels[1]}, {"TxtNew", 1}},
+                              {{"lMisc", FrmPrint::kModelLabels[2]}, {"TxtNew", 2}}};
 constexpr Line kSdi[] = {{{"TxtSDI"}}};
 
 constexpr Panel kLeftColumn[] = {{"fCodes", kCodes}, {"fOutputs", kChecks, kOutputs}};
@@ -84,9 +86,10 @@ struct HeadField {
   double labelWidth;
   double valueWidth;
 };
-constexpr HeadField kHeadFields[] = {{{"lUserBits", 7}, {"tOutbox", 23}, 0, 30, 40},
-                                     {{"lUserBits", 5}, {"tOutbox", 21}, 70, 20, 30},
-                                     {{"lUserBits", 6}, {"tOutbox", 22}, 130, 18, 20}};
+constexpr HeadField kHeadFields[] = {
+    {{"lUserBits", FrmPrint::kStandardLabel}, {"tOutbox", FrmPrint::kStandard}, 0, 30, 40},
+    {{"lUserBits", FrmPrint::kVitcCountLabel}, {"tOutbox", FrmPrint::kVitcCount}, 70, 20, 30},
+    {{"lUserBits", FrmPrint::kPortLabel}, {"tOutbox", FrmPrint::kPort}, 130, 18, 20}};
 
 struct TableColumn {
   Part head;
@@ -176,12 +179,12 @@ class Layout {
   void StartSheet() {
     repeating_ = !printed_.sheets.empty();
     printed_.sheets.emplace_back();
-    Text(Shown({"tOutbox", 25}),
+    Text(Shown({"tOutbox", FrmPrint::kName}),
          {.width = kSheetWidth - kDateWidth - kPageWidth, .height = kTitleHeight, .look = PrintLook::kTitle});
-    Text(Shown({"tOutbox", 24}), {.x = kSheetWidth - kDateWidth - kPageWidth,
-                                  .width = kDateWidth,
-                                  .height = kTitleHeight,
-                                  .align = PrintAlign::kRight});
+    Text(Shown({"tOutbox", FrmPrint::kDateAndTime}), {.x = kSheetWidth - kDateWidth - kPageWidth,
+                                                      .width = kDateWidth,
+                                                      .height = kTitleHeight,
+                                                      .align = PrintAlign::kRight});
     Text(Shown({"lPage"}), {.x = kSheetWidth - kPageWidth,
                             .width = kPageWidth,
                             .height = kTitleHeight,

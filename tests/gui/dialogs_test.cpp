@@ -45,7 +45,7 @@ TEST_F(DialogsTest, AWindowFollowsItsFormUntilEitherCloses) {
   int asked = 0;
   about.cmdSysInfo.OnClick([&] { ++asked; });
   QtDialogs dialogs;
-  dialogs.AddWindow(about, [&](Form&, QWidget* parent) { return MakeAboutWindow(about, parent); });
+  dialogs.AddWindow(about, [&](QWidget* parent) { return MakeAboutWindow(about, parent); });
   for (const bool byButton : {true, false}) {
     AtDialog([&] { dialogs.ShowModal(about); },
              [&](QWidget& window) {

@@ -73,11 +73,12 @@ class MainWindowTest : public FormTest {
     for (const int row : {2, 1}) {
       form_.ForWindowRow([row](auto& array) { array.Load(row).SetVisible(true); });
       form_.lName(row).SetCaption("Window " + std::to_string(row));
-      form_.lClass.Load(row).SetVisible(true);
-      form_.lParam.Load(row).SetCaption(std::to_string(row));
-      form_.lDesc.Load(row).SetCaption("Gain " + std::to_string(row));
-      form_.tVal.Load(row).SetText("7");
-      form_.udVal.Load(row).SetMax(100);
+      form_.ForParameterRow([row](auto& array) { array.Load(row); });
+      form_.lClass(row).SetVisible(true);
+      form_.lParam(row).SetCaption(std::to_string(row));
+      form_.lDesc(row).SetCaption("Gain " + std::to_string(row));
+      form_.tVal(row).SetText("7");
+      form_.udVal(row).SetMax(100);
       form_.udVal(row).SetVisible(true);
     }
     form_.lClass(0).SetVisible(false);

@@ -34,7 +34,7 @@ class FakePrinter : public FormPrinter {
     explicit FakeJob(FakePrinter& printer) : printer_(printer) {}
     void PrintForm(const PrintedForm& form) override {
       auto& forms = printer_.jobs.back().forms;
-      if (static_cast<int>(forms.size()) == printer_.failAt) throw RuntimeError(kErrPrinter, "Printer error");
+      if (static_cast<int>(forms.size()) == printer_.failAt) throw PrinterError();
       if (printer_.onPrint) printer_.onPrint();
       forms.push_back(form);
     }

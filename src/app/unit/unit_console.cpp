@@ -6,6 +6,7 @@
 #include <iterator>
 #include <optional>
 #include <sstream>
+#include <utility>
 
 #include "unit/unit_state.h"
 

@@ -57,7 +57,7 @@ class PdfJob : public PrintJob {
 }  // namespace
 
 std::unique_ptr<PrintJob> PdfPrinter::Begin(const PrintRequest& request) {
-  if (request.target != PrintTarget::kFile) throw RuntimeError(kErrPrinter, "Printer error");
+  if (request.target != PrintTarget::kFile) throw PrinterError();
   if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
     throw RuntimeError(kErrPrinter, "Printer error: this program has no fonts to print with");
   }

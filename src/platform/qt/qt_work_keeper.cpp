@@ -16,10 +16,6 @@ namespace {
 /// More tools than this do not run at once; beyond it the folder is no place to keep anything.
 constexpr int kMostNumbers = 1000;
 
-QString ToQt(const std::string& text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 /// Whole or not at all.
 void Replace(const QString& path, const QByteArray& content) {
   QSaveFile file(path);
@@ -34,7 +30,7 @@ QtWorkKeeper::QtWorkKeeper()
     : QtWorkKeeper(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                    QStringLiteral("/7340-Marlinset/unsaved")) {}
 
-QtWorkKeeper::QtWorkKeeper(const std::string& folder) : QtWorkKeeper(ToQt(folder)) {}
+QtWorkKeeper::QtWorkKeeper(const std::string& folder) : QtWorkKeeper(QString::fromStdString(folder)) {}
 
 QString QtWorkKeeper::PathOf(int number, const char* extension) const {
   return folder_.filePath(QString::number(number) + QLatin1String(extension));
@@ -99,14 +95,14 @@ std::vector<LeftWork> QtWorkKeeper::Left() {
 }
 
 void QtWorkKeeper::DropLeft(const std::string& file) {
-  const int number = QFileInfo(ToQt(file)).completeBaseName().toInt();
+  const int number = QFileInfo(QString::fromStdString(file)).completeBaseName().toInt();
   if (const auto lock = Lock(PathOf(number, ".lock"))) Remove(number);
 }
 
 void QtWorkKeeper::DeclineLeft(const std::string& file) {
   const QString declined = folder_.filePath(QStringLiteral("declined.qcf.bak"));
   QFile::remove(declined);
-  QFile::copy(ToQt(file), declined);
+  QFile::copy(QString::fromStdString(file), declined);
   DropLeft(file);
 }
 

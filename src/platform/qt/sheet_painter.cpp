@@ -12,7 +12,8 @@
 namespace marlinset {
 namespace {
 
-constexpr double kMillimetresPerPoint = 25.4 / 72;
+constexpr double kMillimetresPerInch = 25.4;
+constexpr double kMillimetresPerPoint = kMillimetresPerInch / 72;
 constexpr double kMarginMillimetres = 12;
 constexpr double kTextPoints = 9;
 constexpr double kTitlePoints = 13;
@@ -102,17 +103,14 @@ void PaintItem(QPainter& painter, const PrintItem& item) {
 /// Brings the sheet's own measure onto the device: as it is, or smaller where the paper is smaller.
 void SetScale(QPainter& painter, const QPagedPaintDevice& device) {
   const QRectF paper = device.pageLayout().paintRect(QPageLayout::Millimeter);
-  const double fit =
-      std::min({1.0, paper.width() / kSheetWidth, paper.height() / kSheetHeight}) / (25.4 * kUnits);
+  const double fit = std::min({1.0, paper.width() / kSheetWidth, paper.height() / kSheetHeight}) /
+                     (kMillimetresPerInch * kUnits);
   painter.resetTransform();
-  const double left = std::max(0.0, (paper.width() - kSheetWidth) / 2) / 25.4 * device.logicalDpiX();
+  const double left =
+      std::max(0.0, (paper.width() - kSheetWidth) / 2) / kMillimetresPerInch * device.logicalDpiX();
   painter.translate(left, 0);
   painter.scale(fit * device.logicalDpiX(), fit * device.logicalDpiY());
   painter.setRenderHint(QPainter::Antialiasing);
-}
-
-RuntimeError PrinterError() {
-  return {kErrPrinter, "Printer error"};
 }
 
 }  // namespace
