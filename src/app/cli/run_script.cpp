@@ -7,8 +7,8 @@
 #include "app/cli/queued_dialogs.h"
 #include "app/cli/queued_printer.h"
 #include "app/cli/script.h"
+#include "app/cli/terminal_run.h"
 #include "app/recording_line.h"
-#include "app/tool.h"
 
 namespace marlinset {
 namespace {
@@ -17,14 +17,6 @@ void Print(const std::string& answer) {
   if (answer.empty()) return;
   std::puts(answer.c_str());
   std::fflush(stdout);
-}
-
-bool StartTool(Tool& tool, const std::string& commandText) {
-  try {
-    return tool.Start(commandText);
-  } catch (const ProgramEnd&) {
-    return false;
-  }
 }
 
 }  // namespace
@@ -44,8 +36,7 @@ int RunScript(const CliOptions& options) {
   Script script(tool, dialogs, fileDialog, line);
   try {
     LineInput input(options.scriptFile, computer.Pump(), !options.virtualClock);
-    tool.ports.NamePorts(options.common.ports);
-    const bool started = StartTool(tool, options.common.commandText);
+    const bool started = StartTool(tool, options.common, true);
     Print(script.StartAnswer(started));
     if (!started) return kExitStart;
     while (!script.Ended()) {

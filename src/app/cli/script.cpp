@@ -2,6 +2,9 @@
 #include "app/cli/script.h"
 
 #include <algorithm>
+#include <cctype>
+#include <iterator>
+#include <limits>
 
 #include "app/cli/control_json.h"
 #include "app/cli/document_json.h"
@@ -12,10 +15,12 @@
 #include "platform/event_pump.h"
 #include "platform/settings_store.h"
 #include "platform/text.h"
-#include "platform/virtual_pump.h"
 
 namespace marlinset {
 namespace {
+
+/// In place of a number of words: what follows is a path as it stands.
+constexpr std::size_t kPath = std::numeric_limits<std::size_t>::max();
 
 char32_t KeyCode(const std::string& text) {
   if (LengthOf(text) != 1) throw ScriptError("a key is one character");
@@ -53,35 +58,37 @@ int EntryOf(const Control& control, const Word& word) {
 Script::Script(Tool& tool, QueuedDialogs& dialogs, QueuedFileDialog& fileDialog, RecordingLine& line)
     : tool_(tool), dialogs_(dialogs), fileDialog_(fileDialog), line_(line) {}
 
-const std::map<std::string_view, Script::Action>& Script::Actions() {
-  static const std::map<std::string_view, Action> actions = {
-      {"get", &Script::Get},
-      {"choose", &Script::Choose},
-      {"check", &Script::Check},
-      {"click", &Script::Click},
-      {"spin", &Script::Spin},
-      {"step", &Script::Step},
-      {"type", &Script::Type},
-      {"key", &Script::Key},
-      {"hover", &Script::Hover},
-      {"leave", &Script::Leave},
-      {"scroll", &Script::Scroll},
-      {"activate", &Script::Activate},
-      {"answer", &Script::QueueAnswers},
-      {"wait", &Script::Wait},
-      {"variable", &Script::Variable},
-      {"records", &Script::Records},
-      {"row", &Script::Row},
-      {"setting", &Script::Setting},
-      {"file", &Script::QueueFile},
-      {"open", &Script::Open},
-      {"save", &Script::Save},
-      {"state", &Script::State},
-      {"log", &Script::Log},
-      {"close", &Script::Close},
-      {"quit", &Script::Quit},
+const Script::Action* Script::FindAction(std::string_view name) {
+  static constexpr Action kActions[] = {
+      {"get", 1, 1, &Script::Get},
+      {"choose", 2, 2, &Script::Choose},
+      {"check", 2, 2, &Script::Check},
+      {"click", 1, 1, &Script::Click},
+      {"spin", 2, 2, &Script::Spin},
+      {"step", 2, 3, &Script::Step},
+      {"type", 2, 2, &Script::Type},
+      {"key", 2, 2, &Script::Key},
+      {"hover", 1, 1, &Script::Hover},
+      {"leave", 1, 1, &Script::Leave},
+      {"scroll", 2, 2, &Script::Scroll},
+      {"activate", 1, 1, &Script::Activate},
+      {"answer", 1, 1000, &Script::QueueAnswers},
+      {"wait", 1, 1, &Script::Wait},
+      {"variable", 1, 1, &Script::Variable},
+      {"records", 1, 1, &Script::Records},
+      {"row", 4, 4, &Script::Row},
+      {"setting", 1, 1, &Script::Setting},
+      {"file", 0, kPath, &Script::QueueFile},
+      {"open", 0, kPath, &Script::Open},
+      {"save", 0, kPath, &Script::Save},
+      {"state", 0, 0, &Script::State},
+      {"log", 0, 1, &Script::Log},
+      {"close", 0, 0, &Script::Close},
+      {"quit", 0, 0, &Script::Quit},
   };
-  return actions;
+  const auto* found = std::find_if(std::begin(kActions), std::end(kActions),
+                                   [name](const Action& action) { return action.name == name; });
+  return found == std::end(kActions) ? nullptr : found;
 }
 
 std::string Script::Answer(Json answer) {
@@ -98,11 +105,12 @@ std::string Script::StartAnswer(bool started) {
 std::string Script::Execute(const std::string& text) {
   Json answer = {{"ok", true}};
   try {
-    const ScriptLine line(text);
+    ScriptLine line(text);
     if (line.Empty()) return {};
-    const auto action = Actions().find(line.Action());
-    if (action == Actions().end()) throw ScriptError("unknown action \"" + line.Action() + "\"");
-    answer.update((this->*action->second)(line));
+    const Action* action = FindAction(line.Action());
+    if (!action) throw ScriptError("unknown action \"" + line.Action() + "\"");
+    if (action->most != kPath) line.Split(action->least, action->most);
+    answer.update((this->*action->run)(line));
     ended_ = ended_ || tool_.platform.pump.Ending();
   } catch (const ScriptError& error) {
     allUnderstood_ = false;
@@ -135,19 +143,16 @@ Control& Script::ShownControl(const std::string& text) const {
 }
 
 Json Script::Get(const ScriptLine& line) {
-  line.Expect(1, 1);
   return ControlJson(FindControl(line.At(0).text));
 }
 
 Json Script::Choose(const ScriptLine& line) {
-  line.Expect(2, 2);
   Control& control = ShownControl(line.At(0).text);
   control.OperatorSelect(EntryOf(control, line.At(1)));
   return Json::object();
 }
 
 Json Script::Check(const ScriptLine& line) {
-  line.Expect(2, 2);
   const int value = line.NumberAt(1);
   if (value != 0 && value != 1) throw ScriptError("a check box is 0 or 1");
   ShownControl(line.At(0).text).OperatorCheck(value == 1);
@@ -155,7 +160,6 @@ Json Script::Check(const ScriptLine& line) {
 }
 
 Json Script::Click(const ScriptLine& line) {
-  line.Expect(1, 1);
   Control& control = ShownControl(line.At(0).text);
   if (control.Kind() == ControlKind::kMenuItem)
     tool_.ports.LookForDevices();  // as the menu does when it opens
@@ -164,13 +168,11 @@ Json Script::Click(const ScriptLine& line) {
 }
 
 Json Script::Spin(const ScriptLine& line) {
-  line.Expect(2, 2);
   ShownControl(line.At(0).text).OperatorSpin(line.NumberAt(1));
   return Json::object();
 }
 
 Json Script::Step(const ScriptLine& line) {
-  line.Expect(2, 3);
   const std::string& direction = line.At(1).text;
   if (direction != "up" && direction != "down") throw ScriptError("a step goes up or down");
   const int times = line.Count() == 3 ? line.NumberAt(2) : 1;
@@ -180,19 +182,16 @@ Json Script::Step(const ScriptLine& line) {
 }
 
 Json Script::Type(const ScriptLine& line) {
-  line.Expect(2, 2);
   ShownControl(line.At(0).text).OperatorType(line.At(1).text);
   return Json::object();
 }
 
 Json Script::Key(const ScriptLine& line) {
-  line.Expect(2, 2);
   ShownControl(line.At(0).text).OperatorKey(KeyCode(line.At(1).text));
   return Json::object();
 }
 
 Json Script::Hover(const ScriptLine& line) {
-  line.Expect(1, 1);
   if (line.At(0).text == tool_.form.Name()) {
     tool_.form.OperatorHover();
   } else {
@@ -202,25 +201,21 @@ Json Script::Hover(const ScriptLine& line) {
 }
 
 Json Script::Leave(const ScriptLine& line) {
-  line.Expect(1, 1);
   ShownControl(line.At(0).text).OperatorLeave();
   return Json::object();
 }
 
 Json Script::Scroll(const ScriptLine& line) {
-  line.Expect(2, 2);
   ShownControl(line.At(0).text).OperatorScroll(line.NumberAt(1));
   return Json::object();
 }
 
 Json Script::Activate(const ScriptLine& line) {
-  line.Expect(1, 1);
   tool_.SetActive(OnOrOff(line.At(0)));
   return Json::object();
 }
 
 Json Script::QueueAnswers(const ScriptLine& line) {
-  line.Expect(1, 1000);
   for (std::size_t i = 0; i < line.Count(); ++i) {
     if (!QueuedDialogs::IsAnswer(line.At(i).text))
       throw ScriptError("\"" + line.At(i).text + "\" is no answer");
@@ -230,7 +225,6 @@ Json Script::QueueAnswers(const ScriptLine& line) {
 }
 
 Json Script::Wait(const ScriptLine& line) {
-  line.Expect(1, 1);
   const int milliseconds = line.NumberAt(0);
   if (milliseconds < 0) throw ScriptError("time does not go back");
   tool_.platform.pump.Pass(milliseconds);
@@ -238,21 +232,18 @@ Json Script::Wait(const ScriptLine& line) {
 }
 
 Json Script::Variable(const ScriptLine& line) {
-  line.Expect(1, 1);
   const auto value = VariableJson(tool_, line.At(0).text);
   if (!value) throw ScriptError("no variable " + line.At(0).text);
   return {{"value", *value}};
 }
 
 Json Script::Records(const ScriptLine& line) {
-  line.Expect(1, 1);
   const auto rows = RecordsJson(tool_, line.At(0).text);
   if (!rows) throw ScriptError("no records " + line.At(0).text);
   return {{"rows", *rows}};
 }
 
 Json Script::Row(const ScriptLine& line) {
-  line.Expect(4, 4);
   const Word& word = line.At(3);
   const Json value = word.quoted ? Json(word.text) : Json::parse(word.text, nullptr, false);
   if (!value.is_primitive() || value.is_null() || value.is_discarded())
@@ -263,7 +254,6 @@ Json Script::Row(const ScriptLine& line) {
 }
 
 Json Script::Setting(const ScriptLine& line) {
-  line.Expect(1, 1);
   return {{"value", tool_.platform.settings.GetSetting(line.At(0).text, "")}};
 }
 
@@ -282,8 +272,7 @@ Json Script::Save(const ScriptLine& line) {
   return Json::object();
 }
 
-Json Script::State(const ScriptLine& line) {
-  line.Expect(0, 0);
+Json Script::State(const ScriptLine& /*line*/) {
   try {
     return {{"state", DocumentJson(DocumentOfPanels(tool_.variables, tool_.form))}};
   } catch (const RuntimeError& failure) {
@@ -292,7 +281,6 @@ Json Script::State(const ScriptLine& line) {
 }
 
 Json Script::Log(const ScriptLine& line) {
-  line.Expect(0, 1);
   if (line.Count() == 1) {
     line_.Record(OnOrOff(line.At(0)));
     return Json::object();
@@ -305,14 +293,12 @@ Json Script::Log(const ScriptLine& line) {
   return {{"log", std::move(entries)}};
 }
 
-Json Script::Close(const ScriptLine& line) {
-  line.Expect(0, 0);
+Json Script::Close(const ScriptLine& /*line*/) {
   tool_.form.mnuExit.OperatorClick();
   return Json::object();
 }
 
-Json Script::Quit(const ScriptLine& line) {
-  line.Expect(0, 0);
+Json Script::Quit(const ScriptLine& /*line*/) {
   ended_ = true;
   return Json::object();
 }

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <map>
+#include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "app/cli/json.h"
 #include "app/cli/script_line.h"
@@ -36,8 +33,14 @@ class Script {
   bool Ended() const { return ended_; }
 
  private:
-  using Action = Json (Script::*)(const ScriptLine&);
-  static const std::map<std::string_view, Action>& Actions();
+  struct Action {
+    std::string_view name;
+    std::size_t least;  ///< words behind the name
+    std::size_t most;
+    Json (Script::*run)(const ScriptLine& line);
+  };
+  /// Null when no action has that name.
+  static const Action* FindAction(std::string_view name);
   std::string Answer(Json answer);
   Form& FindForm(const std::string& name) const;
   Control& FindControl(const std::string& text) const;

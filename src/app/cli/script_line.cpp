@@ -63,9 +63,12 @@ ScriptLine::ScriptLine(std::string_view line) {
   if (text.empty() || text.front() == '#') return;
   action_ = TakeWord(text).text;
   rest_ = text;
-  if (action_ == "open" || action_ == "save" || action_ == "file")
-    return;  // what follows is a path as it stands
-  while (!text.empty()) words_.push_back(TakeWord(text));
+}
+
+void ScriptLine::Split(std::size_t least, std::size_t most) {
+  for (std::string_view text = rest_; !text.empty();) words_.push_back(TakeWord(text));
+  if (words_.size() < least) throw ScriptError("something is missing behind \"" + action_ + "\"");
+  if (words_.size() > most) throw ScriptError("too much behind \"" + action_ + "\"");
 }
 
 const Word& ScriptLine::At(std::size_t index) const {
@@ -77,11 +80,6 @@ int ScriptLine::NumberAt(std::size_t index) const {
   const auto number = WholeNumber(At(index).text);
   if (!number) throw ScriptError("\"" + At(index).text + "\" is no whole number");
   return *number;
-}
-
-void ScriptLine::Expect(std::size_t least, std::size_t most) const {
-  if (words_.size() < least) throw ScriptError("something is missing behind \"" + action_ + "\"");
-  if (words_.size() > most) throw ScriptError("too much behind \"" + action_ + "\"");
 }
 
 std::string ScriptLine::Path() const {

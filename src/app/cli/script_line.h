@@ -24,12 +24,14 @@ struct Word {
   bool quoted = false;
 };
 
-/// One action of a script: its name and its words. `rest` is the line behind the name as it stands, for
-/// paths.
+/// One action of a script: its name, and what stands behind it as words or as a path.
 class ScriptLine {
  public:
-  /// Throws ScriptError for a text that is no JSON string.
+  /// Cuts off the name; throws ScriptError when that begins as a text and is no JSON string.
   explicit ScriptLine(std::string_view line);
+  /// Cuts what follows into words; throws ScriptError for a text that is no JSON string, and unless there are
+  /// between `least` and `most` words.
+  void Split(std::size_t least, std::size_t most);
 
   bool Empty() const { return action_.empty(); }
   const std::string& Action() const { return action_; }
@@ -38,9 +40,7 @@ class ScriptLine {
   const Word& At(std::size_t index) const;
   /// A whole number; throws ScriptError when the word is none.
   int NumberAt(std::size_t index) const;
-  /// Throws ScriptError unless there are between `least` and `most` words.
-  void Expect(std::size_t least, std::size_t most) const;
-  /// A path: the rest of the line, or a JSON string.
+  /// The line behind the name as it stands, or a JSON string there, for actions that take a path.
   std::string Path() const;
 
  private:

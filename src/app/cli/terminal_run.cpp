@@ -20,22 +20,22 @@ void PrintBox(const MessageBox& box, BoxAnswer answer) {
 
 }  // namespace
 
+bool StartTool(Tool& tool, const CommonOptions& options, bool resume) {
+  tool.ports.NamePorts(options.ports);
+  try {
+    return tool.Start(options.commandText, resume);
+  } catch (const ProgramEnd&) {
+    return false;
+  }
+}
+
 TerminalRun::TerminalRun(const CliOptions& options)
     : computer_(options.common, Computer::ClockKind::kReal, dialogs_, fileDialog_),
       tool(computer_.MakePlatform()) {
   for (const std::string& answer : options.answers) dialogs_.QueueAnswer(answer);
   for (const std::string& file : options.files) fileDialog_.QueueFile(file);
   dialogs_.onShown = PrintBox;
-  started_ = Start(options);
-}
-
-bool TerminalRun::Start(const CliOptions& options) {
-  tool.ports.NamePorts(options.common.ports);
-  try {
-    return tool.Start(options.common.commandText, false);
-  } catch (const ProgramEnd&) {
-    return false;
-  }
+  started_ = StartTool(tool, options.common, false);
 }
 
 bool TerminalRun::LoadConfiguration(const CliOptions& options) {

@@ -9,6 +9,10 @@
 
 namespace marlinset {
 
+/// Starts a tool with what the command line names; `resume` as in Tool::Start. False when the start failed,
+/// which has been told.
+bool StartTool(Tool& tool, const CommonOptions& options, bool resume);
+
 /// A tool at a terminal, started and with its port chosen: the one of the lowest number that was named on the
 /// command line, otherwise the one that the settings remember. Boxes go to standard error.
 class TerminalRun {
@@ -20,7 +24,6 @@ class TerminalRun {
   bool LoadConfiguration(const CliOptions& options);
 
  private:
-  bool Start(const CliOptions& options);
   QueuedDialogs dialogs_;
   QueuedFileDialog fileDialog_{dialogs_};
   Computer computer_;

@@ -11,10 +11,10 @@
 namespace marlinset {
 namespace {
 
-using VariableGetter = std::function<Json(const Variables&)>;
+using Getter = std::function<Json(const Variables&)>;
 
 template <class T>
-VariableGetter Plain(T Variables::*member) {
+Getter Plain(T Variables::*member) {
   return [member](const Variables& variables) { return Json(variables.*member); };
 }
 
@@ -24,8 +24,8 @@ Json PacketJson(const Variables& variables) {
   return fields;
 }
 
-const std::map<std::string_view, VariableGetter>& Getters() {
-  static const std::map<std::string_view, VariableGetter> getters = {
+const std::map<std::string_view, Getter>& Getters() {
+  static const std::map<std::string_view, Getter> getters = {
       {"OperatingMode", Plain(&Variables::OperatingMode)},
       {"DatabasePath", Plain(&Variables::DatabasePath)},
       {"AppPath", Plain(&Variables::AppPath)},
@@ -84,15 +84,13 @@ Json RowsJson(const std::vector<Rec>& records) {
   return rows;
 }
 
-using RowsGetter = std::function<Json(const Variables&)>;
-
 template <class Rec>
-RowsGetter Rows(std::vector<Rec> Variables::*array) {
+Getter Rows(std::vector<Rec> Variables::*array) {
   return [array](const Variables& variables) { return RowsJson(variables.*array); };
 }
 
-const std::map<std::string_view, RowsGetter>& Arrays() {
-  static const std::map<std::string_view, RowsGetter> arrays = {
+const std::map<std::string_view, Getter>& Arrays() {
+  static const std::map<std::string_view, Getter> arrays = {
       {"VideoStandards", Rows(&Variables::VideoStandards)},
       {"CharMaxPositions", Rows(&Variables::CharMaxPositions)},
       {"CharStyles", Rows(&Variables::CharStyles)},

@@ -10,8 +10,8 @@ namespace marlinset {
 
 class Tool;
 
-/// A global of the tool by its name, "Caption" of the main window, or a timer's state; nothing when there is
-/// none of that name.
+/// A variable of the tool by its name, "Caption" of the main window, or a timer's state; nothing when there
+/// is none of that name.
 std::optional<Json> VariableJson(const Tool& tool, std::string_view name);
 
 /// The rows of a reference array or of the working arrays, with the names of the database's columns as keys;
