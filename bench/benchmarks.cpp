@@ -7,13 +7,12 @@
 #include <QApplication>
 #include <QTemporaryDir>
 #include <array>
-#include <chrono>
-#include <functional>
 #include <vector>
 
 #include "bench/bare_line.h"
 #include "bench/bench_tool.h"
 #include "bench/program.h"
+#include "bench/seconds.h"
 #include "bench/virtual_unit.h"
 #include "link/frame.h"
 
@@ -23,12 +22,6 @@ namespace {
 constexpr int kBitsPerSecond = 57600;
 constexpr double kBitsPerByte = 10;
 const std::array<std::uint8_t, 3> kVitcOnFields{1, 5, 46};
-
-double SecondsOf(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 const QStringList kPacedUnit{"--model", "32", "--pace", QString::number(kBitsPerSecond)};
 

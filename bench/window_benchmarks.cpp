@@ -8,12 +8,13 @@
 #include <unistd.h>
 
 #include <QTemporaryDir>
-#include <chrono>
 #include <cstdlib>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
 #include "bench/program.h"
+#include "bench/seconds.h"
 
 namespace marlinset {
 namespace {
@@ -56,12 +57,13 @@ struct Window {
 void AddStart(Window& sum, const char* name, std::vector<std::string> arguments) {
   const Ear ear;
   arguments.push_back(ear.Device());
-  const auto start = std::chrono::steady_clock::now();
-  Program program(name, arguments);
-  ear.WaitForWord();
-  sum.seconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  std::optional<Program> program;
+  sum.seconds += SecondsOf([&] {
+    program.emplace(name, arguments);
+    ear.WaitForWord();
+  });
   constexpr double kKibInMib = 1024;
-  sum.mib += static_cast<double>(program.KillForPeakKib()) / kKibInMib;
+  sum.mib += static_cast<double>(program->KillForPeakKib()) / kKibInMib;
 }
 
 /// From nothing to the first byte of a send, which starts behind the window; the two take turns.
