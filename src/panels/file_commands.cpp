@@ -71,6 +71,7 @@ void FileCommands::Replace(const std::function<void()>& action) {
   const bool interactive = form_.mnuInter.Checked();
   Suspended(form_, platform_.ComP1, [&] {
     action();
+    recovery_.Replaced();
     if (interactive) form_.bSConfig.Press();
   });
 }

@@ -26,7 +26,19 @@ Recovery::Recovery(Platform& platform, Variables& variables, FrmStart& form, Con
       file_(file),
       timer_(platform.pump, platform.guard, "Recovery", kIntervalMs) {
   timer_.OnTick([this] { Tick(); });
-  file_.SaveEnded.Connect([this](bool stored) { saveFailed_ = !stored && Unstored(); });
+  file_.SaveEnded.Connect([this](bool stored) {
+    saveFailed_ = !stored && Unstored();
+    if (stored) stored_ = Composition();
+  });
+}
+
+/// The bytes of a file of it; nothing while a value is beyond what a file can hold.
+std::optional<Recovery::Bytes> Recovery::Composition() const {
+  try {
+    return WriteDocument(DocumentOfPanels(vars_, form_));
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
 }
 
 /// Save counts as done for the commands even when it failed or was cancelled.
@@ -47,7 +59,9 @@ void Recovery::Offer() {
 }
 
 void Recovery::Begin() {
-  if (platform_.work) timer_.SetEnabled(true);
+  if (!platform_.work) return;
+  stored_ = Composition();
+  timer_.SetEnabled(true);
 }
 
 /// False when the composition can't be read, which has been told; it stays where it is.
@@ -76,17 +90,24 @@ void Recovery::BeforeReplacing() {
   saveFailed_ = false;
 }
 
+void Recovery::Replaced() {
+  stored_ = Composition();
+}
+
 void Recovery::Discard() {
   discarded_ = true;
 }
 
+/// At a regular end the operator has been asked about all that questions count.
 void Recovery::End() {
   timer_.SetEnabled(false);
+  stored_ = Composition();
   if (platform_.work) Tick();
 }
 
 void Recovery::Tick() {
-  if (Unstored() && !discarded_) return Keep();
+  const bool differs = stored_ && Composition() != stored_;
+  if ((Unstored() || differs) && !discarded_) return Keep();
   platform_.work->Drop();
   kept_.reset();
 }
@@ -99,6 +120,7 @@ void Recovery::Keep() {
     if (work == kept_) return;
     platform_.work->Keep(work);
     kept_ = std::move(work);
+    told_ = false;
   } catch (const RuntimeError& failure) {
     if (told_) return;
     told_ = true;

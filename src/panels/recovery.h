@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "platform/timer.h"
 #include "platform/work_keeper.h"
@@ -14,9 +16,9 @@ struct Platform;
 struct Variables;
 
 /// A composition outlives a tool that dies. Every half minute the unsaved one is kept aside in the user's
-/// data folder, never in the operator's files; the next start offers it. So does it keep a composition whose
-/// save failed, even when the flow of the commands takes it as saved. Does nothing on a platform without a
-/// keeper.
+/// data folder, never in the operator's files; the next start offers it. What is unsaved shows in the bytes
+/// of a file of it: routing, VITC mode, video standard and down converter count for no question about edits,
+/// and a save that failed counts as done for the commands. Does nothing on a platform without a keeper.
 class Recovery {
  public:
   Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file);
@@ -29,12 +31,17 @@ class Recovery {
   /// Another configuration takes the place of the present one. What a failed save has not stored is left for
   /// the next start.
   void BeforeReplacing();
+  /// The other configuration is there.
+  void Replaced();
   /// The operator does not want the changes.
   void Discard();
   /// The run ends: work that is not stored stays for the next one.
   void End();
 
  private:
+  using Bytes = std::vector<std::uint8_t>;
+
+  std::optional<Bytes> Composition() const;
   bool Unstored() const;
   void Tick();
   void Keep();
@@ -47,7 +54,8 @@ class Recovery {
   Timer timer_;
   bool saveFailed_ = false;  ///< edits that the last save should have stored
   bool discarded_ = false;
-  bool told_ = false;  ///< that nothing can be kept
+  bool told_ = false;            ///< that nothing can be kept
+  std::optional<Bytes> stored_;  ///< the composition as it was last started, read or stored
   std::optional<UnsavedWork> kept_;
 };
 

@@ -96,6 +96,25 @@ TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
   EXPECT_FALSE(keeper_.kept);
 }
 
+TEST_F(RecoveryTest, KeepsWhatNoQuestionCounts) {
+  using Choice = void (*)(FrmStart&);
+  const Choice kChoices[] = {[](FrmStart& form) { form.oVITC(1).OperatorClick(); },
+                             [](FrmStart& form) { form.comTB(0).OperatorSelect(1); },
+                             [](FrmStart& form) { form.comVS.OperatorSelect(1); },
+                             [](FrmStart& form) { form.ComDownConv(0).OperatorSelect(1); }};
+  for (const Choice choose : kChoices) {
+    OneRun run(keeper_);
+    run.Start();
+    choose(run.form);
+    EXPECT_TRUE(run.tool.variables.ConfigSaved);
+    run.pump.Pass(OneRun::kHalfMinute);
+    EXPECT_TRUE(keeper_.kept) << "a tool that dies now";
+    run.form.mnuNew.OperatorClick();
+    run.pump.Pass(OneRun::kHalfMinute);
+    EXPECT_FALSE(keeper_.kept) << "another took its place";
+  }
+}
+
 TEST_F(RecoveryTest, AsksForEachUntilTheOperatorTakesOneThatCanBeRead) {
   for (const char* message : {"FIRST", "SECOND", "THIRD", "FOURTH"}) {
     FakeKeeper own;
