@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <QSaveFile>
 #include <QStandardPaths>
+#include <cstdio>
 
 #include "platform/runtime_error.h"
 
@@ -100,10 +101,9 @@ void QtWorkKeeper::DropLeft(const std::string& file) {
 }
 
 void QtWorkKeeper::DeclineLeft(const std::string& file) {
-  const QString declined = folder_.filePath(QStringLiteral("declined.qcf.bak"));
-  QFile::remove(declined);
-  QFile::copy(QString::fromStdString(file), declined);
-  DropLeft(file);
+  // A renamed file needs no room on a full disk, and takes the place of the one before in one step.
+  const QByteArray declined = QFile::encodeName(folder_.filePath(QStringLiteral("declined.qcf.bak")));
+  if (std::rename(QFile::encodeName(QString::fromStdString(file)), declined) == 0) DropLeft(file);
 }
 
 }  // namespace marlinset
