@@ -57,6 +57,7 @@ int RunWindow(const CommonOptions& options, bool send, const std::string& file) 
       },
       [&] {
         tool.Show();
+        if (tool.recovery.Restored()) return;  // the operator looks at it first
         if (!file.empty()) openFile(file);
         if (send) QTimer::singleShot(0, &*window, [&tool] { tool.form.bSConfig.OperatorClick(); });
       });

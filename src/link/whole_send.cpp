@@ -164,32 +164,22 @@ bool WholeSend::GoesOn() {
 
 void WholeSend::SendSetup() {
   if (running_) return;
-  Occupy([this] {
-    if (form_.tClearStat.Enabled()) form_.tClearStat.Restart();
-    if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
-    if (!platform_.ComP1.PortOpen()) {
-      result_.end = SendEnd::kPortClosed;  // Open has told why
-      return;
-    }
-    form_.bGetID.Press();
-    commands_.Report(kGetID, UnitIsIdentified(form_));
-    result_.end = Run();
-  });
-}
-
-void WholeSend::SendConfiguration() {
-  if (running_) return;
-  Occupy([this] { result_.end = Run(); });
-}
-
-void WholeSend::Occupy(const std::function<void()>& body) {
   running_ = true;
   stopped_ = false;
   result_ = {SendEnd::kFailed};
-  Finally(body, [this] { running_ = false; });
+  Finally([this] { result_.end = SendOverPort(); }, [this] { running_ = false; });
 }
 
-SendEnd WholeSend::Run() {
+SendEnd WholeSend::SendOverPort() {
+  if (form_.tClearStat.Enabled()) form_.tClearStat.Restart();
+  if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
+  if (!platform_.ComP1.PortOpen()) return SendEnd::kPortClosed;  // Open has told why
+  form_.bGetID.Press();
+  commands_.Report(kGetID, UnitIsIdentified(form_));
+  return SendConfiguration();
+}
+
+SendEnd WholeSend::SendConfiguration() {
   SendEnd end = SendEnd::kFailed;
   Finally(
       [&] {

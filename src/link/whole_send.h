@@ -36,10 +36,7 @@ class WholeSend {
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
             SettingCommands& commands);
 
-  /// Sends the configuration over the open port. Ignored while a send runs.
-  void SendConfiguration();
-
-  /// A send runs, from the click on `bSConfig` or from SendConfiguration to its end. The status bar is not
+  /// A send runs, from the click on `bSConfig` to its end. The status bar is not
   /// cleared meanwhile.
   bool Running() const { return running_; }
   /// Of the last send, or of the one that runs.
@@ -54,8 +51,8 @@ class WholeSend {
   static std::span<const Step> StepsAfterWindows();
 
   void SendSetup();
-  void Occupy(const std::function<void()>& body);
-  SendEnd Run();
+  SendEnd SendOverPort();
+  SendEnd SendConfiguration();
   std::optional<SendEnd> AgreeOnStandard(bool& agreed);
   std::optional<SendEnd> CompareStandards(bool& agreed);
   std::optional<SendEnd> CommandStandard();

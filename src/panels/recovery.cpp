@@ -53,6 +53,7 @@ void Recovery::Offer() {
                                " were kept when the program ended. Restore them?")) {
       platform_.work->DeclineLeft(left.file);
     } else if (Restore(left)) {
+      restored_ = true;
       return;
     }
   }
@@ -125,7 +126,7 @@ void Recovery::Keep() {
     if (told_) return;
     told_ = true;
     form_.StatBar(FrmStart::kModelPanel)
-        .SetText("Changes are not kept aside, save them: " + failure.Description());
+        .SetText("Save changes: " + failure.Description() + ", nothing is kept aside");
   }
 }
 

@@ -26,6 +26,8 @@ class Recovery {
   /// At the start: asks for each composition that was left, the latest first, until the operator takes one;
   /// one that is not wanted is put away.
   void Offer();
+  /// The operator took one.
+  bool Restored() const { return restored_; }
   /// From now on unsaved work is kept.
   void Begin();
   /// Another configuration takes the place of the present one. What a failed save has not stored is left for
@@ -54,6 +56,7 @@ class Recovery {
   Timer timer_;
   bool saveFailed_ = false;  ///< edits that the last save should have stored
   bool discarded_ = false;
+  bool restored_ = false;
   bool told_ = false;            ///< that nothing can be kept
   std::optional<Bytes> stored_;  ///< the composition as it was last started, read or stored
   std::optional<UnsavedWork> kept_;

@@ -42,10 +42,8 @@ bool StartUp::Form_Load(const std::string& commandText, bool resume) {
     form_.ShowVideoPicture(1);
     vars_.ConfigSaved = !resume || parts_.endsOfRun.OpenDefaultConfiguration(commandText);
     RestoreHardwareType();
-    if (resume) {
-      parts_.recovery.Offer();
-      parts_.endsOfRun.OfferInteractiveMode();
-    }
+    parts_.recovery.Offer();
+    if (resume) parts_.endsOfRun.OfferInteractiveMode();
     parts_.recovery.Begin();
     vars_.MainFormActive = true;
   });

@@ -33,7 +33,8 @@ class StartUp {
   /// Brings the tool up in the operating mode that `commandText` names by name or id; empty: the default
   /// mode. A failure on the way is shown as number, two blanks and description; the start ends there and
   /// false is returned. A reference database that is of no use ends the program (ProgramEnd). `resume` off
-  /// leaves the defaults in the panels: no default file, no offers.
+  /// leaves the defaults in the panels: no default file, no interactive mode, no questions but those about
+  /// the work of a run that died.
   bool Form_Load(const std::string& commandText, bool resume = true);
 
  private:

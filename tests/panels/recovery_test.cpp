@@ -49,9 +49,9 @@ class FakeKeeper : public WorkKeeper {
 struct OneRun : ToolRig {
   explicit OneRun(WorkKeeper& keeper) : ToolRig({}, SHIPPED_DATABASE_FOLDER) { tool.platform.work = &keeper; }
   /// Starts and answers the questions about left work in turn.
-  void Start(std::deque<BoxAnswer> answers = {}) {
+  void Start(std::deque<BoxAnswer> answers = {}, bool resume = true) {
     dialogs.answers = std::move(answers);
-    tool.Start("");
+    tool.Start("", resume);
   }
   void Edit(const std::string& message) { form.tWinMess.OperatorType(message); }
   void SaveTo(const std::string& path) {
@@ -127,9 +127,10 @@ TEST_F(RecoveryTest, AsksForEachUntilTheOperatorTakesOneThatCanBeRead) {
   }
   keeper_.left[1].file = folder_.Write("cut.qcf", "damaged");
   OneRun run(keeper_);
-  run.Start({BoxAnswer::kNo, BoxAnswer::kYes, BoxAnswer::kOk, BoxAnswer::kYes});
+  run.Start({BoxAnswer::kNo, BoxAnswer::kYes, BoxAnswer::kOk, BoxAnswer::kYes}, false);
   EXPECT_THAT(run.Boxes(), SizeIs(4)) << "three offers, and what is wrong with the second";
   EXPECT_EQ(run.form.tWinMess.Text(), "SECOND");
+  EXPECT_TRUE(run.tool.recovery.Restored()) << "no file of the desktop's takes its place";
   EXPECT_EQ(keeper_.declined, keeper_.left.front().file) << "the newest";
   EXPECT_THAT(keeper_.left, SizeIs(3)) << "only the one that was taken is gone";
 }
@@ -177,7 +178,7 @@ TEST_F(RecoveryTest, SaysOnceThatNothingCanBeKept) {
   keeper_.full = true;
   run.Edit("X");
   run.pump.Pass(OneRun::kHalfMinute);
-  EXPECT_EQ(run.Panel(4), "Changes are not kept aside, save them: Disk full");
+  EXPECT_EQ(run.Panel(4), "Save changes: Disk full, nothing is kept aside");
   run.form.StatBar(4).SetText("");
   run.pump.Pass(OneRun::kHalfMinute);
   EXPECT_EQ(run.Panel(4), "");
