@@ -311,6 +311,50 @@ TEST(AccessDatabase, StartsAndSendsTheWholeConfiguration) {
   EXPECT_THAT(rig.Boxes(), IsEmpty());
 }
 
+/// As the operator mends it in Access: the two bytes before the text of the row.
+void Mend(std::string& database, std::string_view row, int value, int mended) {
+  const auto stored = [&](int number) {
+    std::string bytes{static_cast<char>(number), static_cast<char>(number >> 8)};
+    for (const char letter : row) bytes += {letter, '\0'};
+    return bytes;
+  };
+  const std::size_t at = database.rfind(stored(value));  // an older one is deleted
+  ASSERT_NE(at, std::string::npos) << row;
+  database.replace(at, stored(value).size(), stored(mended));
+}
+
+TEST(AccessDatabase, HasRowsThatNoFileHoldsUntilTheyAreMended) {
+  const FileBytes sample = BytesOfFile(SAMPLE_FOLDER "access/shotsys.mdb");
+  std::string database(sample.begin(), sample.end());
+  TempFolder folder;
+  const std::string path = folder.File("setup.qcf");
+  const auto saveAndLoad = [&] {
+    folder.Write("shotsys.mdb", database);
+    ToolRig rig({}, folder.Path());
+    FrmStart& form = rig.tool.form;
+    EXPECT_TRUE(rig.tool.Start("", false));
+    form.tWinMess.OperatorType("ROLL 4");
+    rig.fileDialog.choices = {path, path};
+    form.mnuSave.OperatorClick();
+    form.mnuNew.OperatorClick();
+    form.mnuOpen.OperatorClick();
+    if (rig.Boxes().empty()) {
+      EXPECT_EQ(WriteDocument(DocumentOfPanels(rig.tool.variables, form)), BytesOfFile(path));
+      EXPECT_EQ(form.tWinMess.Text(), "ROLL 4");
+    }
+    return rig.Boxes();
+  };
+  Mend(database, "Factory Word 0", -1, 1);
+  EXPECT_THAT(saveAndLoad(), ElementsAre(StartsWith("Error during save, save aborted!"), kCorrupt));
+  Mend(database, "Camera Roll", -8, 8);
+  Mend(database, "Scene/Take", 1000, 40);
+  EXPECT_THAT(saveAndLoad(), ElementsAre(kCorrupt));
+  Mend(database, "Genlock Vertical Phase", -12, 12);
+  Mend(database, "Offset Frames", -32768, 0);
+  Mend(database, "Audio Delay", -3, 3);
+  EXPECT_THAT(saveAndLoad(), IsEmpty());
+}
+
 /// Two of them bring down or hang who asks the library too much.
 TEST(AccessDatabase, ADamagedOneEndsTheStartWithItsMessage) {
   for (const std::string name : {"damaged_catalog", "damaged_definitions", "damaged_rows", "damaged_map"}) {

@@ -15,10 +15,10 @@ namespace marlinset {
 inline constexpr int kUnknownModel = 77;
 
 /// Where a storm takes place: chance, which follows from the seed alone, the tool with its unit, and a folder
-/// for its files.
+/// for its files, in which the program lies as well: what is saved where the tool begins stays in there.
 class World {
  public:
-  World(unsigned seed, bool trace) : random_(seed), trace_(trace), rig(RandomUnit()) {}
+  World(unsigned seed, bool trace) : random_(seed), trace_(trace), rig(RandomUnit(), ProgramFolder()) {}
 
   /// From 0 to `count` - 1.
   int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
@@ -43,6 +43,12 @@ class World {
             .manual = OneIn(2),
             .video = !OneIn(4),
             .ackTime = std::chrono::milliseconds{Pick(60)}};
+  }
+
+  const std::string& ProgramFolder() const {
+    for (const char* file : {"shotsys.mdb", "System Default Video.qcf"})
+      std::filesystem::copy_file(std::string(SHIPPED_DATABASE_FOLDER) + file, folder.File(file));
+    return folder.Path();
   }
 
   std::mt19937 random_;

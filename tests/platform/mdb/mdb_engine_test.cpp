@@ -75,6 +75,28 @@ TEST(MdbEngine, RunsTheQueryOnWhateverTheRowsHold) {
   }
 }
 
+TEST(MdbEngine, GivesTheRowsOfTheQueryAsTheOtherEngineDoes) {
+  const Json table = Json::parse(BytesOf(SAMPLE_FOLDER "access/shotsys.json"))["Down Converter Filters"];
+  std::string columns;
+  for (const std::string column : table["columns"]) columns += (columns.empty() ? "[" : ", [") + column + "]";
+  std::string sql = "CREATE TABLE [Down Converter Filters] (" + columns + ");";
+  for (const Json& row : table["rows"]) {
+    std::string values = row.dump();  // [1, "Soft", false], which SQL writes (1, 'Soft', false)
+    std::replace(values.begin(), values.end(), '"', '\'');
+    sql += "INSERT INTO [Down Converter Filters] VALUES (" + values.substr(1, values.size() - 2) + ");";
+  }
+  const TempFolder folder;
+  RunSql(folder.File("rows.mdb"), sql);
+  const auto access = MdbEngine().OpenDatabase(kSample)->OpenRecordset(kFilterQuery);
+  const auto sqlite = SqliteEngine().OpenDatabase(folder.File("rows.mdb"))->OpenRecordset(kFilterQuery);
+  ASSERT_EQ(access->RecordCount(), 15);
+  ASSERT_EQ(sqlite->RecordCount(), 15);
+  for (int row = 0; row < 15; ++row, access->MoveNext(), sqlite->MoveNext()) {
+    for (const std::string column : table["columns"])
+      EXPECT_EQ(TextOf(access->Fields(column)), TextOf(sqlite->Fields(column))) << row << ", " << column;
+  }
+}
+
 TEST(RowQuery, LeavesNullsOutAndKeepsRowsOfOneOrderInTheirPlaces) {
   const auto row = [](FieldValue order, const char* text) {
     return std::vector<FieldValue>{std::move(order), text ? FieldValue(std::string(text)) : FieldValue()};
