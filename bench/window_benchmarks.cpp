@@ -48,13 +48,13 @@ class Ear {
   std::string device_;
 };
 
-struct Window {
+struct StartCost {
   double seconds = 0;
   double mib = 0;
 };
 
 /// Adds what one start of a program costs until it speaks.
-void AddStart(Window& sum, const char* name, std::vector<std::string> arguments) {
+void AddStart(StartCost& sum, const char* name, std::vector<std::string> arguments) {
   const Ear ear;
   arguments.push_back(ear.Device());
   std::optional<Program> program;
@@ -70,8 +70,8 @@ void AddStart(Window& sum, const char* name, std::vector<std::string> arguments)
 void StartWithWindow(benchmark::State& state) {
   const QTemporaryDir folder;
   const std::string settings = folder.filePath("settings.ini").toStdString();
-  Window bare;
-  Window tool;
+  StartCost bare;
+  StartCost tool;
   for (auto step : state) {
     AddStart(bare, "marlinset-bare-window", {});
     const double before = tool.seconds;

@@ -26,60 +26,94 @@ namespace {
 
 constexpr int kExitUsage = 2;
 
-int RunWindow(const CommonOptions& options, bool send, const std::string& file) {
-  QtDialogs dialogs;
-  QtFileDialog fileDialog;
-  Computer computer(options, Computer::ClockKind::kReal, dialogs, fileDialog);
-  QtFormPrinter printer(computer.Printer(), {.layout = RecordLayout, .paint = PaintForms});
-  computer.UsePrinter(printer);
-  QtWorkKeeper keeper;
-  Platform platform = computer.MakePlatform();
-  platform.work = &keeper;
-  Tool tool(platform);
-  AddParameterWindows(dialogs, tool.parameterDialogs.frmEditParameters,
-                      tool.parameterDialogs.frmDeleteParameter);
-  dialogs.AddWindow(tool.about.form,
-                    [&](QWidget* parent) { return MakeAboutWindow(tool.about.form, parent); });
-  const auto openFile = [&tool](const std::string& name) {
-    tool.platform.guard.Run([&] { tool.fileCommands.OpenNamed(name); });
-  };
-  const WindowHooks hooks{.deviceName = [&](int port) { return computer.Line().DeviceName(port); },
-                          .lookForDevices = [&] { tool.ports.LookForDevices(); },
-                          .openFile = openFile,
-                          .recentFiles = &tool.recentFiles.mnuRecent};
-  std::optional<MainWindow> window;  // made behind the splash: it takes a while
-  FrmSplash splashForm(computer.Pump(), computer.GetGuard());
+struct WindowOptions {
+  CommonOptions common;
+  bool send = false;
+  std::string file;  ///< to open, whole; empty: what the last run asked for
+};
+
+/// One run with the window: the splash, behind it the start of the tool, then the operator.
+class WindowRun {
+ public:
+  explicit WindowRun(const WindowOptions& options);
+  /// Returns when the operator has left; the exit status.
+  int Run();
+
+ private:
+  Platform MakePlatform();
+  void Load();
+  void Begin();
+  void OpenFile(const std::string& name);
+
+  const WindowOptions& options_;
+  QtDialogs dialogs_;
+  QtFileDialog fileDialog_;
+  Computer computer_;
+  QtFormPrinter printer_;
+  QtWorkKeeper keeper_;
+  Tool tool_;
+  std::optional<MainWindow> window_;  // made behind the splash: it takes a while
+};
+
+WindowRun::WindowRun(const WindowOptions& options)
+    : options_(options),
+      computer_(options.common, Computer::ClockKind::kReal, dialogs_, fileDialog_),
+      printer_(computer_.Printer(), {.layout = RecordLayout, .paint = PaintForms}),
+      tool_(MakePlatform()) {
+  AddParameterWindows(dialogs_, tool_.parameterDialogs.frmEditParameters,
+                      tool_.parameterDialogs.frmDeleteParameter);
+  dialogs_.AddWindow(tool_.about.form,
+                     [this](QWidget* parent) { return MakeAboutWindow(tool_.about.form, parent); });
+}
+
+Platform WindowRun::MakePlatform() {
+  computer_.UsePrinter(printer_);
+  Platform platform = computer_.MakePlatform();
+  platform.work = &keeper_;
+  return platform;
+}
+
+void WindowRun::OpenFile(const std::string& name) {
+  tool_.platform.guard.Run([&] { tool_.fileCommands.OpenNamed(name); });
+}
+
+void WindowRun::Load() {
+  window_.emplace(tool_.form,
+                  WindowHooks{.deviceName = [this](int port) { return computer_.Line().DeviceName(port); },
+                              .lookForDevices = [this] { tool_.ports.LookForDevices(); },
+                              .openFile = [this](const std::string& name) { OpenFile(name); },
+                              .recentFiles = &tool_.recentFiles.mnuRecent});
+  tool_.Load(options_.common.commandText, options_.file.empty());
+}
+
+void WindowRun::Begin() {
+  tool_.Show();
+  if (tool_.recovery.Restored()) return;  // the operator looks at it first
+  if (!options_.file.empty()) OpenFile(options_.file);
+  if (options_.send) QTimer::singleShot(0, &*window_, [this] { tool_.form.bSConfig.OperatorClick(); });
+}
+
+int WindowRun::Run() {
+  FrmSplash form(computer_.Pump(), computer_.GetGuard());
   Splash splash(
-      splashForm,
-      [&] {
-        window.emplace(tool.form, hooks);
-        tool.Load(options.commandText, file.empty());
-      },
-      [&] {
-        tool.Show();
-        if (tool.recovery.Restored()) return;  // the operator looks at it first
-        if (!file.empty()) openFile(file);
-        if (send) QTimer::singleShot(0, &*window, [&tool] { tool.form.bSConfig.OperatorClick(); });
-      });
-  const SplashWindow splashWindow(splashForm, [&] { splash.Skip(); });
+      form, [this] { Load(); }, [this] { Begin(); });
+  const SplashWindow splashWindow(form, [&] { splash.Skip(); });
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &splashWindow,
-                   [&](Qt::ApplicationState state) { tool.SetActive(state == Qt::ApplicationActive); });
-  tool.ports.NamePorts(options.ports);
+                   [this](Qt::ApplicationState state) { tool_.SetActive(state == Qt::ApplicationActive); });
+  tool_.ports.NamePorts(options_.common.ports);
   splash.Load();
-  if (send) splash.Skip();
-  if (computer.Pump().Ending()) return 0;  // the operator has left already, from a box over the splash
+  if (options_.send) splash.Skip();
+  if (computer_.Pump().Ending()) return 0;  // the operator has left already, from a box over the splash
   return QApplication::exec();
 }
 
 int Main(int argc, char** argv) {
-  CommonOptions options;
-  bool send = false;
-  std::string file;
+  WindowOptions options;
   CLI::App app("Configuration tool of the 7340 units", "marlinset");
   app.set_version_flag("--version", "marlinset " MARLINSET_VERSION);
-  AddCommonOptions(app, options);
-  app.add_flag("--send", send, "Send the setup to the unit once the window is up");
-  app.add_option("FILE", file, "Configuration file to open; without it what the last run asked for");
+  AddCommonOptions(app, options.common);
+  app.add_flag("--send", options.send, "Send the setup to the unit once the window is up");
+  app.add_option("FILE", options.file, "Configuration file to open; without it what the last run asked for");
   try {
     app.allow_extras();  // the desktop's own options are still among them
     app.parse(argc, argv);
@@ -87,9 +121,10 @@ int Main(int argc, char** argv) {
     QApplication::setStyle(new ReadableStyle);
     QGuiApplication::setDesktopFileName(QStringLiteral("marlinset"));
     app.allow_extras(false);
-    file.clear();  // it may have been the value of one of those
+    options.file.clear();  // it may have been the value of one of those
     app.parse(argc, argv);
-    return RunWindow(options, send, WholePath(file));
+    options.file = WholePath(options.file);
+    return WindowRun(options).Run();
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kExitUsage;
   }

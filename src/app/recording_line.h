@@ -37,6 +37,7 @@ class RecordingLine : public MSComm {
   int CommEvent() const override { return line_.CommEvent(); }
   void LookForDevices() override { line_.LookForDevices(); }
   std::string DeviceName(int port) const override { return line_.DeviceName(port); }
+  bool DeviceIsThere(int port) const override { return line_.DeviceIsThere(port); }
 
  private:
   void Note(bool sent, std::span<const std::uint8_t> bytes);

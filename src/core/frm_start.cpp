@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <string>
 
+#include "platform/ms_comm.h"
+
 namespace marlinset {
 
 FrmStart::FrmStart(TimerQueue& timers, Guard& guard)
@@ -36,6 +38,11 @@ void FrmStart::SetStartState() {
                         static_cast<Control*>(&bSend), static_cast<Control*>(&bBroad)}) {
     tool->SetVisible(false);
   }
+}
+
+MenuItem& FrmStart::ComMenu(int port) {
+  MenuItem* const items[] = {&mnuCom1, &mnuCom2, &mnuCom3, &mnuCom4};
+  return *items[port - kLowestPort];
 }
 
 bool FrmStart::HasWindowRow(int row) {

@@ -44,6 +44,8 @@ class FrmStart : public Form {
   // Options
   MenuItem mnuCom1{*this, "mnuCom1"}, mnuCom2{*this, "mnuCom2"}, mnuCom3{*this, "mnuCom3"};
   MenuItem mnuCom4{*this, "mnuCom4"};
+  /// The entry of a port, 1 to 4.
+  MenuItem& ComMenu(int port);
   MenuItem mnuHardwareType{*this, "mnuHardwareType"};
   MenuItem mnuHD7340{*this, "mnuHD7340"}, mnuHD7340Q{*this, "mnuHD7340Q"};
   MenuItem mnuAuto{*this, "mnuAuto"}, mnuMan{*this, "mnuMan"};
@@ -134,6 +136,9 @@ class FrmStart : public Form {
 
   // Parameters
   PictureBox pParOut{*this, "pParOut"}, pParTools{*this, "pParTools"}, pParIn{*this, "pParIn"};
+  /// Captions of `bValue`: how the list shows its values.
+  static constexpr const char* kDecimalHead = "Value (Dec)";
+  static constexpr const char* kHexadecimalHead = "Value (Hex)";
   Button bClass{*this, "bClass"}, bParam{*this, "bParam"}, bDesc{*this, "bDesc"}, bValue{*this, "bValue"};
   ControlArray<Label> lClass{*this, "lClass", {0}}, lParam{*this, "lParam", {0}};
   ControlArray<Label> lDesc{*this, "lDesc", {0}};

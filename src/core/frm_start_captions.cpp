@@ -122,7 +122,7 @@ constexpr CaptionRow kCaptions[] = {
     {"bClass", kNoIndex, "Class", "Sort List by Class/Parameter"},
     {"bParam", kNoIndex, "Parameter"},
     {"bDesc", kNoIndex, "Description", "Sort List by Description"},
-    {"bValue", kNoIndex, "Value (Dec)", "Toggle Dec or Hex View"},
+    {"bValue", kNoIndex, FrmStart::kDecimalHead, "Toggle Dec or Hex View"},
     {"fDownConv", kNoIndex, "Aspect Ratio:"},
     {"fProcessingMode", kNoIndex, "Processing Mode:"},
     {"fFilters", kNoIndex, "Filters:"},

@@ -28,6 +28,7 @@ struct Variables {
   std::string HardwareType = "HD7340";
   std::string ParDisType = "Dec";
   std::string CurrentFile = "Unsaved";
+  double FileChannel = 0;  ///< number of the file written last, 0 before the first
   std::string LoadFolder;
   std::string ConfigFolder;
   bool ConfigSaved = false;

@@ -132,6 +132,7 @@ void ConfigurationFile::UpdateFileTitle() {
 void ConfigurationFile::WriteConfigFile() {
   const std::string name = platform_.fileDialog.FileName;
   KeepOldContent(name);
+  vars_.FileChannel = 1;  // the first free one: no two files are open at a time
   std::unique_ptr<OutputFile> file = platform_.files.OpenForWriting(name);
   try {
     const QcfDocument document = DocumentOfPanels(vars_, form_);

@@ -50,7 +50,7 @@ class Lister {
   void AddIdentification(const std::vector<std::uint8_t>& block) {
     const std::string name(kIdentificationName);
     const auto items = IdentificationItems(block);
-    if (!items) return Add(name, HexText(block));
+    if (!items) return Add(name, HexOfBytes(block));
     for (const QcfItem& item : *items) Add(Unused(name + " / " + NameOfItem(item)), TextOfItem(item));
   }
   void AddEntry(const QcfEntry& entry) {
@@ -85,7 +85,7 @@ class Lister {
 
 }  // namespace
 
-std::string HexText(std::span<const std::uint8_t> bytes) {
+std::string HexOfBytes(std::span<const std::uint8_t> bytes) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string hex;
   hex.reserve(2 * bytes.size());
@@ -111,7 +111,7 @@ std::vector<QcfLine> ListingOf(const QcfDocument& document) {
   if (document.configurationLength) {
     lister.Add(std::string(kLengthName), std::to_string(*document.configurationLength));
   }
-  if (!document.tail.empty()) lister.Add(std::string(kTailName), HexText(document.tail));
+  if (!document.tail.empty()) lister.Add(std::string(kTailName), HexOfBytes(document.tail));
   return lister.Take();
 }
 

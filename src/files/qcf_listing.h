@@ -29,7 +29,7 @@ struct QcfLine {
 std::vector<QcfLine> ListingOf(const QcfDocument& document);
 
 /// Two hexadecimal digits for each byte.
-std::string HexText(std::span<const std::uint8_t> bytes);
+std::string HexOfBytes(std::span<const std::uint8_t> bytes);
 
 /// A parameter's value as a number: 16 bits with their sign; what does not fit into them as it stands.
 std::int64_t ShownParameterValue(std::int64_t stored);

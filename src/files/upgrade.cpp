@@ -75,10 +75,7 @@ std::optional<std::vector<Rec>> Upgrade::ReadTable(std::string_view table, bool 
   std::vector<Rec> records;
   rows->MoveFirst();
   for (int left = rows->RecordCount(); left > 0; --left, rows->MoveNext()) {
-    if (!keep(*rows)) continue;
-    Rec record;
-    for (const auto& column : ColumnsOf<Rec>()) ReadColumn(*rows, column, record);
-    records.push_back(std::move(record));
+    if (keep(*rows)) records.push_back(ReadRecord<Rec>(*rows));
   }
   return records;
 }

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "gui/bindings.h"
+#include "gui/group.h"
 #include "gui/icons.h"
 #include "gui/look.h"
 
@@ -13,31 +14,23 @@ namespace marlinset {
 namespace {
 
 constexpr int kIconLines = 3;     ///< height of the icon in lines of text
-constexpr int kTextLetters = 48;  ///< width of the texts in figures
+constexpr int kTextFigures = 48;  ///< width of the texts in figures
 
 QLabel* AddText(QGridLayout& grid, Label& control, QWidget& window) {
   auto* label = new QLabel(&window);
   label->setWordWrap(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  label->setMinimumWidth(FiguresWidth(window, kTextLetters));
+  label->setMinimumWidth(FiguresWidth(window, kTextFigures));
   Bind(*label, control);
   grid.addWidget(label, grid.rowCount(), 1);
   return label;
-}
-
-void AddRule(QGridLayout& grid, QWidget& window) {
-  auto* rule = new QFrame(&window);
-  rule->setFixedHeight(1);
-  rule->setAutoFillBackground(true);
-  rule->setBackgroundRole(QPalette::Mid);
-  grid.addWidget(rule, grid.rowCount(), 1);
 }
 
 QLabel* MakeIcon(PictureBox& control, QWidget& window) {
   auto* icon = new QLabel(&window);
   const int side = window.fontMetrics().lineSpacing() * kIconLines;
   icon->setPixmap(ProgramIcon().pixmap(QSize(side, side), window.devicePixelRatioF()));
-  new Binding(*icon, control);
+  Bind(*icon, control);
   icon->setAccessibleName(QStringLiteral("Program icon"));
   return icon;
 }
@@ -48,7 +41,7 @@ QPushButton* MakeButton(Button& control, QWidget& window) {
   auto* binding =
       new Binding(*button, control, [button, &control] { button->setText(Shown(control.Caption())); });
   binding->Show();
-  button->setAccessibleName(Shown(control.Caption()).remove(QLatin1Char('&')));
+  button->setAccessibleName(SpokenName(Shown(control.Caption())));
   QObject::connect(button, &QPushButton::clicked, binding,
                    [binding, &control] { binding->Act([&control] { control.OperatorClick(); }); });
   return button;
@@ -70,7 +63,7 @@ std::unique_ptr<QDialog> MakeAboutWindow(FrmAbout& form, QWidget* parent) {
   for (Label* label : {&form.lblVersion, &form.lblDatabase, &form.lblFirmWare})
     AddText(*grid, *label, *window);
   grid->addWidget(MakeIcon(form.Picture1, *window), 1, 0, grid->rowCount() - 1, 1, Qt::AlignTop);
-  AddRule(*grid, *window);
+  grid->addWidget(MakeRule(window.get()), grid->rowCount(), 1);
   AddText(*grid, form.lblDescription, *window);
   AddText(*grid, form.lblDisclaimer, *window);
   auto* buttons = new QHBoxLayout;

@@ -21,11 +21,6 @@ void BringIntoView(QWidget& widget) {
   }
 }
 
-QString WithoutColon(QString caption) {
-  if (caption.endsWith(QLatin1Char(':'))) caption.chop(1);
-  return caption;
-}
-
 }  // namespace
 
 bool GoesForGood(const QFocusEvent& event) {
@@ -42,7 +37,7 @@ bool GoesForGood(const QFocusEvent& event) {
 Binding::Binding(QWidget& widget, Control& control, std::function<void()> show)
     : QObject(&widget), widget_(widget), show_(std::move(show)) {
   widget.setObjectName(Shown(control.FullName()));
-  if (!control.Caption().empty()) widget.setAccessibleName(WithoutColon(Shown(control.Caption())));
+  if (!control.Caption().empty()) widget.setAccessibleName(SpokenName(Shown(control.Caption())));
   Add(control, &widget);
 }
 

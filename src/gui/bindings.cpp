@@ -203,7 +203,7 @@ Binding& Bind(QPlainTextEdit& widget, TextBox& control) {
   });
 }
 
-Binding& Bind(QWidget& widget, Frame& control) {
+Binding& Bind(QWidget& widget, Control& control) {
   return Tie(widget, control, {});
 }
 

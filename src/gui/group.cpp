@@ -10,17 +10,6 @@
 
 namespace marlinset {
 
-namespace {
-
-/// A caption as a name: without the mark of its mnemonic and its colon.
-QString NameIn(QString caption) {
-  caption.remove(QLatin1Char('&'));
-  if (caption.endsWith(QLatin1Char(':'))) caption.chop(1);
-  return caption;
-}
-
-}  // namespace
-
 Group::Group(Frame& frame, QWidget* parent) : QWidget(parent), frame_(frame), title_(new QLabel(this)) {
   QFont bold = font();
   bold.setBold(true);
@@ -50,11 +39,11 @@ void Group::AddTitled(QWidget* field, char mnemonic, int columns) {
   title_->setText(ShownWithMnemonic(frame_.Caption(), mnemonic));
   title_->setBuddy(field);
   grid_->addWidget(field, grid_->rowCount(), 0, 1, columns);
-  field->setAccessibleName(NameIn(title_->text()));
+  field->setAccessibleName(SpokenName(title_->text()));
 }
 
 void Group::Name(QWidget& field, const QString& label) const {
-  field.setAccessibleName(NameIn(Shown(frame_.Caption())) + QStringLiteral(", ") + NameIn(label));
+  field.setAccessibleName(SpokenName(Shown(frame_.Caption())) + QStringLiteral(", ") + SpokenName(label));
 }
 
 void Group::paintEvent(QPaintEvent* /*event*/) {
@@ -140,6 +129,21 @@ QWidget* MakeColumn(const QList<QWidget*>& widgets, QWidget* parent) {
   for (QWidget* widget : widgets) box->addWidget(widget);
   box->addStretch(1);
   return column;
+}
+
+void FillPage(QWidget& page, QWidget* content, Qt::Alignment at) {
+  auto* rows = new QVBoxLayout(&page);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(content, 0, at);
+  if (at) rows->addStretch(1);
+}
+
+QWidget* MakeRule(QWidget* parent) {
+  auto* rule = new QFrame(parent);
+  rule->setFixedHeight(1);
+  rule->setAutoFillBackground(true);
+  rule->setBackgroundRole(QPalette::Mid);
+  return rule;
 }
 
 }  // namespace marlinset

@@ -67,4 +67,10 @@ class SideBySide : public QWidget {
 /// Stacks `widgets` from the top with two spacing units between groups; what is left over stays below.
 QWidget* MakeColumn(const QList<QWidget*>& widgets, QWidget* parent);
 
+/// Makes `content` all there is on a page: the whole of it, or as large as it needs to be at `at`.
+void FillPage(QWidget& page, QWidget* content, Qt::Alignment at = {});
+
+/// A horizontal line between two areas.
+QWidget* MakeRule(QWidget* parent);
+
 }  // namespace marlinset

@@ -43,6 +43,12 @@ QString ShownWithMnemonic(const std::string& text, char mnemonic) {
   return shown;
 }
 
+QString SpokenName(QString caption) {
+  caption.remove(QLatin1Char('&'));
+  if (caption.endsWith(QLatin1Char(':'))) caption.chop(1);
+  return caption;
+}
+
 int SpaceUnit(const QWidget& widget) {
   return std::max(4, widget.fontMetrics().height() / 3);
 }

@@ -15,6 +15,7 @@
 
 #include "gui/bindings.h"
 #include "gui/fields.h"
+#include "gui/group.h"
 #include "gui/icons.h"
 #include "gui/look.h"
 #include "gui/menu_bar.h"
@@ -44,14 +45,6 @@ QString DraggedConfiguration(const QMimeData& data) {
   const QString name = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
   return name.endsWith(QLatin1String(".qcf"), Qt::CaseInsensitive) ? QDir::toNativeSeparators(name)
                                                                    : QString();
-}
-
-QFrame* MakeRule(QWidget* parent) {
-  auto* rule = new QFrame(parent);
-  rule->setFixedHeight(1);
-  rule->setAutoFillBackground(true);
-  rule->setBackgroundRole(QPalette::Mid);
-  return rule;
 }
 
 }  // namespace

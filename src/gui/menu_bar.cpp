@@ -3,7 +3,6 @@
 
 #include <QMenu>
 #include <QMenuBar>
-#include <array>
 #include <vector>
 
 #include "gui/bindings.h"
@@ -50,18 +49,16 @@ QString PortSuffix(const std::function<std::string(int)>& deviceName, int port) 
 }
 
 void AddPorts(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
-  const std::array<MenuItem*, kHighestPort> ports = {&form.mnuCom1, &form.mnuCom2, &form.mnuCom3,
-                                                     &form.mnuCom4};
   // Before the entries are bound, so that they tell what was found.
   if (hooks.lookForDevices) QObject::connect(&menu, &QMenu::aboutToShow, &menu, hooks.lookForDevices);
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    MenuItem& item = *ports[static_cast<std::size_t>(port - kLowestPort)];
     QAction* action = menu.addAction(QString());
     action->setCheckable(true);
-    Bind(*action, item, [deviceName = hooks.deviceName, port](const MenuItem& shown, QAction& entry) {
-      entry.setText(ShownWithMnemonic(shown.Caption(), static_cast<char>('0' + port)) +
-                    PortSuffix(deviceName, port));
-    });
+    Bind(*action, form.ComMenu(port),
+         [deviceName = hooks.deviceName, port](const MenuItem& shown, QAction& entry) {
+           entry.setText(ShownWithMnemonic(shown.Caption(), static_cast<char>('0' + port)) +
+                         PortSuffix(deviceName, port));
+         });
   }
 }
 

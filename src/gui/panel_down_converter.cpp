@@ -34,10 +34,7 @@ QWidget* MakeDownConverterPanel(FrmStart& form, QWidget* parent) {
       {MakeSingle(form.fDownConv, 'a', form.ComWin(FrmStart::kAspectRatio), page),
        MakeSingle(form.fProcessingMode, 'd', form.ComDownConv(FrmStart::kProcessingMode), page), filters},
       page);
-  auto* rows = new QVBoxLayout(page);
-  rows->setContentsMargins(0, 0, 0, 0);
-  rows->addWidget(column, 0, Qt::AlignLeft | Qt::AlignTop);
-  rows->addStretch(1);
+  FillPage(*page, column, Qt::AlignLeft | Qt::AlignTop);
   Bind(*page, form.fDownConverter);
   return page;
 }

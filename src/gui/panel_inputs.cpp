@@ -14,10 +14,7 @@ QWidget* MakeInputsPanel(FrmStart& form, QWidget* parent) {
                 new ComboField(form.comTB(0), kSourceCharacters, group));
   group->AddRow(MakeLabel(form.lUserBits(0), group, 'U'),
                 new ComboField(form.ComUB(0), kSourceCharacters, group));
-  auto* rows = new QVBoxLayout(page);
-  rows->setContentsMargins(0, 0, 0, 0);
-  rows->addWidget(group, 0, Qt::AlignLeft | Qt::AlignTop);
-  rows->addStretch(1);
+  FillPage(*page, group, Qt::AlignLeft | Qt::AlignTop);
   return page;
 }
 

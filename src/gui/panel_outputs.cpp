@@ -93,9 +93,7 @@ QWidget* MakeOutputsPanel(FrmStart& form, QWidget* parent) {
       MakeColumn({MakeVitcLine(form.fVITC1, form, 1, page), MakeVitcLine(form.fVITC2, form, 2, page),
                   MakeVitcLine(form.fVITC3, form, 3, page)},
                  page);
-  auto* whole = new QVBoxLayout(page);
-  whole->setContentsMargins(0, 0, 0, 0);
-  whole->addWidget(new SideBySide(left, right, page));
+  FillPage(*page, new SideBySide(left, right, page));
   Bind(*page, form.fOutputs);
   return page;
 }

@@ -3,10 +3,10 @@
 #include <QKeyEvent>
 #include <QStyledItemDelegate>
 #include <QTableView>
-#include <QVBoxLayout>
 
 #include "gui/bindings.h"
 #include "gui/fields.h"
+#include "gui/group.h"
 #include "gui/look.h"
 #include "gui/panel_views.h"
 #include "gui/parameter_model.h"
@@ -27,7 +27,8 @@ class ValueDelegate : public QStyledItemDelegate {
                         const QModelIndex& cell) const override {
     const int index = model_.ControlOf(cell.row());
     auto* field = new SpinField(form_.udVal(index), form_.tVal(index), parent);
-    field->SetRadix([this] { return form_.bValue.Caption() == "Value (Hex)" ? kHexadecimal : kDecimal; });
+    field->SetRadix(
+        [this] { return form_.bValue.Caption() == FrmStart::kHexadecimalHead ? kHexadecimal : kDecimal; });
     field->setAccessibleName(Shown(form_.lDesc(index).Caption()));
     field->selectAll();  // typing replaces the value
     return field;
@@ -92,14 +93,7 @@ void SetColumns(QTableView& table) {
   header.setSectionsClickable(true);
 }
 
-}  // namespace
-
-QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
-  auto* page = new QWidget(parent);
-  auto* table = new ParameterTable(page);
-  auto* model = new ParameterModel(form, table);
-  table->setModel(model);
-  table->setItemDelegate(new ValueDelegate(form, *model, table));
+void SetBehaviour(QTableView* table) {
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->setSelectionMode(QAbstractItemView::SingleSelection);
   table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
@@ -110,7 +104,12 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
   table->setTabKeyNavigation(false);  // Tab goes on to the next field, as everywhere
   table->verticalHeader()->hide();
   table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 2 * SpaceUnit(*table));
+  table->setAccessibleName(QStringLiteral("Parameter list"));
   SetColumns(*table);
+}
+
+/// Heads, arrow and scrolling go with the list.
+void FollowModel(QTableView* table, ParameterModel* model, FrmStart& form) {
   QObject::connect(table->horizontalHeader(), &QHeaderView::sectionClicked, model,
                    [model, table](int column) {
                      FinishTyping();  // before another parameter moves into the row
@@ -121,17 +120,26 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
                    [model, table] { ShowSort(*table->horizontalHeader(), *model); });
   table->horizontalHeader()->setSortIndicatorShown(true);
   ShowSort(*table->horizontalHeader(), *model);
-  table->setAccessibleName(QStringLiteral("Parameter list"));
   QObject::connect(model, &QAbstractItemModel::modelReset, table, [table, &form] {
     if (form.bClass.Arrow() == SortArrow::kRising) table->scrollToTop();
   });
   QObject::connect(model, &ParameterModel::Marked, table, [table](const QModelIndex& cell) {
     if (table->isVisible()) table->scrollTo(cell);
   });
-  (new Binding(*table, form.pParIn))->Show();
-  auto* rows = new QVBoxLayout(page);
-  rows->setContentsMargins(0, 0, 0, 0);
-  rows->addWidget(table);
+}
+
+}  // namespace
+
+QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
+  auto* page = new QWidget(parent);
+  auto* table = new ParameterTable(page);
+  auto* model = new ParameterModel(form, table);
+  table->setModel(model);
+  table->setItemDelegate(new ValueDelegate(form, *model, table));
+  SetBehaviour(table);
+  FollowModel(table, model, form);
+  Bind(*table, form.pParIn);
+  FillPage(*page, table);
   Bind(*page, form.fParameters);
   return page;
 }

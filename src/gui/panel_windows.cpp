@@ -90,9 +90,7 @@ QWidget* MakeWindowsPanel(FrmStart& form, QWidget* parent) {
   QWidget* right = MakeColumn({attributes, slate, MakeMessage(form, page), MakeProgramOut(form, page)}, page);
   auto* both = new SideBySide(position, right, page);
   both->LetFirstGrow();
-  auto* whole = new QHBoxLayout(page);
-  whole->setContentsMargins(0, 0, 0, 0);
-  whole->addWidget(both);
+  FillPage(*page, both);
   Bind(*page, form.fWindows);
   return page;
 }

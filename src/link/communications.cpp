@@ -2,11 +2,11 @@
 #include "link/communications.h"
 
 #include "core/frm_start.h"
-#include "link/finally.h"
 #include "link/frame.h"
 #include "link/ports.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
+#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/reply_gate.h"

@@ -41,11 +41,13 @@ bool UnitIsIdentified(const FrmStart& form) {
 void Identification::GetId() {
   const bool open = OpenIfClosed();
   form_.StatBar(FrmStart::kModelPanel).SetText("Getting ID");
-  if (!open) return;
   vars_.PacketFields = FieldsOf(CommandId::kGetID);
-  comms_.SendPacket(vars_.PacketFields);
-  comms_.WaitOn(form_.dPause, [this] { return UnitIsIdentified(form_); });
+  if (open) {
+    comms_.SendPacket(vars_.PacketFields);
+    comms_.WaitOn(form_.dPause, [this] { return UnitIsIdentified(form_); });
+  }
   form_.dPause.SetInterval(kAckMs);
+  if (!open) return;
   comms_.ReceivePacket();
   if (UnitIsIdentified(form_) || !platform_.ComP1.PortOpen()) return;
   form_.ShowTraffic(kRed);

@@ -103,8 +103,7 @@ void InteractiveMode::Enter() {
   form_.mnuHD7340.SetEnabled(false);
   form_.mnuHD7340Q.SetEnabled(false);
   vars_.ActivityFrame = 0;
-  if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
-  if (platform_.ComP1.PortOpen()) form_.bGetID.Press();  // otherwise Open has told why
+  form_.bGetID.Press();  // opens the port
   comms_.ReceivePacket();
   const bool identified =
       platform_.ComP1.PortOpen() && Contains(kModels, form_.StatBar(FrmStart::kModelPanel).Text());

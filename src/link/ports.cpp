@@ -25,21 +25,17 @@ Ports::Ports(Platform& platform, Variables& variables, FrmStart& form)
   form_.bOpen.OnClick([this] { Open(); });
   form_.bClose.OnClick([this] { Close(); });
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    ComMenu(port).OnClick([this, port] {
-      const bool alreadyChecked = ComMenu(port).Checked();
+    form_.ComMenu(port).OnClick([this, port] {
+      const bool alreadyChecked = form_.ComMenu(port).Checked();
       if (platform_.ComP1.PortOpen()) form_.bClose.Press();
       SetComMenu(port, alreadyChecked);
     });
   }
 }
 
-MenuItem& Ports::ComMenu(int port) const {
-  MenuItem* const items[] = {&form_.mnuCom1, &form_.mnuCom2, &form_.mnuCom3, &form_.mnuCom4};
-  return *items[port - kLowestPort];
-}
-
 void Ports::UsePort(int port) {
-  for (int other = kLowestPort; other <= kHighestPort; ++other) ComMenu(other).SetChecked(other == port);
+  for (int other = kLowestPort; other <= kHighestPort; ++other)
+    form_.ComMenu(other).SetChecked(other == port);
   vars_.ComPortNumber = port;
 }
 
@@ -137,13 +133,14 @@ void Ports::SetUpCom() {
   int first = 0;
   for (int port = kHighestPort; port >= kLowestPort; --port) {
     const bool present = At(vars_.ComPortPresent, port);
-    ComMenu(port).SetEnabled(present);
+    form_.ComMenu(port).SetEnabled(present);
     if (present) first = port;
+    if (platform_.ComP1.DeviceIsThere(port)) there_.insert(port);
   }
   if (first != 0) UsePort(first);
   const std::string remembered = platform_.settings.GetSetting("Comm", "1");
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    if (remembered != std::to_string(port) || !ComMenu(port).Enabled()) continue;
+    if (remembered != std::to_string(port) || !form_.ComMenu(port).Enabled()) continue;
     UsePort(port);
   }
   const bool meant = std::find(named_.begin(), named_.end(), vars_.ComPortNumber) != named_.end();
@@ -153,7 +150,7 @@ void Ports::SetUpCom() {
 void Ports::LookForDevices() {
   platform_.ComP1.LookForDevices();
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    if (!platform_.ComP1.DeviceName(port).empty()) ComMenu(port).SetEnabled(true);
+    if (!there_.contains(port) && platform_.ComP1.DeviceIsThere(port)) form_.ComMenu(port).SetEnabled(true);
   }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -25,7 +26,8 @@ class Ports {
   void SetUpCom();
   /// The digits of the ports that can be opened ("134"); notes them in ComPortPresent.
   std::string ScanPorts();
-  /// Makes ports choosable whose device has appeared since the start.
+  /// Makes ports choosable whose device has come since the set-up. One that was there and could not be opened
+  /// stays as it is.
   void LookForDevices();
   /// Chooses a port; refused while the port is open.
   void SetComMenu(int port, bool alreadyChecked);
@@ -39,12 +41,12 @@ class Ports {
   void Open();
   void Close();
   void ShowClosed();
-  MenuItem& ComMenu(int port) const;
   void UsePort(int port);
 
   Platform& platform_;
   Variables& vars_;
   FrmStart& form_;
+  std::set<int> there_;     ///< ports whose devices were there at the set-up
   std::vector<int> named_;  ///< ports whose devices the command line names, in order
 };
 

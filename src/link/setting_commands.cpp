@@ -3,9 +3,9 @@
 
 #include "core/frm_start.h"
 #include "link/communications.h"
-#include "link/finally.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
+#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -15,10 +15,14 @@ namespace {
 
 constexpr int kLongAckMs = 10000;
 
-std::string FailureText(const Manner& manner, const std::vector<PacketField>& fields) {
-  std::string text = manner.failure;
-  if (manner.quotedField != kNoField) text += SignedText(At(fields, manner.quotedField).value_or(0));
-  return text;
+/// `now` are the packet fields at the end of the wait: where something else went out meanwhile, as at a unit
+/// that reports Broadcast mode, they are those of that. One that is too short leaves the message's own
+/// number.
+std::string FailureText(const Manner& manner, const std::vector<PacketField>& sent,
+                        const std::vector<PacketField>& now) {
+  if (manner.quotedField == kNoField) return manner.failure;
+  const bool isThere = manner.quotedField <= UBound(now);
+  return manner.failure + SignedText(At(isThere ? now : sent, manner.quotedField).value_or(0));
 }
 
 }  // namespace
@@ -44,7 +48,7 @@ bool SettingCommands::Exchange(const char* name, Message message, const Manner& 
   const bool acknowledged = Await(manner.ack);
   SentMessage sent{name, std::move(message.meaning), std::move(message.fields), std::nullopt, ""};
   if (manner.ack != Ack::kNone) sent.acknowledged = acknowledged && platform_.ComP1.PortOpen();
-  if (!acknowledged) sent.failure = FailureText(manner, sent.fields);
+  if (!acknowledged) sent.failure = FailureText(manner, sent.fields, vars_.PacketFields);
   MessageSent.Emit(sent);
   ShowFailure(sent.failure, shown);
   return acknowledged;

@@ -7,12 +7,12 @@
 
 #include "core/frm_start.h"
 #include "link/communications.h"
-#include "link/finally.h"
 #include "link/identification.h"
 #include "link/ports.h"
 #include "link/replies.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
+#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 

@@ -9,8 +9,8 @@
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "core/vitc_frames.h"
-#include "link/finally.h"
 #include "link/setting_commands.h"
+#include "platform/finally.h"
 #include "platform/text.h"
 
 namespace marlinset {

@@ -78,8 +78,8 @@ void ParameterList::ClearCaptions() {
 }
 
 void ParameterList::SetParDisType() {
-  const bool decimal = form_.bValue.Caption() != "Value (Dec)";
-  form_.bValue.SetCaption(decimal ? "Value (Dec)" : "Value (Hex)");
+  const bool decimal = form_.bValue.Caption() != FrmStart::kDecimalHead;
+  form_.bValue.SetCaption(decimal ? FrmStart::kDecimalHead : FrmStart::kHexadecimalHead);
   vars_.ParDisType = decimal ? "Dec" : "Hex";
   ChangePara();
 }

@@ -3,8 +3,8 @@
 
 #include "core/frm_start.h"
 #include "core/variables.h"
-#include "link/finally.h"
 #include "link/setting_commands.h"
+#include "platform/finally.h"
 
 namespace marlinset {
 

@@ -37,12 +37,13 @@ void WindowRules::LimitToWidth(int row) {
   if (!has(vars_.CharWindows, row) || !has(vars_.CharMaxPositions, vars_.CurCharMaxRow)) return;
   const CharWindowRec window = At(vars_.CharWindows, row);
   if (!form_.udHor.Has(row)) return;
-  SpinControl& horizontal = form_.udHor(row);
-  horizontal.SetMax(At(vars_.CharMaxPositions, vars_.CurCharMaxRow).MaxHorPosn - window.Length);
+  form_.udHor(row).SetMax(At(vars_.CharMaxPositions, vars_.CurCharMaxRow).MaxHorPosn - window.Length);
   const auto reserve = [&](const ControlArray<CheckBox>& boxes, int length) {
     if (!boxes.Has(row)) return;
     if (length == 0) boxes(row).SetValue(0);
-    if (length != 0 && boxes(row).On()) horizontal.SetMax(horizontal.Max() - length);
+    if (length == 0 || !boxes(row).On()) return;
+    SpinControl& horizontal = form_.udHor(row);
+    horizontal.SetMax(horizontal.Max() - length);
   };
   reserve(form_.chField, window.FieldLength);
   reserve(form_.chSym, window.SymbolLength);

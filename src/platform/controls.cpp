@@ -225,16 +225,18 @@ void SpinControl::SetMax(int max) {
 }
 
 bool SpinControl::OperatorStep(bool up, int times) {
-  return AsOperator([this, up, times] {
-    const Watch watch(*this);
-    for (int i = 0; i < times; ++i) {
-      const bool rising = up == (max_ >= min_);
-      const std::int64_t next = std::int64_t{value_} + (rising ? increment_ : -increment_);
-      const int before = value_;
-      SetValue(static_cast<int>(std::clamp<std::int64_t>(next, Lowest(), Highest())));
-      if (!watch.There() || value_ == before) break;  // at the limit
-    }
-  });
+  const Watch watch(*this);
+  bool moves = true;  // until it is at the limit
+  const auto click = [&] {
+    const bool rising = up == (max_ >= min_);
+    const std::int64_t next = std::int64_t{value_} + (rising ? increment_ : -increment_);
+    const auto value = static_cast<int>(std::clamp<std::int64_t>(next, Lowest(), Highest()));
+    moves = value != value_;
+    SetValue(value);
+  };
+  int clicks = 0;  // each by itself: one that fails takes none of the others along
+  while (clicks < times && moves && watch.There() && AsOperator(click)) ++clicks;
+  return clicks > 0;
 }
 
 bool SpinControl::OperatorSpin(int value) {

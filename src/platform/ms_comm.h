@@ -63,6 +63,8 @@ class MSComm {
   virtual void LookForDevices() {}
   /// The device behind a port number ("/dev/ttyUSB0"), empty when there is none.
   virtual std::string DeviceName(int port) const = 0;
+  /// Whether it is there now; a device that was named need not be.
+  virtual bool DeviceIsThere(int port) const = 0;
 
  protected:
   void RaiseOnComm() const {

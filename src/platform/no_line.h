@@ -27,6 +27,7 @@ class NoLine : public MSComm {
   std::uint8_t Input() override { throw SubscriptOutOfRange(); }
   int CommEvent() const override { return 0; }
   std::string DeviceName(int /*port*/) const override { return {}; }
+  bool DeviceIsThere(int /*port*/) const override { return false; }
 
  private:
   int port_ = kLowestPort;

@@ -5,12 +5,12 @@
 
 #include "core/frm_start.h"
 #include "core/variables.h"
-#include "link/finally.h"
 #include "link/interactive_mode.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
+#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
@@ -162,9 +162,8 @@ void PrintCommand::CopyVitcLines(FrmPrint& page) const {
 
 void PrintCommand::CopyPort(FrmPrint& page) const {
   page.tOutbox(FrmPrint::kPort).SetText(std::to_string(platform_.ComP1.CommPort()));
-  const MenuItem* const ports[] = {&form_.mnuCom1, &form_.mnuCom2, &form_.mnuCom3, &form_.mnuCom4};
-  for (int i = 0; i < kHighestPort; ++i) {
-    if (ports[i]->Checked()) page.tOutbox(FrmPrint::kPort).SetText(std::to_string(i + 1));
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    if (form_.ComMenu(port).Checked()) page.tOutbox(FrmPrint::kPort).SetText(std::to_string(port));
   }
 }
 

@@ -69,6 +69,8 @@ TEST_F(CliTest, AScriptDoesWhatAnOperatorCould) {
                  {R"(type tWinMess "roll \"4\" é")", ""},
                  {R"(key tWinMess "\b")", ""},
                  {"get tWinMess", R"({"text":"roll \"4\" "})"},
+                 {R"(type tWinMess "\u0416")", ""},
+                 {"state", R"({"state":{"text message":"?"}})"},
                  {"variable tClearStat", R"({"value":{"enabled":true,"interval":10000}})"},
                  {"activate off", ""},
                  {"variable MainFormActive", R"({"value":false})"},
@@ -102,8 +104,8 @@ TEST_F(CliTest, AScriptDoesWhatAnOperatorCould) {
 
 TEST_F(CliTest, AScriptAnswersQuestionsAndCloses) {
   Script script(Virtual());
-  script.Expect({{"click oView(2)", ""}, {"answer no yes", ""}});
-  for (const char* answer : {"no", "yes", "no"}) {  // the third by itself
+  script.Expect({{"click oView(2)", ""}, {"answer no yes cancel", ""}});
+  for (const char* answer : {"no", "yes", "no", "no"}) {  // Esc is No, as is what comes by itself
     script.Expect({{"step udVal(20) up", ""}});
     const json messages = script.Answer("click mnuNew")["messages"];
     EXPECT_EQ(messages[0]["answer"], answer);
@@ -119,6 +121,9 @@ TEST_F(CliTest, AScriptAnswersQuestionsAndCloses) {
   Script missing(Virtual({folder_.File("none.script")}));
   EXPECT_THAT(missing.ReadDiagnostic(), HasSubstr("none.script"));
   EXPECT_EQ(missing.End(), 2);
+  Script folder(Virtual({folder_.Path()}));
+  EXPECT_THAT(folder.ReadDiagnostic(), HasSubstr("cannot be read"));
+  EXPECT_EQ(folder.End(), 2);
 }
 
 TEST_F(CliTest, AScriptWorksTheWindowsOverTheMainWindow) {
@@ -126,6 +131,8 @@ TEST_F(CliTest, AScriptWorksTheWindowsOverTheMainWindow) {
   script.Expect({{"click frmAbout.cmdOK", R"({"ok":false})"},
                  {"click mnuAbout", R"({"messages":[{"kind":"dialog","name":"frmAbout"}]})"},
                  {"variable MainFormActive", R"({"value":false})"},
+                 {"get frmAbout", R"({"kind":"form","text":"About 7340 Marlinset","visible":true})"},
+                 {"get frmAbout.cmdOK", R"({"name":"frmAbout.cmdOK"})"},
                  {"click frmAbout.cmdOK", ""},
                  {"variable MainFormActive", R"({"value":true})"}});
   for (const char* number : {"30", "31"}) {

@@ -247,6 +247,19 @@ TEST_F(Loading, AFailureBehindTheWindowsKeepsWhatWasTaken) {
   EXPECT_THAT(TakeBoxes(), ElementsAre(StartsWith("3024 "), StartsWith("3024 "), StartsWith("3024 ")));
 }
 
+TEST_F(Loading, ADatabaseOfAnotherAgeMayLackColumns) {
+  const std::string old = folder.File("shotsys.mdb");
+  std::filesystem::copy_file(vars.DatabasePath, old);
+  vars.DatabasePath = old;
+  RunSql(old,
+         "ALTER TABLE \"Character Windows\" RENAME COLUMN \"Field Length\" TO n;"
+         "ALTER TABLE \"Deleted Parameters\" RENAME COLUMN \"Value\" TO n");
+  EXPECT_EQ(Load(Sample(2)), ReadEnd::kLoaded);
+  EXPECT_THAT(TakeBoxes(), ElementsAre(kNewWindows, kExtraParameters, kNewParameters));
+  EXPECT_EQ(Window("Video Timecode").FieldLength, 0);
+  ExpectWholePanels();
+}
+
 TEST_F(Loading, AFileThatIsNotThereIsLookedFor) {
   fileDialog.FileName = folder.File("gone.qcf");
   tool.configurationFile.ReadConfigFile();

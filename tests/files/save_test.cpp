@@ -128,9 +128,13 @@ TEST_F(Saving, WhatOthersPutThereIsKeptWhateverItIs) {
 
 TEST_F(Saving, ReportsWhatItCannotWriteTo) {
   std::filesystem::create_directory(folder.File("folder.qcf"));
-  for (const char* name : {"folder.qcf", "no/such/folder.qcf", "undotted", "vanished.qcf"}) {
+  for (const auto& [name, remedy] : {std::pair{"folder.qcf", "Path/File access error"},
+                                     {"no/such/folder.qcf", "Path/File access error"},
+                                     {"undotted", "The name needs the extension .qcf."},
+                                     {"vanished.qcf", "/\nThe folder last used is not there any more."}}) {
     files.refuseFolders = name == std::string("vanished.qcf");
     SaveAs(name);
+    EXPECT_THAT(dialogs.shown.back().remedy, testing::EndsWith(remedy));
     EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed)) << name;
     EXPECT_FALSE(std::filesystem::is_regular_file(folder.File(name)));
   }

@@ -3,9 +3,9 @@
 // input chooses. Afterwards the line is mended, and the tool has to understand the unit as if nothing had
 // been.
 //
-// The first byte says what holds all the time, see Fuzz. Then come steps, each of three bytes and some more:
-// what the tool does meanwhile, and kFramed for bytes that are the fields of a sound frame; after how many
-// milliseconds they arrive; their number; the bytes.
+// The first byte says what holds all the time, see Setting. Then come steps, each of three bytes and some
+// more: what the tool does meanwhile, and kFramed for bytes that are the fields of a sound frame; after how
+// many milliseconds they arrive; their number; the bytes.
 #include <cassert>
 #include <cstdint>
 #include <functional>
@@ -23,20 +23,31 @@ constexpr int kFramed = 16;
 /// A whole send to a silent unit takes some minutes.
 constexpr std::int64_t kLongestStepMs = 30 * 60 * 1000;
 
+enum Setting : unsigned {
+  kAgrees = 1,
+  kMute = 2,
+  kNoGate = 4,
+  kFullLog = 8,
+  kIdentified = 16,
+  kPaced = 32,
+  kManual = 64,
+};
+
 class Fuzz {
  public:
-  explicit Fuzz(std::uint8_t setting) {
-    rig_.dialogs.onShow = [agrees = (setting & 1) != 0](const MessageBox& box) {
+  explicit Fuzz(unsigned settings) {
+    const auto has = [settings](Setting setting) { return (settings & setting) != 0; };
+    rig_.dialogs.onShow = [agrees = has(kAgrees)](const MessageBox& box) {
       assert(!TellsOfFailure(box));
       if (!agrees) return FakeDialogs::Default(box.buttons);
       return box.buttons == BoxButtons::kYesNo ? BoxAnswer::kYes : BoxAnswer::kOk;
     };
-    rig_.line.Unit().Faults().mute = (setting & 2) != 0;
-    rig_.line.SetGate((setting & 4) == 0);
-    rig_.form.tInput.SetVisible((setting & 8) != 0);
-    if ((setting & 16) != 0) rig_.OpenIdentified();
-    if ((setting & 32) != 0) rig_.line.SetPace(57600);
-    if ((setting & 64) != 0) rig_.line.Unit().SetManual(true);
+    rig_.line.Unit().Faults().mute = has(kMute);
+    rig_.line.SetGate(!has(kNoGate));
+    rig_.form.tInput.SetVisible(has(kFullLog));
+    if (has(kIdentified)) rig_.OpenIdentified();
+    if (has(kPaced)) rig_.line.SetPace(57600);
+    if (has(kManual)) rig_.line.Unit().SetManual(true);
     rig_.Open();
   }
 

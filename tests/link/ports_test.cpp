@@ -11,10 +11,10 @@ using testing::ElementsAre;
 using Texts = std::vector<std::string>;
 
 /// The digits of the entries of the port menu that are ticked, or enabled.
-std::string Which(const LinkRig& rig, bool (MenuItem::*are)() const) {
+std::string Which(LinkRig& rig, bool (MenuItem::*are)() const) {
   std::string digits;
-  for (const MenuItem* item : {&rig.form.mnuCom1, &rig.form.mnuCom2, &rig.form.mnuCom3, &rig.form.mnuCom4}) {
-    if ((item->*are)()) digits += item->Name().back();
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    if ((rig.form.ComMenu(port).*are)()) digits += std::to_string(port);
   }
   return digits;
 }
@@ -132,10 +132,16 @@ TEST(Ports, TellOnceWhyOneCannotBeOpened) {
     EXPECT_EQ(rig.Panel(3), "") << "nothing was sent";
     EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
     EXPECT_EQ(rig.EnabledButtons(), 6);
+    EXPECT_EQ(rig.form.dPause.Interval(), button == std::string("bGetID") ? 100 : 10000);
   }
 }
 
 TEST(Ports, ChangeByTheMenuAlsoToDevicesThatComeLater) {
+  LinkRig busy;
+  busy.line.RefuseOpen("/dev/ttyUSB0 is in use by another program.");
+  busy.ports.SetUpCom();
+  busy.ports.LookForDevices();
+  EXPECT_EQ(Which(busy, &MenuItem::Enabled), "") << "it was there before";
   LinkRig rig;
   rig.line.SetPorts({1, 2});
   rig.ports.SetUpCom();

@@ -46,12 +46,14 @@ TEST(AckWait, IsLostWhenTheUnitBroadcastsInItsMiddle) {
   rig.OpenIdentified();
   rig.line.Unit().Faults().drop = 1;
   rig.line.Inject(EncodeFrame(Bytes{15, 0, 187}), 50);
-  rig.vars.PacketFields = {1, 5, 46};
-  EXPECT_FALSE(rig.comms.AckWait());
+  std::vector<std::string> texts;
+  rig.form.StatBar(3).Changed.Connect([&] { texts.push_back(rig.Panel(3)); });
+  EXPECT_FALSE(rig.commands.Send(CommandId::kVitcOn, Sender::kPanel));
   EXPECT_EQ(rig.pump.Now(), 100);
   EXPECT_THAT(rig.Sent(), ElementsAre("1 5 46", "15 0 33"));
-  EXPECT_EQ(rig.Panel(3), "Mode Switched to Select");
-  EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("Broadcast Mode detected, switched to Select Mode"));
+  EXPECT_THAT(texts, ElementsAre("Broadcast Packet In", "Packet Out", "Mode Switched to Select"));
+  EXPECT_THAT(rig.dialogs.Texts(),
+              ElementsAre("Broadcast Mode detected, switched to Select Mode", "VITC Enable error 33"));
 }
 
 struct ReplyCase {

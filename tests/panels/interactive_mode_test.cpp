@@ -106,6 +106,10 @@ TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
   EXPECT_THAT(Tick(), IsEmpty()) << "an exchange has not come back yet";
   form.StatBar(FrmStart::kExchangePanel).SetText("Nack In");
   EXPECT_THAT(Tick(), ElementsAre(kGetId, kVideoSense)) << "a Nak is a sign of life";
+  form.mnuOff.OperatorClick();
+  Enter();
+  Tick();
+  EXPECT_THAT(Heartbeat(), ElementsAre(1)) << "from the beginning again";
   form.dPause.SetInterval(8000);
   form.dPause.SetEnabled(true);
   EXPECT_THAT(Tick(), IsEmpty()) << "an acknowledgement is awaited";
@@ -180,6 +184,7 @@ TEST_F(InteractiveTest, SelectionOfTheStandard) {
   }
   EXPECT_THAT(rig.Boxes(), ElementsAre("Mode Set error"));
   EXPECT_FALSE(form.mnuAuto.Checked() || form.mnuMan.Checked());
+  EXPECT_EQ(form.pComBut.BackColor(), kRed);
 }
 
 }  // namespace

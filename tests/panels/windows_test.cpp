@@ -153,6 +153,10 @@ TEST(Inserter, OpensThePortAndIsAChoiceAlsoWithoutOne) {
     EXPECT_THAT(rig.Told(), ElementsAre("Port 1 is in use."));
     EXPECT_TRUE(menu.Checked());
   }
+  PanelRig rig;
+  rig.line.Unit().Faults().mute = true;
+  EXPECT_FALSE(rig.tool.commands.SendCharInserter(CommandId::kCharOff, Sender::kPanel, false));
+  EXPECT_FALSE(rig.form.mnuCharOn.Checked() || rig.form.mnuCharOff.Checked()) << "nobody knows";
 }
 
 }  // namespace

@@ -56,6 +56,10 @@ TEST_F(ControlsTest, TellOfARealChange) {
   inverted.SetMax(-10);
   inverted.OperatorStep(true);
   EXPECT_EQ(inverted.Value(), -1) << "up goes towards Max";
+  inverted.OnChange([] { throw Overflow(); });
+  inverted.OperatorStep(true, 3);
+  EXPECT_EQ(inverted.Value(), -4) << "each click fails by itself";
+  EXPECT_EQ(dialogs.shown.size(), 3U);
   spin.SetMax(2147483647);
   spin.SetValue(2147483647);
   EXPECT_EQ(Of([&] { spin.OperatorStep(true); }), none);

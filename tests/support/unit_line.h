@@ -62,6 +62,7 @@ class UnitLine : public MSComm {
   int CommEvent() const override { return event_; }
   void LookForDevices() override { ++looks_; }
   std::string DeviceName(int port) const override;
+  bool DeviceIsThere(int port) const override { return ports_.contains(port); }
 
  private:
   LineTime Now() const { return std::chrono::milliseconds{pump_.Now()}; }

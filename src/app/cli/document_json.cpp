@@ -34,7 +34,7 @@ std::vector<std::uint8_t> BytesOf(std::string_view name, const Json& json) {
 
 Json IdentificationJson(const std::vector<std::uint8_t>& block) {
   const auto items = IdentificationItems(block);
-  if (!items) return HexText(block);
+  if (!items) return HexOfBytes(block);
   Json list = Json::array();
   for (const QcfItem& item : *items) {
     for (const auto& [tag, name] : QcfItemNames()) {
@@ -186,7 +186,7 @@ Json DocumentJson(const QcfDocument& document) {
   Json json = {{kIdentificationName, IdentificationJson(document.identification)}};
   if (document.configurationLength) json[kLengthName] = *document.configurationLength;
   AddEntries(json, document.entries);
-  if (!document.tail.empty()) json[kTailName] = HexText(document.tail);
+  if (!document.tail.empty()) json[kTailName] = HexOfBytes(document.tail);
   return json;
 }
 

@@ -46,7 +46,8 @@ bool LineInput::ReadMore() {
   std::array<char, 4096> block;
   const ssize_t count = ::read(descriptor_, block.data(), block.size());
   if (count < 0 && errno == EINTR) return true;
-  if (count <= 0) return false;
+  if (count < 0) throw std::runtime_error(std::string("the script cannot be read: ") + std::strerror(errno));
+  if (count == 0) return false;
   buffer_.append(block.data(), static_cast<std::size_t>(count));
   return true;
 }

@@ -21,14 +21,14 @@ constexpr std::array<std::string_view, 4> kAnswers = {"ok", "cancel", "yes", "no
 BoxAnswer QueuedDialogs::NextAnswer(BoxButtons buttons) {
   const bool question = buttons == BoxButtons::kYesNo;
   const auto fits = [&](BoxAnswer answer) {
-    const bool yesOrNo = answer == BoxAnswer::kYes || answer == BoxAnswer::kNo;
-    return question ? yesOrNo : answer == BoxAnswer::kOk || (!yesOrNo && buttons == BoxButtons::kOkCancel);
+    if (answer == BoxAnswer::kCancel) return buttons != BoxButtons::kOk;
+    return (answer != BoxAnswer::kOk) == question;
   };
   const auto found = std::find_if(answers_.begin(), answers_.end(), fits);
   if (found == answers_.end()) return question ? BoxAnswer::kNo : BoxAnswer::kOk;
   const BoxAnswer answer = *found;
   answers_.erase(found);
-  return answer;
+  return question && answer == BoxAnswer::kCancel ? BoxAnswer::kNo : answer;  // as Esc does
 }
 
 BoxAnswer QueuedDialogs::Present(const MessageBox& box) {

@@ -12,6 +12,8 @@
 #include "app/cli/variables_json.h"
 #include "app/tool.h"
 #include "files/panel_document.h"
+#include "files/qcf_reader.h"
+#include "files/qcf_writer.h"
 #include "platform/event_pump.h"
 #include "platform/settings_store.h"
 #include "platform/text.h"
@@ -39,6 +41,15 @@ std::string HexOf(const std::vector<std::uint8_t>& bytes) {
     for (const char digit : HexByte(byte)) hex += static_cast<char>(std::tolower(digit));
   }
   return hex;
+}
+
+/// What no file can hold stays as it is.
+QcfDocument AsInAFile(QcfDocument document) {
+  try {
+    return ReadDocument(WriteDocument(document));
+  } catch (const RuntimeError&) {
+    return document;
+  }
 }
 
 int EntryOf(const Control& control, const Word& word) {
@@ -143,7 +154,15 @@ Control& Script::ShownControl(const std::string& text) const {
 }
 
 Json Script::Get(const ScriptLine& line) {
-  return ControlJson(FindControl(line.At(0).text));
+  const std::string& text = line.At(0).text;
+  for (const Form* form : tool_.Forms()) {
+    if (text == form->Name())
+      return {{"name", text}, {"kind", "form"}, {"text", form->Caption()}, {"visible", form->Visible()}};
+  }
+  Json json = ControlJson(FindControl(text));
+  const Form& form = FindForm(ParseControlName(text).form);
+  if (&form != &tool_.form) json["name"] = form.Name() + "." + json["name"].get<std::string>();
+  return json;
 }
 
 Json Script::Choose(const ScriptLine& line) {
@@ -274,7 +293,7 @@ Json Script::Save(const ScriptLine& line) {
 
 Json Script::State(const ScriptLine& /*line*/) {
   try {
-    return {{"state", DocumentJson(DocumentOfPanels(tool_.variables, tool_.form))}};
+    return {{"state", DocumentJson(AsInAFile(DocumentOfPanels(tool_.variables, tool_.form)))}};
   } catch (const RuntimeError& failure) {
     throw ScriptError(failure.Description());
   }

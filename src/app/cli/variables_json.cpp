@@ -34,6 +34,7 @@ const std::map<std::string_view, Getter>& Getters() {
       {"CurrentFile", Plain(&Variables::CurrentFile)},
       {"LoadFolder", Plain(&Variables::LoadFolder)},
       {"ConfigFolder", Plain(&Variables::ConfigFolder)},
+      {"FileChannel", Plain(&Variables::FileChannel)},
       {"ConfigSaved", Plain(&Variables::ConfigSaved)},
       {"MainFormActive", Plain(&Variables::MainFormActive)},
       {"CurCharMaxRow", Plain(&Variables::CurCharMaxRow)},

@@ -91,6 +91,11 @@ void QtSerialPort::SetPortOpen(bool open) {
   if (open) Open();
 }
 
+bool QtSerialPort::DeviceIsThere(int port) const {
+  const std::string device = DeviceName(port);
+  return !device.empty() && QFileInfo::exists(RealName(device));
+}
+
 void QtSerialPort::Open() {
   const std::string device = DeviceName(port_);
   if (device.empty()) throw NoDeviceBehind(port_);

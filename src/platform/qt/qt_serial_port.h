@@ -39,6 +39,7 @@ class QtSerialPort : public MSComm {
   int CommEvent() const override { return event_; }
   void LookForDevices() override { ports_.Refresh(); }
   std::string DeviceName(int port) const override { return ports_.Device(port); }
+  bool DeviceIsThere(int port) const override;
 
  private:
   void Open();

@@ -156,18 +156,6 @@ class SqliteDatabase : public Database {
   bool comparesWithoutCase_ = false;
 };
 
-/// What an opening gives out: the file itself may be open for several.
-class SharedDatabase : public Database {
- public:
-  explicit SharedDatabase(std::shared_ptr<Database> database) : database_(std::move(database)) {}
-  std::unique_ptr<Recordset> OpenRecordset(std::string_view nameOrQuery) override {
-    return database_->OpenRecordset(nameOrQuery);
-  }
-
- private:
-  std::shared_ptr<Database> database_;
-};
-
 /// The first bytes of every SQLite file. Looked at here because the library takes an empty file for an empty
 /// database.
 void CheckSignature(const std::string& path) {
@@ -184,7 +172,7 @@ void CheckSignature(const std::string& path) {
   }
 }
 
-std::shared_ptr<Database> OpenWhole(const std::string& path, const std::string& absolute) {
+std::unique_ptr<SqliteDatabase> Open(const std::string& path, const std::string& absolute) {
   std::error_code ignored;
   if (!std::filesystem::exists(absolute, ignored)) {
     throw RuntimeError(kErrNoDatabase, "Couldn't find file '" + path + "'.");
@@ -197,9 +185,7 @@ std::shared_ptr<Database> OpenWhole(const std::string& path, const std::string& 
   sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
   sqlite3_limit(handle.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
   sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  auto database = std::make_shared<SqliteDatabase>(std::move(handle), path);
-  database->Check();
-  return database;
+  return std::make_unique<SqliteDatabase>(std::move(handle), path);
 }
 
 }  // namespace
@@ -209,14 +195,14 @@ std::unique_ptr<Database> SqliteEngine::OpenDatabase(const std::string& path) {
   // An absolute path is never taken for a URI or for one of SQLite's own names.
   const std::string absolute = std::filesystem::absolute(path, ignored).string();
   const auto stamp = StampOf(absolute);
-  const auto known = known_.find(absolute);
-  if (stamp && known != known_.end() && known->second.stamp == *stamp) {
-    return std::make_unique<SharedDatabase>(known->second.database);
+  auto database = Open(path, absolute);
+  const auto known = whole_.find(absolute);
+  if (!stamp || known == whole_.end() || known->second != *stamp) {
+    whole_.erase(absolute);
+    database->Check();
+    if (stamp) whole_[absolute] = *stamp;
   }
-  if (known != known_.end()) known_.erase(known);
-  const std::shared_ptr<Database> database = OpenWhole(path, absolute);
-  if (stamp) known_[absolute] = {*stamp, database};
-  return std::make_unique<SharedDatabase>(database);
+  return database;
 }
 
 /// Nothing for a file that is not there or was written to just now: another write within the same tick of the

@@ -13,8 +13,9 @@
 namespace marlinset {
 
 /// Reference databases as SQLite files, opened for reading only. An opening checks the whole file, so that a
-/// damaged one is refused (3343) instead of giving wrong rows. A file that was found whole stays open, and is
-/// neither opened nor read through again until it was written to.
+/// damaged one is refused (3343) instead of giving wrong rows. A file that was found whole is not read
+/// through again until it was written to. It is open only as long as the Database lives: whoever brings a new
+/// one can put it in its place while the tool runs.
 ///
 /// A text that begins with "select" is a query and is run as it stands; any other is the name of a table,
 /// found without regard to case, whose rows come in the order in which they were put in. Queries compare
@@ -34,13 +35,9 @@ class SqliteEngine : public DataEngine {
     std::filesystem::file_time_type written;
     bool operator==(const Stamp&) const = default;
   };
-  struct Known {
-    Stamp stamp;
-    std::shared_ptr<Database> database;
-  };
   static std::optional<Stamp> StampOf(const std::string& path);
 
-  std::map<std::string, Known> known_;  ///< files found whole, by path
+  std::map<std::string, Stamp> whole_;  ///< files found whole, by path
 };
 
 }  // namespace marlinset
