@@ -170,9 +170,9 @@ TEST_F(Loading, ATextThatItsListLacksIsToldAndReplaced) {
 
 TEST_F(Loading, NumbersAtTheirBounds) {
   Load(Sample(2));
-  for (const int byte : {0, 1, 2, 4, 255}) {
+  for (const int byte : {0, 1, 2, 3, 4, 255}) {
     EXPECT_EQ(Load(With("VITC selection", std::int64_t{byte})), ReadEnd::kLoaded);
-    EXPECT_EQ(form.vitcModes.Selected(), byte == 1 ? 0 : 1) << byte;
+    EXPECT_EQ(form.vitcModes.Selected(), byte >= 1 && byte <= 3 ? byte - 1 : 1) << byte;
     Load(With("characters on", std::int64_t{byte}));
     EXPECT_EQ(form.mnuCharOn.Checked(), byte == 1) << byte;
     EXPECT_NE(form.mnuCharOff.Checked(), form.mnuCharOn.Checked()) << byte;
@@ -229,6 +229,9 @@ TEST_F(Loading, EachFailureHasItsMessage) {
     EXPECT_EQ(TakeBoxes().back(), message) << why;
   }
   EXPECT_EQ(Load({}), ReadEnd::kEmpty);
+  for (const std::int64_t number : {std::int64_t{-1}, std::int64_t{4294967296}})
+    EXPECT_THROW(With("slate duration", number), RuntimeError) << number;
+  EXPECT_NE(With("slate duration", std::int64_t{4294967295}), good);
 }
 
 TEST_F(Loading, AFailureBehindTheWindowsKeepsWhatWasTaken) {
@@ -252,11 +255,16 @@ TEST_F(Loading, ADatabaseOfAnotherAgeMayLackColumns) {
   std::filesystem::copy_file(vars.DatabasePath, old);
   vars.DatabasePath = old;
   RunSql(old,
+         "UPDATE \"Character Windows\" SET \"On\" = 1, \"Slate On\" = 1, \"Symbol On\" = 1, \"Field On\" = "
+         "1, Ignore1 = 1;"
          "ALTER TABLE \"Character Windows\" RENAME COLUMN \"Field Length\" TO n;"
          "ALTER TABLE \"Deleted Parameters\" RENAME COLUMN \"Value\" TO n");
   EXPECT_EQ(Load(Sample(2)), ReadEnd::kLoaded);
   EXPECT_THAT(TakeBoxes(), ElementsAre(kNewWindows, kExtraParameters, kNewParameters));
-  EXPECT_EQ(Window("Video Timecode").FieldLength, 0);
+  const CharWindowRec& window = Window("Video Timecode");
+  EXPECT_EQ(window.FieldLength, 0);
+  EXPECT_TRUE(window.On && window.SlateOn && window.SymbolOn && window.FieldOn && window.Ignore1)
+      << "the database knows better";
   ExpectWholePanels();
 }
 
@@ -290,6 +298,7 @@ TEST_F(Loading, OpenNamesTheFileEvenWhenItCouldNotBeRead) {
   EXPECT_EQ(shown.fileName, "*.qcf");
   EXPECT_EQ(shown.initDir, vars.AppPath) << "as long as there was no other";
   EXPECT_EQ(shown.flags, kHideReadOnly);
+  EXPECT_EQ(fileDialog.FilterIndex, 1);
   EXPECT_THAT(files.folders, ElementsAre(vars.AppPath));
 
   fileDialog.choices = {Write("empty.qcf", {})};

@@ -98,7 +98,9 @@ TEST(QcfFormat, AParameterIsReadInAnotherWayThanWritten) {
   for (const std::int64_t stored : {0xFFFFLL, 0x8010LL, 0xFFFFFFFFLL}) {
     EXPECT_EQ(FailureOf([&] { LoadedParameterValue(stored); }), kErrOverflow) << stored;
   }
-  for (const std::int16_t value : {std::int16_t{-32768}, std::int16_t{-1}, std::int16_t{32767}}) {
+  for (const std::int64_t beyond : {65536LL, 0x18000LL}) EXPECT_EQ(ShownParameterValue(beyond), beyond);
+  for (const std::int16_t value :
+       {std::int16_t{-32768}, std::int16_t{-1}, std::int16_t{0}, std::int16_t{32767}}) {
     EXPECT_EQ(ShownParameterValue(StoredParameterValue(value)), value);
     EXPECT_EQ(StoredOfShown(value), StoredParameterValue(value));
   }
@@ -110,6 +112,26 @@ TEST(QcfFormat, NamesWhoWroteTheFile) {
   EXPECT_EQ(std::get<std::string>(items->back().content), MARLINSET_VERSION);
   EXPECT_EQ(IdentificationOf(*items), OwnIdentification());
   EXPECT_EQ(ListingOf(ReadDocument(Sample(2)))[0].text, "7340");
+  const std::pair<FileBytes, bool> kForeign[] = {{{}, true},
+                                                 {{0xFF, 0, 0, 0, 0}, true},
+                                                 {{2, 0, 0, 0, 2, 'a', 'b', 3, 0, 0, 0, 0}, true},
+                                                 {{1, 0, 0, 0, 1, 7, 3, 4, 15}, true},
+                                                 {{1, 0, 0, 0, 1, 7, 3, 4, 16}, false},
+                                                 {{1, 0, 0, 0, 1, 7, 3, 4}, false},
+                                                 {{4, 0, 0, 0, 0}, false},
+                                                 {{2, 0, 0, 0}, false},
+                                                 {{2, 0, 0, 0, 3, 'a', 'b'}, false},
+                                                 {{2, 0, 0, 1, 0, 'a'}, false}};
+  for (const auto& [block, isKnown] : kForeign) {
+    const auto known = IdentificationItems(block);
+    ASSERT_EQ(known.has_value(), isKnown) << ToHex(block);
+    EXPECT_EQ(IdentificationOf(known.value_or(std::vector<QcfItem>())), known ? block : FileBytes());
+  }
+  FileBytes longText(5 + 256, 'x');
+  std::ranges::copy(FileBytes{2, 0, 0, 1, 0}, longText.begin());
+  EXPECT_TRUE(IdentificationItems(longText));
+  EXPECT_TRUE(IsModel("73F0"));
+  for (const char* text : {"734", "73400", "734G"}) EXPECT_FALSE(IsModel(text)) << text;
 }
 
 TEST(QcfFormat, ComparesByNameWhereverAWindowStands) {

@@ -90,7 +90,10 @@ TEST_F(Saving, AFailedSaveKeepsTheOldContentBeside) {
   EXPECT_EQ(Read("show.qcf"), old) << "untouched";
   files.refuseCopies = false;
   form.udVer(3).SetValue(256);
-  fails("a position that fits into no byte");
+  SaveAs("show.qcf");
+  EXPECT_EQ(dialogs.shown.back().remedy,
+            folder.File("show.qcf") + "\nA number on the panels is beyond what a file can hold.");
+  EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed));
   EXPECT_EQ(Read("show.qcf.bak"), old);
   form.udVer(3).SetValue(32);
   files.room = 700;

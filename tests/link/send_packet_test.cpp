@@ -37,6 +37,8 @@ TEST(SendPacket, PutsTheFramesOnTheLineThatUnitsKnow) {
   }
   EXPECT_THROW(rig.comms.SendPacket({2, 8, 33, 256}), RuntimeError) << "it does not fit a byte";
   EXPECT_EQ(rig.line.Sent().size(), 1U);
+  EXPECT_EQ(EncodeFrame(Bytes(255)).size(), 258U);
+  EXPECT_THROW(EncodeFrame(Bytes(256)), RuntimeError);
 }
 
 TEST(SendPacket, ShowsTrafficUntilTheLastByteHasGone) {
