@@ -41,11 +41,14 @@ class WindowRun {
 
  private:
   Platform MakePlatform();
+  /// Behind the splash: the window, and the tool in it.
   void Load();
+  /// When the splash has gone: shows the window and does what the command line asks for.
   void Begin();
   void OpenFile(const std::string& name);
 
   const WindowOptions& options_;
+  // The tool lives on what stands before it, the window on the tool.
   QtDialogs dialogs_;
   QtFileDialog fileDialog_;
   Computer computer_;
@@ -94,10 +97,10 @@ void WindowRun::Begin() {
 }
 
 int WindowRun::Run() {
-  FrmSplash form(computer_.Pump(), computer_.GetGuard());
+  FrmSplash splashForm(computer_.Pump(), computer_.GetGuard());
   Splash splash(
-      form, [this] { Load(); }, [this] { Begin(); });
-  const SplashWindow splashWindow(form, [&] { splash.Skip(); });
+      splashForm, [this] { Load(); }, [this] { Begin(); });
+  const SplashWindow splashWindow(splashForm, [&] { splash.Skip(); });
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &splashWindow,
                    [this](Qt::ApplicationState state) { tool_.SetActive(state == Qt::ApplicationActive); });
   tool_.ports.NamePorts(options_.common.ports);

@@ -45,7 +45,7 @@ std::optional<int> ReadOptions(int argc, char** argv, Options& options) {
   app.add_option("--model", options.unit.model, "model code: 2 or 8 HD7340, 10 HDSD7340, 32 HD7340Q")
       ->check(CLI::IsMember({kModelHd7340, kModelHd7340Old, kModelHdSd7340, kModelHd7340Q}));
   app.add_option("--standard", options.unit.standard,
-                 "code of the video standard, 1 to 8; 0 and others for none known")
+                 "code of the video standard, 1 to 8; 0 for none, others for one that the tool does not know")
       ->check(CLI::Range(0, 63));
   app.add_flag("--manual", options.unit.manual, "the standard is set by command, not taken from the input");
   app.add_flag("--no-video", noVideo, "no video at the input");

@@ -42,7 +42,7 @@ class Tool {
 
   /// Brings the tool up in the operating mode that `commandText` names (empty: the default) and shows the
   /// main window. False when the start failed; what went wrong has been told. `resume` off: with the
-  /// defaults, whatever the last run left.
+  /// defaults, whatever configuration the last run asked for; only the work of a run that died is offered.
   bool Start(const std::string& commandText, bool resume = true);
   /// The two halves of the start, for a window that shows a splash in between.
   bool Load(const std::string& commandText, bool resume = true);

@@ -49,6 +49,15 @@ bool HasDeviceText(const Recordset& rows) {
 }
 
 template <class Rec>
+Rec ReadRecord(const Recordset& rows) {
+  Rec record;
+  for (const auto& column : ColumnsOf<Rec>()) {
+    IgnoringFailure([&] { ReadColumn(rows, column, record); });
+  }
+  return record;
+}
+
+template <class Rec>
 std::vector<Rec> ReadTable(Recordset& rows, bool (*keep)(const Recordset&)) {
   std::vector<Rec> array;
   const int count = rows.RecordCount();

@@ -9,7 +9,6 @@
 
 #include "core/records.h"
 #include "platform/data_engine.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 
@@ -66,20 +65,12 @@ inline void Assign(bool& field, const FieldValue& value) {
   field = BooleanOf(value);
 }
 
-/// The current row as a record. A column that is not there, as in a database of another age, or that cannot
-/// be converted leaves its field empty, 0 or False.
+/// Reads one column of the current row into its field. Failures as of Recordset::Fields and of the
+/// conversion; the field keeps its value then.
 template <class Rec>
-Rec ReadRecord(const Recordset& rows) {
-  Rec record;
-  for (const RecordColumn<Rec>& column : ColumnsOf<Rec>()) {
-    try {
-      const FieldValue value = rows.Fields(column.name);
-      std::visit([&](auto field) { Assign(record.*field, value); }, column.field);
-    } catch (const RuntimeError&) {
-      continue;
-    }
-  }
-  return record;
+void ReadColumn(const Recordset& rows, const RecordColumn<Rec>& column, Rec& record) {
+  const FieldValue value = rows.Fields(column.name);
+  std::visit([&](auto field) { Assign(record.*field, value); }, column.field);
 }
 
 }  // namespace marlinset

@@ -41,6 +41,20 @@ bool Holds(const std::vector<SystemParameterRec>& list, const SystemParameterRec
                      [&](const SystemParameterRec& parameter) { return SameKey(parameter, wanted); });
 }
 
+/// A database of an earlier version lacks columns; their fields stay empty, 0 or False.
+template <class Rec>
+Rec RecordOf(const Recordset& row) {
+  Rec record;
+  for (const auto& column : ColumnsOf<Rec>()) {
+    try {
+      ReadColumn(row, column, record);
+    } catch (const RuntimeError& failure) {
+      if (failure.Number() != kErrNoColumn) throw;
+    }
+  }
+  return record;
+}
+
 /// What the database knows better than any file.
 void CopyConstants(const CharWindowRec& row, CharWindowRec& window) {
   window.Number = row.Number;
@@ -75,7 +89,7 @@ std::optional<std::vector<Rec>> Upgrade::ReadTable(std::string_view table, bool 
   std::vector<Rec> records;
   rows->MoveFirst();
   for (int left = rows->RecordCount(); left > 0; --left, rows->MoveNext()) {
-    if (keep(*rows)) records.push_back(ReadRecord<Rec>(*rows));
+    if (keep(*rows)) records.push_back(RecordOf<Rec>(*rows));
   }
   return records;
 }

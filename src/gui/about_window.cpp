@@ -30,7 +30,7 @@ QLabel* MakeIcon(PictureBox& control, QWidget& window) {
   auto* icon = new QLabel(&window);
   const int side = window.fontMetrics().lineSpacing() * kIconLines;
   icon->setPixmap(ProgramIcon().pixmap(QSize(side, side), window.devicePixelRatioF()));
-  Bind(*icon, control);
+  BindFlags(*icon, control);
   icon->setAccessibleName(QStringLiteral("Program icon"));
   return icon;
 }

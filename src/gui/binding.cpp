@@ -37,7 +37,7 @@ bool GoesForGood(const QFocusEvent& event) {
 Binding::Binding(QWidget& widget, Control& control, std::function<void()> show)
     : QObject(&widget), widget_(widget), show_(std::move(show)) {
   widget.setObjectName(Shown(control.FullName()));
-  if (!control.Caption().empty()) widget.setAccessibleName(SpokenName(Shown(control.Caption())));
+  if (!control.Caption().empty()) widget.setAccessibleName(SpokenName(ShownLiteral(control.Caption())));
   Add(control, &widget);
 }
 

@@ -203,7 +203,11 @@ Binding& Bind(QPlainTextEdit& widget, TextBox& control) {
   });
 }
 
-Binding& Bind(QWidget& widget, Control& control) {
+Binding& Bind(QWidget& widget, Frame& control) {
+  return BindFlags(widget, control);
+}
+
+Binding& BindFlags(QWidget& widget, Control& control) {
   return Tie(widget, control, {});
 }
 

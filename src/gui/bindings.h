@@ -29,8 +29,10 @@ Binding& Bind(QLabel& widget, Label& control, char mnemonic = 0);
 Binding& Bind(QLineEdit& widget, TextBox& control);
 /// A log: shows the text and its end, takes none.
 Binding& Bind(QPlainTextEdit& widget, TextBox& control);
-/// Any other widget, such as a group, a band or a whole panel: its flags and its name.
-Binding& Bind(QWidget& widget, Control& control);
+/// A group, a band or a whole panel: its flags and its name.
+Binding& Bind(QWidget& widget, Frame& control);
+/// The flags and the name alone of a control that the widget stands for otherwise: a head, an icon, a sheet.
+Binding& BindFlags(QWidget& widget, Control& control);
 /// A menu entry; `mnemonic` is the letter of its caption that is underlined, 0 for none.
 void Bind(QAction& action, MenuItem& item, char mnemonic = 0);
 /// A menu entry with words of its own, put together anew with each change and each time the menu opens.

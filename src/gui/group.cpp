@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/group.h"
 
+#include <QFrame>
 #include <QGridLayout>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QVBoxLayout>
 
 #include "gui/bindings.h"
 #include "gui/look.h"
@@ -43,7 +45,8 @@ void Group::AddTitled(QWidget* field, char mnemonic, int columns) {
 }
 
 void Group::Name(QWidget& field, const QString& label) const {
-  field.setAccessibleName(SpokenName(Shown(frame_.Caption())) + QStringLiteral(", ") + SpokenName(label));
+  field.setAccessibleName(SpokenName(ShownLiteral(frame_.Caption())) + QStringLiteral(", ") +
+                          SpokenName(label));
 }
 
 void Group::paintEvent(QPaintEvent* /*event*/) {

@@ -44,7 +44,10 @@ QString ShownWithMnemonic(const std::string& text, char mnemonic) {
 }
 
 QString SpokenName(QString caption) {
-  caption.remove(QLatin1Char('&'));
+  constexpr QChar kNoLetter;
+  caption.replace(QLatin1String("&&"), kNoLetter)
+      .remove(QLatin1Char('&'))
+      .replace(kNoLetter, QLatin1Char('&'));
   if (caption.endsWith(QLatin1Char(':'))) caption.chop(1);
   return caption;
 }

@@ -19,7 +19,8 @@ std::string Typed(const QString& text);
 QString ShownLiteral(const std::string& text);
 /// A caption with the first `mnemonic` in it underlined; 0 for none.
 QString ShownWithMnemonic(const std::string& text, char mnemonic);
-/// A caption as a screen reader says it: without the mark of its mnemonic and its colon.
+/// A shown caption as a screen reader says it: without the mark of its mnemonic and its colon; "&&" is an
+/// "&".
 QString SpokenName(QString caption);
 
 /// The one spacing unit in pixels, from the height of the font; groups stand two units apart.

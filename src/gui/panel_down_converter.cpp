@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QVBoxLayout>
 
 #include "gui/bindings.h"
 #include "gui/fields.h"

@@ -93,7 +93,7 @@ void SetColumns(QTableView& table) {
   header.setSectionsClickable(true);
 }
 
-void SetBehaviour(QTableView* table) {
+void SetUpTable(QTableView* table) {
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->setSelectionMode(QAbstractItemView::SingleSelection);
   table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
@@ -136,9 +136,9 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
   auto* model = new ParameterModel(form, table);
   table->setModel(model);
   table->setItemDelegate(new ValueDelegate(form, *model, table));
-  SetBehaviour(table);
+  SetUpTable(table);
   FollowModel(table, model, form);
-  Bind(*table, form.pParIn);
+  BindFlags(*table, form.pParIn);
   FillPage(*page, table);
   Bind(*page, form.fParameters);
   return page;

@@ -102,8 +102,8 @@ WindowTable::WindowTable(FrmStart& form, QWidget* parent)
   area_->setFocusPolicy(Qt::NoFocus);
   area_->setWidget(sheet);
   area_->viewport()->installEventFilter(this);
-  Bind(*sheet, form.pWinIn);
-  Bind(*area_, form.pWinOut);
+  BindFlags(*sheet, form.pWinIn);
+  BindFlags(*area_, form.pWinOut);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
@@ -177,7 +177,7 @@ QWidget* WindowTable::MakeHeader() {
     auto* label = new QLabel(strip);
     label->setTextFormat(Qt::PlainText);
     label->setText(Shown(heads[i]->Caption()));
-    Bind(*label, *heads[i]);
+    BindFlags(*label, *heads[i]);
     label->setAlignment(Qt::AlignVCenter | (i == 0 ? Qt::AlignLeft : Qt::AlignHCenter));
     if (i == 0) {
       label->setMinimumWidth(widths_[i]);
@@ -186,7 +186,7 @@ QWidget* WindowTable::MakeHeader() {
     }
     headerCells_->addWidget(label, i == 0 ? 1 : 0);
   }
-  Bind(*strip, form_.pWinTools);
+  BindFlags(*strip, form_.pWinTools);
   return strip;
 }
 

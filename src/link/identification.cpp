@@ -47,7 +47,6 @@ void Identification::GetId() {
     comms_.WaitOn(form_.dPause, [this] { return UnitIsIdentified(form_); });
   }
   form_.dPause.SetInterval(kAckMs);
-  if (!open) return;
   comms_.ReceivePacket();
   if (UnitIsIdentified(form_) || !platform_.ComP1.PortOpen()) return;
   form_.ShowTraffic(kRed);

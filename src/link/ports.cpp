@@ -135,7 +135,7 @@ void Ports::SetUpCom() {
     const bool present = At(vars_.ComPortPresent, port);
     form_.ComMenu(port).SetEnabled(present);
     if (present) first = port;
-    if (platform_.ComP1.DeviceIsThere(port)) there_.insert(port);
+    At(present_, port) = PresentDevice(port);
   }
   if (first != 0) UsePort(first);
   const std::string remembered = platform_.settings.GetSetting("Comm", "1");
@@ -147,10 +147,17 @@ void Ports::SetUpCom() {
   if (!named_.empty() && !meant) UsePort(named_.front());
 }
 
+/// The device behind a port while it is there.
+std::string Ports::PresentDevice(int port) const {
+  return platform_.ComP1.DeviceIsThere(port) ? platform_.ComP1.DeviceName(port) : "";
+}
+
 void Ports::LookForDevices() {
   platform_.ComP1.LookForDevices();
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    if (!there_.contains(port) && platform_.ComP1.DeviceIsThere(port)) form_.ComMenu(port).SetEnabled(true);
+    const std::string device = PresentDevice(port);
+    if (!device.empty() && device != At(present_, port)) form_.ComMenu(port).SetEnabled(true);
+    if (device.empty()) At(present_, port).clear();  // when it is seen again, it has come
   }
 }
 

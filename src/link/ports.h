@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <set>
+#include <array>
 #include <span>
 #include <string>
 #include <vector>
+
+#include "platform/ms_comm.h"
 
 namespace marlinset {
 
@@ -26,8 +28,8 @@ class Ports {
   void SetUpCom();
   /// The digits of the ports that can be opened ("134"); notes them in ComPortPresent.
   std::string ScanPorts();
-  /// Makes ports choosable whose device has come since the set-up. One that was there and could not be opened
-  /// stays as it is.
+  /// Makes ports choosable whose device has come since the set-up. One that has been there all the time and
+  /// could not be opened at the set-up stays as it is.
   void LookForDevices();
   /// Chooses a port; refused while the port is open.
   void SetComMenu(int port, bool alreadyChecked);
@@ -42,11 +44,13 @@ class Ports {
   void Close();
   void ShowClosed();
   void UsePort(int port);
+  std::string PresentDevice(int port) const;
 
   Platform& platform_;
   Variables& vars_;
   FrmStart& form_;
-  std::set<int> there_;     ///< ports whose devices were there at the set-up
+  std::array<std::string, kHighestPort + 1>
+      present_;             ///< devices that have been there since the set-up, by port
   std::vector<int> named_;  ///< ports whose devices the command line names, in order
 };
 

@@ -15,9 +15,8 @@ namespace {
 
 constexpr int kLongAckMs = 10000;
 
-/// `now` are the packet fields at the end of the wait: where something else went out meanwhile, as at a unit
-/// that reports Broadcast mode, they are those of that. One that is too short leaves the message's own
-/// number.
+/// The number quoted is that of the packet fields as the wait leaves them (`now`): of Select, if the unit
+/// reported Broadcast mode meanwhile. Where they are too short it is the message's own.
 std::string FailureText(const Manner& manner, const std::vector<PacketField>& sent,
                         const std::vector<PacketField>& now) {
   if (manner.quotedField == kNoField) return manner.failure;

@@ -36,8 +36,7 @@ class WholeSend {
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
             SettingCommands& commands);
 
-  /// A send runs, from the click on `bSConfig` to its end. The status bar is not
-  /// cleared meanwhile.
+  /// A send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
   bool Running() const { return running_; }
   /// Of the last send, or of the one that runs.
   const SendResult& Result() const { return result_; }

@@ -234,7 +234,8 @@ bool SpinControl::OperatorStep(bool up, int times) {
     moves = value != value_;
     SetValue(value);
   };
-  int clicks = 0;  // each by itself: one that fails takes none of the others along
+  // Each click by itself: one that fails takes none of the others along.
+  int clicks = 0;
   while (clicks < times && moves && watch.There() && AsOperator(click)) ++clicks;
   return clicks > 0;
 }

@@ -104,8 +104,8 @@ TEST_F(CliTest, AScriptDoesWhatAnOperatorCould) {
 
 TEST_F(CliTest, AScriptAnswersQuestionsAndCloses) {
   Script script(Virtual());
-  script.Expect({{"click oView(2)", ""}, {"answer no yes cancel", ""}});
-  for (const char* answer : {"no", "yes", "no", "no"}) {  // Esc is No, as is what comes by itself
+  script.Expect({{"click oView(2)", ""}, {"answer no cancel yes", ""}});
+  for (const char* answer : {"no", "no", "yes", "no"}) {  // cancel is No, as is what comes by itself
     script.Expect({{"step udVal(20) up", ""}});
     const json messages = script.Answer("click mnuNew")["messages"];
     EXPECT_EQ(messages[0]["answer"], answer);

@@ -250,7 +250,7 @@ TEST_F(Loading, AFailureBehindTheWindowsKeepsWhatWasTaken) {
   EXPECT_THAT(TakeBoxes(), ElementsAre(StartsWith("3024 "), StartsWith("3024 "), StartsWith("3024 ")));
 }
 
-TEST_F(Loading, ADatabaseOfAnotherAgeMayLackColumns) {
+TEST_F(Loading, ADatabaseOfAnEarlierVersionMayLackColumns) {
   const std::string old = folder.File("shotsys.mdb");
   std::filesystem::copy_file(vars.DatabasePath, old);
   vars.DatabasePath = old;
@@ -266,6 +266,11 @@ TEST_F(Loading, ADatabaseOfAnotherAgeMayLackColumns) {
   EXPECT_TRUE(window.On && window.SlateOn && window.SymbolOn && window.FieldOn && window.Ignore1)
       << "the database knows better";
   ExpectWholePanels();
+  RunSql(old,
+         "PRAGMA ignore_check_constraints = ON; UPDATE \"Character Windows\" SET \"Number\" = \"Number\" + "
+         "100000");
+  Load(Sample(2));
+  EXPECT_THAT(TakeBoxes(), ElementsAre(kCorrupt)) << "a value that fits into no field is a failure";
 }
 
 TEST_F(Loading, AFileThatIsNotThereIsLookedFor) {

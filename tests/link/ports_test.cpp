@@ -142,6 +142,11 @@ TEST(Ports, ChangeByTheMenuAlsoToDevicesThatComeLater) {
   busy.ports.SetUpCom();
   busy.ports.LookForDevices();
   EXPECT_EQ(Which(busy, &MenuItem::Enabled), "") << "it was there before";
+  for (const std::set<int>& present : {std::set<int>(), std::set<int>{1}}) {
+    busy.line.SetPorts(present);
+    busy.ports.LookForDevices();
+  }
+  EXPECT_EQ(Which(busy, &MenuItem::Enabled), "1") << "pulled out and plugged in again";
   LinkRig rig;
   rig.line.SetPorts({1, 2});
   rig.ports.SetUpCom();

@@ -54,6 +54,11 @@ TEST(AckWait, IsLostWhenTheUnitBroadcastsInItsMiddle) {
   EXPECT_THAT(texts, ElementsAre("Broadcast Packet In", "Packet Out", "Mode Switched to Select"));
   EXPECT_THAT(rig.dialogs.Texts(),
               ElementsAre("Broadcast Mode detected, switched to Select Mode", "VITC Enable error 33"));
+  rig.form.UpDown1.SetValue(21);
+  rig.line.Unit().Faults().drop = 1;
+  rig.line.Inject(EncodeFrame(Bytes{15, 0, 187}), rig.pump.Now() + 50);
+  EXPECT_FALSE(rig.commands.Send(CommandId::kWhiteFlagLine, Sender::kWholeSend));
+  EXPECT_EQ(rig.dialogs.Texts().back(), "White FlagLine Set error 21") << "Select has no field 3";
 }
 
 struct ReplyCase {

@@ -166,6 +166,7 @@ TEST_F(RecoveryTest, LeavesNothingThatWasStoredOrIsNotWanted) {
     run.pump.Pass(OneRun::kHalfMinute);
     ASSERT_TRUE(keeper_.kept);
     run.fileDialog.choices = {folder_.File("x.qcf")};
+    EXPECT_FALSE(run.tool.recovery.Restored());
     run.dialogs.answers = {save ? BoxAnswer::kYes : BoxAnswer::kNo};
     run.form.mnuExit.OperatorClick();
     EXPECT_FALSE(keeper_.kept) << save;

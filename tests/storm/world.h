@@ -2,7 +2,9 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <random>
 #include <string>
 
@@ -18,7 +20,7 @@ inline constexpr int kUnknownModel = 77;
 /// for its files, in which the program lies as well: what is saved where the tool begins stays in there.
 class World {
  public:
-  World(unsigned seed, bool trace) : random_(seed), trace_(trace), rig(RandomUnit(), ProgramFolder()) {}
+  World(unsigned seed, bool trace) : random_(seed), trace_(trace), rig(RandomUnit(), FilledFolder()) {}
 
   /// From 0 to `count` - 1.
   int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
@@ -45,7 +47,7 @@ class World {
             .ackTime = std::chrono::milliseconds{Pick(60)}};
   }
 
-  const std::string& ProgramFolder() const {
+  const std::string& FilledFolder() {
     for (const char* file : {"shotsys.mdb", "System Default Video.qcf"})
       std::filesystem::copy_file(std::string(SHIPPED_DATABASE_FOLDER) + file, folder.File(file));
     return folder.Path();

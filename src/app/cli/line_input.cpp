@@ -16,9 +16,11 @@
 namespace marlinset {
 namespace {
 
-bool IsReady(int descriptor) {
+constexpr int kForEver = -1;
+
+bool IsReady(int descriptor, int milliseconds = 0) {
   pollfd query{descriptor, POLLIN, 0};
-  return ::poll(&query, 1, 0) != 0;
+  return ::poll(&query, 1, milliseconds) != 0;
 }
 
 }  // namespace
@@ -35,7 +37,10 @@ LineInput::~LineInput() {
 }
 
 void LineInput::AwaitInput() {
-  if (!pumpWhileWaiting_) return;
+  if (!pumpWhileWaiting_) {
+    IsReady(descriptor_, kForEver);  // whoever made the input may have made it one that does not wait
+    return;
+  }
   QSocketNotifier notifier(descriptor_, QSocketNotifier::Read);
   while (!IsReady(descriptor_) && !pump_.Ending()) pump_.Pump();
 }
@@ -45,7 +50,7 @@ bool LineInput::ReadMore() {
   if (pump_.Ending()) return false;
   std::array<char, 4096> block;
   const ssize_t count = ::read(descriptor_, block.data(), block.size());
-  if (count < 0 && errno == EINTR) return true;
+  if (count < 0 && (errno == EINTR || errno == EAGAIN)) return true;
   if (count < 0) throw std::runtime_error(std::string("the script cannot be read: ") + std::strerror(errno));
   if (count == 0) return false;
   buffer_.append(block.data(), static_cast<std::size_t>(count));

@@ -18,7 +18,8 @@ class LineInput {
   LineInput(const LineInput&) = delete;
   LineInput& operator=(const LineInput&) = delete;
 
-  /// The next line without its end; nothing at the end of the input or of the program.
+  /// The next line without its end; nothing at the end of the input or of the program. Throws
+  /// std::runtime_error when the input can't be read, as a folder.
   std::optional<std::string> Next();
 
  private:

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -16,19 +17,30 @@ constexpr std::array<std::string_view, 3> kButtons = {"ok", "okcancel", "yesno"}
 constexpr std::array<std::string_view, 4> kIcons = {"none", "information", "critical", "question"};
 constexpr std::array<std::string_view, 4> kAnswers = {"ok", "cancel", "yes", "no"};
 
+/// What an answer is to a box with these buttons; nothing when it has no button for it. To cancel a question
+/// is No, as with Esc.
+std::optional<BoxAnswer> Taken(BoxAnswer answer, BoxButtons buttons) {
+  const bool question = buttons == BoxButtons::kYesNo;
+  switch (answer) {
+    case BoxAnswer::kOk:
+      return question ? std::nullopt : std::optional(answer);
+    case BoxAnswer::kCancel:
+      if (question) return BoxAnswer::kNo;
+      return buttons == BoxButtons::kOk ? std::nullopt : std::optional(answer);
+    default:
+      return question ? std::optional(answer) : std::nullopt;
+  }
+}
+
 }  // namespace
 
 BoxAnswer QueuedDialogs::NextAnswer(BoxButtons buttons) {
-  const bool question = buttons == BoxButtons::kYesNo;
-  const auto fits = [&](BoxAnswer answer) {
-    if (answer == BoxAnswer::kCancel) return buttons != BoxButtons::kOk;
-    return (answer != BoxAnswer::kOk) == question;
-  };
-  const auto found = std::find_if(answers_.begin(), answers_.end(), fits);
-  if (found == answers_.end()) return question ? BoxAnswer::kNo : BoxAnswer::kOk;
+  const auto found = std::find_if(answers_.begin(), answers_.end(),
+                                  [&](BoxAnswer answer) { return Taken(answer, buttons).has_value(); });
+  if (found == answers_.end()) return buttons == BoxButtons::kYesNo ? BoxAnswer::kNo : BoxAnswer::kOk;
   const BoxAnswer answer = *found;
   answers_.erase(found);
-  return question && answer == BoxAnswer::kCancel ? BoxAnswer::kNo : answer;  // as Esc does
+  return *Taken(answer, buttons);
 }
 
 BoxAnswer QueuedDialogs::Present(const MessageBox& box) {

@@ -230,6 +230,12 @@ TEST_F(QtSerialPortTest, TakesOtherNamesOfADevice) {
   }
   port.SetPortOpen(true);
   EXPECT_THAT(FailureOf(bench.guard, link), testing::HasSubstr(link + " is in use"));
+  const std::string dangling = folder.File("pulled");
+  std::filesystem::create_symlink("/dev/ttyUSB77", dangling);
+  PortMap named({link, dangling, "/dev/ttyUSB77"}, settings, [] { return std::vector<std::string>{}; });
+  const QtSerialPort other(bench.guard, named);
+  EXPECT_TRUE(other.DeviceIsThere(1));
+  for (const int absent : {2, 3, 4}) EXPECT_FALSE(other.DeviceIsThere(absent)) << absent;
 }
 
 }  // namespace
