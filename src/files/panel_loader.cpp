@@ -169,7 +169,6 @@ void PanelLoader::LookUp(const QcfField& field, const std::string& text, const s
 
 void PanelLoader::TakeWindows(const std::vector<QcfRecord>& records, int version) {
   std::vector<CharWindowRec> windows;
-  windows.reserve(records.size());
   for (const QcfRecord& record : records) windows.push_back(WindowOf(record));
   std::vector<CharWindowRec> before = std::exchange(vars_.CharWindows, std::move(windows));
   try {

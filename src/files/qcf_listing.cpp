@@ -88,7 +88,6 @@ class Lister {
 std::string HexOfBytes(std::span<const std::uint8_t> bytes) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string hex;
-  hex.reserve(2 * bytes.size());
   for (const std::uint8_t byte : bytes) {
     hex += kDigits[byte >> 4U];
     hex += kDigits[byte & 0xFU];

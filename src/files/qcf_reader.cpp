@@ -137,7 +137,6 @@ std::vector<QcfRecord> QcfReader::ReadRecords(const QcfField& field) {
 
 QcfRecord QcfReader::ReadRecord(const QcfField& field) {
   QcfRecord record;
-  record.reserve(field.record.size());
   for (const QcfField& part : field.record) {
     if (part.since <= FormatVersion()) record.push_back({&part, Read(part)});
   }

@@ -20,10 +20,10 @@
 namespace marlinset {
 namespace {
 
-constexpr std::array<std::string_view, 4> kModels = {"SD7340", "HD7340", "HDSD7340", "HD7340Q"};
+constexpr auto kModels = std::to_array<std::string_view>({"SD7340", "HD7340", "HDSD7340", "HD7340Q"});
 /// What panel 1 may say of the last exchange while the link is healthy. A Nak counts as such: the unit lives,
 /// and whoever sent the command has told of it.
-constexpr std::array<std::string_view, 4> kHealthy = {"Firmware", "", "Nack In", "Ack In"};
+constexpr auto kHealthy = std::to_array<std::string_view>({"Firmware", "", "Nack In", "Ack In"});
 constexpr int kActivityFrames = 5;
 
 template <class Texts>

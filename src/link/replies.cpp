@@ -14,8 +14,8 @@
 namespace marlinset {
 namespace {
 
-constexpr std::array<std::string_view, 9> kStandards = {
-    "", "NTSC", "PAL", "1080p/24", "1080i/60", "1080i/50", "525i/60", "625i/50", "720p/60"};
+constexpr auto kStandards = std::to_array<std::string_view>(
+    {"", "NTSC", "PAL", "1080p/24", "1080i/60", "1080i/50", "525i/60", "625i/50", "720p/60"});
 
 /// First and last number of a run of commands that units are known to send without being asked.
 struct Run {

@@ -126,7 +126,7 @@ void SettingCommands::SendSlate() {
 }
 
 bool SettingCommands::HasWindow(int index) const {
-  return index >= 0 && index < static_cast<int>(vars_.CharWindows.size()) && form_.HasWindowRow(index);
+  return form_.HasWindowRow(index) && index <= UBound(vars_.CharWindows);
 }
 
 void SettingCommands::SendWindowAll(int index) {

@@ -63,7 +63,9 @@ struct Loading : ::testing::Test, FileRig {
 
 TEST_F(Loading, BringsAFileOfVersionTwoToThePanels) {
   form.VScroll2.SetMax(0);
+  form.bParam.OperatorClick();
   EXPECT_EQ(Load(Sample(2)), ReadEnd::kLoaded);
+  EXPECT_EQ(form.bClass.Arrow(), SortArrow::kRising);
   EXPECT_EQ(dialogs.shown.back().icon, BoxIcon::kInformation);
   EXPECT_THAT(TakeBoxes(), ElementsAre(kNewWindows, kExtraParameters, kNewParameters));
   EXPECT_TRUE(form.mnuCharOff.Checked() && !form.mnuCharOn.Checked());
@@ -293,6 +295,7 @@ TEST_F(Loading, AFileThatIsNotThereIsLookedFor) {
 TEST_F(Loading, OpenNamesTheFileEvenWhenItCouldNotBeRead) {
   const FileBytes before = WriteDocument(DocumentOfPanels(vars, form));
   fileDialog.FileName = "before.qcf";
+  fileDialog.FilterIndex = 2;
   tool.configurationFile.LoadConfig();
   EXPECT_THAT(TakeBoxes(), IsEmpty());
   EXPECT_EQ(fileDialog.FileName, "before.qcf") << "a cancelled dialog changes nothing";

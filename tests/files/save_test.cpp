@@ -33,6 +33,8 @@ TEST_F(Saving, AsksAndNamesTheFile) {
   EXPECT_THAT(TakeBoxes(), IsEmpty());
   const FakeFileDialog::Shown& shown = fileDialog.shown.back();
   EXPECT_EQ(shown.fileName, "Unsaved.qcf");
+  EXPECT_EQ(shown.filter, "Brandal Marlinset File|*.qcf");
+  EXPECT_EQ(vars.FileChannel, 1);
   EXPECT_EQ(shown.initDir, folder.Path() + "/");
   EXPECT_EQ(shown.flags, kOverwritePrompt);
   EXPECT_THAT(files.folders, ElementsAre(folder.Path() + "/"));

@@ -120,6 +120,15 @@ TEST(Ports, LeaveInteractiveModeBeforeTheyClose) {
   }
 }
 
+TEST(Ports, AreOffLineOnceClosedWhateverWasTicked) {
+  LinkRig rig;
+  rig.form.mnuInter.SetChecked(true);
+  rig.form.mnuOff.SetChecked(false);
+  rig.form.InterTime.SetEnabled(true);
+  rig.ports.ClosePort();
+  EXPECT_TRUE(rig.form.mnuOff.Checked() && !rig.form.mnuInter.Checked() && !rig.form.InterTime.Enabled());
+}
+
 TEST(Ports, TellOnceWhyOneCannotBeOpened) {
   for (const char* button : {"bOpen", "bGetID", "bSend", "bBroad", "bSConfig"}) {
     SCOPED_TRACE(button);

@@ -301,6 +301,11 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     EXPECT_EQ(rig.wholeSend.Result().end, c.end);
     EXPECT_EQ(rig.wholeSend.Result().unacknowledged > 1, c.end == kNotConfirmed) << "refused: no answer";
     ExpectIdle(rig);
+    if (!rig.wholeSend.stopRequested) continue;
+    rig.wholeSend.stopRequested = nullptr;
+    sent = all;
+    rig.form.bSConfig.OperatorClick();
+    EXPECT_EQ(rig.wholeSend.Result().end, kComplete) << "the next one";
   }
 }
 

@@ -82,8 +82,10 @@ TEST_F(InteractiveTest, EntersWithIdentificationAndWholeSendAndLeavesAsItCame) {
 
 TEST_F(InteractiveTest, AFailedEntryStaysOffLineWithTheModelMenuUsable) {
   rig.line.Unit().Faults().mute = true;
+  form.Image1(2).SetVisible(true);
   form.mnuInter.OperatorClick();
   ExpectMode(false);
+  EXPECT_THAT(Heartbeat(), IsEmpty());
   EXPECT_EQ(rig.Panel(4), "Get Id Failed. ");
   rig.line.SetPortOpen(false);
   rig.line.RefuseOpen("No device stands behind port 1.");
@@ -104,6 +106,7 @@ TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
   rig.tool.SetActive(true);
   form.StatBar(FrmStart::kExchangePanel).SetText("Sent");
   EXPECT_THAT(Tick(), IsEmpty()) << "an exchange has not come back yet";
+  EXPECT_THAT(Heartbeat(), IsEmpty());
   form.StatBar(FrmStart::kExchangePanel).SetText("Nack In");
   EXPECT_THAT(Tick(), ElementsAre(kGetId, kVideoSense)) << "a Nak is a sign of life";
   form.mnuOff.OperatorClick();
@@ -176,8 +179,10 @@ TEST_F(InteractiveTest, SelectionOfTheStandard) {
     rig.line.Unit().SetManual(c.unitManual);
     rig.line.Unit().Faults().mute = c.mute;
     rig.line.ClearSent();
+    for (MenuItem* item : {&form.mnuAuto, &form.mnuMan}) item->SetChecked(true);
     (c.wantManual ? form.mnuMan : form.mnuAuto).OperatorClick();
     EXPECT_EQ(rig.Panel(3), c.panel);
+    EXPECT_EQ(form.StatBar(3).Picture(), c.mute ? "Image2(2)" : "Image2(0)");
     ASSERT_EQ(rig.line.Sent().size(), c.messages) << c.panel;
     EXPECT_EQ(FieldsText(rig.line.Sent().front()), kVideoSense);
     EXPECT_EQ(rig.line.Unit().Manual(), c.mute ? c.unitManual : c.wantManual);
