@@ -168,8 +168,8 @@ void PanelLoader::LookUp(const QcfField& field, const std::string& text, const s
 }
 
 void PanelLoader::TakeWindows(const std::vector<QcfRecord>& records, int version) {
-  std::vector<CharWindowRec> windows;
-  for (const QcfRecord& record : records) windows.push_back(WindowOf(record));
+  std::vector<CharWindowRec> windows(records.size());
+  std::ranges::transform(records, windows.begin(), WindowOf);
   std::vector<CharWindowRec> before = std::exchange(vars_.CharWindows, std::move(windows));
   try {
     upgrade_.MergeCharWindows(version < 2 ? Upgrade::DoubleHeight::kFromDatabase
