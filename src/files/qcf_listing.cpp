@@ -6,6 +6,7 @@
 #include <set>
 
 #include "files/qcf_identification.h"
+#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -86,12 +87,8 @@ class Lister {
 }  // namespace
 
 std::string HexOfBytes(std::span<const std::uint8_t> bytes) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string hex;
-  for (const std::uint8_t byte : bytes) {
-    hex += kDigits[byte >> 4U];
-    hex += kDigits[byte & 0xFU];
-  }
+  for (const std::uint8_t byte : bytes) hex += HexByte(byte);
   return hex;
 }
 

@@ -49,8 +49,8 @@ class Ports {
   Platform& platform_;
   Variables& vars_;
   FrmStart& form_;
-  std::array<std::string, kHighestPort + 1>
-      present_;             ///< devices that have been there since the set-up, by port
+  /// Devices that have been there since the set-up, by port.
+  std::array<std::string, kHighestPort + 1> present_;
   std::vector<int> named_;  ///< ports whose devices the command line names, in order
 };
 
