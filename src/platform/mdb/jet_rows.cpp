@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <array>
+#include <algorithm>
 #include <utility>
 
 #include "platform/mdb/jet_table.h"
@@ -113,45 +113,65 @@ class RowWalk {
     return place;
   }
 
+  /// A column that was added after the row had been written is not in the row: its number is beyond the
+  /// row's own. One that was taken out of the table since is still in it.
   void ReadRow(const Place& place) {
-    const int cells = CheckRow(place);
-    std::array<MdbField, MDB_MAX_COLS> fields{};
-    const int cracked =
-        mdb_crack_row(table_.Definition(), place.start, static_cast<std::size_t>(place.size), fields.data());
-    const auto columns = table_.Columns();
-    file_.Check(cracked >= 0 && static_cast<std::size_t>(cracked) == columns.size(), "a row is damaged");
+    const Cells cells = FindCells(place);
     auto& row = set_.rows.emplace_back();
-    row.reserve(columns.size());
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      const MdbField& field = fields.at(i);
-      // A row written before its column was added holds nothing of it.
-      if (field.is_null != 0 || columns[i]->col_num >= cells) {
-        row.push_back(NullOf(*columns[i]));
-        continue;
-      }
-      file_.Check(
-          field.siz >= 0 && field.start >= place.start && field.start + field.siz <= place.start + place.size,
-          "a value is outside its row");
-      row.push_back(JetValue(file_, *columns[i], field));
+    row.reserve(table_.Columns().size());
+    for (const MdbColumn* column : table_.Columns()) {
+      const bool isNull = column->col_num >= cells.count ||
+                          (file_.Byte(cells.nullMask + column->col_num / 8) >> column->col_num % 8 & 1) == 0;
+      row.push_back(isNull ? NullOf(*column) : JetValue(file_, *column, FieldOf(*column, place, cells)));
     }
   }
 
-  /// A row begins with its number of columns and ends with a bit for each of them; before the bits stands the
-  /// number of texts, and before that where each text starts and where the last one ends. Gives the number of
-  /// columns.
-  int CheckRow(const Place& place) const {
-    const int cells = file_.Int16(place.start);
-    file_.Check(cells >= 1 && cells <= MDB_MAX_COLS, "a row is damaged");
-    int needed = 2 + (cells + 7) / 8;
-    if (table_.Definition()->num_var_cols > 0) {
+  /// How a row is laid out: its number of columns, the columns of fixed size, the texts, where each text
+  /// starts and the last one ends (the first stands last), the number of texts, a bit for each column.
+  struct Cells {
+    int count;
+    int texts;     ///< 0 as well for a row from before the table had any
+    int starts;    ///< where the first text's start stands in the page
+    int nullMask;  ///< where the bits stand in the page
+  };
+
+  Cells FindCells(const Place& place) const {
+    const int count = file_.Int16(place.start);
+    file_.Check(count >= 1 && count <= table_.MostCells(), "a row is damaged");
+    int needed = 2 + (count + 7) / 8;
+    const int end = place.start + place.size;
+    Cells cells{.count = count, .texts = 0, .starts = 0, .nullMask = end - needed + 2};
+    const bool hasTexts = std::ranges::any_of(table_.Columns(), [&](const MdbColumn* column) {
+      return column->is_fixed == 0 && column->col_num < count;
+    });
+    if (hasTexts) {
       needed += 2;
       file_.Check(needed <= place.size, "a row is damaged");
-      const int texts = file_.Int16(place.start + place.size - needed + 2);
-      file_.Check(texts <= cells, "a row is damaged");
-      needed += 2 * (texts + 1);
+      cells.texts = file_.Int16(cells.nullMask - 2);
+      cells.starts = cells.nullMask - 4;
+      file_.Check(cells.texts <= count, "a row is damaged");
+      needed += 2 * (cells.texts + 1);
     }
     file_.Check(needed <= place.size, "a row is damaged");
     return cells;
+  }
+
+  /// Where a value stands. Yes and no are in the bits and have no place.
+  MdbField FieldOf(const MdbColumn& column, const Place& place, const Cells& cells) const {
+    MdbField field{};
+    if (column.col_type == MDB_BOOL) return field;
+    int start = 2 + column.fixed_offset;
+    int end = start + column.col_size;
+    if (column.is_fixed == 0) {
+      const int text = static_cast<int>(column.var_col_num);
+      file_.Check(text < cells.texts, "a row is damaged");
+      start = file_.Int16(cells.starts - 2 * text);
+      end = file_.Int16(cells.starts - 2 * (text + 1));
+    }
+    file_.Check(start >= 2 && start <= end && end <= place.size, "a value is outside its row");
+    field.value = file_.Handle()->pg_buf + place.start + start;
+    field.siz = end - start;
+    return field;
   }
 
   JetFile& file_;

@@ -15,6 +15,7 @@ constexpr int kMostDefinitionPages = 64;
 
 constexpr int kNextPage = 4;
 constexpr int kNextContent = 8;  // offset at which a further page of a definition goes on
+constexpr int kCellCount = 41;
 constexpr int kColumnCount = 45;
 constexpr int kIndexCount = 47;
 constexpr int kTreeCount = 51;
@@ -58,12 +59,14 @@ std::span<MdbColumn* const> JetTable::Columns() const {
   return {reinterpret_cast<MdbColumn**>(columns->pdata), columns->len};
 }
 
-void JetTable::CheckDefinition(JetFile& file) const {
+void JetTable::CheckDefinition(JetFile& file) {
   const std::vector<std::uint8_t> bytes = DefinitionBytes(file, page_);
   file.ReadPage(page_);
   const int columns = file.Int16(kColumnCount);
   const std::uint32_t trees = file.Int32(kTreeCount);
-  file.Check(columns >= 1 && columns <= kMostColumns, "a table has too many columns");
+  mostCells_ = file.Int16(kCellCount);
+  file.Check(columns >= 1 && columns <= mostCells_ && mostCells_ <= kMostColumns,
+             "a table has too many columns");
   file.Check(trees <= kMostIndexes && file.Int32(kIndexCount) <= kMostIndexes,
              "a table has too many indexes");
   for (const int map : {kUsageMap, kFreeMap}) file.CheckPage(file.Int32(map) >> 8);

@@ -3,32 +3,26 @@
 
 #include <sqlite3.h>
 
-#include <array>
-#include <chrono>
-#include <cstddef>
+#include <cstdint>
 #include <filesystem>
-#include <fstream>
+#include <set>
 #include <string_view>
 #include <system_error>
 #include <utility>
+#include <variant>
 #include <vector>
 
-#include "platform/row_set.h"
+#include "platform/text.h"
 
 namespace marlinset {
 namespace {
 
-constexpr int kLongestValue = 1 << 20;  // bytes
-// How long a file that is just being written may keep a reader waiting.
-constexpr int kBusyMilliseconds = 1000;
+constexpr int kLongestValue = 1 << 20;    // bytes
+constexpr int kStepsBetweenLooks = 1000;  // of the library, at the clock
 
-struct CloseDatabase {
-  void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
-};
 struct FinalizeStatement {
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
-using Handle = std::unique_ptr<sqlite3, CloseDatabase>;
 using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
 FieldValue ValueOf(sqlite3_stmt* statement, int column) {
@@ -47,48 +41,85 @@ FieldValue ValueOf(sqlite3_stmt* statement, int column) {
   }
 }
 
-/// A name in double quotes, a text in single ones, with the quotes inside it doubled.
-std::string Quoted(std::string_view text, char quote = '"') {
-  std::string quoted(1, quote);
-  for (const char c : text) quoted.append(c == quote ? 2 : 1, c);
-  return quoted + quote;
+std::size_t SizeOf(const FieldValue& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  return sizeof value + (text == nullptr ? 0 : text->size());
+}
+
+/// A name in double quotes, with the quotes inside it doubled.
+std::string Quoted(std::string_view text) {
+  std::string quoted(1, '"');
+  for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + '"';
+}
+
+bool Mentions(std::string_view text, std::string_view name) {
+  for (std::size_t at = 0; at + name.size() <= text.size(); ++at) {
+    if (EqualNoCase(text.substr(at, name.size()), name)) return true;
+  }
+  return false;
 }
 
 class SqliteDatabase : public Database {
  public:
-  SqliteDatabase(Handle handle, std::string path) : handle_(std::move(handle)), path_(std::move(path)) {}
+  SqliteDatabase(SqliteHandle handle, std::string path, const SqliteLimits& limits)
+      : handle_(std::move(handle)), path_(std::move(path)), limits_(limits) {
+    Confine();
+  }
 
   /// Reads every page once; what does not hang together is refused here, before any row is taken from it.
   void Check() {
+    StartClock();
     const RowSet result = Query("PRAGMA quick_check(1)");
     const std::string verdict = result.rows.empty() ? "no answer" : TextOf(result.rows[0].at(0));
     if (verdict != "ok") throw BadDatabase(path_, verdict);
   }
 
   std::unique_ptr<Recordset> OpenRecordset(std::string_view nameOrQuery) override {
+    StartClock();
     if (IsQuery(nameOrQuery)) {
-      CompareWithoutCase();
+      CompareWithoutCase(nameOrQuery);
       return MakeRecordset(Read(Prepare(std::string(nameOrQuery)).get()));
     }
     return MakeRecordset(Read(PrepareTable(nameOrQuery).get()));
   }
 
  private:
-  /// Lays a view of the same name over each table, in which texts compare without regard to case. The views
-  /// live in this connection's own memory; the file stays as it is.
-  void CompareWithoutCase() {
-    if (std::exchange(comparesWithoutCase_, true)) return;
-    Query("PRAGMA temp_store = MEMORY");
-    for (const std::string& table : Names(
-             "SELECT name FROM main.sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite@_%' ESCAPE "
-             "'@'")) {
+  /// Nothing that the file brings along is carried out, and nothing takes for ever.
+  void Confine() {
+    sqlite3* handle = handle_.get();
+    for (const auto& [what, on] : {std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1},
+                                   {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+                                   {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+                                   {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0}}) {
+      sqlite3_db_config(handle, what, on, nullptr);
+    }
+    sqlite3_exec(handle, "PRAGMA ignore_check_constraints = ON", nullptr, nullptr, nullptr);
+    sqlite3_drop_modules(handle, nullptr);
+    sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestValue);
+    sqlite3_limit(handle, SQLITE_LIMIT_COLUMN, limits_.columns);
+    sqlite3_progress_handler(handle, kStepsBetweenLooks, TimeIsUp, this);
+  }
+
+  void StartClock() { deadline_ = std::chrono::steady_clock::now() + limits_.time; }
+  static int TimeIsUp(void* database) {
+    return std::chrono::steady_clock::now() >= static_cast<SqliteDatabase*>(database)->deadline_ ? 1 : 0;
+  }
+
+  /// Lays a view of the same name over each table of the query, in which texts compare without regard to
+  /// case.
+  void CompareWithoutCase(std::string_view query) {
+    for (const auto& table : Query("SELECT name FROM main.sqlite_master WHERE type = 'table' AND "
+                                   "rootpage > 0 AND name NOT LIKE 'sqlite@_%' ESCAPE '@'")
+                                 .rows) {
+      const std::string name = TextOf(table.at(0));
+      if (!Mentions(query, name) || !overlaid_.insert(name).second) continue;
       std::string columns;
-      for (const std::string& column :
-           Names("SELECT name FROM pragma_table_info(" + Quoted(table, '\'') + ", 'main') ORDER BY cid")) {
+      for (const std::string& column : StoredColumns(name)) {
         if (!columns.empty()) columns += ", ";
         columns += Quoted(column) + " COLLATE NOCASE AS " + Quoted(column);
       }
-      Query("CREATE TEMP VIEW " + Quoted(table) + " AS SELECT " + columns + " FROM main." + Quoted(table));
+      Query("CREATE TEMP VIEW " + Quoted(name) + " AS SELECT " + columns + " FROM main." + Quoted(name));
     }
   }
 
@@ -100,7 +131,9 @@ class SqliteDatabase : public Database {
     sqlite3_bind_text(search.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
     const RowSet found = Read(search.get());
     if (found.rows.empty()) throw NoTable(name);
-    const std::string all = "SELECT * FROM main." + Quoted(TextOf(found.rows[0].at(0)));
+    const std::string table = TextOf(found.rows[0].at(0));
+    StoredColumns(table);
+    const std::string all = "SELECT * FROM main." + Quoted(table);
     try {
       return Prepare(all + " ORDER BY rowid");
     } catch (const RuntimeError& failure) {
@@ -109,9 +142,18 @@ class SqliteDatabase : public Database {
     }
   }
 
-  std::vector<std::string> Names(const std::string& query) {
+  /// Names of a table's columns. One that is computed would carry out what somebody wrote into the file.
+  std::vector<std::string> StoredColumns(const std::string& table) {
+    const RowSet columns = Query("PRAGMA main.table_xinfo(" + Quoted(table) + ")");
+    const std::size_t name = columns.IndexOf("name");
+    const std::size_t hidden = columns.IndexOf("hidden");
     std::vector<std::string> names;
-    for (const auto& row : Query(query).rows) names.push_back(TextOf(row.at(0)));
+    for (const auto& row : columns.rows) {
+      names.push_back(TextOf(row[name]));
+      if (Int16Of(row[hidden]) != 0) {
+        throw BadDatabase(path_, "column '" + names.back() + "' of '" + table + "' is computed");
+      }
+    }
     return names;
   }
 
@@ -128,11 +170,14 @@ class SqliteDatabase : public Database {
     RowSet set;
     const int columns = sqlite3_column_count(statement);
     for (int i = 0; i < columns; ++i) set.columns.emplace_back(sqlite3_column_name(statement, i));
+    std::size_t bytes = 0;
     int result = sqlite3_step(statement);
     for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
-      if (set.rows.size() == kMostRows) throw BadDatabase(path_, "too many rows");
+      if (set.rows.size() == limits_.rows) throw BadDatabase(path_, "a table has too many rows");
       auto& row = set.rows.emplace_back();
-      for (int i = 0; i < columns; ++i) row.push_back(ValueOf(statement, i));
+      row.reserve(static_cast<std::size_t>(columns));
+      for (int i = 0; i < columns; ++i) bytes += SizeOf(row.emplace_back(ValueOf(statement, i)));
+      if (bytes > limits_.bytes) throw BadDatabase(path_, "a table holds too much");
     }
     if (result != SQLITE_DONE) throw Failure();
     return set;
@@ -141,6 +186,10 @@ class SqliteDatabase : public Database {
   /// SQLite tells a missing table and column only in words.
   RuntimeError Failure() const {
     const std::string message = sqlite3_errmsg(handle_.get());
+    if (sqlite3_errcode(handle_.get()) == SQLITE_INTERRUPT) {
+      return BadDatabase(
+          path_, "reading it takes longer than " + std::to_string(limits_.time.count() / 1000) + " seconds");
+    }
     if (sqlite3_errcode(handle_.get()) != SQLITE_ERROR) return BadDatabase(path_, message);
     constexpr std::string_view kTable = "no such table: ";
     constexpr std::string_view kColumn = "no such column: ";
@@ -151,72 +200,30 @@ class SqliteDatabase : public Database {
     return {kErrInternal, "Query failed: " + message};
   }
 
-  Handle handle_;
+  SqliteHandle handle_;
   std::string path_;
-  bool comparesWithoutCase_ = false;
+  SqliteLimits limits_;
+  std::chrono::steady_clock::time_point deadline_;
+  std::set<std::string> overlaid_;
 };
-
-/// The first bytes of every SQLite file. Looked at here because the library takes an empty file for an empty
-/// database.
-void CheckSignature(const std::string& path) {
-  constexpr std::string_view kSignature("SQLite format 3\0", 16);
-  std::array<char, 16> start{};
-  std::error_code ignored;
-  std::ifstream in;
-  // A pipe would be waited for.
-  if (std::filesystem::is_regular_file(path, ignored)) in.open(path, std::ios::binary);
-  if (!in.is_open()) throw BadDatabase(path, "the file cannot be read");
-  in.read(start.data(), start.size());
-  if (!in || std::string_view(start.data(), start.size()) != kSignature) {
-    throw BadDatabase(path, "the file is not a reference database");
-  }
-}
-
-std::unique_ptr<SqliteDatabase> Open(const std::string& path, const std::string& absolute) {
-  std::error_code ignored;
-  if (!std::filesystem::exists(absolute, ignored)) {
-    throw RuntimeError(kErrNoDatabase, "Couldn't find file '" + path + "'.");
-  }
-  CheckSignature(path);
-  sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(absolute.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
-  Handle handle(opened);
-  if (result != SQLITE_OK) throw BadDatabase(path, sqlite3_errstr(result));
-  sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
-  sqlite3_limit(handle.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
-  sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  return std::make_unique<SqliteDatabase>(std::move(handle), path);
-}
 
 }  // namespace
 
 std::unique_ptr<Database> SqliteEngine::OpenDatabase(const std::string& path) {
   std::error_code ignored;
-  // An absolute path is never taken for a URI or for one of SQLite's own names.
   const std::string absolute = std::filesystem::absolute(path, ignored).string();
-  const auto stamp = StampOf(absolute);
-  auto database = Open(path, absolute);
+  if (!std::filesystem::exists(absolute, ignored)) {
+    throw RuntimeError(kErrNoDatabase, "Couldn't find file '" + path + "'.");
+  }
+  SqliteSnapshot snapshot = TakeSnapshot(path, limits_.bytes);
+  auto database = std::make_unique<SqliteDatabase>(std::move(snapshot.handle), path, limits_);
   const auto known = whole_.find(absolute);
-  if (!stamp || known == whole_.end() || known->second != *stamp) {
+  if (!snapshot.stamp.Settled() || known == whole_.end() || known->second != snapshot.stamp) {
     whole_.erase(absolute);
     database->Check();
-    if (stamp) whole_[absolute] = *stamp;
+    if (snapshot.stamp.Settled()) whole_[absolute] = snapshot.stamp;
   }
   return database;
-}
-
-/// Nothing for a file that is not there or was written to just now: another write within the same tick of the
-/// file system's clock would leave no trace.
-std::optional<SqliteEngine::Stamp> SqliteEngine::StampOf(const std::string& path) {
-  constexpr std::chrono::seconds kCoarsestTick(2);
-  std::error_code failure;
-  Stamp stamp;
-  stamp.size = std::filesystem::file_size(path, failure);
-  if (!failure) stamp.written = std::filesystem::last_write_time(path, failure);
-  if (failure || std::filesystem::file_time_type::clock::now() - stamp.written < 2 * kCoarsestTick) {
-    return std::nullopt;
-  }
-  return stamp;
 }
 
 }  // namespace marlinset

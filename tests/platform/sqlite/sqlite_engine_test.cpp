@@ -15,6 +15,9 @@ namespace marlinset {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::UnorderedElementsAre;
 
 std::vector<std::string> Column(Recordset& rows, std::string_view column) {
   std::vector<std::string> texts;
@@ -77,6 +80,78 @@ TEST_F(SqliteEngineTest, ChecksAFileAgainOnceItWasWrittenTo) {
     folder.Write("rows.mdb", bent);
   }
   EXPECT_EQ(FailureOf([&] { engine.OpenDatabase(path); }), kErrBadDatabase) << "just now";
+}
+
+/// What failure is told with, empty when the action ends well.
+template <class Action>
+std::string WordsOf(Action&& action) {
+  try {
+    action();
+  } catch (const RuntimeError& failure) {
+    return failure.Description();
+  }
+  return {};
+}
+
+TEST_F(SqliteEngineTest, LeavesNoTraceBesideAFileWithALogAndReadsWhatWaitsInIt) {
+  RunSql(path, "PRAGMA journal_mode = WAL; CREATE TABLE T (n); INSERT INTO T VALUES ('in the file');");
+  const auto names = [this] {
+    std::vector<std::string> all;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path()))
+      all.push_back(entry.path().filename());
+    return all;
+  };
+  // Nothing can be made under this name, as in a folder that can't be written.
+  std::filesystem::create_directory(path + "-shm");
+  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file"));
+  EXPECT_THAT(names(), UnorderedElementsAre("rows.mdb", "rows.mdb-shm"));
+  std::filesystem::remove(path + "-shm");
+
+  sqlite3* other = nullptr;  // somebody's program, which runs
+  ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
+  sqlite3_exec(other, "INSERT INTO T VALUES ('in the log'); BEGIN; INSERT INTO T VALUES ('not yet');",
+               nullptr, nullptr, nullptr);
+  const auto log = folder.Read("rows.mdb-wal");
+  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file", "in the log"));
+  EXPECT_EQ(folder.Read("rows.mdb-wal"), log);
+  EXPECT_EQ(sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(other);
+  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file", "in the log", "not yet"));
+}
+
+TEST_F(SqliteEngineTest, CarriesOutNothingThatTheFileBringsAlong) {
+  RunSql(path,
+         "CREATE TABLE Plain (n); INSERT INTO Plain VALUES ('a'), ('B');"
+         "CREATE VIEW Endless AS WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c) SELECT n "
+         "FROM c;"
+         "CREATE VIRTUAL TABLE Words USING fts5(n); CREATE TABLE Computed (n, m AS (n || n));");
+  EXPECT_THAT(Column(*Open("select n from Plain where n <> 'b'"), "n"), ElementsAre("a"));
+  for (const auto& [what, number] : {std::pair{"Endless", kErrNoTable},
+                                     {"select * from Endless", kErrNoTable},
+                                     {"Words", kErrNoTable},
+                                     {"select * from Words", kErrInternal},
+                                     {"Computed", kErrBadDatabase},
+                                     {"select * from [Computed]", kErrBadDatabase}}) {
+    EXPECT_EQ(FailureOf([&] { Open(what); }), number) << what;
+  }
+}
+
+TEST_F(SqliteEngineTest, RefusesWhatCostsTooMuchAndSaysWhat) {
+  RunSql(path,
+         "CREATE TABLE T (a, b, c, d, e, f); WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c "
+         "WHERE n < "
+         "2000) "
+         "INSERT INTO T SELECT n, zeroblob(20), 'c', 0, 0, 0 FROM c;");
+  const auto refusal = [this](const SqliteLimits& limits) {
+    return WordsOf([&] { SqliteEngine(limits).OpenDatabase(path)->OpenRecordset("T"); });
+  };
+  EXPECT_EQ(refusal({}), "");
+  EXPECT_THAT(refusal({.time = std::chrono::milliseconds(0)}),
+              EndsWith(": reading it takes longer than 0 seconds."));
+  EXPECT_THAT(refusal({.rows = 1999}), EndsWith(": a table has too many rows."));
+  EXPECT_THAT(refusal({.columns = 5}), HasSubstr("too many columns on T"));
+  EXPECT_THAT(refusal({.bytes = std::filesystem::file_size(path)}), EndsWith(": a table holds too much."));
+  EXPECT_THAT(refusal({.bytes = 1024}), EndsWith(": it is larger than 0 MB."));
 }
 
 }  // namespace
