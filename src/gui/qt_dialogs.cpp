@@ -2,7 +2,10 @@
 #include "gui/qt_dialogs.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
+#include <QTimer>
+#include <algorithm>
 
 #include "gui/binding.h"
 #include "gui/look.h"
@@ -10,6 +13,11 @@
 
 namespace marlinset {
 namespace {
+
+/// How often a box looks whether its reason is still there: soon enough that nobody answers in between. What
+/// was unplugged before it was opened sends no event.
+constexpr int kWatchMs = 100;
+constexpr int kWidestFact = 64;  ///< in figures; a longer one is wrapped
 
 struct ButtonSet {
   QMessageBox::StandardButtons buttons;
@@ -55,6 +63,14 @@ BoxAnswer AnswerOf(int button) {
   }
 }
 
+/// The box is as wide as its own text, which is short; a fact below it stays on its line all the same.
+void WidenForFacts(const QMessageBox& window) {
+  auto* facts = window.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+  if (!facts) return;
+  const int natural = facts->fontMetrics().size(0, facts->text()).width();
+  facts->setMinimumWidth(std::min(natural + SpaceUnit(window), FiguresWidth(window, kWidestFact)));
+}
+
 }  // namespace
 
 BoxAnswer QtDialogs::Present(const MessageBox& box) {
@@ -65,9 +81,19 @@ BoxAnswer QtDialogs::Present(const MessageBox& box) {
   QMessageBox window(IconOf(box.icon), Shown(box.caption), text, set.buttons, QApplication::activeWindow());
   window.setTextFormat(Qt::PlainText);
   window.setInformativeText(Shown(box.remedy));
+  WidenForFacts(window);
   window.setDefaultButton(set.safe);
   window.setEscapeButton(set.safe);
-  return AnswerOf(window.exec());
+  const auto over = [&box] { return box.holds && !box.holds(); };
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, &window, [&] {
+    if (!over()) return;
+    watch.stop();
+    window.done(set.safe);
+  });
+  if (box.holds) watch.start(kWatchMs);
+  const int button = over() ? set.safe : window.exec();
+  return AnswerOf(over() ? set.safe : button);
 }
 
 void QtDialogs::AddWindow(const Form& form, WindowMaker maker) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/frm_start.h"
+#include "core/question_facts.h"
 #include "link/command_table.h"
 #include "link/communications.h"
 #include "link/replies.h"
@@ -150,11 +151,14 @@ void InteractiveMode::Poll() {
   if (!on()) return;
   comms_.ReplyWait(FieldsOf(CommandId::kVideoSense));
   if (!on()) return;
-  if (form_.StatBar(FrmStart::kStandardPanel).Text() == form_.comVS.Text()) {
+  const auto agree = [this] { return form_.StatBar(FrmStart::kStandardPanel).Text() == form_.comVS.Text(); };
+  if (agree()) {
     form_.Image1(vars_.ActivityFrame).SetVisible(true);
     return;
   }
-  if (platform_.dialogs.Ask("Video Standard from box changed. Change 7340-Marlinset Video Standard?")) {
+  if (platform_.dialogs.Ask("Video Standard from box changed. Change 7340-Marlinset Video Standard?",
+                            StandardsFact(form_.comVS.Text(), vars_.UnitStandardText),
+                            [&] { return on() && !agree(); })) {
     FollowStandard();
   }
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/frm_start.h"
+#include "core/question_facts.h"
 #include "link/communications.h"
 #include "link/identification.h"
 #include "link/ports.h"
@@ -24,6 +25,13 @@ using enum CommandId;
 constexpr const char* kNotDetectedText = "Video Standard not detected. Verify communications.";
 /// In manual selection the tool has never switched a unit to this standard.
 constexpr std::string_view kNotByCommand = "720p/60";
+bool HasCode(const std::string& standard) {
+  return VideoStandardCode(standard) != 0;
+}
+bool TakenByCommand(const std::string& standard) {
+  return HasCode(standard) && standard != kNotByCommand;
+}
+
 /// The name of the window that shows the text message.
 constexpr std::string_view kTextWindow = "Text";
 
@@ -223,24 +231,38 @@ std::optional<SendEnd> WholeSend::CompareStandards(bool& agreed) {
   return (vars_.UnitVideoStandard & kManualBit) != 0 ? CommandStandard() : LeaveAutomatic();
 }
 
+/// Asks whether the unit is to be brought to the setup's standard, which `commanded` says can be done.
+/// Nothing when the operator agrees. A question that stands when the line goes is over.
+std::optional<SendEnd> WholeSend::AskForChange(const char* question, bool (*commanded)(const std::string&)) {
+  const std::string& standard = form_.comVS.Text();
+  const char* const noSetup = "The unit cannot be told to take that standard: no setup is sent.";
+  const std::string outcome = commanded(standard) ? OnAirFact("Yes") : noSetup;
+  const bool agreed =
+      platform_.dialogs.Ask(question, Facts({StandardsFact(standard, vars_.UnitStandardText), outcome}),
+                            [this] { return comms_.LineUp(); });
+  if (agreed) return std::nullopt;
+  return platform_.ComP1.PortOpen() ? SendEnd::kRefused : SendEnd::kPortClosed;
+}
+
 /// The unit takes its standard by command.
 std::optional<SendEnd> WholeSend::CommandStandard() {
-  if (!platform_.dialogs.Ask("Video Standard will be changed!")) return SendEnd::kRefused;
-  const std::string& standard = form_.comVS.Text();
-  if (VideoStandardCode(standard) == 0 || standard == kNotByCommand) return SendEnd::kNoCode;
+  if (const auto end = AskForChange("Video Standard will be changed!", TakenByCommand)) return end;
+  if (!TakenByCommand(form_.comVS.Text())) return SendEnd::kNoCode;
   commands_.Send(kSetVideoStandard, Sender::kWholeSend);
   return std::nullopt;
 }
 
 /// The unit follows its input.
 std::optional<SendEnd> WholeSend::LeaveAutomatic() {
-  if (!platform_.dialogs.Ask("Video Standard Mismatch, Switch to Manual Mode?")) {
-    platform_.dialogs.Tell("Change Input Source Video, or select the appropriate Video Standard.");
-    return SendEnd::kRefused;
+  if (const auto end = AskForChange("Video Standard Mismatch, Switch to Manual Mode?", HasCode)) {
+    if (end == SendEnd::kRefused) {
+      platform_.dialogs.Tell("Change Input Source Video, or select the appropriate Video Standard.");
+    }
+    return end;
   }
   commands_.Send(kManualSelection, Sender::kWholeSend);
   form_.StatBar(FrmStart::kVideoPanel).SetText("Changed to Manual Mode");
-  if (VideoStandardCode(form_.comVS.Text()) == 0) return SendEnd::kNoCode;
+  if (!HasCode(form_.comVS.Text())) return SendEnd::kNoCode;
   commands_.Send(kSetVideoStandard, Sender::kWholeSend);
   return std::nullopt;
 }

@@ -54,6 +54,7 @@ class WholeSend {
   SendEnd SendConfiguration();
   std::optional<SendEnd> AgreeOnStandard(bool& agreed);
   std::optional<SendEnd> CompareStandards(bool& agreed);
+  std::optional<SendEnd> AskForChange(const char* question, bool (*commanded)(const std::string&));
   std::optional<SendEnd> CommandStandard();
   std::optional<SendEnd> LeaveAutomatic();
   void Sequence();

@@ -2,6 +2,7 @@
 #include "panels/ends_of_run.h"
 
 #include "core/frm_start.h"
+#include "core/question_facts.h"
 #include "core/variables.h"
 #include "files/configuration_file.h"
 #include "link/interactive_mode.h"
@@ -24,6 +25,11 @@ namespace {
 constexpr std::string_view kNoDefault = "None";
 constexpr std::string_view kShippedConfiguration = "System Default Video.qcf";
 
+/// The configuration of a start, by what the settings say of it.
+std::string StartsWith(const std::string& setting, const Variables& variables) {
+  return setting == kNoDefault ? variables.AppPath + std::string(kShippedConfiguration) : setting;
+}
+
 }  // namespace
 
 EndsOfRun::EndsOfRun(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts)
@@ -32,8 +38,7 @@ EndsOfRun::EndsOfRun(Platform& platform, Variables& variables, FrmStart& form, c
 }
 
 bool EndsOfRun::OpenDefaultConfiguration(const std::string& commandText) {
-  std::string name = platform_.settings.GetSetting("Default", kNoDefault);
-  if (name == kNoDefault) name = vars_.AppPath + std::string(kShippedConfiguration);
+  const std::string name = StartsWith(platform_.settings.GetSetting("Default", kNoDefault), vars_);
   if (!commandText.empty()) return true;
   if (platform_.files.FileExists(name)) {
     platform_.fileDialog.FileName = name;
@@ -53,7 +58,13 @@ bool EndsOfRun::OpenDefaultConfiguration(const std::string& commandText) {
 
 void EndsOfRun::OfferInteractiveMode() {
   if (platform_.settings.GetSetting("InMode", "Off") != "On") return;
-  if (platform_.dialogs.Ask("Go Interactive? ")) parts_.interactiveMode.setChecks("inter");
+  const int port = vars_.ComPortNumber;
+  const bool plugged = platform_.ComP1.DeviceIsThere(port);
+  if (platform_.dialogs.Ask("Go Interactive? ",
+                            Facts({OnAirFact("Yes"), WorkFact("Setup", platform_, vars_)}),
+                            [&] { return !plugged || platform_.ComP1.DeviceIsThere(port); })) {
+    parts_.interactiveMode.setChecks("inter");
+  }
 }
 
 void EndsOfRun::CloseRequest() {
@@ -80,7 +91,7 @@ void EndsOfRun::CloseRequest() {
 
 void EndsOfRun::AskToSave() {
   if (vars_.ConfigSaved) return;
-  if (platform_.dialogs.Ask("Save Changes before Exit?")) {
+  if (platform_.dialogs.Ask("Save Changes before Exit?", WorkFact("Not saved", platform_, vars_))) {
     parts_.fileCommands.mnuSave_Click();
   } else {
     parts_.recovery.Discard();
@@ -91,7 +102,9 @@ void EndsOfRun::AskForNextStart() {
   const std::string& name = platform_.fileDialog.FileName;
   const std::string wanted = platform_.settings.GetSetting("Default", kNoDefault);
   if (name.empty() || wanted.empty() || name == wanted) return;
-  if (platform_.dialogs.Ask("Restart next time with this configuration?")) {
+  const std::string facts =
+      Facts({FileFact("Next start", name), FileFact("So far", StartsWith(wanted, vars_))});
+  if (platform_.dialogs.Ask("Restart next time with this configuration?", facts)) {
     platform_.settings.SaveSetting("Default", name);
   }
 }

@@ -5,6 +5,7 @@
 
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
+#include "core/question_facts.h"
 #include "core/variables.h"
 #include "files/configuration_file.h"
 #include "link/interactive_mode.h"
@@ -42,7 +43,7 @@ void FileCommands::mnuOpen_Click() {
 }
 
 void FileCommands::OpenNamed(const std::string& name) {
-  AskToSave();
+  AskToSave(name);
   Replace([&] { file_.LoadNamed(name); });
   vars_.ConfigSaved = true;
 }
@@ -59,10 +60,12 @@ void FileCommands::mnuSave_Click() {
   Save("SaveAs");
 }
 
-void FileCommands::AskToSave() {
-  if (!vars_.ConfigSaved && platform_.dialogs.Ask("Save changes before opening a new configuration?")) {
-    Save("SaveAs");
-  }
+/// `next` is the file that will be opened, empty while nobody has chosen it.
+void FileCommands::AskToSave(const std::string& next) {
+  if (vars_.ConfigSaved) return;
+  const std::string facts = Facts({WorkFact("Not saved", platform_, vars_), FileFact("To be opened", next),
+                                   form_.mnuInter.Checked() ? OnAirFact("either answer") : ""});
+  if (platform_.dialogs.Ask("Save changes before opening a new configuration?", facts)) Save("SaveAs");
 }
 
 /// In interactive mode the unit follows at once.

@@ -30,7 +30,7 @@ class FileCommands {
   void OpenNamed(const std::string& name);
 
  private:
-  void AskToSave();
+  void AskToSave(const std::string& next = {});
   void Replace(const std::function<void()>& action);
   void Save(std::string_view flow);
 

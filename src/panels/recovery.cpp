@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/frm_start.h"
+#include "core/question_facts.h"
 #include "core/variables.h"
 #include "files/configuration_file.h"
 #include "files/panel_document.h"
@@ -50,7 +51,8 @@ void Recovery::Offer() {
   if (!platform_.work) return;
   for (const LeftWork& left : platform_.work->Left()) {
     if (!platform_.dialogs.Ask("Unsaved changes to \"" + left.title + "\" of " + left.when +
-                               " were kept when the program ended. Restore them?")) {
+                                   " were kept when the program ended. Restore them?",
+                               FileFact("File", left.fileName))) {
       platform_.work->DeclineLeft(left.file);
     } else if (Restore(left)) {
       restored_ = true;

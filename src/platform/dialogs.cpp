@@ -2,6 +2,7 @@
 #include "platform/dialogs.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/form.h"
 
@@ -21,6 +22,14 @@ BoxAnswer Dialogs::Show(const MessageBox& box) {
     --boxes_;
     throw;
   }
+}
+
+bool Dialogs::Ask(std::string text, std::string facts, std::function<bool()> holds) {
+  return Show({.text = std::move(text),
+               .buttons = BoxButtons::kYesNo,
+               .icon = BoxIcon::kQuestion,
+               .remedy = std::move(facts),
+               .holds = std::move(holds)}) == BoxAnswer::kYes;
 }
 
 void Dialogs::ShowModal(Form& form) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,9 @@ struct MessageBox {
   BoxIcon icon = BoxIcon::kNone;
   std::string caption = std::string(kProgramTitle);
   std::string remedy = {};
+  /// Whether there is still something to answer; without it there is, as long as the box stands. On a screen
+  /// a box whose reason has gone (the unit of the question was unplugged) closes with No or Cancel.
+  std::function<bool()> holds = {};
 };
 
 class Form;
@@ -49,11 +53,9 @@ class Dialogs {
 
   /// A plain box with an OK button.
   void Tell(std::string text) { Show({.text = std::move(text)}); }
-  /// A question with the buttons Yes and No.
-  bool Ask(std::string text) {
-    return Show({.text = std::move(text), .buttons = BoxButtons::kYesNo, .icon = BoxIcon::kQuestion}) ==
-           BoxAnswer::kYes;
-  }
+  /// A question with the buttons Yes and No. `facts` is what to know before answering, a line each; for
+  /// `holds` see MessageBox.
+  bool Ask(std::string text, std::string facts = {}, std::function<bool()> holds = {});
 
  protected:
   virtual BoxAnswer Present(const MessageBox& box) = 0;

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPrintPreviewWidget>
 #include <QPushButton>
 
@@ -36,6 +37,25 @@ TEST_F(DialogsTest, BoxesAnswerSafelyByEscAndByDefault) {
                QTest::keyClick(answer == BoxAnswer::kYes ? shown.button(QMessageBox::Yes) : &window, key);
              });
   }
+}
+
+TEST_F(DialogsTest, AQuestionWhoseReasonHasGoneAnswersNoAlsoUnderAnotherBox) {
+  QtDialogs dialogs;
+  bool plugged = true;
+  const auto ask = [&] { return dialogs.Ask("Send?", "", [&] { return plugged; }); };
+  QTimer::singleShot(0, [&] {
+    const QPointer<QWidget> question = QApplication::activeModalWidget();
+    plugged = false;
+    AtDialog([&] { dialogs.Tell("The device is gone."); },
+             [&](QWidget& told) {
+               while (question->isVisible()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+               EXPECT_TRUE(told.isVisible());
+               QTest::keyClick(&told, Qt::Key_Return);
+             });
+  });
+  EXPECT_FALSE(ask());
+  EXPECT_FALSE(plugged);
+  EXPECT_FALSE(ask()) << "it does not even come up";
 }
 
 TEST_F(DialogsTest, AWindowFollowsItsFormUntilEitherCloses) {
