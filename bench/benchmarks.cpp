@@ -4,7 +4,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QTemporaryDir>
 #include <array>
 #include <vector>
@@ -14,6 +13,7 @@
 #include "bench/program.h"
 #include "bench/seconds.h"
 #include "bench/virtual_unit.h"
+#include "gui/application.h"
 #include "link/frame.h"
 
 namespace marlinset {
@@ -118,7 +118,7 @@ BENCHMARK(StartWithoutWindow)->UseManualTime()->Unit(benchmark::kMillisecond)->I
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
+  const marlinset::Application application(argc, argv);
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   benchmark::RunSpecifiedBenchmarks();

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <CLI/CLI.hpp>
-#include <QApplication>
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
@@ -10,6 +9,7 @@
 #include "app/computer.h"
 #include "app/tool.h"
 #include "gui/about_window.h"
+#include "gui/application.h"
 #include "gui/main_window.h"
 #include "gui/parameter_dialogs.h"
 #include "gui/qt_dialogs.h"
@@ -120,7 +120,7 @@ int Main(int argc, char** argv) {
   try {
     app.allow_extras();  // the desktop's own options are still among them
     app.parse(argc, argv);
-    const QApplication application(argc, argv);
+    const Application application(argc, argv);
     QApplication::setStyle(new ReadableStyle);
     QGuiApplication::setDesktopFileName(QStringLiteral("marlinset"));
     app.allow_extras(false);

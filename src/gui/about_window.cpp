@@ -36,14 +36,14 @@ QLabel* MakeIcon(PictureBox& control, QWidget& window) {
 }
 
 /// A button whose caption marks its own mnemonic.
-QPushButton* MakeButton(Button& control, QWidget& window) {
+QPushButton* MakeButton(Button& control, Turn turn, QWidget& window) {
   auto* button = new QPushButton(&window);
   auto* binding =
       new Binding(*button, control, [button, &control] { button->setText(Shown(control.Caption())); });
   binding->Show();
   button->setAccessibleName(SpokenName(Shown(control.Caption())));
   QObject::connect(button, &QPushButton::clicked, binding,
-                   [binding, &control] { binding->Act([&control] { control.OperatorClick(); }); });
+                   [binding, turn] { binding->Act({OperatorAction::Kind::kClick}, turn); });
   return button;
 }
 
@@ -69,8 +69,8 @@ std::unique_ptr<QDialog> MakeAboutWindow(FrmAbout& form, QWidget* parent) {
   auto* buttons = new QHBoxLayout;
   SetSpaces(*buttons, *window);
   buttons->addStretch(1);
-  QPushButton* info = MakeButton(form.cmdSysInfo, *window);
-  QPushButton* close = MakeButton(form.cmdOK, *window);
+  QPushButton* info = MakeButton(form.cmdSysInfo, Turn::kInOrder, *window);
+  QPushButton* close = MakeButton(form.cmdOK, Turn::kAtOnce, *window);
   close->setDefault(true);
   buttons->addWidget(info);
   buttons->addWidget(close);

@@ -3,7 +3,6 @@
 
 #include <QFocusEvent>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QScrollArea>
 #include <QWidget>
 #include <algorithm>
@@ -61,11 +60,14 @@ Binding& Binding::Of(QWidget& widget) {
   return *widget.findChild<Binding*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-void Binding::Act(const std::function<void()>& action) {
+void Binding::Act(const OperatorAction& action, Turn turn, std::function<void()> done) {
   if (controls_.empty()) return;
-  const QPointer<Binding> alive(this);  // the action may take this very row away
-  action();
-  if (alive) Show();
+  ++pending_;
+  OperatorQueue::OfProgram().Take(*controls_.front(), action, turn, this, [this, done = std::move(done)] {
+    --pending_;
+    if (done) done();
+    Show();
+  });
 }
 
 void Binding::Show() {
@@ -78,7 +80,7 @@ void Binding::Show() {
   // A widget that was never hidden needs no word: it comes up with its parent.
   if (!visible || widget_.testAttribute(Qt::WA_WState_ExplicitShowHide)) widget_.setVisible(visible);
   ShowToolTip();
-  if (show_) show_();
+  if (show_ && !Pending()) show_();
   ShowMark();
 }
 
@@ -118,11 +120,11 @@ bool Binding::eventFilter(QObject* watched, QEvent* event) {
   if (controls_.empty()) return QObject::eventFilter(watched, event);
   if (event->type() == QEvent::FocusOut && watched == &widget_ &&
       GoesForGood(*static_cast<QFocusEvent*>(event))) {
-    controls_.front()->OperatorLeave();
+    OperatorQueue::OfProgram().Take(*controls_.front(), {OperatorAction::Kind::kLeave}, Turn::kInOrder);
     return QObject::eventFilter(watched, event);
   }
   if (event->type() == QEvent::MouseMove && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
-    controls_.front()->OperatorHover();
+    OperatorQueue::OfProgram().Take(*controls_.front(), {OperatorAction::Kind::kHover}, Turn::kHover);
     return true;  // only the innermost surface is hovered, not also the sheet below it
   }
   return QObject::eventFilter(watched, event);

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "gui/operator_queue.h"
 #include "platform/control.h"
 
 class QFocusEvent;
@@ -41,7 +42,8 @@ bool GoesForGood(const QFocusEvent& event);
 
 /// Ties one widget to one control of the panel model. The widget takes the control's full name as object name
 /// and follows its enabled and visible flags, tool tip and yellow mark; `show` paints the rest. What the
-/// operator does is connected with the binding as context object and goes through Act.
+/// operator does is connected with the binding as context object and goes through Act. Until that is carried
+/// out the widget shows what the operator did, and not what the control still holds.
 ///
 /// The binding belongs to the widget. A control may go away before its widget does: Detach comes first then.
 class Binding : public QObject {
@@ -57,8 +59,11 @@ class Binding : public QObject {
   void AddSurface(QWidget& widget);
   /// The binding of a widget, which must have one.
   static Binding& Of(QWidget& widget);
-  /// Hands the operator's action to the model and then shows what the model made of it.
-  void Act(const std::function<void()>& action);
+  /// Takes the operator's action down for the control that names the widget. Once it was carried out, and
+  /// after `done`, the widget shows what the model made of it.
+  void Act(const OperatorAction& action, Turn turn = Turn::kInOrder, std::function<void()> done = {});
+  /// Whether an action is still to be carried out, or is at work.
+  bool Pending() const { return pending_ > 0; }
   /// Paints the widget as the model is now.
   void Show();
   /// The control is about to go; the widget keeps its last look and is deaf from now on.
@@ -83,6 +88,7 @@ class Binding : public QObject {
   std::function<void()> show_;
   QString disabledReason_;
   bool marked_ = false;
+  int pending_ = 0;  ///< actions that are still to be carried out
 };
 
 }  // namespace marlinset

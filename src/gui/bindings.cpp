@@ -9,7 +9,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QPointer>
+#include <algorithm>
 
 #include "gui/fields.h"
 #include "gui/look.h"
@@ -46,6 +46,17 @@ void LeadKeysToChoice(const QWidget& band) {
   }
 }
 
+/// While one option of a band waits for its turn, the band shows it as chosen.
+bool IsChoicePending(const QWidget& band) {
+  const auto options = OptionsIn(band);
+  return std::any_of(options.begin(), options.end(),
+                     [](QAbstractButton* option) { return Binding::Of(*option).Pending(); });
+}
+
+void ShowOptions(const QWidget& band) {
+  for (QAbstractButton* option : OptionsIn(band)) Binding::Of(*option).Show();
+}
+
 Binding& Tie(QWidget& widget, Control& control, std::function<void()> show) {
   auto* binding = new Binding(widget, control, std::move(show));
   binding->Show();
@@ -56,18 +67,17 @@ Binding& Tie(QWidget& widget, Control& control, std::function<void()> show) {
 class ActionBinding : public QObject {
  public:
   using ShowText = std::function<void(const MenuItem&, QAction&)>;
-  ActionBinding(QAction& action, MenuItem& item, ShowText showText)
+  ActionBinding(QAction& action, MenuItem& item, ShowText showText, Turn turn)
       : QObject(&action),
         action_(action),
         item_(item),
         showText_(std::move(showText)),
         listening_(item.Changed, [this] { Show(); }) {
     action.setObjectName(Shown(item.FullName()));
-    connect(&action, &QAction::triggered, this, [this] {
-      const QPointer<ActionBinding> alive(this);
+    connect(&action, &QAction::triggered, this, [this, turn] {
       FinishTyping();
-      item_.OperatorClick();
-      if (alive) Show();  // the action ticked itself; the tick is the model's
+      OperatorQueue::OfProgram().Take(item_, {OperatorAction::Kind::kClick}, turn, this,
+                                      [this] { Show(); });  // it ticked itself; the tick is the model's
     });
     auto* menu = qobject_cast<QMenu*>(action.parent());
     if (menu) connect(menu, &QMenu::aboutToShow, this, [this] { Show(); });
@@ -100,7 +110,7 @@ class KeyFilter : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::KeyPress) {
       const char32_t code = CodeOfKey(*static_cast<QKeyEvent*>(event));
-      if (code != 0 && !control_.OperatorMayType(code)) return true;
+      if (code != 0 && !control_.TakesKey(code)) return true;
     }
     return QObject::eventFilter(watched, event);
   }
@@ -118,13 +128,14 @@ class KeyFilter : public QObject {
 
 }  // namespace
 
-Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic) {
+Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic, Turn turn) {
   Binding& binding = Tie(widget, control, [&widget, &control, mnemonic] {
     widget.setText(ShownWithMnemonic(control.Caption(), mnemonic));
   });
-  QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&] {
+  QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&binding, turn] {
+    if (binding.Pending()) return;
     FinishTyping();
-    binding.Act([&control] { control.OperatorClick(); });
+    binding.Act({OperatorAction::Kind::kClick}, turn);
   });
   return binding;
 }
@@ -142,12 +153,16 @@ Binding& Bind(QAbstractButton& widget, OptionButton& control) {
   widget.setAutoExclusive(true);
   Binding& binding = Tie(widget, control, [&] {
     widget.setText(ShownLiteral(control.Caption()));
+    const QWidget* band = widget.parentWidget();
+    if (band && IsChoicePending(*band)) return;
     SetTick(widget, control.Value());
-    if (const QWidget* band = widget.parentWidget()) LeadKeysToChoice(*band);
+    if (band) LeadKeysToChoice(*band);
   });
-  QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&] {
+  QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&widget, &binding] {
     FinishTyping();
-    binding.Act([&control] { control.OperatorClick(); });
+    binding.Act({OperatorAction::Kind::kClick}, Turn::kInOrder, [&widget] {
+      if (const QWidget* band = widget.parentWidget()) ShowOptions(*band);
+    });
   });
   return binding;
 }
@@ -159,8 +174,9 @@ Binding& Bind(QCheckBox& widget, CheckBox& control, char mnemonic) {
     widget.setTristate(control.Value() == 2);
     widget.setCheckState(kStates[control.Value()]);
   });
-  QObject::connect(&widget, &QCheckBox::clicked, &binding,
-                   [&](bool on) { binding.Act([&control, on] { control.OperatorCheck(on); }); });
+  QObject::connect(&widget, &QCheckBox::clicked, &binding, [&binding](bool on) {
+    binding.Act({OperatorAction::Kind::kCheck, on ? 1 : 0});
+  });
   return binding;
 }
 
@@ -181,8 +197,8 @@ Binding& Bind(QLineEdit& widget, TextBox& control) {
     widget.setText(text);
     widget.setCursorPosition(cursor);
   });
-  QObject::connect(&widget, &QLineEdit::textEdited, &binding, [&](const QString& text) {
-    binding.Act([&control, &text] { control.OperatorType(Typed(text)); });
+  QObject::connect(&widget, &QLineEdit::textEdited, &binding, [&binding](const QString& text) {
+    binding.Act({.kind = OperatorAction::Kind::kType, .text = Typed(text)});
   });
   return binding;
 }
@@ -211,14 +227,16 @@ Binding& BindFlags(QWidget& widget, Control& control) {
   return Tie(widget, control, {});
 }
 
-void Bind(QAction& action, MenuItem& item, char mnemonic) {
-  Bind(action, item, [mnemonic](const MenuItem& shown, QAction& entry) {
+void Bind(QAction& action, MenuItem& item, char mnemonic, Turn turn) {
+  const auto showText = [mnemonic](const MenuItem& shown, QAction& entry) {
     entry.setText(ShownWithMnemonic(shown.Caption(), mnemonic));
-  });
+  };
+  Bind(action, item, showText, turn);
 }
 
-void Bind(QAction& action, MenuItem& item, std::function<void(const MenuItem&, QAction&)> showText) {
-  new ActionBinding(action, item, std::move(showText));
+void Bind(QAction& action, MenuItem& item, std::function<void(const MenuItem&, QAction&)> showText,
+          Turn turn) {
+  new ActionBinding(action, item, std::move(showText), turn);
 }
 
 void ShowWith(QWidget& widget, Control& control) {

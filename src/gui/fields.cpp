@@ -37,8 +37,8 @@ ComboField::ComboField(ComboBox& control, int characters, QWidget* parent) : QCo
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   auto* binding = new Binding(*this, control, [this, &control] { ShowControl(control); });
   binding->Show();
-  connect(this, &QComboBox::activated, binding, [binding, &control](int index) {
-    binding->Act([&control, index] { control.OperatorSelect(index); });
+  connect(this, &QComboBox::activated, binding, [this, binding](int index) {
+    binding->Act({OperatorAction::Kind::kSelect, index, Typed(itemText(index))});
   });
 }
 
@@ -85,6 +85,8 @@ void ComboField::wheelEvent(QWheelEvent* event) {
 void ComboField::keyPressEvent(QKeyEvent* event) {
   if (TypesText(*event)) {
     event->ignore();
+  } else if (event->isAutoRepeat() && Binding::Of(*this).Pending()) {
+    event->accept();  // a key that is held down turns the list as fast as the choices are carried out
   } else {
     QComboBox::keyPressEvent(event);
   }
@@ -110,21 +112,29 @@ void SpinField::ShowControl() {
   if (typing_ && text == echoShown_) return;  // a half-typed number outlives a mark or a new limit
   typing_ = false;
   echoShown_ = text;
-  if (lineEdit()->text() != text) lineEdit()->setText(text);
+  if (lineEdit()->text() != text) {
+    const bool selected = lineEdit()->hasSelectedText();  // typing goes on replacing the value
+    lineEdit()->setText(text);
+    if (selected) lineEdit()->selectAll();
+  }
   update();
 }
 
 void SpinField::Complete() {
   if (!typing_) return;
   typing_ = false;
-  const int radix = radix_ ? radix_() : 10;
+  const int radix = Radix();
   bool isNumber = false;
   qlonglong number = lineEdit()->text().toLongLong(&isNumber, radix);
   if (isNumber && radix == 16) number = static_cast<int>(static_cast<unsigned>(number));
   echoShown_.clear();
-  binding_->Act([this, isNumber, number] {
-    if (isNumber) spin_.OperatorSpin(static_cast<int>(std::clamp<qlonglong>(number, INT_MIN, INT_MAX)));
-  });
+  if (isNumber) {
+    const int value = static_cast<int>(std::clamp<qlonglong>(number, INT_MIN, INT_MAX));
+    leadsTo_ = std::clamp(value, spin_.Lowest(), spin_.Highest());
+    binding_->Act({OperatorAction::Kind::kSpin, value});
+  } else {
+    binding_->Show();
+  }
 }
 
 void SpinField::TakeBack() {
@@ -133,22 +143,44 @@ void SpinField::TakeBack() {
 }
 
 void SpinField::stepBy(int steps) {
+  if (heldDown_ && binding_->Pending()) return;
   Complete();
-  binding_->Act([this, steps] { spin_.OperatorStep(steps > 0, std::abs(steps)); });
+  const int from = SeenValue();
+  const bool rising = (steps > 0) == (spin_.Max() >= spin_.Min());
+  const qlonglong way = static_cast<qlonglong>(spin_.Increment()) * std::abs(steps);
+  const qlonglong end = std::clamp<qlonglong>(from + (rising ? way : -way), spin_.Lowest(), spin_.Highest());
+  binding_->Act({OperatorAction::Kind::kStep, steps}, Turn::kInOrder, [this] {
+    if (typing_) echoShown_ = Shown(echo_.Text());  // what was typed behind the step is newer
+  });
+  ShowWhereItLeads(static_cast<int>(end));
+}
+
+int SpinField::SeenValue() const {
+  return binding_->Pending() ? leadsTo_ : spin_.Value();
+}
+
+/// The echo of a value is for the rules to write. Until they have, it is written as they wrote the last one:
+/// some show no sign.
+void SpinField::ShowWhereItLeads(int value) {
+  leadsTo_ = value;
+  const bool signless = echo_.Text() == std::to_string(std::abs(spin_.Value()));
+  QString text = QString::number(signless ? std::abs(value) : value);
+  if (Radix() == 16) text = QString::number(static_cast<unsigned>(value), 16).toUpper();
+  lineEdit()->setText(text);
   if (hasFocus()) lineEdit()->selectAll();
 }
 
 QAbstractSpinBox::StepEnabled SpinField::stepEnabled() const {
   StepEnabled enabled = StepNone;
-  if (typing_ || spin_.Value() != spin_.Max()) enabled |= StepUpEnabled;
-  if (typing_ || spin_.Value() != spin_.Min()) enabled |= StepDownEnabled;
+  if (typing_ || SeenValue() != spin_.Max()) enabled |= StepUpEnabled;
+  if (typing_ || SeenValue() != spin_.Min()) enabled |= StepDownEnabled;
   return enabled;
 }
 
 QValidator::State SpinField::validate(QString& text, int& /*position*/) const {
   static const QRegularExpression kDecimal(QStringLiteral("^-?[0-9]{0,10}$"));
   static const QRegularExpression kHexadecimal(QStringLiteral("^[0-9A-Fa-f]{0,8}$"));
-  const bool hex = radix_ && radix_() == 16;
+  const bool hex = Radix() == 16;
   if (!(hex ? kHexadecimal : kDecimal).match(text).hasMatch()) return QValidator::Invalid;
   return text.isEmpty() || text == QLatin1String("-") ? QValidator::Intermediate : QValidator::Acceptable;
 }
@@ -180,7 +212,15 @@ void SpinField::keyPressEvent(QKeyEvent* event) {
     event->accept();
     return;
   }
+  heldDown_ = event->isAutoRepeat();
   QAbstractSpinBox::keyPressEvent(event);
+  heldDown_ = false;
+}
+
+void SpinField::timerEvent(QTimerEvent* event) {
+  heldDown_ = true;
+  QAbstractSpinBox::timerEvent(event);
+  heldDown_ = false;
 }
 
 void FinishTyping() {

@@ -32,7 +32,8 @@ class ComboField : public QComboBox {
 /// A spin together with the text that echoes it. It shows the echo, which has the last word about what an
 /// operator sees, and steps and sets the spin. A typed number counts once it is complete: on Enter, when the
 /// focus goes to another field, or with the operator's next action; a box that comes up or another program
-/// leaves it half typed. Esc takes it back.
+/// leaves it half typed. Esc takes it back. A step shows at once where it leads. An arrow or key that is held
+/// down steps as fast as the steps are carried out, so that nothing runs on when it is let go.
 class SpinField : public QAbstractSpinBox {
   Q_OBJECT
  public:
@@ -53,16 +54,23 @@ class SpinField : public QAbstractSpinBox {
   StepEnabled stepEnabled() const override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void ShowControl();
+  void ShowWhereItLeads(int value);
+  int Radix() const { return radix_ ? radix_() : 10; }
+  /// The value as the operator sees it: where the steps lead that are still to be carried out.
+  int SeenValue() const;
 
   SpinControl& spin_;
   TextBox& echo_;
   std::function<int()> radix_;
   Binding* binding_;
   bool typing_ = false;
+  bool heldDown_ = false;    ///< the step comes from a key or arrow that repeats
+  int leadsTo_ = 0;          ///< while actions are pending: the value behind the last one
   bool staysInUse_ = false;  ///< the focus goes for a while only
   QString echoShown_;
 };

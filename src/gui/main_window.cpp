@@ -22,6 +22,7 @@
 #include "gui/panel_host.h"
 #include "gui/status_bar.h"
 #include "gui/tool_area.h"
+#include "platform/guard.h"
 
 namespace marlinset {
 namespace {
@@ -50,7 +51,10 @@ QString DraggedConfiguration(const QMimeData& data) {
 }  // namespace
 
 MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
-    : form_(form), hooks_(std::move(hooks)), listening_(form.Changed, [this] { ShowForm(); }) {
+    : form_(form),
+      hooks_(std::move(hooks)),
+      listening_(form.Changed, [this] { ShowForm(); }),
+      toolAtRest_(form.GetGuard().Ended, [] { OperatorQueue::OfProgram().Wake(); }) {
   // The program ends when the form goes, and not with a box over the splash.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   setObjectName(Shown(form.Name()));
@@ -135,7 +139,7 @@ void MainWindow::ShowForm() {
 }
 
 void MainWindow::mouseMoveEvent(QMouseEvent* event) {
-  if (event->buttons() == Qt::NoButton) form_.OperatorHover();
+  if (event->buttons() == Qt::NoButton) OperatorQueue::OfProgram().TakeHover(form_, *this);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
@@ -147,17 +151,17 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  // The program that the file comes from waits for this to return, but opening may ask questions.
-  QTimer::singleShot(0, this, [this, name = DraggedConfiguration(*event->mimeData())] {
-    FinishTyping();
+  FinishTyping();
+  OperatorQueue::OfProgram().Take(form_, *this, [this, name = DraggedConfiguration(*event->mimeData())] {
     hooks_.openFile(Typed(name));
   });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!form_.Visible()) return;
+  event->ignore();  // the window goes with the form
   FinishTyping();
-  form_.mnuExit.OperatorClick();
-  event->setAccepted(!form_.Visible());
+  OperatorQueue::OfProgram().Take(form_.mnuExit, {OperatorAction::Kind::kClick}, Turn::kClosing);
 }
 
 }  // namespace marlinset

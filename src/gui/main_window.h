@@ -50,6 +50,7 @@ class MainWindow : public QMainWindow {
   bool formVisible_ = false;
   WindowPlace place_;  ///< the form's, as it was last taken
   Listening<> listening_;
+  Listening<> toolAtRest_;
 };
 
 }  // namespace marlinset

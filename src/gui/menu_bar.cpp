@@ -19,6 +19,7 @@ struct MenuLine {
   char mnemonic = 0;
   bool ticks = false;
   QKeySequence keys = {};
+  Turn turn = Turn::kInOrder;
 };
 
 void AddLines(QMenu& menu, const std::vector<MenuLine>& lines) {
@@ -30,7 +31,7 @@ void AddLines(QMenu& menu, const std::vector<MenuLine>& lines) {
     QAction* action = menu.addAction(QString());
     action->setCheckable(line.ticks);
     action->setShortcut(line.keys);
-    Bind(*action, *line.item, line.mnemonic);
+    Bind(*action, *line.item, line.mnemonic, line.turn);
   }
 }
 
@@ -109,10 +110,10 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
                   {&form.mnuPreview, 'v'},
                   {&form.mnuExport, 'E'},
                   {},
-                  {&form.mnuExit, 'x', false, QKeySequence(Qt::CTRL | Qt::Key_Q)}});
+                  {&form.mnuExit, 'x', false, QKeySequence(Qt::CTRL | Qt::Key_Q), Turn::kClosing}});
   QMenu* mode = bar.addMenu(QString());
   Bind(*mode->menuAction(), form.mnuMode, 'M');
-  AddLines(*mode, {{&form.mnuInter, 'I', true}, {&form.mnuOff, 'O', true}});
+  AddLines(*mode, {{&form.mnuInter, 'I', true}, {&form.mnuOff, 'O', true, {}, Turn::kAtOnce}});
   FillOptions(*bar.addMenu(QStringLiteral("&Options")), form, hooks);
   AddLines(*bar.addMenu(QStringLiteral("&Parameters")),
            {{&form.mnuAddParameter, 'A'}, {&form.mnuRemoveParameter, 'R'}});

@@ -110,12 +110,14 @@ void SetUpTable(QTableView* table) {
 
 /// Heads, arrow and scrolling go with the list.
 void FollowModel(QTableView* table, ParameterModel* model, FrmStart& form) {
-  QObject::connect(table->horizontalHeader(), &QHeaderView::sectionClicked, model,
-                   [model, table](int column) {
-                     FinishTyping();  // before another parameter moves into the row
-                     model->Head(column).OperatorClick();
-                     ShowSort(*table->horizontalHeader(), *model);  // the click moved the arrow by itself
-                   });
+  QObject::connect(
+      table->horizontalHeader(), &QHeaderView::sectionClicked, model, [model, table](int column) {
+        FinishTyping();  // before another parameter moves into the row
+        OperatorQueue::OfProgram().Take(model->Head(column), {OperatorAction::Kind::kClick}, Turn::kInOrder,
+                                        table,
+                                        // The click moved the arrow by itself.
+                                        [model, table] { ShowSort(*table->horizontalHeader(), *model); });
+      });
   QObject::connect(model, &QAbstractItemModel::headerDataChanged, table,
                    [model, table] { ShowSort(*table->horizontalHeader(), *model); });
   table->horizontalHeader()->setSortIndicatorShown(true);

@@ -100,8 +100,10 @@ QTreeWidget* MakeList(ListView& list, QWidget* parent) {
   auto* binding = new Binding(*view, list, [view, &list] { ShowRows(*view, list); });
   binding->Show();
   // The selection, not the current item: that one comes by itself when the list gets the focus.
-  QObject::connect(view, &QTreeWidget::itemSelectionChanged, binding, [view, &list] {
-    for (QTreeWidgetItem* item : view->selectedItems()) list.OperatorSelect(view->indexOfTopLevelItem(item));
+  QObject::connect(view, &QTreeWidget::itemSelectionChanged, binding, [view, binding] {
+    for (QTreeWidgetItem* item : view->selectedItems()) {
+      binding->Act({OperatorAction::Kind::kSelect, view->indexOfTopLevelItem(item), Typed(item->text(0))});
+    }
   });
   return view;
 }

@@ -108,7 +108,7 @@ void QtDialogs::PresentForm(Form& form) {
   const Listening<> listening(form.Changed, [&] {
     if (!form.Visible()) window->close();
   });
-  window->exec();
+  OperatorQueue::OfProgram().OpenOver(form, *window, [&] { window->exec(); });
   form.SetVisible(false);
 }
 

@@ -68,10 +68,14 @@ void SplashWindow::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void SplashWindow::mousePressEvent(QMouseEvent* /*event*/) {
-  skip_();
+  Skip();
 }
 void SplashWindow::keyPressEvent(QKeyEvent* /*event*/) {
-  skip_();
+  Skip();
+}
+
+void SplashWindow::Skip() {
+  OperatorQueue::OfProgram().Take(form_, *this, skip_);
 }
 
 }  // namespace marlinset

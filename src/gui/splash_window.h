@@ -23,6 +23,7 @@ class SplashWindow : public QWidget {
 
  private:
   void ShowForm();
+  void Skip();
 
   FrmSplash& form_;
   std::function<void()> skip_;

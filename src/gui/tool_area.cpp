@@ -50,8 +50,9 @@ class ChoiceBand : public QWidget {
 };
 
 /// The buttons stand disabled only while a whole setup is on its way.
-void AddButton(QBoxLayout& row, BarButton* widget, Button& control, char mnemonic) {
-  Binding& binding = Bind(*widget, control, mnemonic);
+void AddButton(QBoxLayout& row, BarButton* widget, Button& control, char mnemonic,
+               Turn turn = Turn::kInOrder) {
+  Binding& binding = Bind(*widget, control, mnemonic, turn);
   binding.SetDisabledReason(QStringLiteral("A setup is being sent; available again when it is complete."));
   row.addWidget(widget);
 }
@@ -131,7 +132,7 @@ QWidget* ToolArea::MakeViews(FrmStart& form) {
 
 void ToolArea::AddMain(FrmStart& form, QBoxLayout& row) {
   AddButton(row, new BarButton(this), form.bOpen, 'n');
-  AddButton(row, new BarButton(this), form.bClose, 'C');
+  AddButton(row, new BarButton(this), form.bClose, 'C', Turn::kAtOnce);
   row.addSpacing(SpaceUnit(*this));
   AddButton(row, new MainButton(this), form.bSConfig, 'S');
 }

@@ -104,6 +104,7 @@ class Control : public EventSource {
   Control& operator=(const Control&) = delete;
 
   virtual ControlKind Kind() const = 0;
+  Form& Owner() const { return form_; }
   const std::string& Name() const { return name_; }
   int Index() const { return index_; }
   /// "comVS", or "comTB(1)" for an element of an array.
@@ -141,6 +142,10 @@ class Control : public EventSource {
   /// Something that a screen shows is another one now.
   Signal<> Changed;
 
+  /// Expires with the control. What an operator starts can wait for the unit, and a file that is opened
+  /// meanwhile takes the rows of its predecessor away.
+  std::weak_ptr<const void> Life() const { return life_; }
+
  protected:
   template <class T>
   void Store(T& field, T value) {
@@ -162,6 +167,7 @@ class Control : public EventSource {
   Color backColor_ = kWindowColor;
   std::string caption_;
   std::string toolTip_;
+  std::shared_ptr<const void> life_ = std::make_shared<char>();
 };
 
 }  // namespace marlinset

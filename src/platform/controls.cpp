@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <memory>
 
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -19,28 +18,6 @@ std::string Typed(const std::string& text, char32_t code) {
   if (code < U' ') return text;
   return text + TextOfCode(code);
 }
-
-/// Knows whether a control is still there. What an operator starts can wait for the unit, and a file that is
-/// opened meanwhile takes the rows of its predecessor away.
-class Watch {
- public:
-  explicit Watch(Control& control) : control_(control) {
-    auto life = std::make_shared<bool>(true);
-    life_ = life;
-    id_ = control.Changed.Connect([life = std::move(life)] {});  // goes with the control's signal
-  }
-  ~Watch() {
-    if (There()) control_.Changed.Disconnect(id_);
-  }
-  Watch(const Watch&) = delete;
-  Watch& operator=(const Watch&) = delete;
-  bool There() const { return !life_.expired(); }
-
- private:
-  Control& control_;
-  std::weak_ptr<bool> life_;
-  Signal<>::Id id_ = 0;
-};
 
 }  // namespace
 
@@ -225,7 +202,7 @@ void SpinControl::SetMax(int max) {
 }
 
 bool SpinControl::OperatorStep(bool up, int times) {
-  const Watch watch(*this);
+  const std::weak_ptr<const void> life = Life();
   bool moves = true;  // until it is at the limit
   const auto click = [&] {
     const bool rising = up == (max_ >= min_);
@@ -236,7 +213,7 @@ bool SpinControl::OperatorStep(bool up, int times) {
   };
   // Each click by itself: one that fails takes none of the others along.
   int clicks = 0;
-  while (clicks < times && moves && watch.There() && AsOperator(click)) ++clicks;
+  while (clicks < times && moves && !life.expired() && AsOperator(click)) ++clicks;
   return clicks > 0;
 }
 
@@ -260,7 +237,7 @@ bool TextBox::OperatorKey(char32_t code) {
   });
 }
 
-bool TextBox::OperatorMayType(char32_t code) {
+bool TextBox::TakesKey(char32_t code) {
   bool passes = false;
   AsOperator([&] { passes = Passes(code); });
   return passes;

@@ -197,9 +197,9 @@ class TextBox : public Control {
   bool OperatorType(std::string text) override;
   /// One key press; unless a handler cancels it, it is typed at the end of the text.
   bool OperatorKey(char32_t code) override;
-  /// The same for a widget that types by itself, where its cursor stands: asks the handlers only. False when
-  /// one of them cancelled the key.
-  bool OperatorMayType(char32_t code);
+  /// Whether the key handlers let a key press pass: for a widget that types by itself, where its cursor
+  /// stands.
+  bool TakesKey(char32_t code);
 
  private:
   bool Passes(char32_t code) const;

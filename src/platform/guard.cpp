@@ -4,11 +4,20 @@
 #include <string>
 
 #include "platform/dialogs.h"
+#include "platform/finally.h"
 #include "platform/runtime_error.h"
 
 namespace marlinset {
 
 bool Guard::Run(const std::function<void()>& body) {
+  bool done = false;
+  ++atWork_;
+  Finally([&] { done = Contain(body); }, [this] { --atWork_; });
+  Ended.Emit();
+  return done;
+}
+
+bool Guard::Contain(const std::function<void()>& body) {
   try {
     body();
     return true;

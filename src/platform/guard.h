@@ -3,6 +3,8 @@
 
 #include <functional>
 
+#include "platform/signal.h"
+
 namespace marlinset {
 
 class Dialogs;
@@ -15,9 +17,17 @@ class Guard {
   explicit Guard(Dialogs& dialogs) : dialogs_(dialogs) {}
   /// Returns whether `body` came to its end.
   bool Run(const std::function<void()>& body);
+  /// How many handlers are at work: more than one when a handler pumps and another runs in that wait.
+  int AtWork() const { return atWork_; }
+
+  /// A handler has ended, its box included.
+  Signal<> Ended;
 
  private:
+  bool Contain(const std::function<void()>& body);
+
   Dialogs& dialogs_;
+  int atWork_ = 0;
 };
 
 }  // namespace marlinset

@@ -33,9 +33,13 @@ TEST_F(BindingsTest, AButtonShowsItsControlAndClicksItWhileItTakesClicks) {
   EXPECT_EQ(widget.text(), "A && B") << "an ampersand is a letter, no mnemonic";
   EXPECT_EQ(widget.toolTip(), "all of it");
   widget.click();
+  widget.click();
+  EXPECT_EQ(clicks, 0) << "a rule may wait for the unit, and no widget stands in the middle of that";
+  Settle();
   form_.bSConfig.SetEnabled(false);
   widget.click();
-  EXPECT_EQ(clicks, 1);
+  Settle();
+  EXPECT_EQ(clicks, 1) << "two presses of a button that has not begun are one";
   EXPECT_EQ(widget.toolTip(), "sending");
   for (const bool visible : {false, true}) {
     form_.bSConfig.SetVisible(visible);
@@ -66,9 +70,13 @@ TEST_F(BindingsTest, ACheckBoxShowsTheModelAlsoWhenTheRuleRefusesTheTick) {
   EXPECT_TRUE(widget.isChecked());
   EXPECT_EQ(clicks, 1) << "painting the tick is no second click";
   QTest::keyClick(&widget, Qt::Key_Space);
+  form_.chDups.SetBackColor(kYellow);
+  EXPECT_FALSE(widget.isChecked()) << "what the operator did is seen at once";
+  Settle();
   EXPECT_EQ(form_.chDups.Value(), 0);
   form_.chDups.OnClick([&] { form_.chDups.SetValue(0); });
   widget.click();
+  Settle();
   EXPECT_FALSE(widget.isChecked());
 }
 
@@ -79,6 +87,7 @@ TEST_F(BindingsTest, OptionsFollowTheirChoice) {
     Bind(*widgets.back(), form_.oVITC(i));
   }
   widgets[2]->click();
+  Settle();
   EXPECT_EQ(form_.vitcModes.Selected(), 2);
   for (const bool chosen : {true, false}) {
     form_.oVITC(1).SetValue(chosen);
@@ -99,6 +108,7 @@ TEST_F(BindingsTest, AMenuEntryTicksWhatTheModelTicks) {
   int clicks = 0;
   form_.mnuCom2.OnClick([&] { ++clicks; });
   action->trigger();
+  Settle();
   EXPECT_EQ(clicks, 1);
   EXPECT_FALSE(action->isChecked()) << "the handler did not tick it";
   form_.mnuCom2.SetChecked(true);
@@ -118,6 +128,7 @@ TEST_F(BindingsTest, EachKeystrokeIsAChangeAndTheCursorStays) {
   QTest::keyClicks(&widget, "AC");
   widget.setCursorPosition(1);
   QTest::keyClicks(&widget, "B");
+  Settle();
   EXPECT_THAT(texts, ElementsAre("A", "AC", "ABC"));
   form_.tWinMess.SetText("abc");
   EXPECT_EQ(widget.text(), "abc");
@@ -140,6 +151,7 @@ TEST_F(BindingsTest, WidgetAndControlOutliveEachOther) {
   form_.chOnOff.Unload(1);
   ASSERT_TRUE(widget) << "it may stand in the middle of its own click";
   widget->click();
+  Settle();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_FALSE(widget);
 
@@ -182,8 +194,9 @@ TEST_F(FieldsTest, AComboFollowsItsListAndChoosesWithoutStrayKeys) {
   EXPECT_EQ(combo_.currentText(), "1080i/60");
   combo_.setFocus();
   QTest::keyClick(&combo_, Qt::Key_Up);
-  EXPECT_EQ(form_.comVS.Text(), "PAL");
   QTest::keyClicks(&combo_, "N1");
+  Settle();
+  EXPECT_EQ(form_.comVS.Text(), "PAL");
   EXPECT_THAT(chosen_, ElementsAre(2, 1)) << "a letter never goes on air";
   form_.comVS.Clear();
   form_.comVS.AddItem("525i/60");
@@ -197,11 +210,15 @@ TEST_F(FieldsTest, StepsStopAtTheLimitsAndTheWheelTurnsOnlyWhatHasTheFocus) {
   TurnWheel(combo_);
   EXPECT_THAT(chosen_, ElementsAre());
   TurnWheel(spin_);
+  EXPECT_EQ(spin_.text(), "16");
+  Settle();
   EXPECT_THAT(lines_, ElementsAre(16)) << "down goes to Min, the highest line";
   for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Up}) QTest::keyClick(&spin_, key);
+  EXPECT_EQ(spin_.text(), "10") << "seen before it is done";
   combo_.setFocus();
   TurnWheel(spin_);
   TurnWheel(combo_);
+  Settle();
   EXPECT_THAT(lines_, ElementsAre(16, 15, 14, 13, 12, 11, 10));
   EXPECT_THAT(chosen_, ElementsAre(1));
 }
@@ -212,10 +229,12 @@ TEST_F(FieldsTest, ATypedNumberCountsOnceItIsComplete) {
   EXPECT_EQ(spin_.text(), "18") << "a mark leaves half a number alone";
   EXPECT_THAT(lines_, ElementsAre());
   QTest::keyClick(&spin_, Qt::Key_Return);
+  Settle();
   Enter(spin_, "12", Qt::Key_Escape);
   EXPECT_EQ(spin_.text(), "18");
   QTest::keyClick(&spin_, Qt::Key_Return);
   Enter(spin_, "99", Qt::Key_Return);
+  Settle();
   EXPECT_THAT(lines_, ElementsAre(18, 20)) << "kept inside the limits";
   EXPECT_EQ(spin_.text(), "20");
 }
@@ -230,6 +249,7 @@ TEST_F(FieldsTest, TheEchoHasTheLastWordAndTheRadix) {
   spin.show();
   for (const auto& [typed, expected] : {std::pair{"ff", 255}, std::pair{"FFFFFFFE", -2}}) {
     Enter(spin, typed, Qt::Key_Return);
+    Settle();
     EXPECT_EQ(value.Value(), expected);
     EXPECT_EQ(spin.text(), "1F") << "no rule wrote another echo";
   }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
@@ -31,6 +32,11 @@ class FormTest : public testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
   }
+  /// Lets the tool carry out what was done to its widgets.
+  static void Settle() {
+    while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
+    }
+  }
   /// Types into a field in place of what stands there.
   static void Enter(QWidget& field, const char* text, Qt::Key last) {
     field.setFocus();
@@ -51,6 +57,7 @@ class FormTest : public testing::Test {
       QWidget* dialog = QApplication::activeModalWidget();
       if (!dialog) return;
       act(*dialog);
+      Settle();
       seen = !dialog->isVisible();
       dialog->close();
     });

@@ -61,6 +61,7 @@ TEST_F(HandsTest, ANumberCountsWithTheNextActionAndNotBefore) {
   EXPECT_EQ(form_.UpDown1.Value(), 0) << "a box came up in the middle of the number";
   EXPECT_EQ(line.text(), "15");
   QTest::keyClick(&line, Qt::Key_S, Qt::ControlModifier);
+  Settle();
   EXPECT_THAT(whenSaved, ElementsAre(15)) << "what is seen is what is saved";
 }
 
@@ -81,10 +82,12 @@ TEST_F(HandsTest, EscAndEnterNeverSend) {
     button.setFocus();
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) QTest::keyClick(&button, key);
   }
+  Settle();
   EXPECT_THAT(done, IsEmpty());
   QTest::keyClick(&Widget(window, "bSConfig"), Qt::Key_Space);
   QTest::keyClicks(&EditValue(window, 0), "66");
   emit Widget<QTableView>(window, "pParIn").horizontalHeader()->sectionClicked(2);
+  Settle();
   EXPECT_THAT(done, ElementsAre("bSConfig", "66", "sorted")) << "before another row takes its place";
 }
 

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/operator_queue.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "gui/application.h"
+#include "platform/controls.h"
+#include "platform/finally.h"
+#include "platform/form.h"
+#include "platform/guard.h"
+
+namespace marlinset {
+namespace {
+
+/// The list may be another one than the operator read: the entry counts, not its place.
+void Select(Control& control, const OperatorAction& action) {
+  const std::vector<std::string> entries = control.Entries();
+  const auto place = static_cast<std::size_t>(action.number);
+  if (place < entries.size() && entries[place] == action.text) {
+    control.OperatorSelect(action.number);
+    return;
+  }
+  const auto found = std::find(entries.begin(), entries.end(), action.text);
+  if (found != entries.end()) control.OperatorSelect(static_cast<int>(found - entries.begin()));
+}
+
+void Perform(Control& control, const OperatorAction& action) {
+  switch (action.kind) {
+    case OperatorAction::Kind::kClick:
+      control.OperatorClick();
+      break;
+    case OperatorAction::Kind::kCheck:
+      control.OperatorCheck(action.number != 0);
+      break;
+    case OperatorAction::Kind::kSelect:
+      Select(control, action);
+      break;
+    case OperatorAction::Kind::kType:
+      control.OperatorType(action.text);
+      break;
+    case OperatorAction::Kind::kSpin:
+      control.OperatorSpin(action.number);
+      break;
+    case OperatorAction::Kind::kStep:
+      control.OperatorStep(action.number > 0, std::abs(action.number));
+      break;
+    case OperatorAction::Kind::kHover:
+      control.OperatorHover();
+      break;
+    case OperatorAction::Kind::kLeave:
+      control.OperatorLeave();
+      break;
+  }
+}
+
+}  // namespace
+
+OperatorQueue::OperatorQueue() = default;
+OperatorQueue::~OperatorQueue() = default;
+
+OperatorQueue& OperatorQueue::OfProgram() {
+  return static_cast<Application*>(QCoreApplication::instance())->Operator();
+}
+
+void OperatorQueue::Take(Control& control, const OperatorAction& action, Turn turn, QObject* context,
+                         std::function<void()> done) {
+  const QPointer<QObject> listener(context);
+  Add({.alive = [life = control.Life()] { return !life.expired(); },
+       .guard = &control.Owner().GetGuard(),
+       .turn = turn,
+       .action =
+           [&control, action, listener, done = std::move(done)] {
+             Perform(control, action);
+             if (listener && done) done();
+           }});
+}
+
+void OperatorQueue::Take(const Form& form, QObject& window, std::function<void()> action) {
+  Add({.alive = [there = QPointer<QObject>(&window)] { return !there.isNull(); },
+       .guard = &form.GetGuard(),
+       .turn = Turn::kInOrder,
+       .action = std::move(action)});
+}
+
+void OperatorQueue::TakeHover(Form& form, QObject& window) {
+  Add({.alive = [there = QPointer<QObject>(&window)] { return !there.isNull(); },
+       .guard = &form.GetGuard(),
+       .turn = Turn::kHover,
+       .action = [&form] { form.OperatorHover(); }});
+}
+
+void OperatorQueue::Add(Entry entry) {
+  std::deque<Entry>& entries = rows_.back().entries;
+  if (entry.turn == Turn::kHover) {
+    std::erase_if(entries, [](const Entry& earlier) { return earlier.turn == Turn::kHover; });
+  }
+  entries.push_back(std::move(entry));
+  Wake();
+}
+
+void OperatorQueue::Wake() {
+  if (posted_ || rows_.back().entries.empty()) return;
+  posted_ = true;
+  QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+}
+
+void OperatorQueue::HandlerEnds() {
+  --handlers_;
+  Wake();
+}
+
+bool OperatorQueue::event(QEvent* event) {
+  if (event->type() != QEvent::User) return QObject::event(event);
+  posted_ = false;
+  CarryOutNext();
+  return true;
+}
+
+/// Nothing of the tool is at work but what waits for this level to end.
+bool OperatorQueue::ToolAtRest(const Row& row) const {
+  const Guard& guard = *row.entries.front().guard;
+  return !row.running && guard.AtWork() == (&guard == row.guard ? row.handlersOfTool : 0);
+}
+
+/// No widget is in the middle of an event, and no box stands in front of the windows.
+bool OperatorQueue::OperatorAtRest(const Row& row) const {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return handlers_ == row.handlersOfWidgets && (!modal || modal == row.window);
+}
+
+/// One action in an event of its own, so that what it changed is painted before the next.
+void OperatorQueue::CarryOutNext() {
+  Row& row = rows_.back();
+  std::erase_if(row.entries, [](const Entry& entry) { return !entry.alive(); });
+  if (row.entries.empty() || !OperatorAtRest(row)) return;
+  if (ToolAtRest(row)) {
+    CarryOutFirst(row);
+    Wake();
+  } else {
+    Interrupt(row);
+  }
+}
+
+void OperatorQueue::CarryOutFirst(Row& row) {
+  const Entry entry = std::move(row.entries.front());
+  row.entries.pop_front();
+  if (!entry.alive()) return;
+  const bool within = std::exchange(row.running, true);
+  Finally(entry.action, [&] { row.running = within; });
+}
+
+/// Carries out what cannot wait for the end of the present wait.
+void OperatorQueue::Interrupt(Row& row) {
+  const auto urgent = std::find_if(row.entries.begin(), row.entries.end(), [](const Entry& entry) {
+    return entry.turn == Turn::kAtOnce || entry.turn == Turn::kClosing;
+  });
+  if (urgent == row.entries.end()) return;
+  if (urgent->turn == Turn::kAtOnce) {
+    std::rotate(row.entries.begin(), urgent, urgent + 1);
+    CarryOutFirst(row);
+  } else {
+    const auto closing = [](const Entry& entry) { return entry.turn == Turn::kClosing; };
+    while (std::any_of(row.entries.begin(), row.entries.end(), closing)) CarryOutFirst(row);
+  }
+  Wake();
+}
+
+void OperatorQueue::OpenOver(const Form& form, QWidget& window, const std::function<void()>& show) {
+  const Guard& guard = form.GetGuard();
+  Row& row = rows_.emplace_back(Row{
+      .guard = &guard, .handlersOfTool = guard.AtWork(), .handlersOfWidgets = handlers_, .window = &window});
+  Finally(
+      [&] {
+        show();
+        while (!row.entries.empty()) CarryOutFirst(row);
+      },
+      [this] {
+        rows_.pop_back();
+        Wake();
+      });
+}
+
+}  // namespace marlinset

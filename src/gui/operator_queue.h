@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <string>
+
+namespace marlinset {
+
+class Control;
+class Form;
+class Guard;
+
+/// What an operator can do to a control.
+struct OperatorAction {
+  enum class Kind { kClick, kCheck, kSelect, kType, kSpin, kStep, kHover, kLeave };
+  Kind kind;
+  int number = 0;         ///< kCheck: 0 or 1; kSelect: the entry; kSpin: the value; kStep: clicks, up above 0
+  std::string text = {};  ///< kType: the text; kSelect: the entry as the operator read it
+};
+
+/// When an action is carried out.
+enum class Turn {
+  kInOrder,
+  kHover,    ///< in order, but only the latest hover is kept
+  kAtOnce,   ///< also while the tool waits for the unit: it ends such a wait
+  kClosing,  ///< likewise, but behind all that was done before, so that none of it is lost
+};
+
+/// The operator's actions on their way from the widgets to the controls. A widget takes an action down in its
+/// event handler and returns; the queue carries it out from the event pump, when no handler of a widget and
+/// no other handler of the tool is at work. So a rule may wait for the unit and pump events: no release of
+/// the mouse overtakes its press, no widget dies under its own feet, and what the operator does in the
+/// meantime is done when the wait is over, each action once and in order.
+///
+/// A program has one, as an operator has one pair of hands: see Application.
+class OperatorQueue : public QObject {
+  Q_OBJECT
+ public:
+  OperatorQueue();
+  ~OperatorQueue() override;
+  static OperatorQueue& OfProgram();
+
+  /// Takes down an action on a control; it lapses if the control goes first. `done` runs when it was carried
+  /// out, unless `context` has gone by then.
+  void Take(Control& control, const OperatorAction& action, Turn turn, QObject* context = nullptr,
+            std::function<void()> done = {});
+  /// Takes down an action on the window that shows `form`; it lapses if the window goes first.
+  void Take(const Form& form, QObject& window, std::function<void()> action);
+  /// The mouse moves over `form` beside its controls.
+  void TakeHover(Form& form, QObject& window);
+
+  /// What the queue waits for may be over.
+  void Wake();
+  /// An event handler of a widget begins, or ends.
+  void HandlerBegins() { ++handlers_; }
+  void HandlerEnds();
+
+  /// Runs `show`, which opens a window of the tool over the others and returns when it has closed. Its
+  /// actions are carried out while the one that opened it waits, the last ones before this returns.
+  void OpenOver(const Form& form, QWidget& window, const std::function<void()>& show);
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  struct Entry {
+    std::function<bool()> alive;
+    const Guard* guard;
+    Turn turn;
+    std::function<void()> action;
+  };
+  /// The actions on one level of windows, and what was at work when it began and waits for it to end.
+  struct Row {
+    const Guard* guard = nullptr;
+    int handlersOfTool = 0;
+    int handlersOfWidgets = 0;
+    QPointer<QWidget> window = {};
+    bool running = false;
+    std::deque<Entry> entries = {};
+  };
+
+  void Add(Entry entry);
+  bool ToolAtRest(const Row& row) const;
+  bool OperatorAtRest(const Row& row) const;
+  void CarryOutNext();
+  void CarryOutFirst(Row& row);
+  void Interrupt(Row& row);
+
+  std::deque<Row> rows_{1};
+  int handlers_ = 0;
+  bool posted_ = false;
+};
+
+}  // namespace marlinset
