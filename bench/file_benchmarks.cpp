@@ -13,7 +13,7 @@
 #include "files/panel_document.h"
 #include "files/panel_loader.h"
 #include "files/qcf_writer.h"
-#include "platform/local_files.h"
+#include "platform/posix/local_files.h"
 
 namespace marlinset {
 namespace {

@@ -42,8 +42,9 @@ set(CPACK_DEBIAN_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# The window on a Wayland desktop, and letters for print-outs on a machine without a desktop.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, qt6-wayland")
+# Letters for print-outs, on a machine without a desktop too; and the window on a Wayland desktop.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "configuration tool of the 7340 broadcast units")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "A 7340 sits in a video chain, reads and writes time code, burns windows, a

@@ -3,13 +3,15 @@
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
+#include <QStandardPaths>
+#include <cstdio>
 #include <filesystem>
 
 #include "platform/no_line.h"
+#include "platform/posix/settings_file.h"
 #include "platform/qt/found_ports.h"
 #include "platform/qt/qt_pump.h"
 #include "platform/qt/qt_serial_port.h"
-#include "platform/qt/qt_settings.h"
 #include "platform/virtual_pump.h"
 
 namespace marlinset {
@@ -24,6 +26,24 @@ std::string FolderOfDatabase() {
   const bool installed = !std::filesystem::exists(programs / kDatabaseFile, unknown) &&
                          std::filesystem::exists(data / kDatabaseFile, unknown);
   return installed ? data.string() : programs.string();
+}
+
+/// The user's own: 7340-Marlinset.ini in the folder for configuration ($XDG_CONFIG_HOME, ~/.config).
+std::string UsersSettings() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  return folder.toStdString() + "/7340-Marlinset.ini";
+}
+
+std::unique_ptr<SettingsStore> OpenSettings(const std::string& file) try {
+  auto settings = std::make_unique<SettingsFile>(file.empty() ? UsersSettings() : file);
+  // Nobody asked for it to be written just now, so no box, and no failure of what was asked for.
+  settings->onNotWritten = [](const RuntimeError& failure) {
+    std::fprintf(stderr, "The settings cannot be kept.\n%s\n", failure.Remedy().c_str());
+  };
+  return settings;
+} catch (const RuntimeError& failure) {
+  throw RuntimeError(failure.Number(), "The settings cannot be read.",
+                     failure.Remedy() + "\nMove it away, or name another file with --settings.");
 }
 
 }  // namespace
@@ -52,8 +72,7 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
     : dialogs_(dialogs), fileDialog_(fileDialog), guard_(dialogs), programFolder_(options.programFolder) {
   if (programFolder_.empty()) programFolder_ = FolderOfDatabase();
   programFolder_ = WholePath(programFolder_);
-  settings_ = options.settingsFile.empty() ? std::make_unique<QtSettings>()
-                                           : std::make_unique<QtSettings>(options.settingsFile);
+  settings_ = OpenSettings(options.settingsFile);
   if (clock == ClockKind::kVirtual) {
     pump_ = std::make_unique<VirtualPump>();
     line_ = std::make_unique<NoLine>();

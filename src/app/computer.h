@@ -10,11 +10,11 @@
 #include "platform/file_dialog.h"
 #include "platform/file_engine.h"
 #include "platform/guard.h"
-#include "platform/local_files.h"
 #include "platform/mdb/mdb_engine.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/port_map.h"
+#include "platform/posix/local_files.h"
 #include "platform/qt/pdf_printer.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/settings_store.h"
@@ -43,6 +43,7 @@ std::string WholePath(const std::string& path);
 void AddCommonOptions(CLI::App& app, CommonOptions& options);
 
 /// The real computer, or one whose clock jumps and that has no serial line. Needs Qt's application object.
+/// Failure 53 or 75 when the settings can't be read.
 class Computer {
  public:
   enum class ClockKind { kReal, kVirtual };

@@ -8,6 +8,7 @@
 
 #include "app/computer.h"
 #include "app/tool.h"
+#include "app/without_display.h"
 #include "gui/about_window.h"
 #include "gui/application.h"
 #include "gui/main_window.h"
@@ -18,12 +19,14 @@
 #include "gui/readable_style.h"
 #include "gui/splash_window.h"
 #include "panels/splash.h"
+#include "platform/posix/streams.h"
 #include "platform/qt/qt_work_keeper.h"
 #include "platform/qt/sheet_painter.h"
 
 namespace marlinset {
 namespace {
 
+constexpr int kExitFailed = 1;
 constexpr int kExitUsage = 2;
 
 struct WindowOptions {
@@ -110,6 +113,16 @@ int WindowRun::Run() {
   return QApplication::exec();
 }
 
+/// Whoever started it from the desktop sees no standard error, but has given no settings file either.
+int RunWindow(const WindowOptions& options) try {
+  return WindowRun(options).Run();
+} catch (const RuntimeError& failure) {
+  std::fprintf(stderr, "marlinset: %s\n%s\n", failure.what(), failure.Remedy().c_str());
+  if (options.common.settingsFile.empty())
+    QtDialogs().Show({.text = failure.what(), .remedy = failure.Remedy()});
+  return kExitFailed;
+}
+
 int Main(int argc, char** argv) {
   WindowOptions options;
   CLI::App app("Configuration tool of the 7340 units", "marlinset");
@@ -127,7 +140,7 @@ int Main(int argc, char** argv) {
     options.file.clear();  // it may have been the value of one of those
     app.parse(argc, argv);
     options.file = WholePath(options.file);
-    return WindowRun(options).Run();
+    return RunWindow(options);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kExitUsage;
   }
@@ -137,6 +150,8 @@ int Main(int argc, char** argv) {
 }  // namespace marlinset
 
 int main(int argc, char** argv) {
+  marlinset::HoldStandardStreams();
+  marlinset::EndInWordsWithoutDisplay();
   std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow further is a failed save
   try {
     return marlinset::Main(argc, argv);

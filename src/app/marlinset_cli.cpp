@@ -7,6 +7,8 @@
 #include <exception>
 
 #include "app/cli/commands.h"
+#include "platform/posix/streams.h"
+#include "platform/runtime_error.h"
 
 namespace marlinset {
 namespace {
@@ -71,6 +73,7 @@ CLI::App* AddShow(CLI::App& app, CliOptions& options) {
 
 CLI::App* AddDiff(CLI::App& app, CliOptions& options) {
   CLI::App* diff = app.add_subcommand("diff", "Compare two configuration files");
+  diff->add_flag("--all", options.all, "Print also what is equal");
   diff->add_option("FILE", options.configurations, "The left and the right file")->required()->expected(2);
   return diff;
 }
@@ -117,13 +120,24 @@ int Main(int argc, char** argv) {
   return send->parsed() ? RunSend(options) : RunIdentify(options);
 }
 
+/// What was printed has to arrive somewhere.
+int Printed(int status) {
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+  std::fputs("marlinset-cli: the output cannot be written\n", stderr);
+  return status == kExitDone ? kExitNotDone : status;
+}
+
 }  // namespace
 }  // namespace marlinset
 
 int main(int argc, char** argv) {
+  marlinset::HoldStandardStreams();
   std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow further is a failed save
   try {
-    return marlinset::Main(argc, argv);
+    return marlinset::Printed(marlinset::Main(argc, argv));
+  } catch (const marlinset::RuntimeError& failure) {
+    std::fprintf(stderr, "marlinset-cli: %s\n%s\n", failure.what(), failure.Remedy().c_str());
+    return marlinset::kExitStart;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
     return marlinset::kExitNotDone;

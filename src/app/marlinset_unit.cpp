@@ -6,10 +6,12 @@
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/signalfd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <array>
+#include <cerrno>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -17,6 +19,9 @@
 #include "app/unit/pty.h"
 #include "app/unit/unit_console.h"
 #include "app/unit/unit_server.h"
+#include "platform/posix/file_failure.h"
+#include "platform/posix/file_place.h"
+#include "platform/posix/streams.h"
 #include "unit/unit_model.h"
 #include "unit/unit_state.h"
 
@@ -59,7 +64,7 @@ std::optional<int> ReadOptions(int argc, char** argv, Options& options) {
       ->check(CLI::Range(300, 4000000));
   app.add_option("--pieces", options.pieces, "answers leave in pieces of so many bytes")
       ->check(CLI::Range(1, 258));
-  app.add_option("--trace", options.trace, "file for all frames both ways");
+  app.add_option("--trace", options.trace, "file for all frames both ways; they go behind what it holds");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -123,18 +128,24 @@ void Serve(UnitServer& server, Pty& line, UnitConsole& console) {
   }
 }
 
+/// Goes on behind what the file holds: it may be the record of an earlier run. Not open without a name.
+std::ofstream OpenTrace(const std::string& file) {
+  std::ofstream trace;
+  if (file.empty()) return trace;
+  struct stat status {};
+  if (!OwnStream(file) && ::stat(file.c_str(), &status) == 0) RequireRegular(file, status);
+  trace.open(file, std::ios::app);
+  if (!trace) throw WriteFailure(file, errno);
+  trace << std::fixed << std::setprecision(3);
+  return trace;
+}
+
 int Run(const Options& options) {
   UnitModel unit(options.unit);
   unit.Faults().pieceBytes = options.pieces;
   Pty line;
   if (!options.link.empty()) line.Link(options.link);
-  std::ofstream trace;
-  if (!options.trace.empty()) {
-    trace.exceptions(std::ios::badbit | std::ios::failbit);
-    trace.open(options.trace);
-    trace << std::fixed << std::setprecision(3);
-  }
-
+  std::ofstream trace = OpenTrace(options.trace);
   UnitServer server(unit, line, options.pace);
   UnitConsole console(
       unit, [&] { line.Close(); }, std::cout, std::cerr);
@@ -142,12 +153,14 @@ int Run(const Options& options) {
     const bool received = direction == UnitServer::Direction::kReceived;
     if (received) console.Remember(bytes);
     const std::chrono::duration<double, std::milli> milliseconds = at;
-    if (trace.is_open())
-      trace << milliseconds.count() << (received ? " rx " : " tx ") << HexOf(bytes) << std::endl;
+    if (!trace.is_open()) return;
+    trace << milliseconds.count() << (received ? " rx " : " tx ") << HexOf(bytes) << std::endl;
+    if (!trace) throw WriteFailure(options.trace, errno);
   });
   // Without this the kernel may let a sleep end 50 us late, a third of a byte at 57600.
   prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
   std::cout << "ready " << line.Device() << std::endl;
+  if (!std::cout) throw std::runtime_error("the device cannot be told: the output cannot be written");
   Serve(server, line, console);
   return 0;
 }
@@ -156,10 +169,15 @@ int Run(const Options& options) {
 }  // namespace marlinset
 
 int main(int argc, char** argv) {
+  marlinset::HoldStandardStreams();
+  signal(SIGXFSZ, SIG_IGN);  // a trace that may not grow further is told
   try {
     marlinset::Options options;
     if (const auto status = marlinset::ReadOptions(argc, argv, options)) return *status;
     return marlinset::Run(options);
+  } catch (const marlinset::RuntimeError& failure) {
+    std::cerr << "marlinset-unit: " << marlinset::InOneLine(failure) << std::endl;
+    return marlinset::kSystemError;
   } catch (const std::exception& error) {
     std::cerr << "marlinset-unit: " << error.what() << std::endl;
     return marlinset::kSystemError;

@@ -33,6 +33,7 @@ std::string Reason(const Platform& platform, const RuntimeError& failure) {
   if (failure.Number() == kErrPathNotFound) {
     return platform.settings.GetSetting(kFolderKey, "") + "\nThe folder last used is not there any more.";
   }
+  if (!failure.Remedy().empty()) return failure.Remedy();
   std::string reason = failure.Description();
   if (FileNameOf(file).find('.') == std::string::npos) {
     reason = "The name needs the extension " + std::string(kConfigurationExtension) + ".";
@@ -40,6 +41,12 @@ std::string Reason(const Platform& platform, const RuntimeError& failure) {
     reason = "A number on the panels is beyond what a file can hold.";
   }
   return file.empty() ? reason : file + "\n" + reason;
+}
+
+/// A new content goes over the old one from its first byte on; the end of a longer one stays.
+void WriteOver(std::vector<std::uint8_t>& content, const std::vector<std::uint8_t>& old) {
+  if (old.size() <= content.size()) return;
+  content.insert(content.end(), old.begin() + static_cast<std::ptrdiff_t>(content.size()), old.end());
 }
 
 /// Runs a flow with a file dialog; a failure other than a cancelled dialog is told. A cancelled dialog leaves
@@ -129,44 +136,18 @@ void ConfigurationFile::UpdateFileTitle() {
   form_.SetCaption(TitleOf(vars_.CurrentFile));
 }
 
+/// Whatever stands there is kept, damaged or foreign: it may be all that its owner has.
 void ConfigurationFile::WriteConfigFile() {
   const std::string name = platform_.fileDialog.FileName;
-  KeepOldContent(name);
-  vars_.FileChannel = 1;  // the first free one: no two files are open at a time
-  std::unique_ptr<OutputFile> file = platform_.files.OpenForWriting(name);
-  try {
-    const QcfDocument document = DocumentOfPanels(vars_, form_);
-    file->Write(kQcfSignature);
-    file->Write(IdentificationBlock(document));
-    file->Write(ConfigurationBlock(document));
-  } catch (const RuntimeError&) {
-    file.reset();
-    leftovers_[name] = ContentOf(name);
-    throw;
-  }
-  leftovers_.erase(name);
-}
-
-/// What a save of ours left half written is no content to keep: it would take the place of the last whole
-/// one. Whatever else stands there is kept, damaged or foreign: it may be all that its owner has.
-void ConfigurationFile::KeepOldContent(const std::string& name) {
   FileSystem& files = platform_.files;
-  if (!files.FileExists(name)) return;
-  const std::string kept = name + std::string(kBackupExtension);
-  const auto leftover = leftovers_.find(name);
-  const bool isLeftover =
-      leftover != leftovers_.end() && leftover->second && leftover->second == ContentOf(name);
-  if (isLeftover && files.FileExists(kept)) return;
-  files.Copy(name, kept);
-}
-
-/// Nothing when the file does not give it.
-std::optional<std::vector<std::uint8_t>> ConfigurationFile::ContentOf(const std::string& name) {
-  try {
-    return platform_.files.OpenForReading(name)->ReadAll();
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
+  vars_.FileChannel = 1;  // the first free one: no two files are open at a time
+  std::vector<std::uint8_t> content = WriteDocument(DocumentOfPanels(vars_, form_));
+  const bool isThere = files.FileExists(name);
+  if (isThere) WriteOver(content, files.OpenForReading(name)->ReadAll());
+  const std::unique_ptr<OutputFile> file = files.OpenForWriting(name);
+  file->Write(content);
+  if (isThere) files.Backup(name);
+  file->Commit();
 }
 
 void ConfigurationFile::LoadConfig() {
@@ -222,8 +203,8 @@ std::optional<std::vector<std::uint8_t>> ConfigurationFile::OpeningStage() {
   for (bool located = false; !file;) {
     try {
       file = platform_.files.OpenForReading(platform_.fileDialog.FileName);
-    } catch (const RuntimeError&) {
-      if (!LocateFile()) return std::nullopt;
+    } catch (const RuntimeError& failure) {
+      if (!LocateFile(failure)) return std::nullopt;
       located = true;
       continue;
     }
@@ -242,12 +223,11 @@ std::optional<std::vector<std::uint8_t>> ConfigurationFile::OpeningStage() {
 }
 
 /// Lets the operator look for the file. False when none was chosen.
-bool ConfigurationFile::LocateFile() {
+bool ConfigurationFile::LocateFile(const RuntimeError& failure) {
   FileDialog& dialog = platform_.fileDialog;
   const std::string nameBefore = dialog.FileName;
-  platform_.dialogs.Show(
-      {.text = "Default folder could not found.  Please browse to the .qcf file location",
-       .remedy = nameBefore.empty() ? "" : nameBefore + "\nThis file is not there or cannot be opened."});
+  platform_.dialogs.Show({.text = "Default folder could not found.  Please browse to the .qcf file location",
+                          .remedy = nameBefore.empty() ? "" : failure.Remedy()});
   try {
     platform_.files.ChangeDirectory(vars_.AppPath);
     dialog.FileName.clear();

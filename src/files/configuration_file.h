@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,9 +35,9 @@ class ConfigurationFile {
  public:
   ConfigurationFile(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels);
 
-  /// "SaveAs" asks for the name, "Save" writes under the present one; any other text does nothing. The file
-  /// is written in place, so that a longer one keeps its old end, which no reader looks at; what it held
-  /// before stands beside it in NAME.qcf.bak. A failure leaves what was written by then.
+  /// "SaveAs" asks for the name, "Save" writes under the present one; any other text does nothing. A longer
+  /// file keeps its old end, which no reader looks at; what it held before stands beside it in NAME.qcf.bak.
+  /// A failure leaves the file as it was.
   void SaveConfig(std::string_view flow);
   /// A save has ended; False when it failed or was cancelled.
   Signal<bool> SaveEnded;
@@ -65,12 +64,10 @@ class ConfigurationFile {
   void AskForName();
   void NameWithoutAsking();
   void WriteConfigFile();
-  void KeepOldContent(const std::string& name);
-  std::optional<std::vector<std::uint8_t>> ContentOf(const std::string& name);
   void ChangeToConfigFolder();
   void TakeChosenFile();
   std::optional<std::vector<std::uint8_t>> OpeningStage();
-  bool LocateFile();
+  bool LocateFile(const RuntimeError& failure);
   ReadEnd ParsingStage(const std::vector<std::uint8_t>& bytes);
   void ResetPanels(std::string message);
   void ShowStatus(const std::string& text);
@@ -81,8 +78,6 @@ class ConfigurationFile {
   PanelSetup& panels_;
   PanelLoader loader_;
   ReadEnd lastRead_ = ReadEnd::kNone;
-  /// What a save that did not come to its end left in a file, by the file's name.
-  std::map<std::string, std::optional<std::vector<std::uint8_t>>> leftovers_;
 };
 
 }  // namespace marlinset

@@ -22,29 +22,31 @@ class InputFile {
   virtual std::vector<std::uint8_t> ReadAll() = 0;
 };
 
-/// A file open for writing. Goes with its owner; what was written by then stays.
+/// A file's new content while it grows. What the file held stays until Commit; without that it stays for
+/// good, and nothing is left of the new content.
 class OutputFile {
  public:
   virtual ~OutputFile() = default;
-  /// Writes behind what was written before and hands it to the system at once. Failure 61 when it does not
-  /// fit or the device does not take it.
+  /// Writes behind what was written before. Failure 61 when it does not fit, else 75.
   virtual void Write(std::span<const std::uint8_t> bytes) = 0;
+  /// What was written takes the place of what the file held, in one step. The failures of Write.
+  virtual void Commit() = 0;
 };
 
 /// The computer's files, by paths in UTF-8.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
-  /// A file stands there; a folder is none.
+  /// A file stands there; a folder, a device or a pipe is none.
   virtual bool FileExists(const std::string& path) const = 0;
-  /// Failure 53 when there is no such file, 75 when it can't be opened or is no file, 6 when it is longer
-  /// than 2147483647 bytes.
+  /// Failure 53 when there is no such file, 75 when it can't be opened, is no file or is too large for one of
+  /// ours.
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) = 0;
-  /// Opens a file to be overwritten from its first byte on; bytes beyond what is written stay. Makes the file
-  /// when there is none. Failure 75 when that can't be done.
+  /// The new content of a file, which need not be there yet. Failure 75 when nothing can be written there, 61
+  /// when there is no room.
   virtual std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) = 0;
-  /// Makes `to` a copy of `from`, whole or not at all; what `to` held before goes. Failure 75.
-  virtual void Copy(const std::string& from, const std::string& to) = 0;
+  /// Makes NAME.bak a copy of the file, whole or not at all; what it held before goes. Failure 61 or 75.
+  virtual void Backup(const std::string& path) = 0;
   /// Failure 76 when there is no such folder.
   virtual void ChangeDirectory(const std::string& folder) = 0;
 };

@@ -38,19 +38,27 @@ class FilesCliTest : public testing::Test {
     told_ = compose.ReadDiagnostic();
     return compose.End();
   }
-  /// Compares; the lines that are not equal.
+  /// Compares; what is told.
   static std::vector<std::string> Diff(const std::string& left, const std::string& right, int status) {
     CliProgram diff({"diff", left, right});
     std::vector<std::string> lines;
-    for (std::string line; !(line = diff.ReadLine()).empty();) {
-      if (!line.starts_with("equal")) lines.push_back(line);
-    }
+    for (std::string line; !(line = diff.ReadLine()).empty();) lines.push_back(line);
     EXPECT_EQ(diff.End(), status);
     return lines;
   }
   int Print(std::vector<std::string> options) const {
     options.insert(options.begin(), {"print", "--settings", folder_.File("settings.ini")});
     return CliProgram(options).End();
+  }
+  /// A line of a shell in the folder, with $cli, $unit and $sample. The exit status; in `told_` what is
+  /// printed.
+  int Shell(const std::string& line) {
+    ChildProgram shell("/bin/sh", {"-c", "cd " + folder_.Path() +
+                                             "; cli=" CLI_PROGRAM " unit=" UNIT_PROGRAM " sample=" + kSample +
+                                             "; exec 2>&1; " + line});
+    told_.clear();
+    for (std::string part; !(part = shell.ReadLine()).empty();) told_ += part + "\n";
+    return shell.End();
   }
   std::string TextOf(const std::string& name) const {
     EXPECT_EQ(ChildProgram(PDFTOTEXT, {"-layout", folder_.File(name), folder_.File("text")}).End(), 0);
@@ -81,18 +89,21 @@ TEST_F(FilesCliTest, ComposeSaysWhatIsWrong) {
       {R"({"video standard":null})", "\"video standard\" is missing"},
       {R"({"colour":"green"})", "\"colour\" is no field"},
       {R"({"identification":[{"models":["734G"]}]})", "holds a model that is not four hexadecimal digits"},
-      {R"({"character windows":[]})", "\"character windows\" is no list with something in it"}};
+      {R"({"character windows":[]})", "\"character windows\" is no list with something in it"},
+      {R"({"text message":"a\u0416b"})",
+       "\"text message\" holds \"\u0416\", which code page 1252 does not have"}};
   for (const auto& [change, told] : cases) {
     json wrong = json::parse(good);
     wrong.merge_patch(json::parse(change));
     EXPECT_EQ(Compose(wrong.dump(), "out.qcf"), 1);
     EXPECT_THAT(told_, HasSubstr(told));
   }
+  EXPECT_EQ(Compose(R"({"tail":"","VITC on":1,"tail":""})", "out.qcf"), 1);
+  EXPECT_THAT(told_, HasSubstr("\"tail\" stands there twice"));
   EXPECT_EQ(Compose("{", "out.qcf"), 1);
   EXPECT_FALSE(std::filesystem::exists(folder_.File("out.qcf")));
   std::filesystem::create_directories(folder_.File("taken.qcf/full"));
   EXPECT_EQ(Compose(good, "taken.qcf"), 1);
-  EXPECT_FALSE(std::filesystem::exists(folder_.File("taken.qcf.new"))) << "nothing half done stays";
 }
 
 TEST_F(FilesCliTest, ComposeLeavesLinksAndDevicesWhatTheyAre) {
@@ -110,6 +121,42 @@ TEST_F(FilesCliTest, ComposeLeavesLinksAndDevicesWhatTheyAre) {
     EXPECT_EQ(Compose(shown.dump(), device + 5), status);
     EXPECT_TRUE(std::filesystem::is_character_file(folder_.File(device + 5)));
   }
+}
+
+TEST_F(FilesCliTest, StreamsFoldersPipesAndDevicesAreToldApart) {
+  EXPECT_EQ(Shell("mkfifo pipe; mkdir folder; ln -s $sample link; $cli show --json $sample > shown.json"), 0);
+  const std::string script = "$cli script --clock virtual --settings ";
+  const struct {
+    std::string line;
+    int status;
+    const char* told;
+  } cases[] = {
+      {"$cli compose shown.json -o /dev/stdout > redirected; cmp redirected $sample", 0, ""},
+      {"$cli show --json $sample | $cli compose /dev/stdin -o /dev/stdout | cmp - $sample", 0, ""},
+      {"cat pipe > piped & $cli compose shown.json -o pipe && wait && cmp piped $sample", 0, ""},
+      {"$cli compose shown.json -o /dev/stdout > /dev/full", 1, "/dev/stdout: The disk is full."},
+      {"$cli compose folder -o out.qcf", 1, "marlinset-cli: folder: This is a folder."},
+      {"$cli compose pipe -o out.qcf", 1, "pipe: This is a pipe, not a file."},
+      {"$cli compose shown.json -o ''", 1, "The name of the file is missing."},
+      {"$cli show $sample > /dev/full", 1, "the output cannot be written"},
+      {script + "/dev/null <&-", 0, "{\"ok\":true"},
+      {script + "new.ini < /dev/null > /dev/full", 1, "the output cannot be written"},
+      {script + "new.ini pipe", 2, "pipe: This is a pipe, not a file."},
+      {"head -c 1100000 /dev/zero | " + script + "new.ini", 2, "a line is longer than 1 MiB"},
+      {script + "/dev/full < /dev/null", 3, "/dev/full\nThis is a device, not a file."},
+      {script + "/dev/null < /dev/null", 0, "{\"ok\":true"},
+      {"$unit --trace folder", 1, "marlinset-unit: folder: This is a folder."},
+      {"$unit --link link", 1, "link: This is a link to something else than a terminal device"},
+      {"echo old > trace; $unit --trace trace < /dev/null > /dev/null; cat trace", 0, "old"},
+      {"ln -s /dev/pts/9999 stale; $unit --link stale < /dev/null", 0, "ready"},
+      {"echo '<fontconfig/>' > fonts; FONTCONFIG_FILE=$PWD/fonts $cli print --settings /dev/null -o a.pdf", 1,
+       "no font"},
+  };
+  for (const auto& testCase : cases) {
+    EXPECT_EQ(Shell(testCase.line), testCase.status) << testCase.line;
+    EXPECT_THAT(told_, HasSubstr(testCase.told)) << testCase.line;
+  }
+  EXPECT_EQ(folder_.Read("a.pdf"), "");
 }
 
 TEST_F(FilesCliTest, ShowAndDiffNameWhatDiffersAndWhatCannotBeRead) {

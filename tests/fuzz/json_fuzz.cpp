@@ -17,18 +17,16 @@ using Bytes = std::vector<std::uint8_t>;
 
 Bytes ShownAndComposed(const QcfDocument& document) {
   const std::string shown = DocumentJson(document).dump(-1, ' ', false, Json::error_handler_t::replace);
-  return WriteDocument(DocumentOfJson(Json::parse(shown)));
+  return WriteDocument(DocumentOfJson(ParseJson(shown)));
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Json json = Json::parse(data, data + size, nullptr, false);
-  if (json.is_discarded()) return 0;
   QcfDocument document;
   Bytes file;
   try {
-    document = DocumentOfJson(json);
+    document = DocumentOfJson(ParseJson({data, data + size}));
   } catch (const std::runtime_error&) {
     return 0;  // Refused.
   }

@@ -19,8 +19,8 @@ class MemoryFiles : public FileSystem {
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) override {
     return std::make_unique<Output>(files_[FileNameOf(path)]);
   }
-  void Copy(const std::string& from, const std::string& to) override {
-    files_[FileNameOf(to)] = OpenForReading(from)->ReadAll();
+  void Backup(const std::string& path) override {
+    files_[FileNameOf(path) + ".bak"] = OpenForReading(path)->ReadAll();
   }
   void ChangeDirectory(const std::string& /*folder*/) override {}
 
@@ -41,14 +41,13 @@ class MemoryFiles : public FileSystem {
    public:
     explicit Output(Bytes& bytes) : bytes_(bytes) {}
     void Write(std::span<const std::uint8_t> bytes) override {
-      if (bytes_.size() < at_ + bytes.size()) bytes_.resize(at_ + bytes.size());
-      std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(at_));
-      at_ += bytes.size();
+      content_.insert(content_.end(), bytes.begin(), bytes.end());
     }
+    void Commit() override { bytes_ = content_; }
 
    private:
     Bytes& bytes_;
-    std::size_t at_ = 0;
+    Bytes content_;
   };
 
   std::map<std::string, Bytes> files_;

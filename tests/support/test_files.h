@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/local_files.h"
+#include "platform/posix/local_files.h"
 #include "platform/runtime_error.h"
 
 namespace marlinset {
@@ -20,12 +20,11 @@ class TestFiles : public FileSystem {
  public:
   std::vector<std::string> folders;  ///< every ChangeDirectory that went well
   bool refuseFolders = false;        ///< ChangeDirectory fails
-  bool refuseCopies = false;         ///< a folder that takes no new file
+  bool refuseBackups = false;        ///< a folder that takes no new file
   bool refuseReading = false;        ///< files open but do not give their bytes
   std::optional<std::size_t> room;   ///< bytes that still fit on the disk
   /// Happens once they are written.
   std::function<void()> whenFull = [] { throw RuntimeError(kErrDiskFull, "Disk full"); };
-  std::optional<std::string> writeElsewhere;  ///< what is opened for writing in place of the file
 
   bool FileExists(const std::string& path) const override { return local_.FileExists(path); }
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
@@ -34,13 +33,13 @@ class TestFiles : public FileSystem {
     return file;
   }
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) override {
-    auto file = local_.OpenForWriting(writeElsewhere.value_or(path));
+    auto file = local_.OpenForWriting(path);
     if (room) return std::make_unique<FullFile>(std::move(file), *this);
     return file;
   }
-  void Copy(const std::string& from, const std::string& to) override {
-    if (refuseCopies) throw RuntimeError(kErrFileAccess, "Path/File access error");
-    local_.Copy(from, to);
+  void Backup(const std::string& path) override {
+    if (refuseBackups) throw RuntimeError(kErrFileAccess, "Path/File access error");
+    local_.Backup(path);
   }
   void ChangeDirectory(const std::string& folder) override {
     if (refuseFolders) throw RuntimeError(kErrPathNotFound, "Path not found");
@@ -67,6 +66,7 @@ class TestFiles : public FileSystem {
       file_->Write(written);
       if (written.size() < bytes.size()) disk_.whenFull();
     }
+    void Commit() override { file_->Commit(); }
 
    private:
     std::unique_ptr<OutputFile> file_;

@@ -30,6 +30,7 @@ struct CliOptions {
   std::vector<std::string> configurations;  ///< configuration files; compose: the JSON text
   std::string output;                       ///< file to write: compose a configuration, print a PDF document
   bool json = false;                        ///< show: as JSON
+  bool all = false;                         ///< diff: also what is equal
   bool verbose = false;                     ///< send: print each message
 };
 

@@ -3,6 +3,7 @@
 
 #include <charconv>
 #include <limits>
+#include <set>
 #include <stdexcept>
 
 #include "files/qcf_identification.h"
@@ -32,6 +33,16 @@ std::vector<std::uint8_t> BytesOf(std::string_view name, const Json& json) {
   return bytes;
 }
 
+/// Files have one byte a character.
+std::string TextOf(std::string_view name, const Json& json) {
+  const auto text = json.get<std::string>();
+  const auto isHeld = [](const std::string& part) { return FromCodePage(ToCodePage(part)) == part; };
+  if (isHeld(text)) return text;
+  std::string_view rest = text;
+  while (isHeld(LeftOf(rest, 1))) rest.remove_prefix(LeftOf(rest, 1).size());
+  throw Wrong(name, "holds \"" + LeftOf(rest, 1) + "\", which code page 1252 does not have");
+}
+
 Json IdentificationJson(const std::vector<std::uint8_t>& block) {
   const auto items = IdentificationItems(block);
   if (!items) return HexOfBytes(block);
@@ -59,7 +70,7 @@ QcfItem ItemOf(const Json& json) {
   for (const auto& [tag, name] : QcfItemNames()) {
     if (!json.is_object() || json.size() != 1 || !json.contains(name)) continue;
     const Json& content = json.front();
-    if (tag != kQcfModels && content.is_string()) return {tag, content.get<std::string>()};
+    if (tag != kQcfModels && content.is_string()) return {tag, TextOf(name, content)};
     if (tag == kQcfModels && content.is_array()) return {tag, ModelsOf(content)};
   }
   throw Wrong(kIdentificationName, "holds something unknown");
@@ -157,7 +168,7 @@ QcfValue ValueOf(const QcfField& field, const Json& json, int version) {
   switch (field.encoding) {
     case QcfEncoding::kText:
       if (!json.is_string()) throw Wrong(field.name, "is no text");
-      return json.get<std::string>();
+      return TextOf(field.name, json);
     case QcfEncoding::kRecords: {
       if (!json.is_array() || json.empty()) throw Wrong(field.name, "is no list with something in it");
       std::vector<QcfRecord> records;
@@ -187,6 +198,26 @@ Json DocumentJson(const QcfDocument& document) {
   if (document.configurationLength) json[kLengthName] = *document.configurationLength;
   AddEntries(json, document.entries);
   if (!document.tail.empty()) json[kTailName] = HexOfBytes(document.tail);
+  return json;
+}
+
+Json ParseJson(const std::string& text) {
+  constexpr std::size_t kMostKeys = 100;
+  std::vector<std::set<std::string>> objects;  // the keys so far of those around the place that is being read
+  std::string wrong;
+  const auto watch = [&](int /*depth*/, Json::parse_event_t event, const Json& parsed) {
+    if (!wrong.empty()) return false;
+    if (event == Json::parse_event_t::object_start) objects.emplace_back();
+    if (event == Json::parse_event_t::object_end) objects.pop_back();
+    if (event != Json::parse_event_t::key) return true;
+    const auto key = parsed.get<std::string>();
+    if (!objects.back().insert(key).second) wrong = "\"" + key + "\" stands there twice";
+    if (objects.back().size() > kMostKeys) wrong = "an object has more keys than any configuration";
+    return wrong.empty();
+  };
+  Json json = Json::parse(text, watch, false);
+  if (!wrong.empty()) throw std::runtime_error(wrong);
+  if (json.is_discarded()) throw std::runtime_error("is no JSON");
   return json;
 }
 

@@ -12,7 +12,12 @@ namespace marlinset {
 /// says so in "loaded as", null when it can't be loaded.
 Json DocumentJson(const QcfDocument& document);
 
-/// Back again, byte for byte. Throws std::runtime_error with what is wrong where.
+/// Reads JSON text. Throws std::runtime_error for what is none, for a key that stands twice in an object, of
+/// which readers take one or the other, and for objects of more keys than a configuration could have.
+Json ParseJson(const std::string& text);
+
+/// Back again, byte for byte. Throws std::runtime_error with what is wrong where, also for a text
+/// with a character that the code page of the files does not have.
 QcfDocument DocumentOfJson(const Json& json);
 
 }  // namespace marlinset

@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/cli/line_input.h"
 
-#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
 #include <QSocketNotifier>
+#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <stdexcept>
 
+#include "app/cli/script_line.h"
 #include "platform/event_pump.h"
+#include "platform/posix/file_failure.h"
+#include "platform/posix/file_place.h"
+#include "platform/posix/file_reader.h"
 
 namespace marlinset {
 namespace {
@@ -23,46 +26,55 @@ bool IsReady(int descriptor, int milliseconds = 0) {
   return ::poll(&query, 1, milliseconds) != 0;
 }
 
+std::runtime_error Unreadable(const RuntimeError& failure) {
+  return std::runtime_error("the script cannot be read: " + InOneLine(failure));
+}
+
 }  // namespace
 
-LineInput::LineInput(const std::string& file, EventPump& pump, bool pumpWhileWaiting)
+LineInput::LineInput(const std::string& file, EventPump& pump, bool pumpWhileWaiting) try
     : pump_(pump),
       pumpWhileWaiting_(pumpWhileWaiting),
-      descriptor_(file.empty() ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC)) {
-  if (descriptor_ < 0) throw std::runtime_error(file + ": " + std::strerror(errno));
+      stream_(file.empty() ? STDIN_FILENO : OwnStream(file)) {
+  if (!stream_) text_ = ReadText(file);
+} catch (const RuntimeError& failure) {
+  throw Unreadable(failure);
 }
 
-LineInput::~LineInput() {
-  if (descriptor_ != STDIN_FILENO) ::close(descriptor_);
-}
-
-void LineInput::AwaitInput() {
+void LineInput::AwaitInput() const {
   if (!pumpWhileWaiting_) {
-    IsReady(descriptor_, kForEver);  // whoever made the input may have made it one that does not wait
+    IsReady(*stream_, kForEver);  // whoever made the input may have made it one that does not wait
     return;
   }
-  QSocketNotifier notifier(descriptor_, QSocketNotifier::Read);
-  while (!IsReady(descriptor_) && !pump_.Ending()) pump_.Pump();
+  QSocketNotifier notifier(*stream_, QSocketNotifier::Read);
+  while (!IsReady(*stream_) && !pump_.Ending()) pump_.Pump();
 }
 
+/// More of a stream in place of what is used up. False at the end.
 bool LineInput::ReadMore() {
+  text_.clear();
+  at_ = 0;
+  if (!stream_) return false;
   AwaitInput();
   if (pump_.Ending()) return false;
   std::array<char, 4096> block;
-  const ssize_t count = ::read(descriptor_, block.data(), block.size());
+  const ssize_t count = ::read(*stream_, block.data(), block.size());
   if (count < 0 && (errno == EINTR || errno == EAGAIN)) return true;
-  if (count < 0) throw std::runtime_error(std::string("the script cannot be read: ") + std::strerror(errno));
-  if (count == 0) return false;
-  buffer_.append(block.data(), static_cast<std::size_t>(count));
-  return true;
+  if (count < 0) throw Unreadable(ReadFailure("standard input", errno));
+  text_.assign(block.data(), static_cast<std::size_t>(count));
+  return count > 0;
 }
 
 std::optional<std::string> LineInput::Next() {
-  while (!atEnd_ && buffer_.find('\n') == std::string::npos) atEnd_ = !ReadMore();
-  if (buffer_.empty() || pump_.Ending()) return std::nullopt;
-  const auto end = buffer_.find('\n');
-  std::string line = buffer_.substr(0, end);
-  buffer_.erase(0, end == std::string::npos ? end : end + 1);
+  std::string line;
+  for (bool more = true; more && !pump_.Ending(); more = ReadMore()) {
+    const std::size_t lineBreak = text_.find('\n', at_);
+    const std::size_t end = std::min(lineBreak, text_.size());
+    line.append(text_, at_, std::min(end - at_, kMostLine + 1 - line.size()));
+    at_ = end + 1;
+    if (lineBreak != std::string::npos) return line;
+  }
+  if (line.empty() || pump_.Ending()) return std::nullopt;
   return line;
 }
 

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // show, diff and compose: configuration files without the tool.
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 #include "app/cli/commands.h"
@@ -11,7 +8,11 @@
 #include "files/qcf_listing.h"
 #include "files/qcf_reader.h"
 #include "files/qcf_writer.h"
-#include "platform/local_files.h"
+#include "platform/posix/file_failure.h"
+#include "platform/posix/file_place.h"
+#include "platform/posix/file_reader.h"
+#include "platform/posix/local_files.h"
+#include "platform/posix/streams.h"
 #include "platform/text.h"
 
 namespace marlinset {
@@ -53,7 +54,7 @@ QcfDocument ReadFile(const std::string& path) {
   try {
     bytes = files.OpenForReading(path)->ReadAll();
   } catch (const RuntimeError& failure) {
-    throw std::runtime_error(path + ": " + failure.Description());
+    throw std::runtime_error(InOneLine(failure));
   }
   try {
     return ReadDocument(bytes);
@@ -70,50 +71,24 @@ void PrintError(const std::exception& error) {
   std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
 }
 
-std::string Text(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  if (!in && text.empty()) throw std::runtime_error(path + ": can't be read");
-  return text;
-}
-
-void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  out.close();
-  if (!out) throw RuntimeError(kErrFileAccess, "can't be written");
-}
-
-/// Takes the place of an old file only once the new one is whole; the old one is kept as `kept`.
-void ReplaceFile(const std::string& path, const std::string& kept, const std::vector<std::uint8_t>& bytes) {
-  const std::string growing = path + ".new";
+/// What another program prints may come through a stream: /dev/stdin.
+Json ReadJson(const std::string& path) {
+  const auto stream = OwnStream(path);
   try {
-    WriteBytes(growing, bytes);
-    LocalFiles files;
-    if (files.FileExists(path)) files.Copy(path, kept);
-    std::filesystem::rename(growing, path);
-  } catch (const std::exception&) {
-    std::error_code ignored;
-    std::filesystem::remove(growing, ignored);
-    throw;
+    return ParseJson(stream ? ReadStream(*stream, path) : ReadText(path));
+  } catch (const std::runtime_error& wrong) {
+    throw std::runtime_error(path + ": " + wrong.what());
   }
 }
 
-/// Links go on leading to their file, and pipes and devices, such as the standard output, stay what they are.
-void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-  namespace fs = std::filesystem;
-  std::error_code unknown;
-  const std::string kept = path + ".bak";
-  if (fs::is_regular_file(path, unknown)) return ReplaceFile(fs::canonical(path).string(), kept, bytes);
-  if (fs::exists(fs::symlink_status(path, unknown))) return WriteBytes(path, bytes);
-  ReplaceFile(path, kept, bytes);
-}
-
-/// What was printed has to arrive somewhere.
-int Printed(int status) {
-  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
-  std::fputs("marlinset-cli: the output can't be written\n", stderr);
-  return status == kExitDone ? kExitNotDone : status;
+/// A file that stood there is kept beside the new one.
+void WriteConfiguration(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  if (WriteStraight(path, bytes)) return;
+  LocalFiles files;
+  const auto file = files.OpenForWriting(path);
+  file->Write(bytes);
+  if (files.FileExists(path)) files.Backup(path);
+  file->Commit();
 }
 
 const char* WordOf(QcfDifference difference) {
@@ -149,7 +124,7 @@ int RunShow(const CliOptions& options) {
       status = kExitNotDone;
     }
   }
-  return Printed(status);
+  return status;
 }
 
 int RunDiff(const CliOptions& options) {
@@ -158,6 +133,7 @@ int RunDiff(const CliOptions& options) {
     const QcfDocument right = ReadFile(options.configurations.at(1));
     int status = kExitDone;
     for (const QcfComparison& line : Compare(left, right)) {
+      if (line.difference == QcfDifference::kEqual && !options.all) continue;
       std::string text = WordOf(line.difference);
       text.resize(12, ' ');
       text += line.name + ": " + line.left;
@@ -168,7 +144,7 @@ int RunDiff(const CliOptions& options) {
       }
       PrintLine(Printable(text));
     }
-    return Printed(status);
+    return status;
   } catch (const std::runtime_error& error) {
     PrintError(error);
     return kExitUsage;
@@ -177,12 +153,10 @@ int RunDiff(const CliOptions& options) {
 
 int RunCompose(const CliOptions& options) {
   try {
-    const Json json = Json::parse(Text(options.configurations.at(0)), nullptr, false);
-    if (json.is_discarded()) throw std::runtime_error(options.configurations.at(0) + ": is no JSON");
-    WriteFile(options.output, WriteDocument(DocumentOfJson(json)));
+    WriteConfiguration(options.output, WriteDocument(DocumentOfJson(ReadJson(options.configurations.at(0)))));
     return kExitDone;
   } catch (const RuntimeError& failure) {
-    PrintError(std::runtime_error(options.output + ": " + failure.Description()));
+    PrintError(std::runtime_error(InOneLine(failure)));
   } catch (const std::exception& error) {
     PrintError(error);
   }

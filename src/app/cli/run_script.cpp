@@ -13,10 +13,10 @@
 namespace marlinset {
 namespace {
 
-void Print(const std::string& answer) {
-  if (answer.empty()) return;
-  std::puts(answer.c_str());
-  std::fflush(stdout);
+/// False when it does not arrive: nothing more is done then, because nobody would hear of it.
+bool Print(const std::string& answer) {
+  if (answer.empty()) return true;
+  return std::puts(answer.c_str()) >= 0 && std::fflush(stdout) == 0;
 }
 
 }  // namespace
@@ -37,12 +37,12 @@ int RunScript(const CliOptions& options) {
   try {
     LineInput input(options.scriptFile, computer.Pump(), !options.virtualClock);
     const bool started = StartTool(tool, options.common, true);
-    Print(script.StartAnswer(started));
+    bool heard = Print(script.StartAnswer(started));
     if (!started) return kExitStart;
-    while (!script.Ended()) {
+    while (heard && !script.Ended()) {
       const auto text = input.Next();
       if (!text) break;
-      Print(script.Execute(*text));
+      heard = Print(script.Execute(*text));
     }
   } catch (const std::runtime_error& error) {
     std::fprintf(stderr, "marlinset-cli: %s\n", error.what());

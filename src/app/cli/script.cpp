@@ -116,6 +116,7 @@ std::string Script::StartAnswer(bool started) {
 std::string Script::Execute(const std::string& text) {
   Json answer = {{"ok", true}};
   try {
+    if (text.size() > kMostLine) throw ScriptError("a line is longer than 1 MiB");
     ScriptLine line(text);
     if (line.Empty()) return {};
     const Action* action = FindAction(line.Action());

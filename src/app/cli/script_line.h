@@ -15,6 +15,9 @@ class ScriptError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// Bytes. A longer line is a mistake, or no script.
+inline constexpr std::size_t kMostLine = std::size_t{1} << 20U;
+
 /// A text that is a whole number, with "-" in front if it is negative, and nothing else.
 std::optional<int> WholeNumber(std::string_view text);
 

@@ -11,6 +11,9 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/posix/file_failure.h"
+#include "platform/posix/file_place.h"
+
 namespace marlinset {
 namespace {
 
@@ -24,6 +27,12 @@ void MakeRaw(int descriptor) {
   Checked(tcgetattr(descriptor, &mode), "tcgetattr");
   cfmakeraw(&mode);
   Checked(tcsetattr(descriptor, TCSANOW, &mode), "tcsetattr");
+}
+
+/// By its name: an earlier unit's is gone, and a serial line that is opened moves its modem lines.
+bool IsTerminal(const std::string& place) {
+  const std::string device = std::filesystem::path(place).lexically_normal();
+  return device.starts_with("/dev/pts/") || device.starts_with("/dev/tty");
 }
 
 }  // namespace
@@ -46,8 +55,15 @@ Pty::Pty() {
 }
 
 void Pty::Link(const std::filesystem::path& path) {
-  if (std::filesystem::is_symlink(path)) std::filesystem::remove(path);
-  std::filesystem::create_symlink(device_, path);
+  std::error_code failure;
+  if (std::filesystem::is_symlink(path, failure)) {
+    if (!IsTerminal(BehindLinks(path))) {
+      throw FileRefused(path, "This is a link to something else than a terminal device, and stays.");
+    }
+    std::filesystem::remove(path, failure);
+  }
+  std::filesystem::create_symlink(device_, path, failure);
+  if (failure) throw WriteFailure(path, failure.value());
   link_ = std::filesystem::absolute(path);
 }
 

@@ -21,7 +21,8 @@ class Pty {
 
   /// The far end's device, "/dev/pts/3".
   const std::string& Device() const { return device_; }
-  /// Makes `path` a symbolic link to the device. A link that stands there is replaced, anything else is not.
+  /// Makes `path` a symbolic link to the device. A link to a terminal device that stands there, of an
+  /// earlier unit perhaps and leading nowhere by now, is replaced, anything else is not: failure 75.
   void Link(const std::filesystem::path& path);
   /// Pulls the cable: the tool sees its device vanish, and the link goes too.
   void Close();

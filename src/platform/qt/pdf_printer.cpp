@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/pdf_printer.h"
 
-#include <QFileInfo>
+#include <QBuffer>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QSaveFile>
 
+#include "platform/posix/file_writer.h"
 #include "platform/qt/sheet_painter.h"
 #include "platform/runtime_error.h"
 
@@ -26,31 +27,31 @@ QPageSize LocalPaper() {
 class PdfJob : public PrintJob {
  public:
   explicit PdfJob(const PrintRequest& request)
-      : title_(QString::fromStdString(request.title)), file_(QString::fromStdString(request.file)) {
-    // The finished document is renamed into its place, which would do away with a device or a pipe there.
-    const QFileInfo place(file_.fileName());
-    if (place.exists() && !place.isFile()) throw NotWritten("this is not a file");
-    if (!file_.open(QIODevice::WriteOnly)) throw NotWritten();
-  }
+      : title_(QString::fromStdString(request.title)), file_(request.file) {}
   void PrintForm(const PrintedForm& form) override { forms_.push_back(form); }
   void Finish() override {
-    QPdfWriter writer(&file_);
+    const QByteArray document = Document();
+    file_.Write(
+        {reinterpret_cast<const std::uint8_t*>(document.data()), static_cast<std::size_t>(document.size())});
+    file_.Commit();
+  }
+
+ private:
+  QByteArray Document() const {
+    QByteArray document;
+    QBuffer buffer(&document);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
     writer.setTitle(title_);
     writer.setCreator(QStringLiteral("marlinset " MARLINSET_VERSION));
     writer.setResolution(kDotsPerInch);
     writer.setPageSize(LocalPaper());
     writer.setPageLayout(RecordLayout(writer));
     PaintForms(writer, forms_);
-    if (!file_.commit()) throw NotWritten();
-  }
-
- private:
-  RuntimeError NotWritten() const { return NotWritten(file_.errorString().toStdString()); }
-  RuntimeError NotWritten(const std::string& why) const {
-    return {kErrFileAccess, "Path/File access error: " + file_.fileName().toStdString() + ": " + why};
+    return document;
   }
   QString title_;
-  QSaveFile file_;
+  FileWriter file_;  // from the beginning, so that a place that takes no document is told before the work
   std::vector<PrintedForm> forms_;
 };
 
@@ -60,6 +61,10 @@ std::unique_ptr<PrintJob> PdfPrinter::Begin(const PrintRequest& request) {
   if (request.target != PrintTarget::kFile) throw PrinterError();
   if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
     throw RuntimeError(kErrPrinter, "Printer error: this program has no fonts to print with");
+  }
+  // Without fonts Qt has names of families all the same, and prints boxes.
+  if (!QFontMetricsF(QFont()).inFont(u'A')) {
+    throw PrinterError("This computer has no font to print with. Install one, such as fonts-dejavu-core.");
   }
   return std::make_unique<PdfJob>(request);
 }

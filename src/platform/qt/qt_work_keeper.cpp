@@ -5,10 +5,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <cstdio>
 
+#include "platform/posix/file_writer.h"
 #include "platform/runtime_error.h"
 
 namespace marlinset {
@@ -16,14 +16,6 @@ namespace {
 
 /// More tools than this do not run at once; beyond it the folder is no place to keep anything.
 constexpr int kMostNumbers = 1000;
-
-/// Whole or not at all.
-void Replace(const QString& path, const QByteArray& content) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) throw RuntimeError(kErrFileAccess, "Path/File access error");
-  file.write(content);
-  if (!file.commit()) throw RuntimeError(kErrDiskFull, "Disk full");
-}
 
 }  // namespace
 
@@ -59,9 +51,9 @@ void QtWorkKeeper::TakeNumber() {
 
 void QtWorkKeeper::Keep(const UnsavedWork& work) {
   if (number_ == 0) TakeNumber();
-  Replace(PathOf(number_, ".name"), QByteArray::fromStdString(work.title + "\n" + work.fileName + "\n"));
-  Replace(PathOf(number_, ".qcf"),
-          {reinterpret_cast<const char*>(work.bytes.data()), static_cast<qsizetype>(work.bytes.size())});
+  WriteFile(PathOf(number_, ".name").toStdString(), work.title + "\n" + work.fileName + "\n",
+            NewFile::kPrivate);
+  WriteFile(PathOf(number_, ".qcf").toStdString(), work.bytes, NewFile::kPrivate);
 }
 
 void QtWorkKeeper::Remove(int number) const {

@@ -5,13 +5,13 @@
 
 namespace marlinset {
 
-/// The files of this computer.
+/// The files of this computer: read by FileReader, written by FileWriter.
 class LocalFiles : public FileSystem {
  public:
   bool FileExists(const std::string& path) const override;
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) override;
-  void Copy(const std::string& from, const std::string& to) override;
+  void Backup(const std::string& path) override;
   void ChangeDirectory(const std::string& folder) override;
 };
 

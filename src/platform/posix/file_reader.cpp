@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/posix/file_reader.h"
+
+#include <fcntl.h>
+#include <poll.h>
+
+#include <array>
+#include <cerrno>
+#include <new>
+
+#include "platform/posix/file_failure.h"
+
+namespace marlinset {
+
+namespace {
+
+RuntimeError TooLarge(const std::string& path) {
+  return FileRefused(path, "It is larger than 64 MiB.");
+}
+
+}  // namespace
+
+FileReader::FileReader(const std::string& path) : path_(path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) throw ReadFailure(path, errno);
+  RequireRegular(path, status);
+  file_ = Descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  if (!file_.IsOpen() || ::fstat(file_.Number(), &status) != 0) throw ReadFailure(path, errno);
+  RequireRegular(path, status);  // it may have been another one a moment ago
+  if (static_cast<std::uint64_t>(status.st_size) > kMostFileBytes) throw TooLarge(path);
+  length_ = static_cast<std::size_t>(status.st_size);
+}
+
+std::vector<std::uint8_t> FileReader::ReadAll() try {
+  std::vector<std::uint8_t> bytes(length_);
+  for (std::size_t have = 0; have < length_;) {
+    const ssize_t count =
+        ::pread(file_.Number(), bytes.data() + have, length_ - have, static_cast<off_t>(have));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) throw RuntimeError(kErrDevice, "Device I/O error");
+    have += static_cast<std::size_t>(count);
+  }
+  return bytes;
+} catch (const std::bad_alloc&) {
+  throw RuntimeError(kErrMemory, "Out of memory");
+}
+
+std::string ReadText(const std::string& path) {
+  const std::vector<std::uint8_t> bytes = FileReader(path).ReadAll();
+  return {bytes.begin(), bytes.end()};
+}
+
+std::string ReadStream(int stream, const std::string& path) {
+  std::string text;
+  std::array<char, 65536> block;
+  for (;;) {
+    const ssize_t count = ::read(stream, block.data(), block.size());
+    if (count == 0) return text;
+    if (count > 0) {
+      text.append(block.data(), static_cast<std::size_t>(count));
+      if (text.size() > kMostFileBytes) throw TooLarge(path);
+    } else if (errno == EAGAIN) {  // whoever opened it may have made it one that does not wait
+      pollfd query{stream, POLLIN, 0};
+      ::poll(&query, 1, -1);
+    } else if (errno != EINTR) {
+      throw ReadFailure(path, errno);
+    }
+  }
+}
+
+}  // namespace marlinset
