@@ -20,6 +20,7 @@
 #include "gui/splash_window.h"
 #include "panels/splash.h"
 #include "platform/posix/streams.h"
+#include "platform/qt/outside_ends.h"
 #include "platform/qt/qt_work_keeper.h"
 #include "platform/qt/sheet_painter.h"
 
@@ -46,6 +47,8 @@ class WindowRun {
   Platform MakePlatform();
   /// Behind the splash: the window, and the tool in it.
   void Load();
+  /// Leaves nothing behind but the unsaved work.
+  void Leave();
   /// When the splash has gone: shows the window and does what the command line asks for.
   void Begin();
   void OpenFile(const std::string& name);
@@ -58,6 +61,7 @@ class WindowRun {
   QtFormPrinter printer_;
   QtWorkKeeper keeper_;
   Tool tool_;
+  const OutsideEnds ends_{{.keep = [this] { tool_.recovery.KeepNow(); }, .leave = [this] { Leave(); }}};
   std::optional<MainWindow> window_;  // made behind the splash: it takes a while
 };
 
@@ -97,6 +101,11 @@ void WindowRun::Begin() {
   if (tool_.recovery.Restored()) return;  // the operator looks at it first
   if (!options_.file.empty()) OpenFile(options_.file);
   if (options_.send) QTimer::singleShot(0, &*window_, [this] { tool_.form.bSConfig.OperatorClick(); });
+}
+
+void WindowRun::Leave() {
+  tool_.recovery.Leave();
+  computer_.Line().SetPortOpen(false);
 }
 
 int WindowRun::Run() {

@@ -108,6 +108,17 @@ void Recovery::End() {
   if (platform_.work) Tick();
 }
 
+void Recovery::KeepNow() {
+  if (timer_.Enabled()) Tick();
+}
+
+void Recovery::Leave() {
+  if (!platform_.work) return;
+  KeepNow();
+  timer_.SetEnabled(false);
+  platform_.work->Leave();
+}
+
 void Recovery::Tick() {
   const bool differs = stored_ && Composition() != stored_;
   if ((Unstored() || differs) && !discarded_) return Keep();

@@ -39,6 +39,10 @@ class Recovery {
   void Discard();
   /// The run ends: work that is not stored stays for the next one.
   void End();
+  /// The run may be over at any moment: what is unsaved now is kept.
+  void KeepNow();
+  /// The run is over at once, nobody can be asked: what is unsaved stays for the next one.
+  void Leave();
 
  private:
   using Bytes = std::vector<std::uint8_t>;

@@ -39,8 +39,8 @@ class WorkKeeper {
   virtual std::vector<LeftWork> Left() = 0;
   /// Does away with left work, by its file: it lives on in this run.
   virtual void DropLeft(const std::string& file) = 0;
-  /// The operator does not want the left work: it is not offered again, but stays for a second thought until
-  /// the next one is declined.
+  /// The operator does not want the left work: it is not offered again, but stays for a second thought; the
+  /// oldest goes when there are many.
   virtual void DeclineLeft(const std::string& file) = 0;
 };
 

@@ -55,15 +55,15 @@ class ChildProgram {
   /// The next line of its standard output, of its standard error; empty at the end.
   std::string ReadLine() { return NextLine(output_); }
   std::string ReadDiagnostic() { return NextLine(errors_); }
-  /// What Ctrl-C does.
-  void Interrupt() const { kill(process_, SIGINT); }
-  /// Ends its standard input; returns its exit status, -1 when a signal ended it.
+  void Send(int signal) const { kill(process_, signal); }
+  /// Ends its standard input; returns its exit status as a shell tells it, 128 and the number of a signal
+  /// that ended it.
   int End() {
     if (process_ < 0) return -1;
     close(input_);
     int status = 0;
     waitpid(std::exchange(process_, -1), &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   }
 
  private:

@@ -192,14 +192,28 @@ TEST_F(CliTest, SendEndsWithTheStatusOfWhatHappened) {
   }
 }
 
-TEST_F(CliTest, SendTellsEachMessageUntilCtrlC) {
+TEST_F(CliTest, SendTellsEachMessageUntilASignalStopsIt) {
   const auto unit = Unit({"--ack-ms", "60"});
-  CliProgram send(Words({"send", "--verbose", "--com1", Link()}));
-  EXPECT_THAT(send.ReadLine(),
-              testing::MatchesRegex(" *1  acknowledged +Identification\\? +02 03 0F 00 35 B9"));
-  send.Interrupt();
-  EXPECT_THAT(send.ReadDiagnostic(), HasSubstr("Stopped"));
-  EXPECT_EQ(send.End(), 130) << "between two messages";
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    CliProgram send(Words({"send", "--verbose", "--com1", Link()}));
+    EXPECT_THAT(send.ReadLine(),
+                testing::MatchesRegex(" *1  acknowledged +Identification\\? +02 03 0F 00 35 B9"));
+    send.Send(signal);
+    EXPECT_THAT(send.ReadDiagnostic(), HasSubstr("Stopped"));
+    EXPECT_EQ(send.End(), 128 + signal) << "between two messages";
+  }
+}
+
+TEST_F(CliTest, ASignalEndsAScriptInAWaitAndThePortIsFree) {
+  const auto unit = Unit();
+  const std::string lock = "/var/lock/LCK..pts_" + std::filesystem::read_symlink(Link()).filename().string();
+  Script script(Words({"--com1", Link()}));
+  script.Expect({{"click bOpen", ""}});
+  script.Tell("wait 3600000");
+  script.Send(SIGTERM);
+  EXPECT_EQ(script.ReadLine(), "");
+  EXPECT_EQ(script.End(), 128 + SIGTERM);
+  EXPECT_FALSE(std::filesystem::exists(lock));
 }
 
 TEST_F(CliTest, IdentifyTellsModelStandardAndFirmware) {

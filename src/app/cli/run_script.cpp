@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <cstdio>
+#include <optional>
 #include <stdexcept>
 
 #include "app/cli/commands.h"
@@ -9,6 +10,7 @@
 #include "app/cli/script.h"
 #include "app/cli/terminal_run.h"
 #include "app/recording_line.h"
+#include "platform/qt/outside_ends.h"
 
 namespace marlinset {
 namespace {
@@ -34,6 +36,9 @@ int RunScript(const CliOptions& options) {
   Platform platform = computer.MakePlatform(line);
   Tool tool(platform);
   Script script(tool, dialogs, fileDialog, line);
+  std::optional<OutsideEnds> ends;  // a script that runs on the virtual clock holds nothing that could stay
+  if (!options.virtualClock)
+    ends.emplace(OutsideEnds::Duties{.leave = [&] { computer.Line().SetPortOpen(false); }});
   try {
     LineInput input(options.scriptFile, computer.Pump(), !options.virtualClock);
     const bool started = StartTool(tool, options.common, true);

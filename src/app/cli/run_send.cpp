@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <string>
 
@@ -12,14 +14,23 @@
 namespace marlinset {
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+volatile std::sig_atomic_t interrupted = 0;  // the number of the signal
 
-/// Ctrl-C asks the send to stop between two messages; a second one ends the program at once.
+constexpr std::array<int, 3> kStopSignals{SIGINT, SIGTERM, SIGHUP};
+std::array<struct sigaction, kStopSignals.size()> endSignals;
+
+/// Ctrl-C and the like ask the send to stop between two messages; a second one ends the program at once.
 void CatchInterrupt() {
   struct sigaction action = {};
-  action.sa_handler = [](int) { interrupted = 1; };
-  action.sa_flags = SA_RESETHAND;
-  ::sigaction(SIGINT, &action, nullptr);
+  action.sa_handler = [](int number) {
+    interrupted = number;
+    for (std::size_t i = 0; i < kStopSignals.size(); ++i)
+      ::sigaction(kStopSignals[i], &endSignals[i], nullptr);
+  };
+  for (std::size_t i = 0; i < kStopSignals.size(); ++i) {
+    ::sigaction(kStopSignals[i], nullptr, &endSignals[i]);
+    if (endSignals[i].sa_handler != SIG_IGN) ::sigaction(kStopSignals[i], &action, nullptr);
+  }
 }
 
 /// The frame of a message as it went over the line.
@@ -71,7 +82,7 @@ int StatusOf(const SendResult& result, bool portOpen) {
     case SendEnd::kNotDetected:
       return portOpen ? kExitReply : kExitPort;
     case SendEnd::kStopped:
-      return kExitInterrupted;
+      return kExitInterrupted - SIGINT + interrupted;
     case SendEnd::kNone:
     case SendEnd::kRefused:
     case SendEnd::kNoCode:

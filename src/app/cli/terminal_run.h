@@ -6,6 +6,7 @@
 #include "app/cli/commands.h"
 #include "app/cli/queued_dialogs.h"
 #include "app/tool.h"
+#include "platform/qt/outside_ends.h"
 
 namespace marlinset {
 
@@ -31,6 +32,9 @@ class TerminalRun {
 
  public:
   Tool tool;
+
+ private:
+  const OutsideEnds ends_{{.leave = [this] { computer_.Line().SetPortOpen(false); }}};
 };
 
 }  // namespace marlinset

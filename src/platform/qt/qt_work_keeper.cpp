@@ -6,7 +6,8 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
-#include <cstdio>
+#include <algorithm>
+#include <string_view>
 
 #include "platform/posix/file_writer.h"
 #include "platform/runtime_error.h"
@@ -16,6 +17,10 @@ namespace {
 
 /// More tools than this do not run at once; beyond it the folder is no place to keep anything.
 constexpr int kMostNumbers = 1000;
+
+constexpr std::string_view kDeclined = "declined";
+constexpr std::string_view kAside = ".qcf.bak";
+constexpr std::size_t kMostDeclined = 20;
 
 }  // namespace
 
@@ -92,10 +97,33 @@ void QtWorkKeeper::DropLeft(const std::string& file) {
   if (const auto lock = Lock(PathOf(number, ".lock"))) Remove(number);
 }
 
+/// Numbers of the declined works, the oldest first; the one of an earlier version has none and counts as 0.
+std::vector<int> QtWorkKeeper::Declined() const {
+  std::vector<int> numbers;
+  const QStringList pattern{QLatin1String(kDeclined) + QLatin1Char('*') + QLatin1String(kAside)};
+  for (const QString& name : folder_.entryList(pattern, QDir::Files)) {
+    const auto prefix = static_cast<qsizetype>(kDeclined.size());
+    const auto number = name.mid(prefix, name.size() - prefix - static_cast<qsizetype>(kAside.size()));
+    numbers.push_back(number.toInt());
+  }
+  std::sort(numbers.begin(), numbers.end());
+  return numbers;
+}
+
+QString QtWorkKeeper::DeclinedPath(int number) const {
+  return folder_.filePath(QLatin1String(kDeclined) + (number == 0 ? QString() : QString::number(number)) +
+                          QLatin1String(kAside));
+}
+
 void QtWorkKeeper::DeclineLeft(const std::string& file) {
-  // A renamed file needs no room on a full disk, and takes the place of the one before in one step.
-  const QByteArray declined = QFile::encodeName(folder_.filePath(QStringLiteral("declined.qcf.bak")));
-  if (std::rename(QFile::encodeName(QString::fromStdString(file)), declined) == 0) DropLeft(file);
+  const std::vector<int> present = Declined();
+  int number = present.empty() ? 1 : present.back() + 1;
+  // A renamed file needs no room on a full disk. Another tool may take the same number.
+  const QString left = QString::fromStdString(file);
+  while (!QFile::rename(left, DeclinedPath(number)) && QFile::exists(DeclinedPath(number))) ++number;
+  if (QFile::exists(left)) return;
+  DropLeft(file);
+  for (std::size_t i = 0; i + kMostDeclined <= present.size(); ++i) QFile::remove(DeclinedPath(present[i]));
 }
 
 }  // namespace marlinset

@@ -5,6 +5,8 @@
 #include <QLockFile>
 #include <QString>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "platform/work_keeper.h"
 
@@ -12,7 +14,8 @@ namespace marlinset {
 
 /// Keeps unsaved work in a folder of the user's own. Each run has NUMBER.qcf, its NUMBER.name (title and full
 /// path, a line each) and, as long as the run lives, a lock on NUMBER.lock: two tools never take each other's
-/// work, and work without a lock is left. The one that was declined last is declined.qcf.bak.
+/// work, and work without a lock is left. Declined work is declinedNUMBER.qcf.bak, the latest with the
+/// highest number; of more than twenty the oldest goes.
 class QtWorkKeeper : public WorkKeeper {
  public:
   /// The folder of this user's desktop.
@@ -31,6 +34,8 @@ class QtWorkKeeper : public WorkKeeper {
   QString PathOf(int number, const char* extension) const;
   void TakeNumber();
   void Remove(int number) const;
+  std::vector<int> Declined() const;
+  QString DeclinedPath(int number) const;
   static std::unique_ptr<QLockFile> Lock(const QString& path);
 
   QDir folder_;

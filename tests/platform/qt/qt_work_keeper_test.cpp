@@ -4,6 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <iterator>
+
 #include "platform/runtime_error.h"
 #include "tests/support/temp_folder.h"
 
@@ -41,9 +44,21 @@ TEST(QtWorkKeeper, LeavesOnlyWhatNoLivingRunHolds) {
   EXPECT_THAT(third.Left(), IsEmpty());
   other.Leave();
   ASSERT_THAT(third.Left(), SizeIs(1));
-  third.DeclineLeft(third.Left()[0].file);
-  EXPECT_THAT(third.Left(), IsEmpty());
-  EXPECT_EQ(folder.Read("new/unsaved/declined.qcf.bak"), "\x09") << "for a second thought";
+}
+
+TEST(QtWorkKeeper, PutsDeclinedWorkAwayAndTheOldestOfTwentyGoes) {
+  const TempFolder folder;
+  QtWorkKeeper keeper(folder.Path());
+  folder.Write("declined.qcf.bak", "of an earlier version");
+  for (int i = 1; i <= 21; ++i) {
+    keeper.Keep({"show", "", {static_cast<std::uint8_t>(i)}});
+    keeper.Leave();
+    keeper.DeclineLeft(keeper.Left().at(0).file);
+    EXPECT_THAT(keeper.Left(), IsEmpty());
+  }
+  EXPECT_EQ(folder.Read("declined2.qcf.bak") + folder.Read("declined21.qcf.bak"), "\x02\x15");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 20)
+      << "without locks, names, and the two oldest";
 }
 
 TEST(QtWorkKeeper, FailsWhereNothingCanBeKept) {

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/outside_ends.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace marlinset {
+namespace {
+
+constexpr std::array<int, 3> kSignals{SIGINT, SIGTERM, SIGHUP};
+
+/// A signal's handler may do next to nothing: it writes the number, and the event loop reads it.
+std::array<int, 2> pipeEnds{-1, -1};
+OutsideEnds* listening = nullptr;
+
+void Note(int number) {
+  const int error = errno;
+  const auto byte = static_cast<char>(number);
+  (void)!::write(pipeEnds[1], &byte, 1);
+  errno = error;
+}
+
+void Handle(int number, void (*handler)(int)) {
+  struct sigaction present = {};
+  ::sigaction(number, nullptr, &present);
+  if (present.sa_handler == SIG_IGN) return;
+  struct sigaction action = {};
+  action.sa_handler = handler;
+  action.sa_flags = SA_RESETHAND | SA_RESTART;
+  ::sigaction(number, &action, nullptr);
+}
+
+}  // namespace
+
+OutsideEnds::OutsideEnds(Duties duties) : duties_(std::move(duties)) {
+  listening = this;
+  Listen();
+  WatchSession();
+  static const int registered = ::on_exit(LeaveOnExit, nullptr);
+  (void)registered;
+}
+
+OutsideEnds::~OutsideEnds() {
+  listening = nullptr;
+  if (pipeEnds[0] < 0) return;
+  for (const int number : kSignals) Handle(number, SIG_DFL);
+  notifier_.reset();
+  for (int& end : pipeEnds) ::close(std::exchange(end, -1));
+}
+
+/// exit() destroys what is static under the feet of all that lives in the middle of the run, so it goes no
+/// further than here.
+void OutsideEnds::LeaveOnExit(int status, void* /*unused*/) {
+  if (listening == nullptr) return;
+  listening->Leave();
+  std::fflush(nullptr);
+  std::_Exit(status);
+}
+
+/// Without a pipe signals end the program as they do any other.
+void OutsideEnds::Listen() {
+  if (::pipe2(pipeEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+  notifier_ = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
+  connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { EndBySignal(); });
+  for (const int number : kSignals) Handle(number, Note);
+}
+
+void OutsideEnds::WatchSession() {
+  auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+  if (application == nullptr) return;
+  connect(
+      application, &QGuiApplication::commitDataRequest, this,
+      [this] {
+        sessionEnds_ = true;
+        duties_.keep();
+      },
+      Qt::DirectConnection);
+  application->installEventFilter(this);
+}
+
+/// The session manager's last word. Qt would close the window, which asks questions.
+bool OutsideEnds::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (sessionEnds_ && event->type() == QEvent::Quit) {
+    Leave();
+    std::_Exit(0);
+  }
+  return false;
+}
+
+void OutsideEnds::EndBySignal() {
+  char number = 0;
+  if (::read(pipeEnds[0], &number, 1) != 1) return;
+  Leave();
+  ::signal(number, SIG_DFL);
+  ::raise(number);
+}
+
+void OutsideEnds::Leave() noexcept {
+  listening = nullptr;
+  try {
+    std::exchange(duties_.leave, [] {})();
+  } catch (...) {
+    // Nobody is left who could be told.
+  }
+}
+
+}  // namespace marlinset
