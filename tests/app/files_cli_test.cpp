@@ -134,6 +134,8 @@ TEST_F(FilesCliTest, StreamsFoldersPipesAndDevicesAreToldApart) {
       {"$cli compose shown.json -o /dev/stdout > redirected; cmp redirected $sample", 0, ""},
       {"$cli show --json $sample | $cli compose /dev/stdin -o /dev/stdout | cmp - $sample", 0, ""},
       {"cat pipe > piped & $cli compose shown.json -o pipe && wait && cmp piped $sample", 0, ""},
+      {"{ $cli print --settings /dev/null -o /dev/stdout; echo end; } > streamed; tail -n 2 streamed", 0,
+       "end"},
       {"$cli compose shown.json -o /dev/stdout > /dev/full", 1, "/dev/stdout: The disk is full."},
       {"$cli compose folder -o out.qcf", 1, "marlinset-cli: folder: This is a folder."},
       {"$cli compose pipe -o out.qcf", 1, "pipe: This is a pipe, not a file."},

@@ -35,7 +35,7 @@ std::vector<std::uint8_t> BytesOf(std::string_view name, const Json& json) {
 
 /// Files have one byte a character.
 std::string TextOf(std::string_view name, const Json& json) {
-  const auto text = json.get<std::string>();
+  auto text = json.get<std::string>();
   const auto isHeld = [](const std::string& part) { return FromCodePage(ToCodePage(part)) == part; };
   if (isHeld(text)) return text;
   std::string_view rest = text;

@@ -2,6 +2,7 @@
 #include "platform/posix/file_writer.h"
 
 #include <fcntl.h>
+#include <signal.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -25,6 +26,22 @@ std::optional<struct stat> StatusOf(const std::string& path) {
   if (errno != ENOENT) throw WriteFailure(path, errno);
   return std::nullopt;
 }
+
+/// A signal that ends the program comes before or after, not between.
+class SignalsHeld {
+ public:
+  SignalsHeld() {
+    sigset_t all;
+    sigfillset(&all);
+    ::pthread_sigmask(SIG_SETMASK, &all, &before_);
+  }
+  ~SignalsHeld() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  SignalsHeld(const SignalsHeld&) = delete;
+  SignalsHeld& operator=(const SignalsHeld&) = delete;
+
+ private:
+  sigset_t before_{};
+};
 
 std::string UnforeseenName() {
   std::random_device random;
@@ -113,7 +130,9 @@ void FileWriter::Commit() {
   (void)::fsync(folder_.Number());
 }
 
+/// The content has a temporary name for as long as it takes to give it the final one.
 void FileWriter::Place() {
+  const SignalsHeld untilDone;
   const std::string nameless = "/proc/self/fd/" + std::to_string(file_.Number());
   const auto name = [&](const char* made) {
     return ::linkat(AT_FDCWD, nameless.c_str(), folder_.Number(), made, AT_SYMLINK_FOLLOW) == 0;

@@ -8,8 +8,12 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
+#include <optional>
+#include <span>
 
+#include "platform/posix/file_place.h"
 #include "platform/posix/file_writer.h"
+#include "platform/posix/streams.h"
 #include "platform/qt/sheet_painter.h"
 #include "platform/runtime_error.h"
 
@@ -27,13 +31,21 @@ QPageSize LocalPaper() {
 class PdfJob : public PrintJob {
  public:
   explicit PdfJob(const PrintRequest& request)
-      : title_(QString::fromStdString(request.title)), file_(request.file) {}
+      : title_(QString::fromStdString(request.title)), path_(request.file) {
+    // From the beginning, so that a place that takes no document is told before the work.
+    if (!OwnStream(path_)) file_.emplace(path_);
+  }
   void PrintForm(const PrintedForm& form) override { forms_.push_back(form); }
   void Finish() override {
     const QByteArray document = Document();
-    file_.Write(
-        {reinterpret_cast<const std::uint8_t*>(document.data()), static_cast<std::size_t>(document.size())});
-    file_.Commit();
+    const std::span bytes(reinterpret_cast<const std::uint8_t*>(document.data()),
+                          static_cast<std::size_t>(document.size()));
+    if (!file_) {
+      WriteStraight(path_, bytes);
+      return;
+    }
+    file_->Write(bytes);
+    file_->Commit();
   }
 
  private:
@@ -51,7 +63,8 @@ class PdfJob : public PrintJob {
     return document;
   }
   QString title_;
-  FileWriter file_;  // from the beginning, so that a place that takes no document is told before the work
+  std::string path_;
+  std::optional<FileWriter> file_;  // none for a stream of the program's own
   std::vector<PrintedForm> forms_;
 };
 
