@@ -55,6 +55,11 @@ std::string WholePath(const std::string& path) {
   return unknown ? path : whole.string();
 }
 
+std::string DocumentsFolder() {
+  const std::filesystem::path programs = QCoreApplication::applicationDirPath().toStdString();
+  return (programs / MARLINSET_DOCUMENTS_FOLDER).lexically_normal().string();
+}
+
 void AddCommonOptions(CLI::App& app, CommonOptions& options) {
   app.add_option("--program-folder", options.programFolder,
                  "Folder of shotsys.mdb and the default configuration")

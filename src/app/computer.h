@@ -39,6 +39,9 @@ struct CommonOptions {
 /// what is wrong.
 std::string WholePath(const std::string& path);
 
+/// Where the documents that come with the program lie, as docs/user-guide.md and beside it.
+std::string DocumentsFolder();
+
 /// Adds --program-folder, --settings, --command and --com1 to --com4.
 void AddCommonOptions(CLI::App& app, CommonOptions& options);
 

@@ -11,6 +11,7 @@
 #include "app/without_display.h"
 #include "gui/about_window.h"
 #include "gui/application.h"
+#include "gui/guide_window.h"
 #include "gui/main_window.h"
 #include "gui/parameter_dialogs.h"
 #include "gui/qt_dialogs.h"
@@ -52,6 +53,7 @@ class WindowRun {
   /// When the splash has gone: shows the window and does what the command line asks for.
   void Begin();
   void OpenFile(const std::string& name);
+  void ShowGuide();
 
   const WindowOptions& options_;
   // The tool lives on what stands before it, the window on the tool.
@@ -63,6 +65,7 @@ class WindowRun {
   Tool tool_;
   const OutsideEnds ends_{{.keep = [this] { tool_.recovery.KeepNow(); }, .leave = [this] { Leave(); }}};
   std::optional<MainWindow> window_;  // made behind the splash: it takes a while
+  std::optional<GuideWindow> guide_;  // made when it is wanted first
 };
 
 WindowRun::WindowRun(const WindowOptions& options)
@@ -87,11 +90,17 @@ void WindowRun::OpenFile(const std::string& name) {
   tool_.platform.guard.Run([&] { tool_.fileCommands.OpenNamed(name); });
 }
 
+void WindowRun::ShowGuide() {
+  if (!guide_) guide_.emplace(DocumentsFolder());
+  guide_->ShowFor(tool_.form);
+}
+
 void WindowRun::Load() {
   window_.emplace(tool_.form,
                   WindowHooks{.deviceName = [this](int port) { return computer_.Line().DeviceName(port); },
                               .lookForDevices = [this] { tool_.ports.LookForDevices(); },
                               .openFile = [this](const std::string& name) { OpenFile(name); },
+                              .showGuide = [this] { ShowGuide(); },
                               .recentFiles = &tool_.recentFiles.mnuRecent});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }

@@ -56,6 +56,7 @@ class FrmStart : public Form {
   // Parameters, Help
   MenuItem mnuAddParameter{*this, "mnuAddParameter"}, mnuRemoveParameter{*this, "mnuRemoveParameter"};
   MenuItem mnuContents{*this, "mnuContents"}, mnuAbout{*this, "mnuAbout"};
+  MenuItem mnuGuide{*this, "mnuGuide"};  ///< shown by the window alone
 
   // Tool bar
   Frame CoolBar1{*this, "CoolBar1"}, fComBut{*this, "fComBut"}, fVITC{*this, "fVITC"};

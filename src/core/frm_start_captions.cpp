@@ -47,6 +47,7 @@ constexpr CaptionRow kCaptions[] = {
     {"mnuAddParameter", kNoIndex, "Add New Parameter ..."},
     {"mnuRemoveParameter", kNoIndex, "Remove Parameter ..."},
     {"mnuContents", kNoIndex, "Contents"},
+    {"mnuGuide", kNoIndex, "User Guide"},
     {"mnuAbout", kNoIndex, "About"},
     {"pComBut", kNoIndex, "", "Communications Indicator"},
     {"Image1", 0, "", "Interactive Mode Enabled"},

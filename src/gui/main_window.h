@@ -18,6 +18,8 @@ struct WindowHooks {
   std::function<void()> lookForDevices = {};
   /// Opens a configuration that the operator has dropped on the window.
   std::function<void(const std::string&)> openFile = {};
+  /// Shows the user guide. At once, also while the tool waits for a unit: it changes nothing there.
+  std::function<void()> showGuide = {};
   /// Entries of the File menu: the files last in use. Null without.
   ControlArray<MenuItem>* recentFiles = nullptr;
 };

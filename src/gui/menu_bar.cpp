@@ -81,6 +81,13 @@ void AddRecent(QMenu& menu, ControlArray<MenuItem>& items) {
   }
 }
 
+void AddGuide(QMenu& menu, MenuItem& item, const WindowHooks& hooks) {
+  QAction* action = menu.addAction(QString());
+  action->setShortcut(QKeySequence::HelpContents);
+  Bind(*action, item, 'U');
+  if (hooks.showGuide) QObject::connect(action, &QAction::triggered, action, hooks.showGuide);
+}
+
 void FillOptions(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
   AddPorts(menu, form, hooks);
   menu.addSeparator();
@@ -117,8 +124,10 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
   FillOptions(*bar.addMenu(QStringLiteral("&Options")), form, hooks);
   AddLines(*bar.addMenu(QStringLiteral("&Parameters")),
            {{&form.mnuAddParameter, 'A'}, {&form.mnuRemoveParameter, 'R'}});
-  AddLines(*bar.addMenu(QStringLiteral("&Help")),
-           {{&form.mnuContents, 'C', false, QKeySequence::HelpContents}, {&form.mnuAbout, 'A'}});
+  QMenu& help = *bar.addMenu(QStringLiteral("&Help"));
+  AddLines(help, {{&form.mnuContents, 'C'}});
+  AddGuide(help, form.mnuGuide, hooks);
+  AddLines(help, {{&form.mnuAbout, 'A'}});
 }
 
 }  // namespace marlinset

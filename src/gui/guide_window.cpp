@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/guide_window.h"
+
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "core/frm_start.h"
+#include "gui/document_view.h"
+#include "gui/icons.h"
+#include "gui/look.h"
+#include "platform/dialogs.h"
+
+namespace marlinset {
+namespace {
+
+// The first size: room for a picture and for a table beside its explanations.
+constexpr int kLetters = 100;
+constexpr int kLines = 45;
+
+/// A section has the name of the panel that it tells about.
+QString SectionOf(const FrmStart& form) {
+  const int view = form.views.Selected();
+  return view == kNoIndex ? QString() : DocumentView::AnchorOf(Shown(form.oView(view).Caption()));
+}
+
+}  // namespace
+
+GuideWindow::GuideWindow(const std::string& folder)
+    : QDialog(nullptr, Qt::Window),
+      guide_(QUrl::fromLocalFile(Shown(folder) + QStringLiteral("/docs/user-guide.md"))),
+      view_(new DocumentView(this)) {
+  setObjectName(QStringLiteral("frmGuide"));
+  setWindowTitle(QStringLiteral("User Guide - ") + Shown(std::string(kProgramTitle)));
+  setWindowIcon(ProgramIcon());
+  auto* rows = new QVBoxLayout(this);
+  SetSpaces(*rows, *this, 1);
+  auto* buttons = new QHBoxLayout;
+  SetSpaces(*buttons, *this);
+  const auto addButton = [&](const char* caption, auto&& action) {
+    auto* button = new QPushButton(QLatin1String(caption), this);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, view_, action);
+    buttons->addWidget(button);
+    return button;
+  };
+  addButton("&Contents", [this] { view_->setSource(guide_); });
+  QPushButton* back = addButton("&Back", [this] { view_->backward(); });
+  back->setEnabled(false);
+  connect(view_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+  buttons->addStretch(1);
+  addButton("C&lose", [this] { close(); });
+  rows->addLayout(buttons);
+  rows->addWidget(view_, 1);
+  view_->setAccessibleName(QStringLiteral("User guide"));
+  view_->setFocus();
+  resize(QSize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines)
+             .boundedTo(screen()->availableSize() * 0.9));
+}
+
+void GuideWindow::ShowFor(const FrmStart& form) {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+  QUrl section = guide_;
+  section.setFragment(SectionOf(form));
+  view_->setSource(section);
+}
+
+}  // namespace marlinset
