@@ -147,8 +147,18 @@ int Run(const Options& options) {
   if (!options.link.empty()) line.Link(options.link);
   std::ofstream trace = OpenTrace(options.trace);
   UnitServer server(unit, line, options.pace);
-  UnitConsole console(
-      unit, [&] { line.Close(); }, std::cout, std::cerr);
+  const UnitCable cable{.unplug =
+                            [&] {
+                              line.Close();
+                              server.LoseLine();
+                            },
+                        .plug =
+                            [&] {
+                              line.Reopen();
+                              return line.Device();
+                            }};
+  const bool readable = isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1;
+  UnitConsole console(unit, cable, readable, std::cout, std::cerr);
   server.OnFrame([&](LineTime at, UnitServer::Direction direction, const Bytes& bytes) {
     const bool received = direction == UnitServer::Direction::kReceived;
     if (received) console.Remember(bytes);

@@ -2,6 +2,7 @@
 #include "unit/unit_model.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "link/frame.h"
 #include "platform/text.h"
@@ -76,6 +77,7 @@ void UnitModel::TakeStandard(const UnitCommand& command, std::span<const std::ui
 }
 
 void UnitModel::TakeSetting(const UnitCommand& command, std::span<const std::uint8_t> fields, LineTime now) {
+  if (const auto stray = std::exchange(faults_.stray, std::nullopt)) Answer({kAck}, now + *stray);
   if (faults_.nak > 0) {
     --faults_.nak;
     return Refuse(now);
@@ -171,6 +173,11 @@ void UnitModel::StartBroadcast(LineTime now) {
 
 void UnitModel::Flood(std::size_t count, LineTime now) {
   Say(Bytes(count, kFloodByte), now);
+}
+
+void UnitModel::LoseLine() {
+  replies_.clear();
+  reader_ = {};
 }
 
 void UnitModel::Say(const Bytes& bytes, LineTime now) {

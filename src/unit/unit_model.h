@@ -46,10 +46,12 @@ struct UnitSettings {
 
 /// What goes wrong on demand. The counts go down as they are used.
 struct UnitFaults {
-  int drop = 0;           ///< acknowledgements to lose; the setting is taken
-  int nak = 0;            ///< settings to refuse with a Nak
-  int corrupt = 0;        ///< frames to send with a wrong checksum
-  int twice = 0;          ///< answers to send two times in a row
+  int drop = 0;     ///< acknowledgements to lose; the setting is taken
+  int nak = 0;      ///< settings to refuse with a Nak
+  int corrupt = 0;  ///< frames to send with a wrong checksum
+  int twice = 0;    ///< answers to send two times in a row
+  /// So long after the next setting an Ack goes out that answers nothing, whatever its own answer is.
+  std::optional<LineTime> stray = {};
   LineTime lateAcks{};    ///< added to every acknowledgement
   LineTime lateFrames{};  ///< added to every answer that is a frame
   bool mute = false;      ///< takes everything and answers nothing
@@ -92,6 +94,8 @@ class UnitModel {
   void StartBroadcast(LineTime now);
   /// Sends `count` bytes that are no answer to anything.
   void Flood(std::size_t count, LineTime now);
+  /// The line is cut: what was on its way in either direction is lost.
+  void LoseLine();
   /// Sends any bytes.
   void Say(const Bytes& bytes, LineTime now);
   UnitFaults& Faults() { return faults_; }

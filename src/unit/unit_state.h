@@ -17,6 +17,10 @@ namespace marlinset {
 ///   vitc, whiteFlag, inserter, slate, message, converter, sdiProgramOut   null where nothing came
 std::string StateJson(const UnitModel& unit);
 
+/// The same for people: a line a setting that came, with its name in front, each with its end. Codes are
+/// those of the reference database, which the unit does not know.
+std::string StateText(const UnitModel& unit);
+
 /// "02030f0035b9"
 std::string HexOf(const Bytes& bytes);
 

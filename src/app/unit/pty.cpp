@@ -38,6 +38,10 @@ bool IsTerminal(const std::string& place) {
 }  // namespace
 
 Pty::Pty() {
+  Open();
+}
+
+void Pty::Open() {
   try {
     near_ = Checked(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK), "posix_openpt");
     Checked(grantpt(near_), "grantpt");
@@ -64,7 +68,13 @@ void Pty::Link(const std::filesystem::path& path) {
   }
   std::filesystem::create_symlink(device_, path, failure);
   if (failure) throw WriteFailure(path, failure.value());
-  link_ = std::filesystem::absolute(path);
+  link_ = wanted_ = std::filesystem::absolute(path);
+}
+
+void Pty::Reopen() {
+  if (IsOpen()) return;
+  Open();
+  if (!wanted_.empty()) Link(wanted_);
 }
 
 void Pty::Close() {

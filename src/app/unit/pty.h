@@ -26,6 +26,8 @@ class Pty {
   void Link(const std::filesystem::path& path);
   /// Pulls the cable: the tool sees its device vanish, and the link goes too.
   void Close();
+  /// Puts it in again, if it was pulled: another device under the same link.
+  void Reopen();
 
   bool IsOpen() const { return near_ >= 0; }
   /// To wait on for input; -1 when closed.
@@ -36,10 +38,13 @@ class Pty {
   void Write(std::span<const std::uint8_t> bytes);
 
  private:
+  void Open();
+
   int near_ = -1;
   int far_ = -1;
   std::string device_;
-  std::filesystem::path link_;
+  std::filesystem::path link_;    ///< that stands, whole
+  std::filesystem::path wanted_;  ///< that was asked for, whole
 };
 
 }  // namespace marlinset

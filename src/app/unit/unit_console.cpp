@@ -6,6 +6,7 @@
 #include <iterator>
 #include <optional>
 #include <sstream>
+#include <exception>
 #include <utility>
 
 #include "unit/unit_state.h"
@@ -18,7 +19,9 @@ constexpr int kHighestCode = 63;
 constexpr int kMostMilliseconds = 3600000;
 constexpr int kMostCount = 1000000;
 
-enum class Argument { kNone, kOnOff, kNumber };
+enum class Argument { kNone, kOnOff, kNumber, kMaybeNumber, kForm };
+/// How a state is printed; nothing said: as suits who asks.
+enum Form { kAsSuits, kText, kJson };
 
 std::optional<int> ReadArgument(Argument kind, const std::string& word, int highest) {
   switch (kind) {
@@ -27,6 +30,13 @@ std::optional<int> ReadArgument(Argument kind, const std::string& word, int high
     case Argument::kOnOff:
       if (word == "on") return 1;
       return word == "off" ? std::optional(0) : std::nullopt;
+    case Argument::kForm:
+      if (word == "text") return kText;
+      if (word == "json") return kJson;
+      return word.empty() ? std::optional<int>(kAsSuits) : std::nullopt;
+    case Argument::kMaybeNumber:
+      if (word.empty()) return 0;
+      break;
     case Argument::kNumber:
       break;
   }
@@ -55,6 +65,8 @@ const UnitConsole::Command UnitConsole::kCommands[] = {
     {"drop", Argument::kNumber, kMostCount,
      [](UnitConsole& c, int n, LineTime) { c.unit_.Faults().drop = n; }},
     {"nak", Argument::kNumber, kMostCount, [](UnitConsole& c, int n, LineTime) { c.unit_.Faults().nak = n; }},
+    {"stray", Argument::kNumber, kMostMilliseconds,
+     [](UnitConsole& c, int ms, LineTime) { c.unit_.Faults().stray = std::chrono::milliseconds{ms}; }},
     {"late", Argument::kNumber, kMostMilliseconds,
      [](UnitConsole& c, int ms, LineTime) { c.unit_.Faults().lateAcks = std::chrono::milliseconds{ms}; }},
     {"corrupt", Argument::kNumber, kMostCount,
@@ -62,15 +74,15 @@ const UnitConsole::Command UnitConsole::kCommands[] = {
     {"broadcast", Argument::kNone, 0, [](UnitConsole& c, int, LineTime now) { c.unit_.StartBroadcast(now); }},
     {"flood", Argument::kNumber, kMostCount,
      [](UnitConsole& c, int n, LineTime now) { c.unit_.Flood(static_cast<std::size_t>(n), now); }},
-    {"unplug", Argument::kNone, 0, [](UnitConsole& c, int, LineTime) { c.unplug_(); }},
-    {"state", Argument::kNone, 0,
-     [](UnitConsole& c, int, LineTime) { c.out_ << StateJson(c.unit_) << std::endl; }},
+    {"unplug", Argument::kMaybeNumber, kMostCount, [](UnitConsole& c, int n, LineTime) { c.Unplug(n); }},
+    {"plug", Argument::kNone, 0, [](UnitConsole& c, int, LineTime) { c.Plug(); }},
+    {"state", Argument::kForm, 0, [](UnitConsole& c, int form, LineTime) { c.PrintState(form); }},
     {"trace", Argument::kNone, 0, [](UnitConsole& c, int, LineTime) { c.PrintTrace(); }},
 };
 
-UnitConsole::UnitConsole(UnitModel& unit, std::function<void()> unplug, std::ostream& out,
+UnitConsole::UnitConsole(UnitModel& unit, UnitCable cable, bool readable, std::ostream& out,
                          std::ostream& errors)
-    : unit_(unit), unplug_(std::move(unplug)), out_(out), errors_(errors) {}
+    : unit_(unit), cable_(std::move(cable)), readable_(readable), out_(out), errors_(errors) {}
 
 void UnitConsole::Execute(std::string_view line, LineTime now) {
   std::istringstream words{std::string(line)};
@@ -93,6 +105,28 @@ void UnitConsole::Execute(std::string_view line, LineTime now) {
 void UnitConsole::Remember(const Bytes& frame) {
   frames_.push_back(frame);
   if (frames_.size() > kMostFramesKept) frames_.pop_front();
+  if (unplugIn_ > 0 && --unplugIn_ == 0) cable_.unplug();
+}
+
+/// At once, or behind so many messages.
+void UnitConsole::Unplug(int messages) {
+  unplugIn_ = messages;
+  if (messages == 0) cable_.unplug();
+}
+
+void UnitConsole::Plug() {
+  unplugIn_ = 0;
+  try {
+    const std::string device = cable_.plug();
+    out_ << "ready " << device << std::endl;
+  } catch (const std::exception& error) {
+    errors_ << "marlinset-unit: " << error.what() << std::endl;
+  }
+}
+
+void UnitConsole::PrintState(int form) {
+  const bool text = form == kText || (form == kAsSuits && readable_);
+  out_ << (text ? StateText(unit_) : StateJson(unit_) + "\n") << std::flush;
 }
 
 void UnitConsole::PrintTrace() {

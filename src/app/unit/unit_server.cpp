@@ -25,6 +25,12 @@ void UnitServer::ReadLine() {
   for (const std::uint8_t byte : line_.Read()) incoming_.push_back({toUnit_.Send(now, 1), byte});
 }
 
+void UnitServer::LoseLine() {
+  incoming_.clear();
+  outgoing_.clear();
+  unit_.LoseLine();
+}
+
 // Bytes that cannot complete a frame need no wake-up of their own.
 std::optional<LineTime> UnitServer::NextArrival() const {
   if (incoming_.empty()) return std::nullopt;

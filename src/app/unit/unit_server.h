@@ -28,6 +28,8 @@ class UnitServer {
 
   /// Nanoseconds since the server was made.
   LineTime Now() const;
+  /// The line was cut: what was on its way is lost.
+  void LoseLine();
   /// Takes what lies on the line. Call when the line's descriptor is readable.
   void ReadLine();
   /// Does what is due by now; returns how long nothing more is due, nothing for ever.
