@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/recording_line.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace marlinset {
@@ -16,6 +17,17 @@ std::vector<RecordingLine::Entry> RecordingLine::TakeEntries() {
 
 void RecordingLine::Note(bool sent, std::span<const std::uint8_t> bytes) {
   if (recording_) entries_.push_back({clock_.Now(), sent, {bytes.begin(), bytes.end()}});
+}
+
+void RecordingLine::NoteVerdict(int number, std::span<const std::uint8_t> frame, const std::string& verdict) {
+  const auto isIt = [&](const Entry& entry) {
+    if (entry.number != 0) return entry.number == number;
+    return recording_ && entry.sent && std::ranges::equal(frame, entry.bytes);
+  };
+  const auto found = std::find_if(entries_.rbegin(), entries_.rend(), isIt);
+  if (found == entries_.rend()) return;
+  found->number = number;
+  found->verdict = verdict;
 }
 
 void RecordingLine::Output(std::span<const std::uint8_t> bytes) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <string>
 #include <vector>
 
 #include "platform/ms_comm.h"
@@ -17,6 +19,8 @@ class RecordingLine : public MSComm {
     std::int64_t milliseconds;  ///< of the tool's clock
     bool sent;
     std::vector<std::uint8_t> bytes;
+    int number = 0;            ///< of the message, once it is judged
+    std::string verdict = {};  ///< what the answers to it were worth; empty: none awaited, or not known yet
   };
 
   RecordingLine(MSComm& line, const TimerQueue& clock);
@@ -24,6 +28,8 @@ class RecordingLine : public MSComm {
   /// Begins or ends recording; what was recorded stays until it is taken.
   void Record(bool on) { recording_ = on; }
   std::vector<Entry> TakeEntries();
+  /// Notes with the frame what the answers to its message were worth; once more when that has changed.
+  void NoteVerdict(int number, std::span<const std::uint8_t> frame, const std::string& verdict);
 
   int CommPort() const override { return line_.CommPort(); }
   void SetCommPort(int port) override { line_.SetCommPort(port); }
@@ -34,6 +40,8 @@ class RecordingLine : public MSComm {
   std::size_t InBufferCount() const override { return line_.InBufferCount(); }
   void DiscardInput() override { line_.DiscardInput(); }
   std::uint8_t Input() override;
+  void LookForInput() override { line_.LookForInput(); }
+  bool DeviceGone() const override { return line_.DeviceGone(); }
   int CommEvent() const override { return line_.CommEvent(); }
   void LookForDevices() override { line_.LookForDevices(); }
   std::string DeviceName(int port) const override { return line_.DeviceName(port); }

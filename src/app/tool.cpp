@@ -15,7 +15,7 @@ Tool::Tool(const Platform& computer)
       lineEvents(platform, form, communications, ports),
       identification(platform, variables, form, communications),
       commands(platform, variables, form, communications),
-      wholeSend(platform, variables, form, communications, commands),
+      wholeSend(platform, variables, form, communications, commands, ports),
       views(form),
       hardwareModel(variables, form),
       videoStandard(variables, form, panels),

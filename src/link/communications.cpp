@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/communications.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 #include "core/frm_start.h"
+#include "link/command_table.h"
 #include "link/frame.h"
 #include "link/ports.h"
 #include "platform/dialogs.h"
@@ -26,6 +31,14 @@ constexpr int kUnaskedAnswerMs = 25;
 
 static_assert(ReplyGate::kLongestReply == kLongestFrame, "what is longer than a frame is a flood");
 
+/// A frame is the answer to these, and no lone byte.
+bool IsQuery(const std::vector<PacketField>& fields) {
+  static constexpr CommandId kQueries[] = {CommandId::kVideoSense, CommandId::kGetID,
+                                           CommandId::kGetFirmware};
+  return std::any_of(std::begin(kQueries), std::end(kQueries),
+                     [&fields](CommandId query) { return FieldsOf(query) == fields; });
+}
+
 }  // namespace
 
 Communications::Communications(Platform& platform, Variables& variables, FrmStart& form)
@@ -47,20 +60,22 @@ void Communications::SendPacket(const std::vector<PacketField>& fields) {
     bytes.push_back(static_cast<std::uint8_t>(value & 255));
   }
   vars_.TxBytes = EncodeFrame(bytes);
+  wentOut_ = false;
   if (platform_.ComP1.PortOpen()) {
-    Transmit();
-  } else {
+    Transmit(fields);
+  } else if (!LostInSend()) {
     RefusePacket();
   }
 }
 
-void Communications::Transmit() {
+void Communications::Transmit(const std::vector<PacketField>& fields) {
+  answers.Leaves(IsQuery(fields));
   platform_.ComP1.Output(vars_.TxBytes);
   form_.ShowTraffic(kGreen);
   form_.StatBar(FrmStart::kVideoPanel).SetText("Packet Out");
   while (LineUp() && platform_.ComP1.OutBufferCount() >= 1) platform_.pump.Pump();
-  if (!platform_.ComP1.PortOpen()) return;  // it went away meanwhile, and shows that
-  form_.ShowTraffic(kYellow);
+  wentOut_ = platform_.ComP1.PortOpen();
+  if (wentOut_) form_.ShowTraffic(kYellow);  // otherwise it went away meanwhile, and shows that
 }
 
 void Communications::RefusePacket() {
@@ -94,13 +109,19 @@ void Communications::ReceivePacket() {
 std::vector<std::uint8_t> Communications::DrainInput() {
   MSComm& line = platform_.ComP1;
   std::vector<std::uint8_t> message(line.InBufferCount());
+  std::vector<std::uint8_t> read;
   std::size_t i = 0;
   while (line.InBufferCount() >= 1) {
     const std::uint8_t byte = line.Input();
+    read.push_back(byte);
     if (LogByte(byte)) i = 0;
-    if (i >= message.size()) return {};
+    if (i >= message.size()) {
+      message.clear();
+      break;
+    }
     message[i++] = byte;
   }
+  answers.Take(read, line.OutBufferCount() >= 1);
   return message;
 }
 
@@ -204,12 +225,34 @@ void Communications::WaitOn(Timer& timer, const std::function<bool()>& done) {
   ReceivePacket();
 }
 
-bool Communications::AckWait(Timer& timer) {
+/// What the system and the port hold already answers nothing that is yet to be sent. A message among it may
+/// be replied to at once, which leaves its own fields behind.
+void Communications::ReadWhatCame() {
+  const std::vector<PacketField> fields = vars_.PacketFields;
+  platform_.ComP1.LookForInput();
+  ReceivePacket();
+  vars_.PacketFields = fields;
+}
+
+bool Communications::AckIn() const {
+  return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In";
+}
+
+/// Sends `PacketFields` as a setting and has the answer awaited.
+bool Communications::AckEnds(const std::function<void()>& wait) {
+  ReadWhatCame();
   form_.StatBar(FrmStart::kExchangePanel).SetText("Sent");
-  SendPacket(vars_.PacketFields);
-  const auto acknowledged = [this] { return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In"; };
-  WaitOn(timer, acknowledged);
-  return acknowledged();
+  answers.Expect();
+  const auto sendAndWait = [&] {
+    SendPacket(vars_.PacketFields);
+    wait();
+  };
+  Finally(sendAndWait, [this] { answers.Judge(AckIn()); });
+  return AckIn();
+}
+
+bool Communications::AckWait(Timer& timer) {
+  return AckEnds([&] { WaitOn(timer, [this] { return AckIn(); }); });
 }
 
 bool Communications::AckWait() {
@@ -217,16 +260,30 @@ bool Communications::AckWait() {
 }
 
 bool Communications::LockedAckWait(Timer& timer) {
-  form_.StatBar(FrmStart::kExchangePanel).SetText("Sent");
+  return AckEnds([&] {
+    vars_.UnitLocalMode = true;
+    WaitOn(timer, [this] { return AckIn(); });
+    vars_.UnitLocalMode = false;
+  });
+}
+
+bool Communications::WholeIntervalWait() {
+  return AckEnds([this] {
+    form_.dPause.SetEnabled(true);
+    while (form_.dPause.Enabled() && LineUp()) platform_.pump.Pump();
+    form_.dPause.SetEnabled(false);
+    ReceivePacket();
+  });
+}
+
+void Communications::SendUnanswered() {
+  ReadWhatCame();
   SendPacket(vars_.PacketFields);
-  vars_.UnitLocalMode = true;
-  const auto acknowledged = [this] { return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In"; };
-  WaitOn(timer, acknowledged);
-  vars_.UnitLocalMode = false;
-  return acknowledged();
+  LetAnswerIn();
 }
 
 void Communications::ReplyWait(std::vector<PacketField> fields) {
+  ReadWhatCame();
   vars_.PacketFields = std::move(fields);
   form_.timeRes.SetInterval(kReplyMs);
   vars_.UnitStandardText.clear();
@@ -236,6 +293,10 @@ void Communications::ReplyWait(std::vector<PacketField> fields) {
 
 void Communications::LetAnswerIn() {
   if (LineUp()) platform_.pump.Pass(kUnaskedAnswerMs);
+}
+
+bool Communications::LostInSend() const {
+  return inSend_ && platform_.ComP1.DeviceGone();
 }
 
 bool Communications::IsModelQ() const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/variables.h"
+#include "link/answers.h"
 #include "link/replies.h"
 
 namespace marlinset {
@@ -31,13 +32,17 @@ class Communications {
   void ReceivePacket();
 
   /// The acknowledged send of `PacketFields`: panel 1 "Sent", one attempt, wait on `timer` until "Ack In".
-  /// Returns whether the acknowledgement came.
+  /// Returns whether an Ack ended the wait; `answers` says what that is worth. Here and in the waits below,
+  /// what came before is read before anything else, so that it is not taken for the answer.
   bool AckWait(Timer& timer);
   /// The same on dPause.
   bool AckWait();
   /// As AckWait(timer), with UnitLocalMode held True during the wait so that no panel sends meanwhile; False
   /// after.
   bool LockedAckWait(Timer& timer);
+  /// As AckWait(), but lasts the whole interval: the receive event takes the acknowledgement during the pump,
+  /// the wait itself doesn't look for it.
+  bool WholeIntervalWait();
 
   /// The query wait: the fields are sent, and sent once more if nothing has come within 100 ms; the wait ends
   /// there. Clears UnitStandardText first.
@@ -48,18 +53,35 @@ class Communications {
   /// waits.
   void WaitOn(Timer& timer, const std::function<bool()>& done);
 
+  /// Sends `PacketFields`, which need no answer.
+  void SendUnanswered();
   /// Gives the answer to a message that nobody waits for 25 ms to come in by itself. Units acknowledge also
   /// what needs no answer; together with the next answer it would hide that one.
   void LetAnswerIn();
 
   /// Whether the program still runs and the line is open: no wait lasts longer.
   bool LineUp() const;
+  /// Whether the bytes of the last message left: not through a closed port, nor when the device went away
+  /// under them.
+  bool WentOut() const { return wentOut_; }
+
+  /// A whole send runs, or does not any more.
+  void SetInSend(bool runs) { inSend_ = runs; }
+  /// The device went away in the middle of a whole send. The send ends there and tells of it, in one box;
+  /// nobody else does, and nothing more is sent.
+  bool LostInSend() const;
+
+  /// What came for the settings that were sent.
+  Answers answers;
 
   /// Panel 4 ends in "7340Q": the unit has the down converter's processing modes and the program output.
   bool IsModelQ() const;
 
  private:
-  void Transmit();
+  bool AckEnds(const std::function<void()>& wait);
+  bool AckIn() const;
+  void ReadWhatCame();
+  void Transmit(const std::vector<PacketField>& fields);
   void RefusePacket();
   std::vector<std::uint8_t> DrainInput();
   void HandleMessage(std::span<const std::uint8_t> message);
@@ -73,6 +95,8 @@ class Communications {
   FrmStart& form_;
   Replies replies_;
   bool quietening_ = false;
+  bool wentOut_ = false;
+  bool inSend_ = false;
 };
 
 }  // namespace marlinset

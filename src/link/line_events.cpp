@@ -20,6 +20,8 @@ void LineEvents::Handle() {
   if (event == kCommReceive) {
     form_.ShowTraffic(kGreen);
     comms_.ReceivePacket();
+  } else if (event == kCommDeviceGone && comms_.LostInSend()) {
+    ports_.DeviceLost();
   } else if (event == kCommCtsTimeout || event == kCommDeviceGone) {
     ports_.LineLost(event);
   }

@@ -102,14 +102,23 @@ void Ports::LineLost(int commEvent) {
     platform_.dialogs.Tell("CTS Timeout Transfer aborted");
     return;
   }
-  const int port = vars_.ComPortNumber;
-  LeaveInteractiveMode(form_);
-  ClosePort();
-  platform_.dialogs.Show({.text = "The device behind port " + std::to_string(port) + " (" +
-                                  platform_.ComP1.DeviceName(port) + ") is gone. The tool is off line.",
+  DeviceLost();
+  platform_.dialogs.Show({.text = LossText() + ". The tool is off line.",
                           .icon = BoxIcon::kCritical,
                           .remedy = "Check cable and adapter, then press Open or choose another port in the "
                                     "Options menu. The configuration is as it was."});
+}
+
+void Ports::DeviceLost() {
+  LeaveInteractiveMode(form_);
+  platform_.ComP1.SetPortOpen(false);  // it may be on the way to that only
+  ClosePort();
+}
+
+std::string Ports::LossText() const {
+  const int port = vars_.ComPortNumber;
+  return "The device behind port " + std::to_string(port) + " (" + platform_.ComP1.DeviceName(port) +
+         ") is gone";
 }
 
 std::string Ports::ScanPorts() {

@@ -36,8 +36,12 @@ class Ports {
   /// Leaves interactive mode, closes the port and shows it.
   void ClosePort();
 
-  /// The line reports that its device has gone or does not take bytes any more.
+  /// The line reports that its device has gone or does not take bytes any more: off line, and a box.
   void LineLost(int commEvent);
+  /// The same for a device that has gone, without the box: whoever had it in use tells.
+  void DeviceLost();
+  /// "The device behind port 1 (/dev/ttyUSB0) is gone"
+  std::string LossText() const;
 
  private:
   void Open();

@@ -3,6 +3,7 @@
 
 #include "core/frm_start.h"
 #include "link/communications.h"
+#include "link/frame.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/finally.h"
@@ -12,6 +13,8 @@
 
 namespace marlinset {
 namespace {
+
+using enum Verdict;
 
 constexpr int kLongAckMs = 10000;
 
@@ -26,9 +29,18 @@ std::string FailureText(const Manner& manner, const std::vector<PacketField>& se
 
 }  // namespace
 
+std::vector<std::uint8_t> SentMessage::Frame() const {
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(fields.size());
+  for (const PacketField& field : fields) bytes.push_back(static_cast<std::uint8_t>(field.value_or(0)));
+  return EncodeFrame(bytes);
+}
+
 SettingCommands::SettingCommands(Platform& platform, Variables& variables, FrmStart& form,
                                  Communications& communications)
-    : platform_(platform), vars_(variables), form_(form), comms_(communications) {}
+    : platform_(platform), vars_(variables), form_(form), comms_(communications) {
+  comms_.answers.Belied.Connect([this](Verdict before) { Belie(before); });
+}
 
 bool SettingCommands::Send(CommandId id, Sender sender, int index, int flagBase) {
   const SettingCommand& command = CommandOf(id);
@@ -45,18 +57,31 @@ void SettingCommands::SendAgain() {
 bool SettingCommands::Exchange(const char* name, Message message, const Manner& manner, Failure shown) {
   vars_.PacketFields = message.fields;
   const bool acknowledged = Await(manner.ack);
-  SentMessage sent{name, std::move(message.meaning), std::move(message.fields), std::nullopt, ""};
-  if (manner.ack != Ack::kNone) sent.acknowledged = acknowledged && platform_.ComP1.PortOpen();
+  SentMessage sent{++count_, name, std::move(message.meaning), std::move(message.fields)};
+  sent.wentOut = comms_.WentOut();
+  if (manner.ack == Ack::kReply) {
+    sent.verdict = acknowledged && platform_.ComP1.PortOpen() ? kAcknowledged : kUnacknowledged;
+  } else if (manner.ack != Ack::kNone) {
+    sent.verdict = comms_.answers.Last();
+    judged_ = sent;
+  }
   if (!acknowledged) sent.failure = FailureText(manner, sent.fields, vars_.PacketFields);
   MessageSent.Emit(sent);
   ShowFailure(sent.failure, shown);
   return acknowledged;
 }
 
+/// An answer too many came for the setting that was judged last.
+void SettingCommands::Belie(Verdict before) {
+  if (!judged_) return;
+  judged_->verdict = kUncertain;
+  VerdictChanged.Emit(*judged_, before);
+}
+
 void SettingCommands::ShowFailure(const std::string& text, Failure shown) {
   if (text.empty() || platform_.pump.Ending()) return;
   if (shown == Failure::kBox) {
-    platform_.dialogs.Tell(text);
+    if (!comms_.LostInSend()) platform_.dialogs.Tell(text);
   } else {
     form_.StatBar(FrmStart::kExchangePanel).SetText(text);
   }
@@ -78,12 +103,11 @@ bool SettingCommands::Await(Ack ack) {
     case Ack::kLockedSlow:
       return comms_.LockedAckWait(form_.TimerNew);
     case Ack::kWholeInterval:
-      return WholeIntervalWait();
+      return comms_.WholeIntervalWait();
     case Ack::kNone:
       break;
   }
-  comms_.SendPacket(vars_.PacketFields);
-  comms_.LetAnswerIn();
+  comms_.SendUnanswered();
   return true;
 }
 
@@ -93,17 +117,6 @@ bool SettingCommands::LongAckWait() {
   bool acknowledged = false;
   Finally([&] { acknowledged = comms_.AckWait(); }, [&] { form_.dPause.SetInterval(interval); });
   return acknowledged;
-}
-
-/// The receive event takes the acknowledgement during the pump; the wait itself doesn't look for it.
-bool SettingCommands::WholeIntervalWait() {
-  form_.StatBar(FrmStart::kExchangePanel).SetText("Sent");
-  comms_.SendPacket(vars_.PacketFields);
-  form_.dPause.SetEnabled(true);
-  while (form_.dPause.Enabled() && comms_.LineUp()) platform_.pump.Pump();
-  form_.dPause.SetEnabled(false);
-  comms_.ReceivePacket();
-  return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In";
 }
 
 void SettingCommands::SendParameter(int index) {
@@ -135,8 +148,12 @@ void SettingCommands::SendWindowAll(int index) {
   if (form_.mnuInter.Checked()) SendSlate();
 }
 
+bool SettingCommands::Highlights(int index) const {
+  return !vars_.UnitLocalMode && HasWindow(index) && form_.lName(index).Visible();
+}
+
 void SettingCommands::SendWindowInteractive(int index, int onBit) {
-  if (vars_.UnitLocalMode || !HasWindow(index) || !form_.lName(index).Visible()) return;
+  if (!Highlights(index)) return;
   const SettingCommand& command = CommandOf(CommandId::kWindow);
   Message message = MessageOf(command, {form_, vars_, Sender::kPanel, index, onBit});
   message.meaning += onBit == kHighlightOn ? ", highlighted" : ", not highlighted";
@@ -157,7 +174,8 @@ bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn)
 void SettingCommands::Report(CommandId id, bool answered) {
   const SettingCommand& command = CommandOf(id);
   Message message = MessageOf(command, {form_, vars_});
-  MessageSent.Emit({command.name, std::move(message.meaning), std::move(message.fields), answered, ""});
+  MessageSent.Emit({++count_, command.name, std::move(message.meaning), std::move(message.fields),
+                    comms_.WentOut(), answered ? kAcknowledged : kUnacknowledged});
 }
 
 }  // namespace marlinset

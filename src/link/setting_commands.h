@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "link/answers.h"
 #include "link/command_table.h"
 #include "platform/signal.h"
 
@@ -15,13 +16,18 @@ struct Platform;
 
 /// One message that was sent, for whoever reports on the traffic.
 struct SentMessage {
+  int number;                       ///< counts the messages since the start, from 1
   const char* command;              ///< name of its command, empty for a repeated message
   std::string meaning;              ///< "Window 3 'Video Timecode'"
   std::vector<PacketField> fields;  ///< address, packet id, command, data
-  /// Whether the answer came; nothing when none is awaited. A message that a closed port refused has no
-  /// answer.
-  std::optional<bool> acknowledged;
-  std::string failure;  ///< what the operator reads, empty when there is nothing to tell
+  bool wentOut = false;             ///< its bytes left; not through a port that is closed, or gone by then
+  /// How sure it is that the unit took it; for a query, whether it was answered. Nothing when no answer is
+  /// awaited.
+  std::optional<Verdict> verdict = {};
+  std::string failure = {};  ///< what the operator reads, empty when there is nothing to tell
+
+  /// As it went over the line.
+  std::vector<std::uint8_t> Frame() const;
 };
 
 /// Bases of a window's flag byte: its window is highlighted on the unit's output, or not.
@@ -62,8 +68,10 @@ class SettingCommands {
   bool HasWindow(int index) const;
   /// Sends a window's state, highlighted; in interactive mode the slate's after it.
   void SendWindowAll(int index);
+  /// Whether a window's highlight can be sent: not in local mode, nor of a window that is not shown.
+  bool Highlights(int index) const;
   /// Highlights a window on the unit's output (`onBit` kHighlightOn) or ends that (kHighlightOff). A missing
-  /// acknowledgement shows as "ACK LOST" in panel 1 only. Does nothing in local mode or for a hidden window.
+  /// acknowledgement shows as "ACK LOST" in panel 1 only. Does nothing where Highlights says so.
   void SendWindowInteractive(int index, int onBit);
 
   /// Switches the character inserter by one of the commands for it and shows the outcome: acknowledged, the
@@ -75,6 +83,8 @@ class SettingCommands {
 
   /// After each exchange, before its failure is shown.
   Signal<const SentMessage&> MessageSent;
+  /// An answer too many came for a message that was told already: it is uncertain, and was told as this.
+  Signal<const SentMessage&, Verdict> VerdictChanged;
 
  private:
   enum class Failure { kBox, kPanel };
@@ -82,13 +92,15 @@ class SettingCommands {
   bool Exchange(const char* name, Message message, const Manner& manner, Failure shown = Failure::kBox);
   bool Await(Ack ack);
   bool LongAckWait();
-  bool WholeIntervalWait();
+  void Belie(Verdict before);
   void ShowFailure(const std::string& text, Failure shown);
 
   Platform& platform_;
   Variables& vars_;
   FrmStart& form_;
   Communications& comms_;
+  int count_ = 0;
+  std::optional<SentMessage> judged_;  ///< the setting judged last
 };
 
 }  // namespace marlinset

@@ -2,7 +2,7 @@
 #include "link/whole_send.h"
 
 #include <algorithm>
-#include <iterator>
+#include <string>
 #include <string_view>
 
 #include "core/frm_start.h"
@@ -11,6 +11,7 @@
 #include "link/identification.h"
 #include "link/ports.h"
 #include "link/replies.h"
+#include "link/send_steps.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/finally.h"
@@ -22,6 +23,8 @@ namespace {
 
 using enum CommandId;
 
+/// The same words as of a send over a port that is closed: operators know them.
+constexpr const char* kPortClosedText = "Open Com Port before sending cmmands.";
 constexpr const char* kNotDetectedText = "Video Standard not detected. Verify communications.";
 /// In manual selection the tool has never switched a unit to this standard.
 constexpr std::string_view kNotByCommand = "720p/60";
@@ -35,12 +38,6 @@ bool TakenByCommand(const std::string& standard) {
 /// The name of the window that shows the text message.
 constexpr std::string_view kTextWindow = "Text";
 
-/// A control by name: a row that a mark stands on may be gone when the mark is taken off.
-struct ControlName {
-  std::string_view name;
-  int index = kNoIndex;
-};
-
 /// Shows what is being sent: yellow during `send`, white behind it.
 template <class Send>
 void Marked(const FrmStart& form, std::span<const ControlName> names, const Send& send) {
@@ -53,120 +50,65 @@ void Marked(const FrmStart& form, std::span<const ControlName> names, const Send
   Finally(send, [&] { paint(kWhite); });
 }
 
+int& CountOf(SendResult& result, Verdict verdict) {
+  return result.count[static_cast<std::size_t>(verdict)];
+}
+
 void PaintRows(const ControlArray<Label>& rows, Color color) {
   for (const int row : rows.Indices()) rows(row).SetBackColor(color);
 }
 
-// When a step is taken.
-using Condition = bool (*)(const FrmStart& form, const Communications& comms);
-bool Always(const FrmStart&, const Communications&) {
-  return true;
-}
-bool VitcOn(const FrmStart& form, const Communications&) {
-  return form.chVITC.On();
-}
-bool WhiteFlagOn(const FrmStart& form, const Communications&) {
-  return form.chEnable.On();
-}
-bool CharOnTicked(const FrmStart& form, const Communications&) {
-  return form.mnuCharOn.Checked();
-}
-bool CharOffTicked(const FrmStart& form, const Communications&) {
-  return form.mnuCharOff.Checked();
-}
-bool PreviewOn(const FrmStart& form, const Communications&) {
-  return form.chPrev.On();
-}
-bool ModelQ(const FrmStart&, const Communications& comms) {
-  return comms.IsModelQ();
-}
-
-// Controls that more than one name stands for.
-constexpr ControlName kVitcModes[] = {{"oVITC", 0}, {"oVITC", 1}, {"oVITC", 2}};
-constexpr ControlName kVitcLineControls[] = {{"tLineNumber", 1}, {"tLineNumber", 2}, {"tLineNumber", 3},
-                                             {"tLineNumber", 5}, {"tLineNumber", 6}, {"tLineNumber", 7},
-                                             {"upVitc1", 1},     {"upVitc1", 2},     {"upVitc1", 3},
-                                             {"upVitc1", 5},     {"upVitc1", 6},     {"upVitc1", 7}};
-
-/// The controls that a step marks: none, one or several.
-struct Marks {
-  constexpr Marks() = default;
-  constexpr Marks(std::string_view name, int index = kNoIndex) : one{name, index}, count(1) {}
-  template <std::size_t kCount>
-  constexpr Marks(const ControlName (&names)[kCount]) : several(names), count(kCount) {}
-  std::span<const ControlName> All() const { return {several ? several : &one, count}; }
-
-  ControlName one{};
-  const ControlName* several = nullptr;
-  std::size_t count = 0;
-};
-
 }  // namespace
 
-/// A message of the sequence, sent if its condition holds. The steps of `otherwise` send that command when
-/// the condition does not hold.
-struct WholeSend::Step {
-  CommandId command;
-  Marks marks = {};
-  Condition condition = Always;
-  std::optional<CommandId> otherwise = {};
-};
-
-std::span<const WholeSend::Step> WholeSend::StepsBeforeWindows() {
-  static constexpr Step kSteps[] = {
-      {kVitcSource, kVitcModes},
-      {kAssignTC, {"comTB", 0}},
-      {kAssignUB, {"ComUB", 0}},
-      {kAssignAT},
-      {kAssignAU},
-      {kAssignLI},
-      {kAssignLK},
-      {kAssignLTB, {"comTB", 1}},
-      {kAssignLUB, {"ComUB", 1}},
-      {kVitcOn, {"chVITC"}, VitcOn, kVitcOff},
-      {kWhiteFlagOn, {"chEnable"}, WhiteFlagOn, kWhiteFlagOff},
-      {kWhiteFlagLine, {"tLineNumber", 0}, WhiteFlagOn},
-      {kAssignVTB, {"comTB", 2}},
-      {kAssignVUB, {"ComUB", 2}},
-      {kAssignV2, {"comTB", 3}},
-      {kAssignV3TB, {"comTB", 4}},
-      {kAssignV3UB, {"ComUB", 4}},
-      {kVitcLines, kVitcLineControls},
-      {kCharStyle, {"ComWin", 2}},
-      {kCharOffForSize, {}, CharOnTicked},
-      {kCharSize, {"ComWin", 3}},
-      {kCharOnForSize, {}, CharOnTicked},
-      {kSlateDuration, {"tLineNumber", 4}},
-      {kSlateMode, {"ComWin", 1}},
-      {kSdiProgramOut, {"ComWin", 4}, ModelQ},
-      {kDownConverter, {"ComWin", 0}},
-      {kDownConverterControl, {"ComWin", 0}, ModelQ},
-  };
-  return kSteps;
-}
-
-std::span<const WholeSend::Step> WholeSend::StepsAfterWindows() {
-  static constexpr Step kSteps[] = {
-      {kSlatePreview, {}, PreviewOn, kSlateMode},
-      {kCharOff, {}, CharOffTicked},
-      {kCharOn, {}, CharOnTicked},
-  };
-  return kSteps;
+const char* NameOf(SendEnd end) {
+  switch (end) {
+    case SendEnd::kComplete:
+      return "complete";
+    case SendEnd::kNotConfirmed:
+      return "notConfirmed";
+    case SendEnd::kPortClosed:
+      return "portClosed";
+    case SendEnd::kNotDetected:
+      return "notDetected";
+    case SendEnd::kRefused:
+      return "refused";
+    case SendEnd::kStopped:
+      return "stopped";
+    case SendEnd::kNoCode:
+    case SendEnd::kNone:
+    case SendEnd::kFailed:
+      break;
+  }
+  return "failed";
 }
 
 WholeSend::WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
-                     SettingCommands& commands)
-    : platform_(platform), vars_(variables), form_(form), comms_(communications), commands_(commands) {
+                     SettingCommands& commands, Ports& ports)
+    : platform_(platform),
+      vars_(variables),
+      form_(form),
+      comms_(communications),
+      commands_(commands),
+      ports_(ports) {
   form_.bSConfig.OnClick([this] { SendSetup(); });
   commands_.MessageSent.Connect([this](const SentMessage& message) {
-    if (!running_) return;
-    ++result_.messages;
-    if (message.acknowledged == false) ++result_.unacknowledged;
+    if (running_) Count(message);
+  });
+  commands_.VerdictChanged.Connect([this](const SentMessage& message, Verdict before) {
+    if (!running_ || message.number < firstNumber_ || result_.messages == 0) return;
+    --CountOf(result_, before);
+    ++CountOf(result_, *message.verdict);
   });
 }
 
+void WholeSend::Count(const SentMessage& message) {
+  if (result_.messages++ == 0) firstNumber_ = message.number;
+  if (message.wentOut) ++result_.wentOut;
+  if (message.verdict) ++CountOf(result_, *message.verdict);
+}
+
 bool WholeSend::GoesOn() {
-  stopped_ = stopped_ || platform_.pump.Ending() || (stopRequested && stopRequested());
+  stopped_ = stopped_ || platform_.pump.Ending() || comms_.LostInSend() || (stopRequested && stopRequested());
   return !stopped_;
 }
 
@@ -175,15 +117,42 @@ void WholeSend::SendSetup() {
   running_ = true;
   stopped_ = false;
   result_ = {SendEnd::kFailed};
-  Finally([this] { result_.end = SendOverPort(); }, [this] { running_ = false; });
+  bool lost = false;
+  const auto send = [&] {
+    comms_.SetInSend(true);
+    result_.end = SendOverPort();
+    lost = comms_.LostInSend();
+  };
+  Finally(send, [this] {
+    comms_.SetInSend(false);
+    running_ = false;
+  });
+  if (lost) TellLoss();
+}
+
+/// The one box of a send whose device went away.
+void WholeSend::TellLoss() {
+  result_.end = SendEnd::kPortClosed;
+  ports_.DeviceLost();
+  if (platform_.pump.Ending()) return;
+  platform_.dialogs.Show(
+      {.text = kPortClosedText,
+       .icon = BoxIcon::kCritical,
+       .remedy = ports_.LossText() + ". " + std::to_string(result_.wentOut) + " of " +
+                 std::to_string(result_.planned) + " messages went out.\n" +
+                 "Check cable and adapter, then press Open and send the setup again: the unit does not hold "
+                 "all of it. The configuration is as it was."});
 }
 
 SendEnd WholeSend::SendOverPort() {
   if (form_.tClearStat.Enabled()) form_.tClearStat.Restart();
   if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
   if (!platform_.ComP1.PortOpen()) return SendEnd::kPortClosed;  // Open has told why
+  result_.planned = Planned();
   form_.bGetID.Press();
   commands_.Report(kGetID, UnitIsIdentified(form_));
+  if (comms_.LostInSend()) return SendEnd::kPortClosed;
+  result_.planned = Planned();  // another model takes other messages
   return SendConfiguration();
 }
 
@@ -200,6 +169,7 @@ SendEnd WholeSend::SendConfiguration() {
             return;
           }
         }
+        if (!comms_.LostInSend()) result_.planned = Planned();
         Sequence();
         end = Close();
       },
@@ -227,7 +197,7 @@ std::optional<SendEnd> WholeSend::CompareStandards(bool& agreed) {
     return SendEnd::kNotDetected;
   }
   agreed = form_.comVS.Text() == vars_.UnitStandardText;
-  if (agreed) return std::nullopt;
+  if (agreed && !comms_.LostInSend()) return std::nullopt;
   return (vars_.UnitVideoStandard & kManualBit) != 0 ? CommandStandard() : LeaveAutomatic();
 }
 
@@ -240,7 +210,7 @@ std::optional<SendEnd> WholeSend::AskForChange(const char* question, bool (*comm
   const bool agreed =
       platform_.dialogs.Ask(question, Facts({StandardsFact(standard, vars_.UnitStandardText), outcome}),
                             [this] { return comms_.LineUp(); });
-  if (agreed) return std::nullopt;
+  if (agreed && !comms_.LostInSend()) return std::nullopt;
   return platform_.ComP1.PortOpen() ? SendEnd::kRefused : SendEnd::kPortClosed;
 }
 
@@ -261,6 +231,7 @@ std::optional<SendEnd> WholeSend::LeaveAutomatic() {
     return end;
   }
   commands_.Send(kManualSelection, Sender::kWholeSend);
+  if (comms_.LostInSend()) return SendEnd::kPortClosed;
   form_.StatBar(FrmStart::kVideoPanel).SetText("Changed to Manual Mode");
   if (!HasCode(form_.comVS.Text())) return SendEnd::kNoCode;
   commands_.Send(kSetVideoStandard, Sender::kWholeSend);
@@ -282,7 +253,7 @@ SendEnd WholeSend::Close() {
     form_.StatBar(FrmStart::kVideoPanel).SetText("7340 Configuration Complete. ");
     return SendEnd::kComplete;
   }
-  if (!platform_.pump.Ending()) platform_.dialogs.Tell(kNotDetectedText);
+  if (!platform_.pump.Ending() && !comms_.LostInSend()) platform_.dialogs.Tell(kNotDetectedText);
   return SendEnd::kNotConfirmed;
 }
 
@@ -299,25 +270,44 @@ void WholeSend::SendParameters() {
   Finally(sendAll, [this] { PaintRows(form_.lDesc, kWhite); });
 }
 
-void WholeSend::RunSteps(std::span<const Step> steps) {
-  for (const Step& step : steps) {
+void WholeSend::RunSteps(std::span<const SendStep> steps) {
+  for (const SendStep& step : steps) {
     if (!GoesOn()) return;
     RunStep(step);
   }
 }
 
-void WholeSend::RunStep(const Step& step) {
-  const bool holds = step.condition(form_, comms_);
-  if (!holds && !step.otherwise) return;
-  const CommandId command = holds ? step.command : *step.otherwise;
+/// What a step sends as the panels stand, if anything.
+std::optional<CommandId> WholeSend::CommandIn(const SendStep& step) const {
+  return !step.condition || step.condition(form_, comms_) ? step.command : step.otherwise;
+}
+
+void WholeSend::RunStep(const SendStep& step) {
+  const std::optional<CommandId> command = CommandIn(step);
+  if (!command) return;
   Marked(form_, step.marks.All(), [&] {
     if (command == kCharOffForSize || command == kCharOnForSize) {
       // The menu does not show the momentary off that hides the change of the font size.
-      commands_.SendCharInserter(command, Sender::kWholeSend, true);
+      commands_.SendCharInserter(*command, Sender::kWholeSend, true);
     } else {
-      commands_.Send(command, Sender::kWholeSend);
+      commands_.Send(*command, Sender::kWholeSend);
     }
   });
+}
+
+/// The messages of this send: those that went before the sequence, at the least identification and query, the
+/// sequence as the panels stand, and the closing query.
+int WholeSend::Planned() const {
+  int count = std::max(result_.messages, 2) + 1;
+  for (const SystemParameterRec& parameter : vars_.SystemParameters) count += IsSendable(parameter) ? 1 : 0;
+  for (const auto& steps : {StepsBeforeWindows(), StepsAfterWindows()}) {
+    for (const SendStep& step : steps) count += CommandIn(step) ? 1 : 0;
+  }
+  for (int i = 0; i < static_cast<int>(vars_.CharWindows.size()); ++i) {
+    count += (commands_.Highlights(i) ? 1 : 0);
+    if (commands_.HasWindow(i)) count += IsTextWindow(i) ? 2 : 1;
+  }
+  return count + (commands_.Live() ? 1 : 0);
 }
 
 void WholeSend::EndHighlights() {
@@ -336,8 +326,12 @@ void WholeSend::SendWindows() {
   }
 }
 
+bool WholeSend::IsTextWindow(int index) const {
+  return At(vars_.CharWindows, index).Name == kTextWindow;
+}
+
 void WholeSend::SendWindow(int index) {
-  if (At(vars_.CharWindows, index).Name == kTextWindow) {
+  if (IsTextWindow(index)) {
     form_.tWinMess.SetText(MessageText(form_.tWinMess.Text()));
     commands_.Send(kText, Sender::kWholeSend);
     if (!GoesOn()) return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <span>
@@ -9,12 +10,15 @@
 
 namespace marlinset {
 
+class Ports;
+struct SendStep;
+
 /// How a whole send ended.
 enum class SendEnd {
   kNone,          ///< there was none yet, or it runs
   kComplete,      ///< all messages went out, the unit still answers
   kNotConfirmed,  ///< all messages went out, but the unit did not answer any more
-  kPortClosed,    ///< the port could not be opened
+  kPortClosed,    ///< the port could not be opened, or its device went away; nothing further sent
   kNotDetected,   ///< the unit did not tell its video standard; nothing sent
   kRefused,       ///< the operator did not want the standard to be changed; nothing sent
   kNoCode,        ///< the configuration's standard cannot be set by command; nothing further sent
@@ -22,19 +26,31 @@ enum class SendEnd {
   kFailed,        ///< a failure on the way, which went to the caller
 };
 
+/// "complete", "notConfirmed", "portClosed", "notDetected", "refused", "stopped", "failed".
+const char* NameOf(SendEnd end);
+
 struct SendResult {
   SendEnd end = SendEnd::kNone;
-  int messages = 0;
-  int unacknowledged = 0;  ///< messages that awaited an answer and got none
+  int messages = 0;                       ///< with those that did not go out
+  int wentOut = 0;                        ///< messages whose bytes left
+  int planned = 0;                        ///< messages that the send takes, once its port is open
+  std::array<int, kVerdicts> count = {};  ///< of those that await an answer, by verdict
+
+  int Count(Verdict verdict) const { return count[static_cast<std::size_t>(verdict)]; }
+  /// Messages that were not simply acknowledged.
+  int Trouble() const {
+    return Count(Verdict::kRefused) + Count(Verdict::kUnacknowledged) + Count(Verdict::kUncertain);
+  }
 };
 
 /// "Send Setup": the whole configuration to the unit, message by message, in the order that the unit's
 /// firmware relies on. First the video standards of unit and configuration are brought together; from there
-/// on a missing acknowledgement is told and the send goes on. Connects to `bSConfig`.
+/// on a missing acknowledgement is told and the send goes on. A device that goes away ends it, with one box
+/// that tells how far it came. Connects to `bSConfig`.
 class WholeSend {
  public:
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
-            SettingCommands& commands);
+            SettingCommands& commands, Ports& ports);
 
   /// A send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
   bool Running() const { return running_; }
@@ -45,11 +61,12 @@ class WholeSend {
   std::function<bool()> stopRequested;
 
  private:
-  struct Step;
-  static std::span<const Step> StepsBeforeWindows();
-  static std::span<const Step> StepsAfterWindows();
-
+  void Count(const SentMessage& message);
   void SendSetup();
+  void TellLoss();
+  int Planned() const;
+  std::optional<CommandId> CommandIn(const SendStep& step) const;
+  bool IsTextWindow(int index) const;
   SendEnd SendOverPort();
   SendEnd SendConfiguration();
   std::optional<SendEnd> AgreeOnStandard(bool& agreed);
@@ -60,8 +77,8 @@ class WholeSend {
   void Sequence();
   SendEnd Close();
   void SendParameters();
-  void RunSteps(std::span<const Step> steps);
-  void RunStep(const Step& step);
+  void RunSteps(std::span<const SendStep> steps);
+  void RunStep(const SendStep& step);
   void EndHighlights();
   void SendWindows();
   void SendWindow(int index);
@@ -72,7 +89,9 @@ class WholeSend {
   FrmStart& form_;
   Communications& comms_;
   SettingCommands& commands_;
+  Ports& ports_;
   SendResult result_;
+  int firstNumber_ = 0;  ///< of the messages of this send
   bool running_ = false;
   bool stopped_ = false;
 };

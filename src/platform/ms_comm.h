@@ -52,6 +52,13 @@ class MSComm {
   virtual void DiscardInput() = 0;
   /// Removes one byte and returns it; an empty buffer is failure 9.
   virtual std::uint8_t Input() = 0;
+  /// Takes in what has arrived and lies with the system still; otherwise a pump brings it. A device that has
+  /// gone is not noticed here.
+  virtual void LookForInput() {}
+
+  /// The device went away while its port was open; until the next opening. kCommDeviceGone may be yet to
+  /// come.
+  virtual bool DeviceGone() const { return false; }
 
   /// Code of the event that OnComm is reporting.
   virtual int CommEvent() const = 0;

@@ -49,6 +49,7 @@ TEST_F(CliTest, ASetupGoesToTheUnitByScript) {
             R"json("picture":"Image2(0)","messages":[]})json");
   const json log = script.Answer("log")["log"];
   EXPECT_EQ(log[0]["dir"].dump() + log[0]["hex"].dump() + log[1]["dir"].dump(), R"("tx""02030f0035b9""rx")");
+  EXPECT_EQ(log[4]["hex"].dump() + log[4]["verdict"].dump(), R"("02090f00c00002080000001e""acknowledged")");
   script.Expect({{"log", R"({"log":[]})"}});
   script.Tell("quit");
   EXPECT_EQ(script.End(), 0);
@@ -170,7 +171,10 @@ TEST_F(CliTest, SendEndsWithTheStatusOfWhatHappened) {
     const char* diagnostic;
   };
   const Case cases[] = {
-      {{}, "drop 1", {}, 6, "messages were not acknowledged"},
+      {{}, "drop 1", {}, 6, "93 messages were not acknowledged: 1 unacknowledged."},
+      {{}, "nak 1", {}, 6, "refused          Parameter 2/0 'LTC Reader Flywheel (frames)' = 8"},
+      {{}, "nak 1\nstray 20", {}, 7, "93 messages were not acknowledged: 1 uncertain."},
+      {{}, "unplug 40", {}, 4, "Ended as portClosed: 40 of 93 messages went out."},
       {{"--standard", "0"}, "", {}, 5, "Video Standard not detected. Verify communications."},
       {{"--standard", "1"}, "", {}, 1, "Video Standard Mismatch, Switch to Manual Mode?"},
       {{"--standard", "1", "--manual"}, "", {"--answer", "yes"}, 0, "Video Standard will be changed!"},
@@ -244,6 +248,11 @@ TEST_F(CliTest, TheUnitIsSteeredByLinesAndOutlivesTheCable) {
   }
   EXPECT_THAT(unit->State("unplug\nflood 5"), HasSubstr(R"("held":{})"));
   EXPECT_FALSE(std::filesystem::is_symlink(Link()));
+  EXPECT_THAT(unit->State("plug"), testing::StartsWith("ready "));
+  EXPECT_THAT(unit->ReadLine(), HasSubstr(R"("held":{})")) << "the same unit as before";
+  script.Expect({{"wait 0", ""}, {"click bOpen", ""}, {"get StatBar(2)", R"({"text":"Port Open "})"}});
+  unit->Tell("state text");
+  EXPECT_EQ(unit->ReadLine(), "unit        HDSD7340, 1080i/50, manual, video");
   EXPECT_EQ(unit->End(), 0);
   EXPECT_THAT(folder_.Read("trace"), HasSubstr(" tx 02030f00bb33\n"));
 }

@@ -190,7 +190,7 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
     rig.form.pComBut.Changed.Connect([&] { red = red || rig.form.pComBut.BackColor() == kRed; });
     std::size_t sent = 0;
     rig.commands.MessageSent.Connect([&](const SentMessage& message) {
-      EXPECT_EQ(message.acknowledged, sent != lost + 2);
+      EXPECT_EQ(message.verdict == Verdict::kAcknowledged, sent != lost + 2);
       if (++sent == lost + 2) rig.line.Unit().Faults().drop = 1;
     });
     rig.form.bSConfig.OperatorClick();
@@ -208,8 +208,31 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
     EXPECT_EQ(rig.form.dPause.Interval(), 100);
     EXPECT_EQ(rig.form.mnuCharOn.Checked(), !inserter);
     EXPECT_EQ(red, inserter);
-    EXPECT_EQ(rig.wholeSend.Result().unacknowledged, 1);
+    EXPECT_EQ(rig.wholeSend.Result().Count(Verdict::kUnacknowledged), 1);
     ExpectIdle(rig);
+  }
+}
+
+TEST(WholeSend, TellsWhatTheUnitRefusedInSpiteOfAStrayAck) {
+  for (const bool stray : {false, true}) {
+    LinkRig rig;
+    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+      if (message.meaning != "Characters on again") return;
+      rig.line.Unit().Faults().nak = 1;  // the slate duration is next
+      if (stray) rig.line.Inject({kAck}, rig.pump.Now() + 60);
+    });
+    std::vector<std::string> doubtful;
+    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+      if (message.verdict != Verdict::kAcknowledged) doubtful.push_back(message.meaning);
+    });
+    rig.form.bSConfig.OperatorClick();
+    EXPECT_EQ(rig.Sent(), Sequence().Framed());
+    EXPECT_EQ(rig.pump.Now(), stray ? 60 : 100) << "the waits are as they were";
+    EXPECT_EQ(rig.dialogs.shown.size(), stray ? 0U : 1U);
+    EXPECT_THAT(doubtful, ElementsAre("Slate duration: 300 frames"));
+    EXPECT_EQ(rig.wholeSend.Result().Count(stray ? Verdict::kUncertain : Verdict::kRefused), 1);
+    EXPECT_EQ(rig.wholeSend.Result().Trouble(), 1);
+    EXPECT_EQ(rig.wholeSend.Result().planned, rig.wholeSend.Result().messages);
   }
 }
 
@@ -260,6 +283,52 @@ TEST(WholeSend, BringsTheStandardsOfUnitAndConfigurationTogether) {
   }
 }
 
+TEST(WholeSend, EndsWithOneBoxWhenTheDeviceGoesAway) {
+  const char* const kClosed = "Open Com Port before sending cmmands.";
+  struct Loss {
+    const char* standard;  ///< of the configuration; another than the unit's makes the tool ask
+    std::size_t after;     ///< messages; 0: while the question stands
+    bool agreed;
+    Texts boxes;
+  };
+  const Loss kLosses[] = {{"1080i/60", 1, true, {kClosed}},
+                          {"1080i/60", 2, true, {kClosed}},
+                          {"1080i/60", 20, true, {kClosed}},
+                          {"525i/60", 0, true, {kMismatch, kClosed}},
+                          {"525i/60", 0, false, {kMismatch, kClosed}},
+                          {"525i/60", 3, true, {kMismatch, kClosed}}};
+  for (const Loss& c : kLosses) {
+    SCOPED_TRACE(&c - kLosses);
+    LinkRig rig;
+    rig.form.mnuInter.SetChecked(true);
+    rig.form.mnuOff.SetChecked(false);
+    SelectText(rig.form.comVS, c.standard);
+    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+      if (message.number == static_cast<int>(c.after)) rig.line.Vanish();
+    });
+    rig.dialogs.onShow = [&](const MessageBox& box) {
+      if (box.text == kMismatch && c.after == 0) rig.line.Vanish();
+      return c.agreed ? BoxAnswer::kYes : BoxAnswer::kNo;
+    };
+    rig.form.bSConfig.OperatorClick();
+    rig.pump.Pass(1000);
+    EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
+    const std::size_t sent = c.after == 0 ? 2 : c.after;
+    EXPECT_EQ(rig.Sent().size(), sent) << "nothing further is tried";
+    const std::size_t all = Sequence().Framed().size() + 1;  // and the slate's, live
+    EXPECT_THAT(rig.dialogs.shown.back().remedy,
+                testing::StartsWith("The device behind port 1 (unit1) is gone. " + std::to_string(sent) +
+                                    " of " + std::to_string(all) + " messages went out.\n"));
+    EXPECT_EQ(rig.wholeSend.Result().end, kPortClosed);
+    EXPECT_TRUE(rig.form.pComBut.BackColor() == kRed && rig.form.mnuOff.Checked());
+    ExpectIdle(rig);
+    rig.line.Return();
+    SelectText(rig.form.comVS, "1080i/60");
+    rig.form.bSConfig.OperatorClick();
+    EXPECT_EQ(rig.wholeSend.Result().end, kComplete);
+  }
+}
+
 /// Something that happens when `after` messages have gone out, the identification being the first.
 struct Incident {
   std::size_t after;
@@ -299,7 +368,7 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     EXPECT_EQ(rig.Sent(), expected);
     EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
     EXPECT_EQ(rig.wholeSend.Result().end, c.end);
-    EXPECT_EQ(rig.wholeSend.Result().unacknowledged > 1, c.end == kNotConfirmed) << "refused: no answer";
+    EXPECT_EQ(rig.wholeSend.Result().Trouble() > 1, c.end == kNotConfirmed) << "refused: no answer";
     ExpectIdle(rig);
     if (!rig.wholeSend.stopRequested) continue;
     rig.wholeSend.stopRequested = nullptr;

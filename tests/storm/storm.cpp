@@ -35,7 +35,8 @@ class Storm {
 
   StormReport Run() {
     rig_.tool.commands.MessageSent.Connect([this](const SentMessage& sent) {
-      if (sent.acknowledged == false) world_.Trace("not acknowledged: " + sent.meaning);
+      if (sent.verdict && *sent.verdict != Verdict::kAcknowledged)
+        world_.Trace(std::string(NameOf(*sent.verdict)) + ": " + sent.meaning);
     });
     rig_.dialogs.onShow = [this](const MessageBox& box) { return Answer(box); };
     try {
@@ -241,10 +242,9 @@ class Storm {
     Watched([&] { form.bSConfig.OperatorClick(); });
     const SendResult& result = rig_.tool.wholeSend.Result();
     const int unknownModel = rig_.line.Unit().Model() == kUnknownModel ? 1 : 0;
-    if (result.end != SendEnd::kComplete || result.unacknowledged != unknownModel) {
-      Fault("the send ended with " + std::to_string(static_cast<int>(result.end)) + ", " +
-            std::to_string(result.unacknowledged) + " of " + std::to_string(result.messages) +
-            " not acknowledged");
+    if (result.end != SendEnd::kComplete || result.Trouble() != unknownModel) {
+      Fault(std::string("the send ended ") + NameOf(result.end) + ", " + std::to_string(result.Trouble()) +
+            " of " + std::to_string(result.messages) + " not acknowledged");
       return;
     }
     for (const std::string& difference : DifferencesToUnit(rig_.tool, rig_.line.Unit().Memory()))

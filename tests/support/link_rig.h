@@ -101,7 +101,7 @@ struct LinkRigOn {
   LineEvents lineEvents{platform, form, comms, ports};
   Identification identification{platform, vars, form, comms};
   SettingCommands commands{platform, vars, form, comms};
-  WholeSend wholeSend{platform, vars, form, comms, commands};
+  WholeSend wholeSend{platform, vars, form, comms, commands, ports};
 };
 
 using LinkRig = LinkRigOn<>;

@@ -32,6 +32,7 @@ void UnitLine::SetPortOpen(bool open) {
 }
 
 void UnitLine::Open() {
+  lost_ = false;
   if (!refusal_.empty()) throw RuntimeError(kErrPort, refusal_);
   if (gone_ || !ports_.contains(port_)) throw RuntimeError(kErrPort, "There is no such device.");
   open_ = true;
@@ -48,9 +49,9 @@ void UnitLine::Close() {
 
 void UnitLine::Vanish() {
   gone_ = true;
-  const bool wasOpen = open_;
+  lost_ = open_;
   Close();
-  if (wasOpen) RaiseEvent(kCommDeviceGone);
+  if (lost_) RaiseEvent(kCommDeviceGone);
 }
 
 void UnitLine::RaiseEvent(int code) {

@@ -59,6 +59,7 @@ class UnitLine : public MSComm {
   std::size_t InBufferCount() const override { return input_.size(); }
   void DiscardInput() override { input_.clear(); }
   std::uint8_t Input() override;
+  bool DeviceGone() const override { return lost_; }
   int CommEvent() const override { return event_; }
   void LookForDevices() override { ++looks_; }
   std::string DeviceName(int port) const override;
@@ -87,6 +88,7 @@ class UnitLine : public MSComm {
   std::set<int> ports_{1};
   std::string refusal_;
   bool gone_ = false;
+  bool lost_ = false;
   bool open_ = false;
   int port_ = 1;
   int event_ = 0;

@@ -16,8 +16,9 @@ enum ExitStatus : int {
   kExitStart = 3,           ///< the tool did not start
   kExitPort = 4,            ///< the port can't be opened, or went away
   kExitReply = 5,           ///< no reply, or none that makes sense
-  kExitUnacknowledged = 6,  ///< sent, but some messages were not acknowledged
-  kExitInterrupted = 130,   ///< Ctrl-C
+  kExitUnacknowledged = 6,  ///< sent, but some messages were refused or not acknowledged
+  kExitUncertain = 7,  ///< sent and answered, but of some messages it is uncertain whether they were taken
+  kExitInterrupted = 130,  ///< Ctrl-C
 };
 
 /// What a run of the command line twin was asked for.

@@ -8,7 +8,6 @@
 #include <string>
 
 #include "app/cli/terminal_run.h"
-#include "link/frame.h"
 #include "platform/text.h"
 
 namespace marlinset {
@@ -34,48 +33,95 @@ void CatchInterrupt() {
 }
 
 /// The frame of a message as it went over the line.
-std::string FrameText(const std::vector<PacketField>& fields) {
-  std::vector<std::uint8_t> bytes;
-  bytes.reserve(fields.size());
-  for (const PacketField& field : fields) bytes.push_back(static_cast<std::uint8_t>(field.value_or(0)));
+std::string FrameText(const SentMessage& message) {
   std::string text;
-  for (const std::uint8_t byte : EncodeFrame(bytes)) text += (text.empty() ? "" : " ") + HexByte(byte);
+  for (const std::uint8_t byte : message.Frame()) text += (text.empty() ? "" : " ") + HexByte(byte);
   return text;
 }
 
+/// What is no plain success stands out.
 const char* OutcomeOf(const SentMessage& message) {
-  if (!message.acknowledged) return "sent";
-  return *message.acknowledged ? "acknowledged" : "NOT ACKNOWLEDGED";
+  static constexpr const char* kOutcomes[kVerdicts] = {"acknowledged", "REFUSED", "NOT ACKNOWLEDGED",
+                                                       "UNCERTAIN"};
+  return message.verdict ? kOutcomes[static_cast<std::size_t>(*message.verdict)] : "sent";
 }
 
-/// Reports the messages of a send: all of them with their bytes, or one line that moves on a terminal.
+/// Reports the messages of a send: all of them with their bytes, or one line that moves on a terminal. One
+/// whose verdict changes is told once more, under its number.
 class Progress {
  public:
   explicit Progress(bool verbose) : verbose_(verbose) {}
 
   void Show(const SentMessage& message) {
-    ++count_;
+    told_.push_back(message);
     if (verbose_) {
-      std::printf("%4d  %-16s  %-46s  %s\n", count_, OutcomeOf(message), message.meaning.c_str(),
-                  FrameText(message.fields).c_str());
-      std::fflush(stdout);
+      Print(told_.size(), message);
     } else if (::isatty(STDERR_FILENO)) {
-      std::fprintf(stderr, "\r\033[K%d %s", count_, message.meaning.c_str());
+      std::fprintf(stderr, "\r\033[K%zu %s", told_.size(), message.meaning.c_str());
+    }
+  }
+  void Correct(const SentMessage& message) {
+    for (std::size_t i = 0; i < told_.size(); ++i) {
+      if (told_[i].number != message.number) continue;
+      told_[i] = message;
+      if (verbose_) Print(i + 1, message);
     }
   }
   void Finish() const {
-    if (!verbose_ && count_ > 0 && ::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");
+    if (!verbose_ && !told_.empty() && ::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");
+  }
+  /// Which messages were not simply acknowledged.
+  void List() const {
+    for (const SentMessage& message : told_) {
+      if (!message.verdict || *message.verdict == Verdict::kAcknowledged) continue;
+      std::fprintf(stderr, "%-15s  %s\n", NameOf(*message.verdict), message.meaning.c_str());
+    }
   }
 
  private:
+  static void Print(std::size_t number, const SentMessage& message) {
+    std::printf("%4zu  %-16s  %-46s  %s\n", number, OutcomeOf(message), message.meaning.c_str(),
+                FrameText(message).c_str());
+    std::fflush(stdout);
+  }
+
   bool verbose_;
-  int count_ = 0;
+  std::vector<SentMessage> told_;
 };
+
+/// The messages that were not simply acknowledged, by verdict: "1 refused, 2 uncertain"; empty when there are
+/// none.
+std::string Trouble(const SendResult& result) {
+  std::string text;
+  for (const Verdict verdict : {Verdict::kRefused, Verdict::kUnacknowledged, Verdict::kUncertain}) {
+    if (result.Count(verdict) == 0) continue;
+    text += (text.empty() ? "" : ", ") + std::to_string(result.Count(verdict)) + " " + NameOf(verdict);
+  }
+  return text;
+}
+
+/// How it ended, what is wrong in the last line.
+void Summarize(const SendResult& result, const std::string& trouble) {
+  if (!trouble.empty()) {
+    std::fprintf(stderr, "%d of %d messages were not acknowledged: %s.\n", result.Trouble(), result.messages,
+                 trouble.c_str());
+  }
+  if (result.end == SendEnd::kStopped) std::fprintf(stderr, "Stopped between two messages.\n");
+  if (result.end == SendEnd::kComplete) return;
+  std::fprintf(stderr, "Ended as %s: ", NameOf(result.end));
+  if (result.planned > 0) {
+    std::fprintf(stderr, "%d of %d messages went out.\n", result.wentOut, result.planned);
+  } else {
+    std::fprintf(stderr, "%d messages went out, none of the setup.\n", result.wentOut);
+  }
+}
 
 int StatusOf(const SendResult& result, bool portOpen) {
   switch (result.end) {
     case SendEnd::kComplete:
-      return result.unacknowledged > 0 ? kExitUnacknowledged : kExitDone;
+      if (result.Count(Verdict::kUnacknowledged) + result.Count(Verdict::kRefused) > 0)
+        return kExitUnacknowledged;
+      return result.Count(Verdict::kUncertain) > 0 ? kExitUncertain : kExitDone;
     case SendEnd::kPortClosed:
       return kExitPort;
     case SendEnd::kNotConfirmed:
@@ -101,6 +147,8 @@ int RunSend(const CliOptions& options) {
   if (!run.LoadConfiguration(options)) return kExitNotDone;
   Progress progress(options.verbose);
   tool.commands.MessageSent.Connect([&](const SentMessage& message) { progress.Show(message); });
+  tool.commands.VerdictChanged.Connect(
+      [&](const SentMessage& message, Verdict /*before*/) { progress.Correct(message); });
   tool.wholeSend.stopRequested = [] { return interrupted != 0; };
   CatchInterrupt();
   tool.form.bSConfig.OperatorClick();
@@ -109,11 +157,9 @@ int RunSend(const CliOptions& options) {
   const int status = StatusOf(result, run.PortOpen());
   if (result.end == SendEnd::kComplete)
     std::printf("%s\n", tool.form.StatBar(FrmStart::kVideoPanel).Text().c_str());
-  if (result.unacknowledged > 0) {
-    std::fprintf(stderr, "%d of %d messages were not acknowledged.\n", result.unacknowledged,
-                 result.messages);
-  }
-  if (result.end == SendEnd::kStopped) std::fprintf(stderr, "Stopped between two messages.\n");
+  std::fflush(stdout);
+  progress.List();
+  Summarize(result, Trouble(result));
   return status;
 }
 

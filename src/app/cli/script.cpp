@@ -67,7 +67,13 @@ int EntryOf(const Control& control, const Word& word) {
 }  // namespace
 
 Script::Script(Tool& tool, QueuedDialogs& dialogs, QueuedFileDialog& fileDialog, RecordingLine& line)
-    : tool_(tool), dialogs_(dialogs), fileDialog_(fileDialog), line_(line) {}
+    : tool_(tool), dialogs_(dialogs), fileDialog_(fileDialog), line_(line) {
+  const auto note = [&line](const SentMessage& message) {
+    if (message.verdict) line.NoteVerdict(message.number, message.Frame(), NameOf(*message.verdict));
+  };
+  tool_.commands.MessageSent.Connect(note);
+  tool_.commands.VerdictChanged.Connect([note](const SentMessage& message, Verdict) { note(message); });
+}
 
 const Script::Action* Script::FindAction(std::string_view name) {
   static constexpr Action kActions[] = {
@@ -309,6 +315,7 @@ Json Script::Log(const ScriptLine& line) {
   for (const RecordingLine::Entry& entry : line_.TakeEntries()) {
     entries.push_back(
         {{"ms", entry.milliseconds}, {"dir", entry.sent ? "tx" : "rx"}, {"hex", HexOf(entry.bytes)}});
+    if (!entry.verdict.empty()) entries.back()["verdict"] = entry.verdict;
   }
   return {{"log", std::move(entries)}};
 }

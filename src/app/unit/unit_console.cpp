@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <exception>
 #include <iterator>
 #include <optional>
 #include <sstream>
-#include <exception>
 #include <utility>
 
 #include "unit/unit_state.h"

@@ -2,6 +2,7 @@
 #include "platform/qt/qt_serial_port.h"
 
 #include <sys/file.h>
+#include <sys/ioctl.h>
 
 #include <QByteArray>
 #include <QFileInfo>
@@ -86,7 +87,7 @@ bool QtSerialPort::PortOpen() const {
 }
 
 void QtSerialPort::SetPortOpen(bool open) {
-  if (open == PortOpen()) return;
+  if (open == PortOpen() && !gone_) return;
   Close();
   if (open) Open();
 }
@@ -97,6 +98,7 @@ bool QtSerialPort::DeviceIsThere(int port) const {
 }
 
 void QtSerialPort::Open() {
+  lost_ = false;
   const std::string device = DeviceName(port_);
   if (device.empty()) throw NoDeviceBehind(port_);
   const QString node = RealName(device);
@@ -143,6 +145,13 @@ std::uint8_t QtSerialPort::Input() {
   return byte;
 }
 
+void QtSerialPort::LookForInput() {
+  int waiting = 0;
+  if (PortOpen() && ioctl(serial_.handle(), FIONREAD, &waiting) == 0 && waiting > 0) {
+    serial_.waitForReadyRead(0);
+  }
+}
+
 void QtSerialPort::TakeArrivals() {
   const QByteArray bytes = serial_.readAll();
   if (gate_.Feed(
@@ -180,14 +189,15 @@ void QtSerialPort::NoteError(QSerialPort::SerialPortError error) {
                             error == QSerialPort::ResourceError;
   if (!deviceFailed || !PortOpen()) return;
   gone_ = true;
+  lost_ = true;
   gap_.stop();
   // Not from here: QSerialPort is in the middle of the read or write that failed.
   QMetaObject::invokeMethod(
-      &listener_, [this] { DeviceGone(); }, Qt::QueuedConnection);
+      &listener_, [this] { CloseLost(); }, Qt::QueuedConnection);
 }
 
-void QtSerialPort::DeviceGone() {
-  if (!gone_) return;  // the tool was faster and has opened the port again
+void QtSerialPort::CloseLost() {
+  if (!gone_) return;  // the tool was faster and has closed the port, or opened it again
   Close();
   Raise(kCommDeviceGone);
 }

@@ -35,6 +35,8 @@ class QtSerialPort : public MSComm {
   std::size_t InBufferCount() const override { return received_.size(); }
   void DiscardInput() override;
   std::uint8_t Input() override;
+  void LookForInput() override;
+  bool DeviceGone() const override { return lost_; }
 
   int CommEvent() const override { return event_; }
   void LookForDevices() override { ports_.Refresh(); }
@@ -48,7 +50,7 @@ class QtSerialPort : public MSComm {
   void LineWasQuiet();
   void Deliver();
   void NoteError(QSerialPort::SerialPortError error);
-  void DeviceGone();
+  void CloseLost();
   void RaiseLater(int event);
   void Raise(int event);
 
@@ -57,6 +59,7 @@ class QtSerialPort : public MSComm {
   int port_ = kLowestPort;
   int event_ = 0;
   bool gone_ = false;         ///< the device failed; the close that follows is on its way
+  bool lost_ = false;         ///< it failed since the port was opened last
   bool overflowing_ = false;  ///< bytes were lost since the tool last made room
   ReplyGate gate_;
   std::deque<std::uint8_t> received_;

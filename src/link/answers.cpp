@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/answers.h"
+
+#include <utility>
+
+#include "link/frame.h"
+
+namespace marlinset {
+
+const char* NameOf(Verdict verdict) {
+  static constexpr const char* kNames[kVerdicts] = {"acknowledged", "refused", "unacknowledged", "uncertain"};
+  return kNames[static_cast<std::size_t>(verdict)];
+}
+
+void Answers::Expect() {
+  if (open_++ > 0) {
+    crossed_ = true;
+    return;
+  }
+  crossed_ = false;
+  messages_ = early_ = acks_ = refusals_ = 0;
+}
+
+void Answers::Leaves(bool isQuery) {
+  if (isQuery) {
+    asked_ = true;
+  } else if (open_ == 0) {
+    accountable_ = false;
+  } else if (++messages_ > 1) {
+    crossed_ = true;
+  }
+}
+
+/// Answers that came together with frames are found between them; noise ends what can be told apart.
+void Answers::Take(std::span<const std::uint8_t> bytes, bool early) {
+  while (!bytes.empty()) {
+    std::size_t length = 1;
+    if (bytes[0] == kStartMark && bytes.size() >= 2) {
+      length = bytes[1] + kFrameOverhead;
+    } else if (bytes[0] == kAck || bytes[0] == kNak || bytes[0] == kLocalMode) {
+      Count(bytes[0] == kAck, early);
+    } else {
+      return;
+    }
+    if (length >= bytes.size()) return;
+    bytes = bytes.subspan(length);
+  }
+}
+
+void Answers::Count(bool isAck, bool early) {
+  if (open_ == 0 || (early && !crossed_)) Belie(isAck);
+  if (open_ == 0) return;
+  ++(early ? early_ : isAck ? acks_ : refusals_);
+}
+
+void Answers::Belie(bool isAck) {
+  if (!accountable_ || (asked_ && !isAck)) return;
+  if (last_ != Verdict::kAcknowledged && (last_ != Verdict::kRefused || !isAck)) return;
+  Belied.Emit(std::exchange(last_, Verdict::kUncertain));
+}
+
+void Answers::Judge(bool acknowledged) {
+  last_ = Weigh(acknowledged);
+  --open_;
+  accountable_ = true;
+  asked_ = false;
+}
+
+Verdict Answers::Weigh(bool acknowledged) const {
+  if (early_ + acks_ + refusals_ == 0) return Verdict::kUnacknowledged;
+  if (early_ > 0 || crossed_) return Verdict::kUncertain;
+  if (acks_ == 0) return Verdict::kRefused;
+  return acknowledged && acks_ == 1 && refusals_ == 0 ? Verdict::kAcknowledged : Verdict::kUncertain;
+}
+
+}  // namespace marlinset

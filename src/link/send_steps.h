@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "link/command_table.h"
+#include "platform/control.h"
+
+namespace marlinset {
+
+class Communications;
+class FrmStart;
+
+/// A control by name: a row that a mark stands on may be gone when the mark is taken off.
+struct ControlName {
+  std::string_view name;
+  int index = kNoIndex;
+};
+
+/// When a step is taken.
+using StepCondition = bool (*)(const FrmStart& form, const Communications& comms);
+
+/// The controls that a step marks: none, one or several.
+struct Marks {
+  constexpr Marks() = default;
+  constexpr Marks(std::string_view name, int index = kNoIndex) : one{name, index}, count(1) {}
+  template <std::size_t kCount>
+  constexpr Marks(const ControlName (&names)[kCount]) : several(names), count(kCount) {}
+  std::span<const ControlName> All() const { return {several ? several : &one, count}; }
+
+  ControlName one{};
+  const ControlName* several = nullptr;
+  std::size_t count = 0;
+};
+
+/// A message of a whole send, sent if its condition holds; where it does not, `otherwise` is, if there is
+/// one.
+struct SendStep {
+  CommandId command;
+  Marks marks = {};
+  StepCondition condition = nullptr;  ///< none: always
+  std::optional<CommandId> otherwise = {};
+};
+
+/// The order that the unit's firmware relies on: what goes between the parameters and the windows, and what
+/// follows them.
+std::span<const SendStep> StepsBeforeWindows();
+std::span<const SendStep> StepsAfterWindows();
+
+}  // namespace marlinset
