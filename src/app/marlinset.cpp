@@ -98,10 +98,12 @@ void WindowRun::ShowGuide() {
 void WindowRun::Load() {
   window_.emplace(tool_.form,
                   WindowHooks{.deviceName = [this](int port) { return computer_.Line().DeviceName(port); },
+                              .portOpen = [this] { return tool_.platform.ComP1.PortOpen(); },
                               .lookForDevices = [this] { tool_.ports.LookForDevices(); },
                               .openFile = [this](const std::string& name) { OpenFile(name); },
                               .showGuide = [this] { ShowGuide(); },
-                              .recentFiles = &tool_.recentFiles.mnuRecent});
+                              .recentFiles = &tool_.recentFiles.mnuRecent,
+                              .frameSent = &tool_.communications.FrameSent});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }
 

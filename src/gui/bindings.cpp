@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <algorithm>
 
 #include "gui/fields.h"
@@ -201,22 +200,6 @@ Binding& Bind(QLineEdit& widget, TextBox& control) {
     binding.Act({.kind = OperatorAction::Kind::kType, .text = Typed(text)});
   });
   return binding;
-}
-
-Binding& Bind(QPlainTextEdit& widget, TextBox& control) {
-  widget.setReadOnly(true);
-  return Tie(widget, control, [&widget, &control, before = std::string()]() mutable {
-    const std::string& text = control.Text();
-    if (text == before) return;
-    if (text.starts_with(before) && !before.empty()) {
-      widget.moveCursor(QTextCursor::End);
-      widget.insertPlainText(Shown(text.substr(before.size())));
-    } else {
-      widget.setPlainText(Shown(text));
-    }
-    widget.moveCursor(QTextCursor::End);
-    before = text;
-  });
 }
 
 Binding& Bind(QWidget& widget, Frame& control) {

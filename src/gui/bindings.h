@@ -9,7 +9,6 @@ class QAction;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 
 namespace marlinset {
 
@@ -28,8 +27,6 @@ Binding& Bind(QCheckBox& widget, CheckBox& control, char mnemonic = 0);
 Binding& Bind(QLabel& widget, Label& control, char mnemonic = 0);
 /// Each key goes past the control's key handlers before it is typed.
 Binding& Bind(QLineEdit& widget, TextBox& control);
-/// A log: shows the text and its end, takes none.
-Binding& Bind(QPlainTextEdit& widget, TextBox& control);
 /// A group, a band or a whole panel: its flags and its name.
 Binding& Bind(QWidget& widget, Frame& control);
 /// The flags and the name alone of a control that the widget stands for otherwise: a head, an icon, a sheet.

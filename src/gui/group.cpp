@@ -93,9 +93,12 @@ SideBySide::SideBySide(QWidget* first, QWidget* second, QWidget* parent)
   box_->addStretch(1);
 }
 
-void SideBySide::LetFirstGrow() {
-  box_->setStretch(0, 1);
-  box_->setStretch(2, 0);
+void SideBySide::LetFirstGrow(int widest) {
+  widest_ = widest;
+  first_->setMaximumWidth(widest);
+  constexpr int kNearlyAll = 1000;
+  box_->setStretch(0, kNearlyAll);
+  box_->setStretch(2, widest < QWIDGETSIZE_MAX ? 1 : 0);  // what the first may not take stays empty
 }
 
 int SideBySide::WidthForBoth() const {
@@ -119,6 +122,7 @@ void SideBySide::resizeEvent(QResizeEvent* event) {
   const auto direction = width() < WidthForBoth() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight;
   if (direction != box_->direction()) {
     box_->setDirection(direction);
+    first_->setMaximumWidth(direction == QBoxLayout::LeftToRight ? widest_ : QWIDGETSIZE_MAX);
     updateGeometry();
   }
   QWidget::resizeEvent(event);

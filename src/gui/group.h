@@ -51,8 +51,9 @@ class SideBySide : public QWidget {
   SideBySide(QWidget* first, QWidget* second, QWidget* parent);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
-  /// The first area takes the width that is left over; otherwise both stand at the left.
-  void LetFirstGrow();
+  /// The first area takes the width that is left over, up to `widest` while both stand side by side;
+  /// otherwise both stand at the left.
+  void LetFirstGrow(int widest = QWIDGETSIZE_MAX);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -62,6 +63,7 @@ class SideBySide : public QWidget {
   QWidget* first_;
   QWidget* second_;
   QBoxLayout* box_;
+  int widest_ = QWIDGETSIZE_MAX;
 };
 
 /// Stacks `widgets` from the top with two spacing units between groups; what is left over stays below.

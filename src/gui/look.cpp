@@ -22,6 +22,13 @@ double Luminance(const QColor& color) {
   return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) + 0.0722 * Linear(color.blueF());
 }
 
+/// `color`, darkened or lightened until it can be told from `other`.
+QColor SetOff(QColor color, const QColor& other) {
+  const QColor away = Luminance(other) > Luminance(color) ? Qt::black : Qt::white;
+  for (int i = 0; i < 50 && Contrast(color, other) < kLeastContrast; ++i) color = Blend(color, away, 0.06);
+  return color;
+}
+
 }  // namespace
 
 QString Shown(const std::string& text) {
@@ -79,11 +86,12 @@ double Contrast(const QColor& a, const QColor& b) {
 }
 
 QColor Accent(const QPalette& palette) {
-  const QColor text = palette.color(QPalette::Active, QPalette::HighlightedText);
-  QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
-  const QColor away = Luminance(text) > Luminance(accent) ? Qt::black : Qt::white;
-  for (int i = 0; i < 50 && Contrast(accent, text) < kLeastContrast; ++i) accent = Blend(accent, away, 0.06);
-  return accent;
+  return SetOff(palette.color(QPalette::Active, QPalette::Highlight),
+                palette.color(QPalette::Active, QPalette::HighlightedText));
+}
+
+QColor FocusColor(const QPalette& palette) {
+  return SetOff(palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Base));
 }
 
 QColor Outline(const QPalette& palette) {
@@ -103,6 +111,10 @@ QColor MarkColor() {
 
 QColor MarkTextColor() {
   return {24, 24, 24};
+}
+
+QColor SentColor(const QPalette& palette) {
+  return Blend(palette.color(QPalette::Base), MarkColor(), 0.25);
 }
 
 void SetMarked(QWidget& widget, bool marked) {

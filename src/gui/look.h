@@ -37,6 +37,8 @@ QFont FixedFont();
 double Contrast(const QColor& a, const QColor& b);
 /// The desktop's highlight, darkened or lightened until its text can be read on it.
 QColor Accent(const QPalette& palette);
+/// The highlight as a frame around what has the focus: seen on the ground of fields.
+QColor FocusColor(const QPalette& palette);
 /// A faint line between two areas.
 QColor Outline(const QPalette& palette);
 /// `amount` (0 to 1) of `top` over `ground`.
@@ -47,5 +49,7 @@ QColor Blend(const QColor& ground, const QColor& top, double amount);
 void SetMarked(QWidget& widget, bool marked);
 QColor MarkColor();
 QColor MarkTextColor();
+/// What is left of the mark on a row that has gone out while the rest of its list still goes.
+QColor SentColor(const QPalette& palette);
 
 }  // namespace marlinset

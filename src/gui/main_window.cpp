@@ -8,12 +8,13 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QPlainTextEdit>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include "gui/bindings.h"
+#include "gui/byte_log.h"
 #include "gui/fields.h"
 #include "gui/group.h"
 #include "gui/icons.h"
@@ -30,7 +31,6 @@ namespace {
 // The first size in letters and lines of the desktop's font.
 constexpr int kLetters = 170;
 constexpr int kLines = 42;
-constexpr int kLogLines = 3;
 
 constexpr int kTwipsPerPixel = 15;
 int Twips(int pixels) {
@@ -64,10 +64,11 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   auto* rows = new QVBoxLayout(middle);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  rows->addWidget(new ToolArea(form, middle));
+  tools_ = new ToolArea(form, hooks_.deviceName, middle);
+  rows->addWidget(tools_);
   rows->addWidget(MakeRule(middle));
   rows->addWidget(new PanelHost(form, middle), 1);
-  rows->addWidget(MakeLog());
+  rows->addWidget(new ByteLog(form, hooks_.frameSent, middle));
   setCentralWidget(middle);
   setStatusBar(new StatusBarView(form, this));
   resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
@@ -77,17 +78,6 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   setAcceptDrops(true);
   Measure();
   ShowForm();
-}
-
-QWidget* MainWindow::MakeLog() {
-  auto* log = new QPlainTextEdit(this);
-  log->setFont(FixedFont());
-  log->setFocusPolicy(Qt::ClickFocus);
-  const int margins = 2 * (log->frameWidth() + static_cast<int>(log->document()->documentMargin()));
-  log->setFixedHeight(kLogLines * log->fontMetrics().lineSpacing() + margins);
-  Bind(*log, form_.tInput);
-  log->setAccessibleName(QStringLiteral("Received bytes"));
-  return log;
 }
 
 void MainWindow::Measure() {
@@ -100,17 +90,39 @@ void MainWindow::Measure() {
                     .screenHeight = Twips(desk.height())};
 }
 
+/// The desktop's text may have grown since the place was kept: the tool bar stays in its two lines.
 void MainWindow::TakePlace() {
   place_ = form_.Place();
+  const QSize kept(Pixels(place_.width), Pixels(place_.height));
+  const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
+  StandAt({Pixels(place_.left), Pixels(place_.top)}, kept.expandedTo({tools_->sizeHint().width(), 0}), frame);
+}
+
+/// `corner` is the frame's, `size` what it encloses.
+void MainWindow::StandAt(QPoint corner, QSize size, QMargins frame) {
   const QRect desk = screen()->availableGeometry();
-  const QSize size = QSize(Pixels(place_.width), Pixels(place_.height)).boundedTo(desk.size());
+  size = size.boundedTo(desk.marginsRemoved(frame).size());
+  const QRect whole =
+      QRect(corner, size).marginsAdded({0, 0, frame.left() + frame.right(), frame.top() + frame.bottom()});
   resize(size);
-  move(qBound(desk.left(), Pixels(place_.left), desk.right() + 1 - size.width()),
-       qBound(desk.top(), Pixels(place_.top), desk.bottom() + 1 - size.height()));
+  move(qBound(desk.left(), corner.x(), desk.right() + 1 - whole.width()),
+       qBound(desk.top(), corner.y(), desk.bottom() + 1 - whole.height()));
+}
+
+/// How much the window manager draws around the window is known some time after it has come up, if ever.
+void MainWindow::FitFrame() {
+  if (frameFits_ || !Stands() || windowHandle()->frameMargins().isNull()) return;
+  frameFits_ = true;
+  StandAt(pos(), size(), windowHandle()->frameMargins());
+  NotePlace();
+}
+
+bool MainWindow::Stands() const {
+  return isVisible() && !isMinimized() && !isMaximized() && !isFullScreen();
 }
 
 void MainWindow::NotePlace() {
-  if (!isVisible() || isMinimized() || isMaximized() || isFullScreen()) return;
+  if (!Stands()) return;
   place_ = {Twips(pos().x()), Twips(pos().y()), Twips(width()), Twips(height())};
   form_.NotePlace(place_);
 }
@@ -118,11 +130,13 @@ void MainWindow::NotePlace() {
 void MainWindow::moveEvent(QMoveEvent* event) {
   QMainWindow::moveEvent(event);
   NotePlace();
+  if (!frameFits_) QTimer::singleShot(0, this, &MainWindow::FitFrame);
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   NotePlace();
+  if (!frameFits_) QTimer::singleShot(0, this, &MainWindow::FitFrame);
 }
 
 void MainWindow::ShowForm() {
@@ -134,6 +148,7 @@ void MainWindow::ShowForm() {
   QAbstractButton* view = ChosenOption(*findChild<QWidget*>(Shown(form_.fView.FullName())));
   if (formVisible_ && view) view->setFocus();
   setVisible(formVisible_);
+  QTimer::singleShot(0, this, &MainWindow::FitFrame);
   if (form_.Place() == WindowPlace{}) NotePlace();  // a start that failed has not placed it
   if (!formVisible_) QTimer::singleShot(0, qApp, &QCoreApplication::quit);
 }

@@ -7,13 +7,18 @@
 
 #include "core/frm_start.h"
 #include "gui/binding.h"
+#include "gui/byte_log.h"
 
 namespace marlinset {
+
+class ToolArea;
 
 /// What the window asks of whoever put it together.
 struct WindowHooks {
   /// The device behind a port number, empty when there is none.
   std::function<std::string(int)> deviceName = {};
+  /// Whether the port that is ticked is open.
+  std::function<bool()> portOpen = {};
   /// The port menu opens: devices may have come.
   std::function<void()> lookForDevices = {};
   /// Opens a configuration that the operator has dropped on the window.
@@ -22,11 +27,13 @@ struct WindowHooks {
   std::function<void()> showGuide = {};
   /// Entries of the File menu: the files last in use. Null without.
   ControlArray<MenuItem>* recentFiles = nullptr;
+  /// Tells the byte log what goes out. Null without.
+  FrameSignal* frameSent = nullptr;
 };
 
 /// The main window: shows FrmStart and hands every action of the operator to it. It comes up and goes with
-/// the form's Visible flag, and stands where the form says, but never beyond the screen. Its close box is the
-/// form's Exit. The form has to outlive it.
+/// the form's Visible flag, and stands where the form says, but never beyond the screen, its frame included.
+/// Its close box is the form's Exit. The form has to outlive it.
 class MainWindow : public QMainWindow {
   Q_OBJECT
  public:
@@ -41,16 +48,21 @@ class MainWindow : public QMainWindow {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  QWidget* MakeLog();
   void ShowForm();
   void Measure();
   void TakePlace();
+  /// It can be moved and sized: up, and not as large as the screen by the operator's wish.
+  bool Stands() const;
   void NotePlace();
+  void FitFrame();
+  void StandAt(QPoint corner, QSize size, QMargins frame);
 
   FrmStart& form_;
   WindowHooks hooks_;
+  ToolArea* tools_ = nullptr;
   bool formVisible_ = false;
-  WindowPlace place_;  ///< the form's, as it was last taken
+  bool frameFits_ = false;  ///< the window manager's frame has been seen and allowed for
+  WindowPlace place_;       ///< the form's, as it was last taken
   Listening<> listening_;
   Listening<> toolAtRest_;
 };

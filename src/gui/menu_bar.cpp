@@ -3,6 +3,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QStyleOptionMenuItem>
 #include <vector>
 
 #include "gui/bindings.h"
@@ -13,52 +14,84 @@
 namespace marlinset {
 namespace {
 
+/// What an entry shows in front of its text: nothing, a tick that comes and goes, or which one of a choice is
+/// on.
+enum class Mark { kNone, kTick, kChoice };
+
 /// One line of a menu; no item at all is a separator.
 struct MenuLine {
   MenuItem* item = nullptr;
   char mnemonic = 0;
-  bool ticks = false;
+  Mark mark = Mark::kNone;
   QKeySequence keys = {};
   Turn turn = Turn::kInOrder;
 };
 
-void AddLines(QMenu& menu, const std::vector<MenuLine>& lines) {
+/// A menu whose choices look like choices. Groups of the toolkit's own would move the ticks by themselves,
+/// and none of a choice may be on here.
+class Menu : public QMenu {
+ public:
+  using QMenu::QMenu;
+  QAction* AddEntry(Mark mark) {
+    QAction* action = addAction(QString());
+    action->setCheckable(mark != Mark::kNone);
+    action->setProperty(kChoice, mark == Mark::kChoice);
+    return action;
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override {
+    QMenu::initStyleOption(option, action);
+    if (action->property(kChoice).toBool()) option->checkType = QStyleOptionMenuItem::Exclusive;
+  }
+
+ private:
+  static constexpr const char* kChoice = "choice";
+};
+
+Menu& AddMenu(QMenuBar& bar, const QString& title = {}) {
+  auto* menu = new Menu(title, &bar);
+  bar.addMenu(menu);
+  return *menu;
+}
+
+void AddLines(Menu& menu, const std::vector<MenuLine>& lines) {
   for (const MenuLine& line : lines) {
     if (!line.item) {
       menu.addSeparator();
       continue;
     }
-    QAction* action = menu.addAction(QString());
-    action->setCheckable(line.ticks);
+    QAction* action = menu.AddEntry(line.mark);
     action->setShortcut(line.keys);
     Bind(*action, *line.item, line.mnemonic, line.turn);
   }
 }
 
 /// A menu that is itself an item of the panel model.
-QMenu& AddSubMenu(QMenu& menu, MenuItem& item, char mnemonic, const std::vector<MenuLine>& lines) {
-  QMenu* sub = menu.addMenu(QString());
+void AddSubMenu(QMenu& menu, MenuItem& item, char mnemonic, const std::vector<MenuLine>& lines) {
+  auto* sub = new Menu(&menu);
+  menu.addMenu(sub);
   Bind(*sub->menuAction(), item, mnemonic);
   AddLines(*sub, lines);
-  return *sub;
 }
 
-/// "Com 1" with the device behind it.
-QString PortSuffix(const std::function<std::string(int)>& deviceName, int port) {
-  const std::string device = deviceName ? deviceName(port) : std::string();
-  return QStringLiteral("   ") + (device.empty() ? QStringLiteral("(no device)") : ShownLiteral(device));
+/// "Com 1" with the device behind it, and whether it is the one that is open.
+QString PortSuffix(const WindowHooks& hooks, int port, bool chosen) {
+  const std::string device = hooks.deviceName ? hooks.deviceName(port) : std::string();
+  QString suffix =
+      QStringLiteral("   ") + (device.empty() ? QStringLiteral("(no device)") : ShownLiteral(device));
+  if (chosen && hooks.portOpen && hooks.portOpen()) suffix += QStringLiteral("   (open)");
+  return suffix;
 }
 
-void AddPorts(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
+void AddPorts(Menu& menu, FrmStart& form, const WindowHooks& hooks) {
   // Before the entries are bound, so that they tell what was found.
   if (hooks.lookForDevices) QObject::connect(&menu, &QMenu::aboutToShow, &menu, hooks.lookForDevices);
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    QAction* action = menu.addAction(QString());
-    action->setCheckable(true);
-    Bind(*action, form.ComMenu(port),
-         [deviceName = hooks.deviceName, port](const MenuItem& shown, QAction& entry) {
+    Bind(*menu.AddEntry(Mark::kChoice), form.ComMenu(port),
+         [hooks, port](const MenuItem& shown, QAction& entry) {
            entry.setText(ShownWithMnemonic(shown.Caption(), static_cast<char>('0' + port)) +
-                         PortSuffix(deviceName, port));
+                         PortSuffix(hooks, port, shown.Checked()));
          });
   }
 }
@@ -81,50 +114,53 @@ void AddRecent(QMenu& menu, ControlArray<MenuItem>& items) {
   }
 }
 
-void AddGuide(QMenu& menu, MenuItem& item, const WindowHooks& hooks) {
+void AddGuide(Menu& menu, MenuItem& item, const WindowHooks& hooks) {
   QAction* action = menu.addAction(QString());
   action->setShortcut(QKeySequence::HelpContents);
   Bind(*action, item, 'U');
   if (hooks.showGuide) QObject::connect(action, &QAction::triggered, action, hooks.showGuide);
 }
 
-void FillOptions(QMenu& menu, FrmStart& form, const WindowHooks& hooks) {
+void FillOptions(Menu& menu, FrmStart& form, const WindowHooks& hooks) {
   AddPorts(menu, form, hooks);
   menu.addSeparator();
-  AddSubMenu(menu, form.mnuHardwareType, 'H', {{&form.mnuHD7340, 'H', true}, {&form.mnuHD7340Q, 'Q', true}});
-  AddLines(menu, {{}, {&form.mnuAuto, 'A', true}, {&form.mnuMan, 'M', true}, {}});
-  AddSubMenu(menu, form.mnuChar, 'I', {{&form.mnuCharOn, 'n', true}, {&form.mnuCharOff, 'f', true}});
+  AddSubMenu(menu, form.mnuHardwareType, 'H',
+             {{&form.mnuHD7340, 'H', Mark::kChoice}, {&form.mnuHD7340Q, 'Q', Mark::kChoice}});
+  AddLines(menu, {{}, {&form.mnuAuto, 'A', Mark::kChoice}, {&form.mnuMan, 'M', Mark::kChoice}, {}});
+  AddSubMenu(menu, form.mnuChar, 'I',
+             {{&form.mnuCharOn, 'n', Mark::kChoice}, {&form.mnuCharOff, 'f', Mark::kChoice}});
   AddSubMenu(menu, form.mnuStat, 'S',
-             {{&form.mnu10, '1', true},
-              {&form.mnu20, '2', true},
-              {&form.mnu30, '3', true},
-              {&form.mnu60, '6', true},
-              {&form.mnuNever, 'N', true}});
-  AddLines(menu, {{}, {&form.mnuCommD, 'D', true}});
+             {{&form.mnu10, '1', Mark::kChoice},
+              {&form.mnu20, '2', Mark::kChoice},
+              {&form.mnu30, '3', Mark::kChoice},
+              {&form.mnu60, '6', Mark::kChoice},
+              {&form.mnuNever, 'N', Mark::kChoice}});
+  AddLines(menu, {{}, {&form.mnuCommD, 'D', Mark::kTick}});
 }
 
 }  // namespace
 
 void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
-  QMenu& file = *bar.addMenu(QStringLiteral("&File"));
-  AddLines(file, {{&form.mnuNew, 'N', false, QKeySequence::New},
-                  {&form.mnuOpen, 'O', false, QKeySequence::Open},
-                  {&form.mnuSav, 'S', false, QKeySequence::Save},
-                  {&form.mnuSave, 'A', false, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+  Menu& file = AddMenu(bar, QStringLiteral("&File"));
+  AddLines(file, {{&form.mnuNew, 'N', Mark::kNone, QKeySequence::New},
+                  {&form.mnuOpen, 'O', Mark::kNone, QKeySequence::Open},
+                  {&form.mnuSav, 'S', Mark::kNone, QKeySequence::Save},
+                  {&form.mnuSave, 'A', Mark::kNone, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
                   {}});
   if (hooks.recentFiles) AddRecent(file, *hooks.recentFiles);
-  AddLines(file, {{&form.mnuPrint, 'P', false, QKeySequence::Print},
+  AddLines(file, {{&form.mnuPrint, 'P', Mark::kNone, QKeySequence::Print},
                   {&form.mnuPreview, 'v'},
                   {&form.mnuExport, 'E'},
                   {},
-                  {&form.mnuExit, 'x', false, QKeySequence(Qt::CTRL | Qt::Key_Q), Turn::kClosing}});
-  QMenu* mode = bar.addMenu(QString());
-  Bind(*mode->menuAction(), form.mnuMode, 'M');
-  AddLines(*mode, {{&form.mnuInter, 'I', true}, {&form.mnuOff, 'O', true, {}, Turn::kAtOnce}});
-  FillOptions(*bar.addMenu(QStringLiteral("&Options")), form, hooks);
-  AddLines(*bar.addMenu(QStringLiteral("&Parameters")),
+                  {&form.mnuExit, 'x', Mark::kNone, QKeySequence(Qt::CTRL | Qt::Key_Q), Turn::kClosing}});
+  Menu& mode = AddMenu(bar);
+  Bind(*mode.menuAction(), form.mnuMode, 'M');
+  AddLines(mode,
+           {{&form.mnuInter, 'I', Mark::kChoice}, {&form.mnuOff, 'O', Mark::kChoice, {}, Turn::kAtOnce}});
+  FillOptions(AddMenu(bar, QStringLiteral("&Options")), form, hooks);
+  AddLines(AddMenu(bar, QStringLiteral("&Parameters")),
            {{&form.mnuAddParameter, 'A'}, {&form.mnuRemoveParameter, 'R'}});
-  QMenu& help = *bar.addMenu(QStringLiteral("&Help"));
+  Menu& help = AddMenu(bar, QStringLiteral("&Help"));
   AddLines(help, {{&form.mnuContents, 'C'}});
   AddGuide(help, form.mnuGuide, hooks);
   AddLines(help, {{&form.mnuAbout, 'A'}});

@@ -6,10 +6,11 @@
 
 #include "gui/look.h"
 #include "gui/panel_views.h"
+#include "gui/scroll_keeper.h"
 
 namespace marlinset {
 
-PanelHost::PanelHost(FrmStart& form, QWidget* parent) : QStackedWidget(parent) {
+PanelHost::PanelHost(FrmStart& form, QWidget* parent) : QStackedWidget(parent), form_(form) {
   Add(form.fCodes, MakeInputsPanel(form, this));
   Add(form.fOutputs, MakeOutputsPanel(form, this));
   Add(form.fWindows, MakeWindowsPanel(form, this));
@@ -28,6 +29,7 @@ void PanelHost::Add(Frame& frame, QWidget* panel) {
   SetSpaces(*box, *this, 2);
   box->addWidget(panel);
   area->setWidget(margin);
+  new ScrollKeeper(*area, form_);
   addWidget(area);
   pages_.emplace_back(&frame, area);
   listening_.emplace_back(frame.Changed, [this] { ShowVisible(); });

@@ -19,6 +19,7 @@ class PanelHost : public QStackedWidget {
   void Add(Frame& frame, QWidget* panel);
   void ShowVisible();
 
+  FrmStart& form_;
   std::vector<std::pair<Frame*, QWidget*>> pages_;
   std::vector<Listening<>> listening_;
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QStyledItemDelegate>
@@ -6,16 +7,18 @@
 
 #include "gui/bindings.h"
 #include "gui/fields.h"
-#include "gui/group.h"
 #include "gui/look.h"
 #include "gui/panel_views.h"
 #include "gui/parameter_model.h"
+#include "gui/scroll_keeper.h"
 
 namespace marlinset {
 namespace {
 
 constexpr int kDecimal = 10;
 constexpr int kHexadecimal = 16;
+constexpr int kWidestFigures = 160;
+constexpr int kNearlyAll = 1000;  ///< of the width, against what stays empty
 
 /// Edits a value with the row's own spin, which needs no copying to and fro.
 class ValueDelegate : public QStyledItemDelegate {
@@ -140,8 +143,14 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
   table->setItemDelegate(new ValueDelegate(form, *model, table));
   SetUpTable(table);
   FollowModel(table, model, form);
+  new ScrollKeeper(*table, form);
   BindFlags(*table, form.pParIn);
-  FillPage(*page, table);
+  // On a wide screen a value stays beside its description.
+  table->setMaximumWidth(FiguresWidth(*table, kWidestFigures));
+  auto* row = new QHBoxLayout(page);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(table, kNearlyAll);
+  row->addStretch(1);
   Bind(*page, form.fParameters);
   return page;
 }

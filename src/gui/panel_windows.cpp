@@ -88,7 +88,7 @@ QWidget* MakeWindowsPanel(FrmStart& form, QWidget* parent) {
   AlignLabels({attributes, slate});
   QWidget* right = MakeColumn({attributes, slate, MakeMessage(form, page), MakeProgramOut(form, page)}, page);
   auto* both = new SideBySide(position, right, page);
-  both->LetFirstGrow();
+  both->LetFirstGrow(position->minimumSizeHint().width() + table->RoomForNames());
   FillPage(*page, both);
   Bind(*page, form.fWindows);
   return page;

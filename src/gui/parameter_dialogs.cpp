@@ -59,6 +59,7 @@ std::unique_ptr<QDialog> MakeEditWindow(FrmEditParameters& form, QWidget* parent
   AddField(*rows, *window, form.txtDescription, 'D', kDescriptionFigures);
   AddField(*rows, *window, form.txtValue, 'V', kNumberFigures);
   all->addLayout(rows);
+  all->addWidget(MakeLabel(QStringLiteral("A number that is left empty becomes 0."), window.get()));
   auto* buttons = new QDialogButtonBox(window.get());
   AddButton(*buttons, QDialogButtonBox::ApplyRole, form.cmdUpdate, 'U')->setDefault(true);
   AddButton(*buttons, QDialogButtonBox::RejectRole, form.cmdDone, 'C');

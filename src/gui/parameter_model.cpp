@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/parameter_model.h"
 
+#include <QGuiApplication>
 #include <algorithm>
+#include <utility>
 
 #include "gui/look.h"
 
@@ -45,6 +47,7 @@ void ParameterModel::WatchRow(int index) {
         static_cast<Control*>(&form_.lDesc(index)), static_cast<Control*>(&form_.tVal(index))}) {
     row.emplace_back(control->Changed, [this, index] { RowChanged(index); });
   }
+  row.emplace_back(form_.lDesc(index).Changed, [this, index] { MarkChanged(index); });
   // A list that is filled anew, after a sort for example, begins with empty captions.
   row.emplace_back(form_.lClass(index).Changed, [this, index] {
     if (form_.lClass(index).Caption().empty()) ArrangeSoon();
@@ -64,7 +67,19 @@ void ParameterModel::RowChanged(int index) {
   } else if (shown) {
     const int row = static_cast<int>(place - rows_.begin());
     emit dataChanged(createIndex(row, 0), createIndex(row, kColumns - 1));
-    if (form_.lDesc(index).BackColor() == kYellow) emit Marked(createIndex(row, kDescription));
+  }
+}
+
+void ParameterModel::MarkChanged(int index) {
+  const bool marked = form_.lDesc(index).BackColor() == kYellow;
+  if (marked == (index == underWay_)) return;
+  const int before = std::exchange(underWay_, marked ? index : kNoIndex);
+  for (const int changed : {before, index}) {
+    const auto place = std::lower_bound(rows_.begin(), rows_.end(), changed);
+    if (place == rows_.end() || *place != changed) continue;
+    const QModelIndex cell = createIndex(static_cast<int>(place - rows_.begin()), kDescription);
+    emit dataChanged(cell, cell);
+    if (changed == underWay_) emit Marked(cell);
   }
 }
 
@@ -119,9 +134,13 @@ QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
     case Qt::FontRole:
       return cell.column() == kValue ? QVariant(FixedFont()) : QVariant();
     case Qt::BackgroundRole:
-      return marked ? QVariant(MarkColor()) : QVariant();
+      return !marked              ? QVariant()
+             : index == underWay_ ? QVariant(MarkColor())
+                                  : QVariant(SentColor(QGuiApplication::palette()));
     case Qt::ForegroundRole:
-      return marked ? QVariant(MarkTextColor()) : QVariant();
+      return marked && index == underWay_ ? QVariant(MarkTextColor()) : QVariant();
+    case Qt::ToolTipRole:
+      return cell.column() == kDescription ? QVariant(TextOf(index, kDescription)) : QVariant();
     default:
       return {};
   }

@@ -31,7 +31,7 @@ class ParameterModel : public QAbstractTableModel {
   Button& Head(int column) const;
 
  signals:
-  /// The parameter of this cell is being sent.
+  /// The parameter of this cell is being sent now.
   void Marked(const QModelIndex& cell);
 
  private:
@@ -40,6 +40,7 @@ class ParameterModel : public QAbstractTableModel {
   void WatchRow(int index);
   void ForgetRow(int index);
   void RowChanged(int index);
+  void MarkChanged(int index);
   void ArrangeSoon();
   void Arrange();
   QString TextOf(int index, int column) const;
@@ -47,6 +48,7 @@ class ParameterModel : public QAbstractTableModel {
   FrmStart& form_;
   std::vector<int> rows_;  ///< indices of the visible rows, ascending
   bool arranging_ = false;
+  int underWay_ = kNoIndex;  ///< the row that was marked last; the send leaves marks behind it
   std::vector<Listening<int>> arrays_;
   std::vector<Listening<>> heads_;
   std::map<int, std::vector<Listening<>>> controls_;

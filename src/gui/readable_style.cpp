@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/readable_style.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "gui/look.h"
 
@@ -15,22 +17,39 @@ bool ShowsEdges(const QPalette& palette) {
   return base.lightness() > palette.color(QPalette::Text).lightness() && base != MarkColor();
 }
 
-/// A faint edge for what is disabled, a plain one for the rest.
-void PaintEdge(QPainter& painter, const QStyleOption& option, bool round) {
-  const QPalette& palette = option.palette;
-  const QColor base = palette.color(QPalette::Base);
-  const double strength = option.state & QStyle::State_Enabled ? 0.5 : 0.2;
+void PaintFrame(QPainter& painter, const QRect& rect, const QPen& pen, bool round) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Blend(base, palette.color(QPalette::Active, QPalette::Text), strength));
+  painter.setPen(pen);
   painter.setBrush(Qt::NoBrush);
-  const QRectF edge = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  const double half = pen.widthF() / 2;
+  const QRectF edge = QRectF(rect).adjusted(half, half, -half, -half);
   if (round) {
     painter.drawEllipse(edge);
   } else {
     painter.drawRoundedRect(edge, 1.5, 1.5);
   }
   painter.restore();
+}
+
+/// A faint edge for what is disabled, a plain one for the rest.
+void PaintEdge(QPainter& painter, const QStyleOption& option, bool round) {
+  const QPalette& palette = option.palette;
+  const double strength = option.state & QStyle::State_Enabled ? 0.5 : 0.2;
+  const QColor base = palette.color(QPalette::Base);
+  PaintFrame(painter, option.rect, Blend(base, palette.color(QPalette::Active, QPalette::Text), strength),
+             round);
+}
+
+/// A tick or a dot, and in the focus a frame: the usual styles show none before the Tab key was pressed, and
+/// a faint one then.
+void PaintIndicatorEdge(QPainter& painter, const QStyleOption& option, bool round) {
+  constexpr int kFocusWidth = 2;
+  if (option.state & QStyle::State_HasFocus) {
+    PaintFrame(painter, option.rect, QPen(FocusColor(option.palette), kFocusWidth), round);
+  } else {
+    PaintEdge(painter, option, round);
+  }
 }
 
 /// The head of a column whose cells stand at the right; nothing for anything else.
@@ -94,6 +113,21 @@ QSize ReadableStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
   return type == CT_ItemViewItem && IsRightCell(option) ? whole + QSize(ColumnGap(*option), 0) : whole;
 }
 
+int ReadableStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+  switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight: {
+      const QFontMetrics letters(widget ? widget->font() : QApplication::font());
+      return std::max(usual, letters.ascent());
+    }
+    default:
+      return usual;
+  }
+}
+
 void ReadableStyle::polish(QPalette& palette) {
   QProxyStyle::polish(palette);
   const QColor accent = Accent(palette);
@@ -107,8 +141,8 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
                                   const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool focused = option->state & State_HasFocus;
-  if (element == PE_IndicatorRadioButton) PaintEdge(*painter, *option, true);
-  if (element == PE_IndicatorCheckBox) PaintEdge(*painter, *option, false);
+  if (element == PE_IndicatorRadioButton) PaintIndicatorEdge(*painter, *option, true);
+  if (element == PE_IndicatorCheckBox) PaintIndicatorEdge(*painter, *option, false);
   if (element == PE_FrameLineEdit && !focused && !ShowsEdges(option->palette))
     PaintEdge(*painter, *option, false);
 }

@@ -5,10 +5,11 @@
 
 namespace marlinset {
 
-/// The desktop's style, easier to read. Check boxes and option buttons get an edge that can be seen, on a
-/// dark palette and on a yellow mark fields too: the usual styles draw that edge faint, or darker than the
-/// background. What is selected stands out enough from its text. In tables figures end off the next column,
-/// and their heads end where they do, whether or not an arrow shows a sort. For QApplication::setStyle.
+/// The desktop's style, easier to read. Check boxes and option buttons grow with the text and get an edge
+/// that can be seen, a broad coloured one in the focus; on a dark palette and on a yellow mark fields too:
+/// the usual styles draw that edge faint, or darker than the background. What is selected stands out enough
+/// from its text. In tables figures end off the next column, and their heads end where they do, whether or
+/// not an arrow shows a sort. For QApplication::setStyle.
 class ReadableStyle : public QProxyStyle {
   Q_OBJECT
  public:
@@ -21,6 +22,7 @@ class ReadableStyle : public QProxyStyle {
   QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                          const QWidget* widget) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
   using QProxyStyle::polish;
   void polish(QPalette& palette) override;
 };

@@ -12,6 +12,7 @@
 #include "gui/fields.h"
 #include "gui/group.h"
 #include "gui/indicator.h"
+#include "gui/live_sign.h"
 #include "gui/look.h"
 
 namespace marlinset {
@@ -59,7 +60,8 @@ void AddButton(QBoxLayout& row, BarButton* widget, Button& control, char mnemoni
 
 }  // namespace
 
-ToolArea::ToolArea(FrmStart& form, QWidget* parent) : QWidget(parent) {
+ToolArea::ToolArea(FrmStart& form, const std::function<std::string(int)>& deviceName, QWidget* parent)
+    : QWidget(parent) {
   Bind(*this, form.CoolBar1);
   auto* rows = new QVBoxLayout(this);
   SetSpaces(*rows, *this);
@@ -72,6 +74,8 @@ ToolArea::ToolArea(FrmStart& form, QWidget* parent) : QWidget(parent) {
   rows->addWidget(MakeLine(standard, main, this));
   Strip views(this);
   views.row->addWidget(MakeViews(form));
+  views.row->addSpacing(2 * unit);
+  views.row->addWidget(new LiveSign(form, deviceName, this));
   Strip service(this);
   AddService(form, *service.row);
   rows->addWidget(MakeLine(views, service, this));

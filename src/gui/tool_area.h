@@ -14,7 +14,8 @@ namespace marlinset {
 class ToolArea : public QWidget {
   Q_OBJECT
  public:
-  ToolArea(FrmStart& form, QWidget* parent);
+  /// `deviceName`: the device behind a port number; may be empty.
+  ToolArea(FrmStart& form, const std::function<std::string(int)>& deviceName, QWidget* parent);
 
  private:
   QWidget* MakeVitcModes(FrmStart& form);

@@ -8,15 +8,20 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <optional>
 
 #include "gui/bindings.h"
 #include "gui/fields.h"
 #include "gui/look.h"
+#include "gui/scroll_keeper.h"
 
 namespace marlinset {
 namespace {
 
+// Letters of the name column: the least, and the most, so that on a wide screen a name and its boxes are read
+// in one glance.
 constexpr int kNameCharacters = 18;
+constexpr int kWidestName = 34;
 constexpr int kLeastRows = 6;
 
 /// The heads in the order of the columns: the name, five boxes, two positions.
@@ -29,14 +34,11 @@ std::vector<ControlArray<CheckBox>*> Boxes(FrmStart& form) {
   return {&form.chOnOff, &form.chSlate, &form.chDblSize, &form.chSym, &form.chField};
 }
 
-/// A widget in the middle of a cell of fixed width, all of which is its control's to the mouse.
-QWidget* MakeCell(QWidget* content, int width, QWidget* parent) {
+QWidget* MakeCell(QWidget* content, Qt::Alignment at, QWidget* parent) {
   auto* cell = new QWidget(parent);
   auto* box = new QHBoxLayout(cell);
   box->setContentsMargins(0, 0, 0, 0);
-  box->addWidget(content, 0, Qt::AlignCenter);
-  cell->setFixedWidth(width);
-  Binding::Of(*content).AddSurface(*cell);
+  box->addWidget(content, 0, at);
   return cell;
 }
 
@@ -45,7 +47,7 @@ QWidget* MakeCell(QWidget* content, int width, QWidget* parent) {
 /// One row; the one under the pointer is tinted.
 class WindowTable::RowStrip : public QWidget {
  public:
-  RowStrip(Label& name, QWidget* parent) : QWidget(parent), name_(name) {
+  RowStrip(Label& name, WindowTable& table, QWidget* parent) : QWidget(parent), name_(name), table_(table) {
     setAttribute(Qt::WA_Hover);
     cells_ = new QHBoxLayout(this);
     SetSpaces(*cells_, *this);
@@ -53,35 +55,67 @@ class WindowTable::RowStrip : public QWidget {
     cells_->setContentsMargins(unit, unit / 3, unit, unit / 3);
     listening_.emplace_back(name.Changed, [this] { FollowName(); });
   }
-  QHBoxLayout& Cells() { return *cells_; }
-  /// Adds a cell around a field of the row.
-  void AddField(QWidget* field, int width) {
+  void AddName(QLabel* label) {
+    nameCell_ = MakeCell(label, {}, this);
+    cells_->addWidget(nameCell_, 1);
+  }
+  /// Adds a field in the middle of a cell of fixed width, all of which is its control's to the mouse.
+  void AddField(QWidget* field, const QString& head, int width) {
     fields_.push_back(field);
-    cells_->addWidget(MakeCell(field, width, this));
+    heads_ << head;
+    QWidget* cell = MakeCell(field, Qt::AlignCenter, this);
+    cell->setFixedWidth(width);
+    Binding::Of(*field).AddSurface(*cell);
+    cells_->addWidget(cell);
   }
   /// In reading order.
   const std::vector<QWidget*>& Fields() const { return fields_; }
-  void FollowName() { setVisible(name_.Visible()); }
+  void FollowName() {
+    setVisible(name_.Visible());
+    if (!name_.Visible()) table_.Tint(this, false);
+    if (Shown(name_.Caption()) != spoken_) SpeakName(Shown(name_.Caption()));
+  }
   /// The row's controls are about to go.
   void Release() {
     listening_.clear();
+    table_.Tint(this, false);
     Binding::Retire(*this);
   }
 
  protected:
+  bool event(QEvent* event) override {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::HoverEnter || type == QEvent::HoverMove) table_.Tint(this, true);
+    if (type == QEvent::HoverLeave) table_.Tint(this, false);
+    return QWidget::event(event);
+  }
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     const QColor text = palette().color(QPalette::Text);
     const QColor base = palette().color(QPalette::Base);
-    if (underMouse()) painter.fillRect(rect(), Blend(base, Accent(palette()), 0.18));
+    if (table_.tinted_ == this) painter.fillRect(rect(), Blend(base, Accent(palette()), 0.18));
     painter.setPen(Blend(base, text, 0.1));
     painter.drawLine(rect().bottomLeft(), rect().bottomRight());
   }
 
  private:
+  /// A row comes before its name does; a screen reader says both for each field.
+  void SpeakName(const QString& name) {
+    spoken_ = name;
+    nameCell_->setToolTip(
+        name + QStringLiteral("\nIn interactive mode, rest the pointer here: the unit lights this window."));
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+      fields_[i]->setAccessibleName(name + QStringLiteral(", ") + heads_.at(static_cast<qsizetype>(i)));
+    }
+  }
+
   Label& name_;
+  WindowTable& table_;
   QHBoxLayout* cells_;
+  QWidget* nameCell_ = nullptr;
+  std::optional<QString> spoken_;
   std::vector<QWidget*> fields_;
+  QStringList heads_;
   std::vector<Listening<>> listening_;
 };
 
@@ -102,6 +136,7 @@ WindowTable::WindowTable(FrmStart& form, QWidget* parent)
   area_->setFocusPolicy(Qt::NoFocus);
   area_->setWidget(sheet);
   area_->viewport()->installEventFilter(this);
+  new ScrollKeeper(*area_, form);
   BindFlags(*sheet, form.pWinIn);
   BindFlags(*area_, form.pWinOut);
   auto* rows = new QVBoxLayout(this);
@@ -128,7 +163,7 @@ void WindowTable::Watch(ControlArray<T>& array) {
 
 void WindowTable::AddRow(int index) {
   if (!form_.HasWindowRow(index) || rows_.contains(index)) return;
-  auto* row = new RowStrip(form_.lName(index), area_->widget());
+  auto* row = new RowStrip(form_.lName(index), *this, area_->widget());
   FillRow(*row, index);
   const auto place = rows_.emplace(index, row).first;
   rowStack_->insertWidget(static_cast<int>(std::distance(rows_.begin(), place)), row);
@@ -192,28 +227,37 @@ QWidget* WindowTable::MakeHeader() {
 
 void WindowTable::FillRow(RowStrip& row, int index) {
   const std::vector<Button*> heads = Heads(form_);
-  const auto nameOf = [&](std::size_t column) {
-    return Shown(form_.lName(index).Caption() + ", " + heads[column]->Caption());
-  };
   auto* name = new QLabel(&row);
   name->setMinimumWidth(widths_.front());
   // The gaps between the cells count as the name, so that the pointer can cross a row without a message.
-  Bind(*name, form_.lName(index)).AddSurface(row);
-  row.Cells().addWidget(name, 1);
+  row.AddName(name);
+  Binding& binding = Bind(*name, form_.lName(index));
+  for (QWidget* around : {name->parentWidget(), static_cast<QWidget*>(&row)}) binding.AddSurface(*around);
   std::size_t column = 1;
+  const auto add = [&](QWidget* field) {
+    row.AddField(field, Shown(heads[column]->Caption()), widths_[column]);
+    ++column;
+  };
   for (ControlArray<CheckBox>* boxes : Boxes(form_)) {
     auto* box = new QCheckBox(&row);
     Bind(*box, (*boxes)(index));
-    box->setAccessibleName(nameOf(column));
-    row.AddField(box, widths_[column++]);
+    add(box);
   }
   const std::pair<SpinControl*, TextBox*> positions[] = {{&form_.udVer(index), &form_.tVert(index)},
                                                          {&form_.udHor(index), &form_.tHor(index)}};
-  for (const auto& [spin, echo] : positions) {
-    auto* field = new SpinField(*spin, *echo, &row);
-    field->setAccessibleName(nameOf(column));
-    row.AddField(field, widths_[column++]);
-  }
+  for (const auto& [spin, echo] : positions) add(new SpinField(*spin, *echo, &row));
+}
+
+/// A wait for the unit may come between a row that is entered and the one that is left: the last one counts.
+void WindowTable::Tint(RowStrip* row, bool on) {
+  if (on == (tinted_ == row)) return;
+  if (tinted_) tinted_->update();
+  tinted_ = on ? row : nullptr;
+  if (tinted_) tinted_->update();
+}
+
+int WindowTable::RoomForNames() const {
+  return fontMetrics().averageCharWidth() * (kWidestName - kNameCharacters);
 }
 
 bool WindowTable::eventFilter(QObject* watched, QEvent* event) {

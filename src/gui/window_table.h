@@ -23,6 +23,8 @@ class WindowTable : public QWidget {
   ~WindowTable() override;
   /// The row of window `index`, null when there is none.
   QWidget* Row(int index) const;
+  /// By how much the table may be wider than it needs to be before its columns drift apart.
+  int RoomForNames() const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -38,6 +40,7 @@ class WindowTable : public QWidget {
   void MeasureColumns();
   QWidget* MakeHeader();
   void FillRow(RowStrip& row, int index);
+  void Tint(RowStrip* row, bool on);
 
   FrmStart& form_;
   std::vector<int> widths_;  ///< of the columns in pixels; the first one grows
@@ -45,6 +48,7 @@ class WindowTable : public QWidget {
   QHBoxLayout* headerCells_ = nullptr;
   QScrollArea* area_;
   QVBoxLayout* rowStack_;
+  RowStrip* tinted_ = nullptr;  ///< the row under the pointer
   std::map<int, RowStrip*> rows_;
   std::vector<Listening<int>> listening_;
 };

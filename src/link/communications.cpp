@@ -71,6 +71,7 @@ void Communications::SendPacket(const std::vector<PacketField>& fields) {
 void Communications::Transmit(const std::vector<PacketField>& fields) {
   answers.Leaves(IsQuery(fields));
   platform_.ComP1.Output(vars_.TxBytes);
+  FrameSent.Emit(vars_.TxBytes);
   form_.ShowTraffic(kGreen);
   form_.StatBar(FrmStart::kVideoPanel).SetText("Packet Out");
   while (LineUp() && platform_.ComP1.OutBufferCount() >= 1) platform_.pump.Pump();

@@ -8,6 +8,7 @@
 #include "core/variables.h"
 #include "link/answers.h"
 #include "link/replies.h"
+#include "platform/signal.h"
 
 namespace marlinset {
 
@@ -26,6 +27,9 @@ class Communications {
   /// gone. A negative field goes out as its low byte, an empty one as 0; above 255 is failure 6. On a closed
   /// port: a box, and panel 1 "Ack In", so that the caller's wait ends at once and reports no second error.
   void SendPacket(const std::vector<PacketField>& fields);
+
+  /// Each frame as it goes to the port, start mark to checksum.
+  Signal<std::span<const std::uint8_t>> FrameSent;
 
   /// Takes what lies in the receive buffer as one message. Safe to call with nothing to read. All effects go
   /// through the status bar, the flags and the decoders; a failure on the way ends as "Buff Over" in panel 3.

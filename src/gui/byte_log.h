@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPlainTextEdit>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "core/frm_start.h"
+#include "gui/binding.h"
+
+namespace marlinset {
+
+/// A frame that leaves for the unit.
+using FrameSignal = Signal<std::span<const std::uint8_t>>;
+
+/// What passes on the line, a line of the log for each change of direction. The control `tInput` holds
+/// received bytes only, and few of them; the log shows those as they come, and keeps them after the control
+/// was emptied.
+class ByteLog : public QPlainTextEdit {
+  Q_OBJECT
+ public:
+  /// `sent`: null where nobody tells what is sent.
+  ByteLog(FrmStart& form, FrameSignal* sent, QWidget* parent);
+
+ private:
+  enum class Direction { kNone, kOut, kIn };
+  void NoteSent(std::span<const std::uint8_t> frame);
+  void NoteReceived();
+  void Append(const std::string& bytes);
+
+  const TextBox& received_;
+  std::string known_;  ///< what the control held when it was last looked at
+  Direction direction_ = Direction::kNone;
+  Listening<> listening_;
+  std::optional<Listening<std::span<const std::uint8_t>>> sent_;
+};
+
+}  // namespace marlinset

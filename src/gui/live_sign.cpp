@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/live_sign.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "gui/look.h"
+#include "link/identification.h"
+#include "platform/ms_comm.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kLongestDevice = 24;
+
+QString Word() {
+  return QStringLiteral("LIVE");
+}
+
+}  // namespace
+
+LiveSign::LiveSign(FrmStart& form, std::function<std::string(int)> deviceName, QWidget* parent)
+    : QWidget(parent), form_(form), deviceName_(std::move(deviceName)) {
+  setObjectName(QStringLiteral("LiveSign"));
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  std::vector<Control*> told = {&form.mnuInter, &form.StatBar(FrmStart::kModelPanel)};
+  for (int port = kLowestPort; port <= kHighestPort; ++port) told.push_back(&form.ComMenu(port));
+  for (Control* control : told) listening_.emplace_back(control->Changed, [this] { ShowForm(); });
+  ShowForm();
+}
+
+void LiveSign::ShowForm() {
+  if (UnitIsIdentified(form_)) model_ = Shown(form_.StatBar(FrmStart::kModelPanel).Text());
+  const bool live = form_.mnuInter.Checked();
+  setVisible(live);
+  const QString unit = model_ + QStringLiteral(", ") + Port();
+  if (!live || unit == unit_) return;
+  unit_ = unit;
+  setAccessibleName(Word() + QStringLiteral(": ") + unit);
+  setToolTip(unit +
+             QStringLiteral("\nInteractive mode: each change goes to the unit at once. Mode > Off ends it."));
+  updateGeometry();
+  update();
+}
+
+QString LiveSign::Port() const {
+  for (int port = kLowestPort; port <= kHighestPort; ++port) {
+    const MenuItem& item = form_.ComMenu(port);
+    if (!item.Checked()) continue;
+    QString device = deviceName_ ? Shown(deviceName_(port)) : QString();
+    if (device.startsWith(QLatin1String("/dev/"))) device.remove(0, 5);
+    if (device.size() > kLongestDevice) device = QChar(0x2026) + device.right(kLongestDevice);
+    return Shown(item.Caption()) + (device.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(device));
+  }
+  return {};
+}
+
+QFont LiveSign::WordFont() const {
+  QFont bold = font();
+  bold.setBold(true);
+  return bold;
+}
+
+QSize LiveSign::WordSize() const {
+  const QFontMetrics letters(WordFont());
+  const int unit = SpaceUnit(*this);
+  return {letters.horizontalAdvance(Word()) + 3 * unit, letters.height() + unit};
+}
+
+QSize LiveSign::sizeHint() const {
+  const QSize word = WordSize();
+  return {word.width() + 2 * SpaceUnit(*this) + fontMetrics().horizontalAdvance(unit_), word.height()};
+}
+
+QSize LiveSign::minimumSizeHint() const {
+  return WordSize();
+}
+
+void LiveSign::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QSize size = WordSize();
+  const QRect word(QPoint(0, (height() - size.height()) / 2), size);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Ground());
+  painter.drawRoundedRect(word, 3, 3);
+  painter.setPen(Ink());
+  painter.setFont(WordFont());
+  painter.drawText(word, Qt::AlignCenter, Word());
+  painter.setFont(font());
+  painter.setPen(palette().color(QPalette::WindowText));
+  const QRect rest = rect().adjusted(word.width() + SpaceUnit(*this), 0, 0, 0);
+  painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   fontMetrics().elidedText(unit_, Qt::ElideRight, rest.width()));
+}
+
+}  // namespace marlinset

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/frm_start.h"
+#include "gui/binding.h"
+
+namespace marlinset {
+
+/// The word LIVE with the unit's model and its port, there while interactive mode is on: whatever is changed
+/// then goes on air at once.
+class LiveSign : public QWidget {
+  Q_OBJECT
+ public:
+  /// `deviceName`: the device behind a port number; may be empty.
+  LiveSign(FrmStart& form, std::function<std::string(int)> deviceName, QWidget* parent);
+  /// What stands behind the word: "HD7340Q, Com 1 (ttyUSB0)".
+  QString Unit() const { return unit_; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+  static QColor Ground() { return {188, 24, 24}; }
+  static QColor Ink() { return Qt::white; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void ShowForm();
+  QString Port() const;
+  QFont WordFont() const;
+  QSize WordSize() const;
+
+  FrmStart& form_;
+  std::function<std::string(int)> deviceName_;
+  QString model_;  ///< the status bar also tells other things where the model stands
+  QString unit_;
+  std::vector<Listening<>> listening_;
+};
+
+}  // namespace marlinset

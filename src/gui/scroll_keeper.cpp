@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/scroll_keeper.h"
+
+#include <QAbstractScrollArea>
+#include <QScrollBar>
+
+namespace marlinset {
+
+ScrollKeeper::ScrollKeeper(QAbstractScrollArea& area, FrmStart& form)
+    : QObject(&area),
+      area_(area),
+      listening_(form.bSConfig.Changed, [this, &form] { Follow(!form.bSConfig.Enabled()); }) {
+  // Wheel, handle and keys, but not what code sets.
+  connect(area.verticalScrollBar(), &QAbstractSlider::actionTriggered, this, [this] { place_.reset(); });
+}
+
+/// The main action is disabled exactly while a setup is on its way.
+void ScrollKeeper::Follow(bool sending) {
+  if (sending == sending_) return;
+  sending_ = sending;
+  QScrollBar& bar = *area_.verticalScrollBar();
+  if (sending) {
+    place_ = bar.value();
+  } else if (place_) {
+    bar.setValue(*place_);
+  }
+}
+
+}  // namespace marlinset
