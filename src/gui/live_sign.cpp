@@ -48,7 +48,8 @@ QString LiveSign::Port() const {
     const MenuItem& item = form_.ComMenu(port);
     if (!item.Checked()) continue;
     QString device = deviceName_ ? Shown(deviceName_(port)) : QString();
-    if (device.startsWith(QLatin1String("/dev/"))) device.remove(0, 5);
+    const QLatin1String devices("/dev/");
+    device = device.startsWith(devices) ? device.mid(devices.size()) : device.section(QLatin1Char('/'), -1);
     if (device.size() > kLongestDevice) device = QChar(0x2026) + device.right(kLongestDevice);
     return Shown(item.Caption()) + (device.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(device));
   }
