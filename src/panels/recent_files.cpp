@@ -24,7 +24,9 @@ RecentFiles::RecentFiles(Platform& platform, FrmStart& form, ConfigurationFile& 
     : mnuRecent(form, "mnuRecent", {1, 2, 3, 4, 5, 6, 7, 8}), platform_(platform), commands_(commands) {
   for (const int i : mnuRecent.Indices()) {
     std::string name = platform_.settings.GetSetting(KeyOf(i), "");
-    if (!name.empty()) names_.push_back(std::move(name));
+    // Two windows that wrote in turn may have left one file twice.
+    const bool listed = std::find(names_.begin(), names_.end(), name) != names_.end();
+    if (!name.empty() && !listed) names_.push_back(std::move(name));
   }
   Show();
   mnuRecent.OnClick([this](int index) { Open(index); });

@@ -7,7 +7,9 @@
 namespace marlinset {
 
 /// The per-user settings of the tool: application "7340-Marlinset", section "Window", text values. Keys are
-/// found without regard to case; an empty value is a value.
+/// found without regard to case; an empty value is a value. Several runs share one store: each reads what it
+/// wrote itself, else what stood there when it started, so that another window's folder or list never comes
+/// into it, and writes its own keys without touching those of the others.
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
