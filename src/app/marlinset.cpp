@@ -103,7 +103,8 @@ void WindowRun::Load() {
                               .openFile = [this](const std::string& name) { OpenFile(name); },
                               .showGuide = [this] { ShowGuide(); },
                               .recentFiles = &tool_.recentFiles.mnuRecent,
-                              .frameSent = &tool_.communications.FrameSent});
+                              .frameSent = &tool_.communications.FrameSent,
+                              .changes = &tool_.unsavedChanges});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }
 

@@ -25,6 +25,7 @@
 #include "panels/recent_files.h"
 #include "panels/recovery.h"
 #include "panels/start_up.h"
+#include "panels/unsaved_changes.h"
 #include "panels/video_standard.h"
 #include "panels/views.h"
 #include "panels/window_settings.h"
@@ -73,6 +74,7 @@ class Tool {
   ParameterDialogs parameterDialogs;
   PanelRules panelRules;
   ConfigurationFile configurationFile;
+  UnsavedChanges unsavedChanges;
   Recovery recovery;
   FileCommands fileCommands;
   RecentFiles recentFiles;

@@ -12,6 +12,7 @@
 #include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
+#include "platform/finally.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "platform/text.h"
@@ -30,9 +31,6 @@ constexpr std::string_view kCorrupt = "Data Process Error, file may be corrupt";
 /// Which file, and why: what an operator needs beside the box's own text.
 std::string Reason(const Platform& platform, const RuntimeError& failure) {
   const std::string& file = platform.fileDialog.FileName;
-  if (failure.Number() == kErrPathNotFound) {
-    return platform.settings.GetSetting(kFolderKey, "") + "\nThe folder last used is not there any more.";
-  }
   if (!failure.Remedy().empty()) return failure.Remedy();
   std::string reason = failure.Description();
   if (FileNameOf(file).find('.') == std::string::npos) {
@@ -50,8 +48,8 @@ void WriteOver(std::vector<std::uint8_t>& content, const std::vector<std::uint8_
 }
 
 /// Runs a flow with a file dialog; a failure other than a cancelled dialog is told. A cancelled dialog leaves
-/// no trace: the name in work is the one from before.
-void WithDialog(Platform& platform, std::string_view message, const std::function<void()>& flow) {
+/// no trace: the name in work is the one from before. Returns whether a failure was told.
+bool WithDialog(Platform& platform, std::string_view message, const std::function<void()>& flow) {
   const std::string nameBefore = platform.fileDialog.FileName;
   try {
     flow();
@@ -60,8 +58,10 @@ void WithDialog(Platform& platform, std::string_view message, const std::functio
       platform.fileDialog.FileName = nameBefore;
     } else {
       platform.dialogs.Show({.text = std::string(message), .remedy = Reason(platform, failure)});
+      return true;
     }
   }
+  return false;
 }
 
 }  // namespace
@@ -78,26 +78,33 @@ ConfigurationFile::ConfigurationFile(Platform& platform, Variables& variables, F
       panels_(panels),
       loader_(platform, variables, form, panels) {}
 
-void ConfigurationFile::SaveConfig(std::string_view flow) {
-  if (flow != "SaveAs" && flow != "Save") return;
+SaveEnd ConfigurationFile::SaveConfig(std::string_view flow) {
+  const bool named = flow == "SaveAs";
+  SaveEnd end = SaveEnd::kCancelled;
+  if (!named && flow != "Save") return end;
   platform_.fileDialog.CancelError = true;
   vars_.LoadFolder = platform_.settings.GetSetting(kFolderKey, vars_.AppPath);
-  bool stored = false;
-  WithDialog(platform_, "Error during save, save aborted!", [&] {
+  const bool failed = WithDialog(platform_, "Error during save, save aborted!", [&] {
     OfferConfigurations();
-    if (flow == "SaveAs") {
+    if (named) {
       AskForName();
     } else {
       NameWithoutAsking();
     }
+    if (!MayWriteOver(platform_.fileDialog.FileName, named)) {
+      end = SaveEnd::kDeclined;
+      throw RuntimeError(kErrDialogCancelled, "Cancel was selected.");
+    }
     vars_.CurrentFile = platform_.fileDialog.FileName;
     UpdateFileTitle();
     WriteConfigFile();
-    stored = true;
+    end = SaveEnd::kStored;
     ShowStatus("File " + vars_.CurrentFile + " Saved ");
     InUse.Emit(platform_.fileDialog.FileName);
   });
-  SaveEnded.Emit(stored);
+  if (failed && end != SaveEnd::kStored) end = SaveEnd::kFailed;
+  SaveEnded.Emit(end);
+  return end;
 }
 
 void ConfigurationFile::OfferConfigurations() {
@@ -108,12 +115,52 @@ void ConfigurationFile::OfferConfigurations() {
 void ConfigurationFile::AskForName() {
   FileDialog& dialog = platform_.fileDialog;
   dialog.Flags = kOverwritePrompt;
-  if (!vars_.LoadFolder.empty()) platform_.files.ChangeDirectory(vars_.LoadFolder);
+  if (!vars_.LoadFolder.empty()) EnterFolder();
   dialog.FileName = vars_.CurrentFile + std::string(kConfigurationExtension);
   dialog.InitDir = vars_.LoadFolder;
   for (dialog.ShowSave(); IsSystemDefaultName(FileNameOf(dialog.FileName)); dialog.ShowSave()) {
     platform_.dialogs.Tell("Cannot overwrite a system default QCF file. Please choose another file name");
   }
+}
+
+/// A folder that has gone must not keep the next Save As from opening; neither must the program's own.
+void ConfigurationFile::EnterFolder() {
+  try {
+    platform_.files.ChangeDirectory(vars_.LoadFolder);
+  } catch (const RuntimeError& failure) {
+    platform_.settings.SaveSetting(kFolderKey, vars_.LoadFolder == vars_.AppPath ? "" : vars_.AppPath);
+    throw RuntimeError(failure.Number(), failure.Description(),
+                       vars_.LoadFolder + "\nThe folder last used is not there any more.");
+  }
+}
+
+/// Content that this run does not know may be all that its owner has. `named`: the operator has just chosen
+/// the name; a dialog that confirms has then asked about the file, whatever it is.
+bool ConfigurationFile::MayWriteOver(const std::string& name, bool named) {
+  if (named && platform_.fileDialog.ConfirmsOverwriting()) return true;
+  if (!platform_.files.FileExists(name)) return true;
+  const auto seen = seen_.find(name);
+  const bool known = seen != seen_.end();
+  if (known ? seen->second == ContentOf(name) : named) return true;
+  const std::string what = known ? " is not as this window last read or saved it: it was changed meanwhile."
+                                 : " is there already, and this window has neither opened nor saved it.";
+  return platform_.dialogs.Show({.text = name + what + " Write over it?",
+                                 .buttons = BoxButtons::kYesNo,
+                                 .icon = BoxIcon::kQuestion,
+                                 .remedy = "No leaves the file alone; your changes stay unsaved. Save As... "
+                                           "stores them under another name."}) == BoxAnswer::kYes;
+}
+
+void ConfigurationFile::Remember(const std::string& name) {
+  seen_[name] = ContentOf(name);
+}
+
+void ConfigurationFile::TakeName(const std::string& path) {
+  path_ = path;
+  if (platform_.files.FileExists(path)) Remember(path);
+  if (LastSeparator(path) == std::string::npos || FileNameOf(path).find('.') == std::string::npos) return;
+  vars_.CurrentFile = path;
+  UpdateFileTitle();
 }
 
 void ConfigurationFile::NameWithoutAsking() {
@@ -122,7 +169,7 @@ void ConfigurationFile::NameWithoutAsking() {
 }
 
 void ConfigurationFile::UpdateFileTitle() {
-  const std::string path = vars_.CurrentFile;
+  const std::string path = path_ = vars_.CurrentFile;
   const std::size_t separator = LastSeparator(path);
   std::string folder;
   if (separator != std::string::npos) {
@@ -148,6 +195,15 @@ void ConfigurationFile::WriteConfigFile() {
   file->Write(content);
   if (isThere) files.Backup(name);
   file->Commit();
+  seen_[name] = std::move(content);
+}
+
+ConfigurationFile::Content ConfigurationFile::ContentOf(const std::string& name) {
+  try {
+    return platform_.files.OpenForReading(name)->ReadAll();
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
 }
 
 void ConfigurationFile::LoadConfig() {
@@ -193,12 +249,17 @@ void ConfigurationFile::ChangeToConfigFolder() {
 
 void ConfigurationFile::ReadConfigFile() {
   lastRead_ = ReadEnd::kNotFound;
-  const auto bytes = OpeningStage();
-  if (bytes) lastRead_ = ParsingStage(*bytes);
+  reading_ = true;
+  const auto read = [this] {
+    const auto bytes = OpeningStage();
+    if (bytes) lastRead_ = ParsingStage(*bytes);
+  };
+  Finally(read, [this] { reading_ = false; });
+  if (lastRead_ != ReadEnd::kNotFound && lastRead_ != ReadEnd::kEmpty) Replaced.Emit();
 }
 
 /// The bytes of the file, unless there is nothing to parse; LastRead tells why then.
-std::optional<std::vector<std::uint8_t>> ConfigurationFile::OpeningStage() {
+ConfigurationFile::Content ConfigurationFile::OpeningStage() {
   std::unique_ptr<InputFile> file;
   for (bool located = false; !file;) {
     try {
@@ -211,10 +272,13 @@ std::optional<std::vector<std::uint8_t>> ConfigurationFile::OpeningStage() {
     if (located) platform_.settings.SaveSetting(kDefaultFileKey, platform_.fileDialog.FileName);
   }
   lastRead_ = ReadEnd::kEmpty;
+  Content& seen = seen_[platform_.fileDialog.FileName];
+  seen.emplace();
   if (file->Length() == 0) return std::nullopt;
   lastRead_ = ReadEnd::kNotReadable;
   try {
-    return file->ReadAll();
+    seen = file->ReadAll();
+    return seen;
   } catch (const RuntimeError&) {
     file.reset();
     ResetPanels("Import Error");

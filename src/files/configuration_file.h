@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,14 @@ enum class ReadEnd {
   kIncomplete,   ///< all but the parameters was taken
 };
 
+/// How a save ended.
+enum class SaveEnd {
+  kStored,
+  kCancelled,  ///< in the file dialog
+  kDeclined,   ///< the operator would not write over what others have put there
+  kFailed,     ///< which has been told
+};
+
 /// Saving and loading the working configuration. The file in work is the one that the file dialog's FileName
 /// holds. Every failure is told here; only a failure while the defaults are set goes to the caller.
 class ConfigurationFile {
@@ -37,10 +46,12 @@ class ConfigurationFile {
 
   /// "SaveAs" asks for the name, "Save" writes under the present one; any other text does nothing. A longer
   /// file keeps its old end, which no reader looks at; what it held before stands beside it in NAME.qcf.bak.
-  /// A failure leaves the file as it was.
-  void SaveConfig(std::string_view flow);
-  /// A save has ended; False when it failed or was cancelled.
-  Signal<bool> SaveEnded;
+  /// A failure leaves the file as it was. A file that is no longer as this run read or wrote it last is asked
+  /// about first, and under the present name also one that this run has neither read nor written; not where
+  /// the dialog has asked already.
+  SaveEnd SaveConfig(std::string_view flow);
+  /// A save has ended.
+  Signal<SaveEnd> SaveEnded;
 
   /// Asks for a file and reads it. Title and status name the file also when it could not be read.
   void LoadConfig();
@@ -50,6 +61,10 @@ class ConfigurationFile {
   /// Reads the file named by the dialog.
   void ReadConfigFile();
   ReadEnd LastRead() const { return lastRead_; }
+  /// A read is under way: the panels hold parts of two configurations, also while one of its boxes stands.
+  bool Reading() const { return reading_; }
+  /// The panels hold another configuration: what was read, or the defaults in its place.
+  Signal<> Replaced;
 
   /// A file by its whole name: the operator has opened or saved it, and it was read or written.
   Signal<const std::string&> InUse;
@@ -58,15 +73,26 @@ class ConfigurationFile {
   /// leftmost dot), remembers the folder and shows the name in the title. A path without a folder stays as it
   /// is. Failure 5 for a name without a dot.
   void UpdateFileTitle();
+  /// The file that the title names, by its whole path; empty before the first one.
+  const std::string& Path() const { return path_; }
+  /// The panels hold work on that file, which came by another way: title, folder and the next save are its.
+  void TakeName(const std::string& path);
 
  private:
+  /// Nothing where a file does not give it.
+  using Content = std::optional<std::vector<std::uint8_t>>;
+
   void OfferConfigurations();
   void AskForName();
+  void EnterFolder();
+  bool MayWriteOver(const std::string& name, bool named);
+  void Remember(const std::string& name);
   void NameWithoutAsking();
   void WriteConfigFile();
+  Content ContentOf(const std::string& name);
   void ChangeToConfigFolder();
   void TakeChosenFile();
-  std::optional<std::vector<std::uint8_t>> OpeningStage();
+  Content OpeningStage();
   bool LocateFile(const RuntimeError& failure);
   ReadEnd ParsingStage(const std::vector<std::uint8_t>& bytes);
   void ResetPanels(std::string message);
@@ -78,6 +104,10 @@ class ConfigurationFile {
   PanelSetup& panels_;
   PanelLoader loader_;
   ReadEnd lastRead_ = ReadEnd::kNone;
+  bool reading_ = false;
+  std::string path_;
+  /// Each file as this run read or wrote it last, by its name.
+  std::map<std::string, Content> seen_;
 };
 
 }  // namespace marlinset

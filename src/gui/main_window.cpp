@@ -23,6 +23,7 @@
 #include "gui/panel_host.h"
 #include "gui/status_bar.h"
 #include "gui/tool_area.h"
+#include "panels/unsaved_changes.h"
 #include "platform/guard.h"
 
 namespace marlinset {
@@ -39,6 +40,10 @@ int Twips(int pixels) {
 int Pixels(int twips) {
   return twips / kTwipsPerPixel;
 }
+
+/// Where the desktop puts its mark into a title; twice it stands for itself.
+constexpr QLatin1String kModifiedPlace("[*]");
+constexpr QLatin1String kTheSameAsText("[*][*]");
 
 /// The one configuration among what is being dragged; empty for anything else.
 QString DraggedConfiguration(const QMimeData& data) {
@@ -77,7 +82,14 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   setMouseTracking(true);
   setAcceptDrops(true);
   Measure();
+  if (hooks_.changes) changesListening_.emplace(hooks_.changes->Changed, [this] { ShowModified(); });
   ShowForm();
+  ShowModified();
+}
+
+/// By what is stored, not by ConfigSaved, which says only whether a command would ask.
+void MainWindow::ShowModified() {
+  setWindowModified(hooks_.changes && hooks_.changes->Modified());
 }
 
 void MainWindow::Measure() {
@@ -140,7 +152,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void MainWindow::ShowForm() {
-  setWindowTitle(Shown(form_.Caption()));
+  setWindowTitle(Shown(form_.Caption()).replace(kModifiedPlace, kTheSameAsText) + kModifiedPlace);
   if (form_.Place() != place_) TakePlace();
   if (form_.Visible() == formVisible_) return;
   formVisible_ = form_.Visible();

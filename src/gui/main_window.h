@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/frm_start.h"
@@ -12,6 +13,7 @@
 namespace marlinset {
 
 class ToolArea;
+class UnsavedChanges;
 
 /// What the window asks of whoever put it together.
 struct WindowHooks {
@@ -29,6 +31,8 @@ struct WindowHooks {
   ControlArray<MenuItem>* recentFiles = nullptr;
   /// Tells the byte log what goes out. Null without.
   FrameSignal* frameSent = nullptr;
+  /// What the window's modified mark goes by. Null without.
+  UnsavedChanges* changes = nullptr;
 };
 
 /// The main window: shows FrmStart and hands every action of the operator to it. It comes up and goes with
@@ -49,6 +53,7 @@ class MainWindow : public QMainWindow {
 
  private:
   void ShowForm();
+  void ShowModified();
   void Measure();
   void TakePlace();
   /// It can be moved and sized: up, and not as large as the screen by the operator's wish.
@@ -65,6 +70,7 @@ class MainWindow : public QMainWindow {
   WindowPlace place_;       ///< the form's, as it was last taken
   Listening<> listening_;
   Listening<> toolAtRest_;
+  std::optional<Listening<>> changesListening_;
 };
 
 }  // namespace marlinset

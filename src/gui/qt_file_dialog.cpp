@@ -22,6 +22,12 @@ QString NameFilter(const std::string& filter) {
   return Shown(filter.substr(0, bar) + " (" + filter.substr(bar + 1) + ")");
 }
 
+/// "txt" of "Text files|*.txt".
+QString Extension(const std::string& filter) {
+  const auto dot = filter.rfind('.');
+  return dot == std::string::npos ? QString() : Shown(filter.substr(dot + 1));
+}
+
 bool IsPattern(const std::string& name) {
   return name.find_first_of("*?") != std::string::npos;
 }
@@ -54,6 +60,7 @@ std::optional<std::string> QtFileDialog::AskSave() {
   QFileDialog window(QApplication::activeWindow());
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, (Flags & kOverwritePrompt) == 0);
+  window.setDefaultSuffix(Extension(Filter));
   SelectStem(window);
   return Ask(window, SavingFolder(Shown(InitDir)));
 }

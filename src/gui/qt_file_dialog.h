@@ -9,8 +9,12 @@ class QString;
 namespace marlinset {
 
 /// The tool's file dialog on the screen, over the window in use. Saving begins in the documents of the
-/// operator when nothing can be written into the folder that the tool asks for.
+/// operator when nothing can be written into the folder that the tool asks for. A name that was typed without
+/// an extension gets that of the filter.
 class QtFileDialog : public FileDialog {
+ public:
+  bool ConfirmsOverwriting() const override { return true; }
+
  protected:
   std::optional<std::string> AskOpen() override;
   std::optional<std::string> AskSave() override;

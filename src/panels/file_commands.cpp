@@ -10,6 +10,7 @@
 #include "files/configuration_file.h"
 #include "link/interactive_mode.h"
 #include "panels/recovery.h"
+#include "panels/unsaved_changes.h"
 #include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/platform.h"
@@ -18,8 +19,14 @@
 namespace marlinset {
 
 FileCommands::FileCommands(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels,
-                           ConfigurationFile& file, Recovery& recovery)
-    : platform_(platform), vars_(variables), form_(form), panels_(panels), file_(file), recovery_(recovery) {
+                           ConfigurationFile& file, UnsavedChanges& changes, Recovery& recovery)
+    : platform_(platform),
+      vars_(variables),
+      form_(form),
+      panels_(panels),
+      file_(file),
+      changes_(changes),
+      recovery_(recovery) {
   form_.mnuNew.OnClick([this] { mnuNew_Click(); });
   form_.mnuOpen.OnClick([this] { mnuOpen_Click(); });
   form_.mnuSav.OnClick([this] { mnuSav_Click(); });
@@ -28,7 +35,10 @@ FileCommands::FileCommands(Platform& platform, Variables& variables, FrmStart& f
 
 void FileCommands::mnuNew_Click() {
   AskToSave();
-  Replace([this] { panels_.SetDefaults(); });
+  Replace([this] {
+    panels_.SetDefaults();
+    changes_.CountAsStored();
+  });
   vars_.ConfigSaved = true;
   platform_.fileDialog.FileName =
       platform_.settings.GetSetting("Load", vars_.AppPath) + "New" + std::string(kConfigurationExtension);
@@ -74,14 +84,14 @@ void FileCommands::Replace(const std::function<void()>& action) {
   const bool interactive = form_.mnuInter.Checked();
   Suspended(form_, platform_.ComP1, [&] {
     action();
-    recovery_.Replaced();
     if (interactive) form_.bSConfig.Press();
   });
 }
 
 void FileCommands::Save(std::string_view flow) {
-  Suspended(form_, platform_.ComP1, [&] { file_.SaveConfig(flow); });
-  vars_.ConfigSaved = true;
+  SaveEnd end = SaveEnd::kFailed;
+  Suspended(form_, platform_.ComP1, [&] { end = file_.SaveConfig(flow); });
+  if (end != SaveEnd::kDeclined) vars_.ConfigSaved = true;
 }
 
 }  // namespace marlinset

@@ -11,16 +11,17 @@ class ConfigurationFile;
 class FrmStart;
 class PanelSetup;
 class Recovery;
+class UnsavedChanges;
 struct Platform;
 struct Variables;
 
 /// The file commands of the menu: New, Open, Save and Save As. Each ends with the configuration counted as
-/// saved, whatever became of it. In interactive mode polling rests meanwhile, and a new configuration goes to
-/// the unit at once.
+/// saved, whatever became of it, unless the operator would not write over a file that others have changed. In
+/// interactive mode polling rests meanwhile, and a new configuration goes to the unit at once.
 class FileCommands {
  public:
   FileCommands(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels,
-               ConfigurationFile& file, Recovery& recovery);
+               ConfigurationFile& file, UnsavedChanges& changes, Recovery& recovery);
 
   void mnuNew_Click();
   void mnuOpen_Click();
@@ -39,6 +40,7 @@ class FileCommands {
   FrmStart& form_;
   PanelSetup& panels_;
   ConfigurationFile& file_;
+  UnsavedChanges& changes_;
   Recovery& recovery_;
 };
 

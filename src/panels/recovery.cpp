@@ -9,6 +9,7 @@
 #include "files/configuration_file.h"
 #include "files/panel_document.h"
 #include "files/qcf_writer.h"
+#include "panels/unsaved_changes.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_dialog.h"
@@ -20,31 +21,17 @@ namespace {
 constexpr int kIntervalMs = 30000;
 }
 
-Recovery::Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file)
+Recovery::Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file,
+                   UnsavedChanges& changes)
     : platform_(platform),
       vars_(variables),
       form_(form),
       file_(file),
+      changes_(changes),
       timer_(platform.pump, platform.guard, "Recovery", kIntervalMs) {
   timer_.OnTick([this] { Tick(); });
-  file_.SaveEnded.Connect([this](bool stored) {
-    saveFailed_ = !stored && Unstored();
-    if (stored) stored_ = Composition();
-  });
-}
-
-/// The bytes of a file of it; nothing while a value is beyond what a file can hold.
-std::optional<Recovery::Bytes> Recovery::Composition() const {
-  try {
-    return WriteDocument(DocumentOfPanels(vars_, form_));
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
-}
-
-/// Save counts as done for the commands even when it failed or was cancelled.
-bool Recovery::Unstored() const {
-  return !vars_.ConfigSaved || saveFailed_;
+  file_.SaveEnded.Connect(
+      [this](SaveEnd end) { saveFailed_ = end != SaveEnd::kStored && changes_.Modified(); });
 }
 
 void Recovery::Offer() {
@@ -63,7 +50,6 @@ void Recovery::Offer() {
 
 void Recovery::Begin() {
   if (!platform_.work) return;
-  stored_ = Composition();
   timer_.SetEnabled(true);
 }
 
@@ -75,8 +61,10 @@ bool Recovery::Restore(const LeftWork& left) {
   const bool loaded = file_.LastRead() == ReadEnd::kLoaded;
   name = loaded ? left.fileName : nameBefore;
   if (!loaded) return false;
+  changes_.CountAsUnsaved();
   vars_.CurrentFile = left.title;
   form_.SetCaption(TitleOf(left.title));
+  file_.TakeName(left.fileName);
   form_.StatBar(FrmStart::kModelPanel).SetText("Unsaved changes restored ");
   vars_.ConfigSaved = false;
   Keep();
@@ -93,10 +81,6 @@ void Recovery::BeforeReplacing() {
   saveFailed_ = false;
 }
 
-void Recovery::Replaced() {
-  stored_ = Composition();
-}
-
 void Recovery::Discard() {
   discarded_ = true;
 }
@@ -104,8 +88,10 @@ void Recovery::Discard() {
 /// At a regular end the operator has been asked about all that questions count.
 void Recovery::End() {
   timer_.SetEnabled(false);
-  stored_ = Composition();
-  if (platform_.work) Tick();
+  if (!platform_.work) return;
+  const bool wanted = !vars_.ConfigSaved || saveFailed_;
+  if (!wanted) Discard();
+  Tick();
 }
 
 void Recovery::KeepNow() {
@@ -120,8 +106,7 @@ void Recovery::Leave() {
 }
 
 void Recovery::Tick() {
-  const bool differs = stored_ && Composition() != stored_;
-  if ((Unstored() || differs) && !discarded_) return Keep();
+  if (changes_.Modified() && !discarded_) return Keep();
   platform_.work->Drop();
   kept_.reset();
 }
@@ -129,8 +114,7 @@ void Recovery::Tick() {
 /// What can't be kept was told once; the operator's own files are not touched by it.
 void Recovery::Keep() {
   try {
-    UnsavedWork work{vars_.CurrentFile, platform_.fileDialog.FileName,
-                     WriteDocument(DocumentOfPanels(vars_, form_))};
+    UnsavedWork work{vars_.CurrentFile, file_.Path(), WriteDocument(DocumentOfPanels(vars_, form_))};
     if (work == kept_) return;
     platform_.work->Keep(work);
     kept_ = std::move(work);

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstdint>
 #include <optional>
-#include <vector>
 
 #include "platform/timer.h"
 #include "platform/work_keeper.h"
@@ -12,16 +10,17 @@ namespace marlinset {
 
 class ConfigurationFile;
 class FrmStart;
+class UnsavedChanges;
 struct Platform;
 struct Variables;
 
-/// A composition outlives a tool that dies. Every half minute the unsaved one is kept aside in the user's
-/// data folder, never in the operator's files; the next start offers it. What is unsaved shows in the bytes
-/// of a file of it: routing, VITC mode, video standard and down converter count for no question about edits,
-/// and a save that failed counts as done for the commands. Does nothing on a platform without a keeper.
+/// A composition outlives a tool that dies. Every half minute the one with unsaved changes is kept aside in
+/// the user's data folder, never in the operator's files; the next start offers it. Does nothing on a
+/// platform without a keeper.
 class Recovery {
  public:
-  Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file);
+  Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file,
+           UnsavedChanges& changes);
 
   /// At the start: asks for each composition that was left, the latest first, until the operator takes one;
   /// one that is not wanted is put away.
@@ -33,8 +32,6 @@ class Recovery {
   /// Another configuration takes the place of the present one. What a failed save has not stored is left for
   /// the next start.
   void BeforeReplacing();
-  /// The other configuration is there.
-  void Replaced();
   /// The operator does not want the changes.
   void Discard();
   /// The run ends: work that is not stored stays for the next one.
@@ -45,10 +42,6 @@ class Recovery {
   void Leave();
 
  private:
-  using Bytes = std::vector<std::uint8_t>;
-
-  std::optional<Bytes> Composition() const;
-  bool Unstored() const;
   void Tick();
   void Keep();
   bool Restore(const LeftWork& left);
@@ -57,12 +50,12 @@ class Recovery {
   Variables& vars_;
   FrmStart& form_;
   ConfigurationFile& file_;
+  UnsavedChanges& changes_;
   Timer timer_;
   bool saveFailed_ = false;  ///< edits that the last save should have stored
   bool discarded_ = false;
   bool restored_ = false;
-  bool told_ = false;            ///< that nothing can be kept
-  std::optional<Bytes> stored_;  ///< the composition as it was last started, read or stored
+  bool told_ = false;  ///< that nothing can be kept
   std::optional<UnsavedWork> kept_;
 };
 

@@ -8,6 +8,7 @@
 #include "link/ports.h"
 #include "panels/ends_of_run.h"
 #include "panels/recovery.h"
+#include "panels/unsaved_changes.h"
 #include "panels/window_settings.h"
 #include "platform/guard.h"
 #include "platform/platform.h"
@@ -42,6 +43,7 @@ bool StartUp::Form_Load(const std::string& commandText, bool resume) {
     form_.ShowVideoPicture(1);
     vars_.ConfigSaved = !resume || parts_.endsOfRun.OpenDefaultConfiguration(commandText);
     RestoreHardwareType();
+    parts_.changes.CountAsStored();
     parts_.recovery.Offer();
     if (resume) parts_.endsOfRun.OfferInteractiveMode();
     parts_.recovery.Begin();

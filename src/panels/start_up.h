@@ -11,6 +11,7 @@ class PanelSetup;
 class Ports;
 class Recovery;
 class ReferenceDatabase;
+class UnsavedChanges;
 class WindowSettings;
 struct Platform;
 struct Variables;
@@ -26,6 +27,7 @@ class StartUp {
     Ports& ports;
     WindowSettings& settings;
     EndsOfRun& endsOfRun;
+    UnsavedChanges& changes;
     Recovery& recovery;
   };
   StartUp(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts);

@@ -23,6 +23,11 @@ std::string Control::FullName() const {
   return index_ == kNoIndex ? name_ : name_ + "(" + std::to_string(index_) + ")";
 }
 
+void Control::NoteChange() {
+  Changed.Emit();
+  form_.Touch();
+}
+
 void Control::Raise(Signal<int> ControlEvents::*event) const {
   const std::shared_ptr<ControlEvents> events = Events();
   (events.get()->*event).Emit(index_);

@@ -52,6 +52,7 @@ struct ControlEvents {
   Signal<int> change;
   Signal<int> moved;   ///< a spin's value is another one, for whatever reason; before `change`
   Signal<int> pulled;  ///< new limits have moved a spin's value; no `change` follows
+  Signal<int> settle;  ///< the operator is about to move a spin whose limits are provisional
   Signal<int> mouseMove;
   Signal<int> lostFocus;
   Signal<int, KeyPress&> key;
@@ -73,6 +74,8 @@ class EventSource {
   void OnMoved(IndexHandler handler) { events_->moved.Connect(std::move(handler)); }
   /// New limits moved a spin's value, which is no change: no rules run, nothing is sent.
   void OnPulled(IndexHandler handler) { events_->pulled.Connect(std::move(handler)); }
+  /// The operator is about to move a spin whose limits are provisional: the real ones are set here.
+  void OnSettle(IndexHandler handler) { events_->settle.Connect(std::move(handler)); }
   void OnMouseMove(IndexHandler handler) { events_->mouseMove.Connect(std::move(handler)); }
   void OnMouseMove(Handler handler) { events_->mouseMove.Connect(Plain(std::move(handler))); }
   void OnLostFocus(IndexHandler handler) { events_->lostFocus.Connect(std::move(handler)); }
@@ -151,8 +154,10 @@ class Control : public EventSource {
   void Store(T& field, T value) {
     if (field == value) return;
     field = std::move(value);
-    Changed.Emit();
+    NoteChange();
   }
+  /// Tells the screen and the form.
+  void NoteChange();
   void Raise(Signal<int> ControlEvents::*event) const;
   /// Runs an operator's action under the form's guard; false when the control does not take it now.
   bool AsOperator(const std::function<void()>& action);

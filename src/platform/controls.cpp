@@ -79,12 +79,12 @@ void ComboBox::Clear() {
   list_.clear();
   text_.clear();
   index_ = -1;
-  Changed.Emit();
+  NoteChange();
 }
 
 void ComboBox::AddItem(std::string item) {
   list_.push_back(std::move(item));
-  Changed.Emit();
+  NoteChange();
 }
 
 void ComboBox::SetListIndex(int index) {
@@ -96,7 +96,7 @@ void ComboBox::Preselect(int index) {
   if (index < -1 || index >= ListCount()) throw InvalidPropertyValue();
   index_ = index;
   text_ = index < 0 ? std::string() : list_[static_cast<std::size_t>(index)];
-  Changed.Emit();
+  NoteChange();
 }
 
 void ComboBox::PutBack(int index) {
@@ -105,7 +105,7 @@ void ComboBox::PutBack(int index) {
     return;
   }
   text_ = index < 0 ? std::string() : list_[static_cast<std::size_t>(index)];
-  Changed.Emit();  // also when the text is as it was: a widget shows what was typed until it hears this
+  NoteChange();  // also when the text is as it was: a widget shows what was typed until it hears this
 }
 
 bool ComboBox::OperatorSelect(int index) {
@@ -117,7 +117,7 @@ bool ComboBox::OperatorType(std::string text) {
   return AsOperator([this, &text] {
     if (text == text_) return;
     text_ = std::move(text);
-    Changed.Emit();
+    NoteChange();
     Raise(&ControlEvents::change);
   });
 }
@@ -134,19 +134,19 @@ void ListView::SetColumns(std::vector<std::string> columns) {
   columns_ = std::move(columns);
   rows_.clear();
   selected_ = -1;
-  Changed.Emit();
+  NoteChange();
 }
 
 void ListView::AddRow(Row row) {
   rows_.push_back(std::move(row));
-  Changed.Emit();
+  NoteChange();
 }
 
 void ListView::RemoveRow(int row) {
   if (row < 0 || row >= Count()) throw InvalidPropertyValue();
   rows_.erase(rows_.begin() + row);
   selected_ = -1;
-  Changed.Emit();
+  NoteChange();
 }
 
 void ListView::Select(int row) {
@@ -201,10 +201,16 @@ void SpinControl::SetMax(int max) {
   Pull();
 }
 
+void SpinControl::SetLimitsAround(int min, int max) {
+  Store(min_, min);
+  Store(max_, max);
+}
+
 bool SpinControl::OperatorStep(bool up, int times) {
   const std::weak_ptr<const void> life = Life();
   bool moves = true;  // until it is at the limit
   const auto click = [&] {
+    Settle();
     const bool rising = up == (max_ >= min_);
     const std::int64_t next = std::int64_t{value_} + (rising ? increment_ : -increment_);
     const auto value = static_cast<int>(std::clamp<std::int64_t>(next, Lowest(), Highest()));
@@ -218,7 +224,18 @@ bool SpinControl::OperatorStep(bool up, int times) {
 }
 
 bool SpinControl::OperatorSpin(int value) {
-  return AsOperator([this, value] { SetValue(std::clamp(value, Lowest(), Highest())); });
+  return AsOperator([this, value] {
+    Settle();
+    SetValue(std::clamp(value, Lowest(), Highest()));
+  });
+}
+
+void SpinControl::Settle() {
+  if (provisional_) Raise(&ControlEvents::settle);
+}
+
+bool SpinControl::CanStep(bool up) const {
+  return provisional_ || value_ != (up ? max_ : min_);
 }
 
 void TextBox::SetText(std::string text) {

@@ -168,6 +168,13 @@ class SpinControl : public Control {
   /// New limits pull the value inside. A pull is no Change, but is announced (OnMoved).
   void SetMin(int min);
   void SetMax(int max);
+  /// New limits that leave the value where it is, also outside.
+  void SetLimitsAround(int min, int max);
+  /// The limits stand for want of better ones: before the operator's next move OnSettle is raised.
+  bool Provisional() const { return provisional_; }
+  void SetProvisional(bool provisional) { Store(provisional_, provisional); }
+  /// A click on that arrow may move the spin.
+  bool CanStep(bool up) const;
   void SetIncrement(int increment) { Store(increment_, increment); }
   /// Announces the present value again, for a row that was just built.
   void Announce();
@@ -179,10 +186,12 @@ class SpinControl : public Control {
 
  private:
   void Pull();
+  void Settle();
   int value_ = 0;
   int min_ = 0;
   int max_ = 100;
   int increment_ = 1;
+  bool provisional_ = false;
 };
 
 /// A text box.

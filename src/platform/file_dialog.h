@@ -41,6 +41,8 @@ class FileDialog : public FileDialogState {
   void ShowOpen() { Take(AskOpen()); }
   /// Asks for a file to save to; stores the choice in FileName. Cancelled: FileName stays.
   void ShowSave() { Take(AskSave()); }
+  /// With kOverwritePrompt an existing file is chosen for saving only once the operator has confirmed it.
+  virtual bool ConfirmsOverwriting() const { return false; }
 
  protected:
   /// The full path chosen; nothing when the operator cancelled.

@@ -37,8 +37,14 @@ class Form : public EventSource {
 
   Signal<> Changed;
 
+  /// A control looks or holds otherwise than before, was added or has gone. Told once; after that not again
+  /// until ListenAgain.
+  Signal<> Touched;
+  void ListenAgain() { touched_ = false; }
+
  private:
   friend class Control;
+  void Touch();
   void Register(Control& control);
   void Unregister(const Control& control);
 
@@ -46,6 +52,7 @@ class Form : public EventSource {
   Guard& guard_;
   std::string caption_;
   bool visible_ = false;
+  bool touched_ = false;
   std::map<std::string, Control*, std::less<>> controls_;
 };
 

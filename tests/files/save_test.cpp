@@ -120,5 +120,60 @@ TEST_F(Saving, ReportsWhatItCannotWriteTo) {
   }
 }
 
+/// A box in which No stands in front; a dialog that has confirmed the file is not repeated.
+TEST_F(Saving, AFileThatOthersHaveChangedIsAskedAbout) {
+  enum class Way { kSave, kSaveAs, kScriptedSaveAs };
+  const FileBytes foreign = {'h', 'i'};
+  struct Case {
+    const char* what;
+    bool known;
+    std::optional<FileBytes> there;  ///< what others have made of it; nothing: they took it away
+    Way way;
+    bool asked;
+  };
+  const FileBytes own = (SaveAs("own.qcf"), Read("own.qcf"));
+  for (const Case& c : {Case{"changed", true, foreign, Way::kSave, true},
+                        Case{"changed, confirmed", true, foreign, Way::kSaveAs, false},
+                        Case{"changed, by script", true, foreign, Way::kScriptedSaveAs, true},
+                        Case{"written again as it was", true, own, Way::kSave, false},
+                        Case{"gone", true, std::nullopt, Way::kSave, false},
+                        Case{"there before", false, foreign, Way::kSave, true},
+                        Case{"there before, by script", false, foreign, Way::kScriptedSaveAs, false}}) {
+    const std::string name = std::string(c.what) + ".qcf";
+    for (const bool yes : {false, true}) {
+      SCOPED_TRACE(name);
+      if (c.known) SaveAs(name);
+      std::filesystem::remove(folder.File(name));
+      if (c.there) Write(name, *c.there);
+      if (!c.known && yes) continue;  // the first round has written it
+      vars.CurrentFile = c.what;
+      fileDialog.confirms = c.way != Way::kScriptedSaveAs;
+      fileDialog.choices = {folder.File(name)};
+      dialogs.answers = {yes ? BoxAnswer::kYes : BoxAnswer::kNo};
+      TakeBoxes();
+      const SaveEnd end = tool.configurationFile.SaveConfig(c.way == Way::kSave ? "Save" : "SaveAs");
+      EXPECT_EQ(TakeBoxes().size(), c.asked ? 1U : 0U);
+      EXPECT_EQ(end, c.asked && !yes ? SaveEnd::kDeclined : SaveEnd::kStored);
+      EXPECT_EQ(Read(name) == foreign, c.asked && !yes);
+      fileDialog.confirms = true;
+    }
+  }
+}
+
+TEST_F(Saving, AFolderThatHasGoneStandsInTheWayOnce) {
+  settings.SaveSetting("Load", folder.File("gone/"));
+  files.refuseFolders = true;
+  SaveAs("a.qcf");
+  EXPECT_EQ(dialogs.shown.back().remedy,
+            folder.File("gone/") + "\nThe folder last used is not there any more.");
+  EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed));
+  EXPECT_EQ(settings.GetSetting("Load", ""), vars.AppPath);
+  SaveAs("a.qcf");
+  EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed)) << "the program's own folder has gone, too";
+  fileDialog.choices = {folder.File("a.qcf")};
+  SaveAs("a.qcf");
+  EXPECT_FALSE(Read("a.qcf").empty());
+}
+
 }  // namespace
 }  // namespace marlinset

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPrintPreviewWidget>
@@ -9,10 +10,12 @@
 
 #include "gui/about_window.h"
 #include "gui/qt_dialogs.h"
+#include "gui/qt_file_dialog.h"
 #include "gui/qt_form_printer.h"
 #include "platform/qt/sheet_painter.h"
 #include "tests/gui/form_fixture.h"
 #include "tests/support/fake_printer.h"
+#include "tests/support/temp_folder.h"
 
 namespace marlinset {
 namespace {
@@ -78,6 +81,21 @@ TEST_F(DialogsTest, AWindowFollowsItsFormUntilEitherCloses) {
     EXPECT_FALSE(about.Visible());
   }
   EXPECT_EQ(asked, 2);
+}
+
+TEST_F(DialogsTest, ANameWithoutAnExtensionGetsThatOfTheFilter) {
+  const TempFolder folder;
+  QtFileDialog dialog;
+  dialog.Filter = "Brandal Marlinset File|*.qcf";
+  dialog.InitDir = folder.Path();
+  for (const auto& [typed, taken] : {std::pair{"show", "show.qcf"}, std::pair{"show.b", "show.b"}}) {
+    AtDialog([&] { dialog.ShowSave(); },
+             [&](QWidget& window) {
+               Widget<QLineEdit>(window, "fileNameEdit").setText(typed);
+               QTest::keyClick(&Widget(window, "fileNameEdit"), Qt::Key_Return);
+             });
+    EXPECT_EQ(dialog.FileName, folder.File(taken));
+  }
 }
 
 TEST_F(DialogsTest, ThePreviewShowsEverySheetOfTheJob) {

@@ -88,10 +88,14 @@ TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
   EXPECT_EQ(run.form.tWinMess.Text(), "TAKE 7");
   EXPECT_EQ(run.form.Caption(), "7340 Marlinset - show");
   EXPECT_EQ(run.fileDialog.FileName, folder_.File("show.qcf"));
+  EXPECT_TRUE(run.tool.unsavedChanges.Modified());
   EXPECT_FALSE(run.tool.variables.ConfigSaved);
   EXPECT_THAT(keeper_.left, IsEmpty());
   ASSERT_TRUE(keeper_.kept) << "until it is saved, this run keeps it";
-  run.SaveTo(folder_.File("show.qcf"));
+  run.dialogs.shown.clear();
+  run.form.mnuSav.OperatorClick();
+  EXPECT_NE(folder_.Read("show.qcf").find("TAKE 7"), std::string::npos) << "where the work came from";
+  EXPECT_THAT(run.Boxes(), IsEmpty());
   run.pump.Pass(OneRun::kHalfMinute);
   EXPECT_FALSE(keeper_.kept);
 }

@@ -21,6 +21,9 @@ class FakeFileDialog : public FileDialog {
   };
   std::vector<Shown> shown;
   std::deque<std::optional<std::string>> choices;
+  bool confirms = true;  ///< as the dialog on the screen does; in a script nobody is asked
+
+  bool ConfirmsOverwriting() const override { return confirms; }
 
  protected:
   std::optional<std::string> AskOpen() override { return Next(false); }

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/unsaved_changes.h"
+
+#include <utility>
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "files/configuration_file.h"
+#include "files/panel_document.h"
+#include "files/qcf_writer.h"
+#include "platform/event_pump.h"
+#include "platform/platform.h"
+
+namespace marlinset {
+namespace {
+/// From the first touch of a control until it is looked what came of it: one look for all that one action
+/// does, and too short to be noticed.
+constexpr int kLookMs = 100;
+}  // namespace
+
+UnsavedChanges::UnsavedChanges(Platform& platform, const Variables& variables, FrmStart& form,
+                               ConfigurationFile& file)
+    : vars_(variables),
+      form_(form),
+      file_(file),
+      timer_(platform.pump, platform.guard, "UnsavedChanges", kLookMs),
+      touched_(form.Touched.Connect([this] { timer_.SetEnabled(begun_); })) {
+  timer_.OnTick([this] {
+    if (file_.Reading()) return;  // a box of the load stands over half of another composition
+    timer_.SetEnabled(false);
+    form_.ListenAgain();
+    Look();
+  });
+  file_.Replaced.Connect([this] { CountAsStored(); });
+  file_.SaveEnded.Connect([this](SaveEnd end) {
+    if (end == SaveEnd::kStored) CountAsStored();
+    if (end == SaveEnd::kDeclined || end == SaveEnd::kFailed) CountAsUnsaved();
+  });
+}
+
+UnsavedChanges::~UnsavedChanges() {
+  form_.Touched.Disconnect(touched_);
+}
+
+std::optional<UnsavedChanges::Bytes> UnsavedChanges::Composition() const {
+  try {
+    return WriteDocument(DocumentOfPanels(vars_, form_));
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
+bool UnsavedChanges::Modified() const {
+  return begun_ && (unsaved_ || Composition() != stored_);
+}
+
+void UnsavedChanges::CountAsStored() {
+  if (!std::exchange(begun_, true)) form_.ListenAgain();
+  unsaved_ = false;
+  stored_ = Composition();
+  Look();
+}
+
+void UnsavedChanges::CountAsUnsaved() {
+  unsaved_ = true;
+  Look();
+}
+
+void UnsavedChanges::Look() {
+  std::optional<Bytes> composition = Composition();
+  const bool modified = Modified();
+  const bool same = composition == seen_ && modified == seenModified_;
+  seen_ = std::move(composition);
+  seenModified_ = modified;
+  if (!same) Changed.Emit();
+}
+
+}  // namespace marlinset
