@@ -61,10 +61,31 @@ void PanelSetup::CheckWindowDefaults(int row) {
 
 void PanelSetup::SetPositionLimits(int row) {
   const CharMaxPosRec& limits = At(vars_.CharMaxPositions, vars_.CurCharMaxRow);
+  form_.udVer(row).SetProvisional(false);
+  form_.udHor(row).SetProvisional(false);
   form_.udVer(row).SetMin(limits.MaxVertPosn);
   form_.udVer(row).SetMax(limits.MinVertPosn);
   form_.udHor(row).SetMin(limits.MinHorPosn);
   form_.udHor(row).SetMax(limits.MaxHorPosn - At(vars_.CharWindows, row).Length);
+}
+
+void PanelSetup::SettlePositionLimits() {
+  FindCharMaxRow();
+  const CharMaxPosRec& limits = At(vars_.CharMaxPositions, vars_.CurCharMaxRow);
+  const auto settle = [](SpinControl& spin, int min, int max) {
+    if (!spin.Provisional()) return;
+    spin.SetProvisional(false);
+    spin.SetLimitsAround(min, max);
+  };
+  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
+    if (!form_.HasWindowRow(row)) continue;
+    const CharWindowRec& window = At(vars_.CharWindows, row);
+    int width = window.Length;
+    if (form_.chField(row).On()) width += window.FieldLength;
+    if (form_.chSym(row).On()) width += window.SymbolLength;
+    settle(form_.udVer(row), limits.MaxVertPosn, limits.MinVertPosn);
+    settle(form_.udHor(row), limits.MinHorPosn, limits.MaxHorPosn - width);
+  }
 }
 
 void PanelSetup::DefaultWindow(int row) {

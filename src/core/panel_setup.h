@@ -37,6 +37,9 @@ class PanelSetup {
   void FindCharMaxRow();
   /// Sets the limits of a window's position, without room for field digit and symbol.
   void SetPositionLimits(int row);
+  /// Sets the limits of all positions that have only provisional ones for the selected standard and font
+  /// size, with room for the field digits and symbols that are ticked. Values stay, also outside.
+  void SettlePositionLimits();
 
   /// The rows of the parameter list, one for each record and in the same order.
   void LoadParameterRow(int row);  ///< builds the row of a record that has none yet, hidden

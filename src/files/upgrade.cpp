@@ -152,11 +152,13 @@ void Upgrade::RebuildWindowRows() {
     vertical.SetIncrement(form_.udVer(0).Increment());
     vertical.SetValue(window.DefaultVertPosn);
     vertical.Announce();
+    vertical.SetProvisional(true);
     SpinControl& horizontal = form_.udHor(row);
     horizontal.SetMin(0);
     horizontal.SetMax(kLastColumn);
     horizontal.SetValue(window.DefaultHorPosn);
     horizontal.Announce();
+    horizontal.SetProvisional(true);
   }
 }
 

@@ -35,7 +35,9 @@ void SlateAndMessage::MessageChanged() {
 void SlateAndMessage::LimitToMessage() {
   if (!form_.Visible() || !form_.udHor.Has(FrmStart::kTextWindowRow)) return;
   const int length = static_cast<int>(LengthOf(form_.tWinMess.Text()));
-  form_.udHor(FrmStart::kTextWindowRow).SetMax(static_cast<int>(kMessageCharacters) - length);
+  SpinControl& horizontal = form_.udHor(FrmStart::kTextWindowRow);
+  horizontal.SetProvisional(false);
+  horizontal.SetMax(static_cast<int>(kMessageCharacters) - length);
 }
 
 }  // namespace marlinset

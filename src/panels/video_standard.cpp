@@ -11,6 +11,9 @@ VideoStandard::VideoStandard(Variables& variables, FrmStart& form, PanelSetup& p
     : vars_(variables), form_(form), panels_(panels) {
   form_.comVS.OnClick([this] { Click(); });
   form_.comVS.OnChange([this] { TakeTypingBack(); });
+  for (auto* positions : {&form_.udVer, &form_.udHor}) {
+    positions->OnSettle([this](int) { panels_.SettlePositionLimits(); });
+  }
   form_.comVS.OnKey([this](int, KeyPress&) { TakeTypingBack(); });
 }
 

@@ -8,7 +8,8 @@ class PanelSetup;
 struct Variables;
 
 /// The choice of the video standard, `comVS`: which limits and which list of processing modes follow from it.
-/// A choice sends nothing; the unit learns of it with the next whole send.
+/// A choice sends nothing; the unit learns of it with the next whole send. After a load, whose position
+/// limits are provisional, an operator's first move of a position brings those of windows, too.
 class VideoStandard {
  public:
   VideoStandard(Variables& variables, FrmStart& form, PanelSetup& panels);
