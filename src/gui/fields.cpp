@@ -130,7 +130,7 @@ void SpinField::Complete() {
   echoShown_.clear();
   if (isNumber) {
     const int value = static_cast<int>(std::clamp<qlonglong>(number, INT_MIN, INT_MAX));
-    leadsTo_ = std::clamp(value, spin_.Lowest(), spin_.Highest());
+    leadsTo_ = WhereItStays(value);
     binding_->Act({OperatorAction::Kind::kSpin, value});
   } else {
     binding_->Show();
@@ -148,11 +148,18 @@ void SpinField::stepBy(int steps) {
   const int from = SeenValue();
   const bool rising = (steps > 0) == (spin_.Max() >= spin_.Min());
   const qlonglong way = static_cast<qlonglong>(spin_.Increment()) * std::abs(steps);
-  const qlonglong end = std::clamp<qlonglong>(from + (rising ? way : -way), spin_.Lowest(), spin_.Highest());
+  const int end = WhereItStays(from + (rising ? way : -way));
   binding_->Act({OperatorAction::Kind::kStep, steps}, Turn::kInOrder, [this] {
     if (typing_) echoShown_ = Shown(echo_.Text());  // what was typed behind the step is newer
   });
-  ShowWhereItLeads(static_cast<int>(end));
+  ShowWhereItLeads(end);
+}
+
+/// Provisional limits go before the first of the steps is made.
+int SpinField::WhereItStays(qlonglong value) const {
+  const bool any = spin_.Provisional();
+  return static_cast<int>(
+      std::clamp<qlonglong>(value, any ? INT_MIN : spin_.Lowest(), any ? INT_MAX : spin_.Highest()));
 }
 
 int SpinField::SeenValue() const {
@@ -172,8 +179,9 @@ void SpinField::ShowWhereItLeads(int value) {
 
 QAbstractSpinBox::StepEnabled SpinField::stepEnabled() const {
   StepEnabled enabled = StepNone;
-  if (typing_ || SeenValue() != spin_.Max()) enabled |= StepUpEnabled;
-  if (typing_ || SeenValue() != spin_.Min()) enabled |= StepDownEnabled;
+  const bool any = typing_ || spin_.Provisional();
+  if (any || SeenValue() != spin_.Max()) enabled |= StepUpEnabled;
+  if (any || SeenValue() != spin_.Min()) enabled |= StepDownEnabled;
   return enabled;
 }
 

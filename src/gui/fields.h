@@ -63,6 +63,7 @@ class SpinField : public QAbstractSpinBox {
   int Radix() const { return radix_ ? radix_() : 10; }
   /// The value as the operator sees it: where the steps lead that are still to be carried out.
   int SeenValue() const;
+  int WhereItStays(qlonglong value) const;
 
   SpinControl& spin_;
   TextBox& echo_;

@@ -234,10 +234,6 @@ void SpinControl::Settle() {
   if (provisional_) Raise(&ControlEvents::settle);
 }
 
-bool SpinControl::CanStep(bool up) const {
-  return provisional_ || value_ != (up ? max_ : min_);
-}
-
 void TextBox::SetText(std::string text) {
   if (text == text_) return;
   Store(text_, std::move(text));

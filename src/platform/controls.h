@@ -173,8 +173,6 @@ class SpinControl : public Control {
   /// The limits stand for want of better ones: before the operator's next move OnSettle is raised.
   bool Provisional() const { return provisional_; }
   void SetProvisional(bool provisional) { Store(provisional_, provisional); }
-  /// A click on that arrow may move the spin.
-  bool CanStep(bool up) const;
   void SetIncrement(int increment) { Store(increment_, increment); }
   /// Announces the present value again, for a row that was just built.
   void Announce();

@@ -62,7 +62,7 @@ TEST(Windows, APositionThatWasLoadedMovesInTheLimitsOfItsStandard) {
     loaded(rig);
     const SpinControl& vertical = rig.form.udVer(0);
     EXPECT_EQ(vertical.Min() * 100 + vertical.Max(), 3000);
-    EXPECT_TRUE(vertical.CanStep(false));
+    EXPECT_TRUE(vertical.Provisional());
     rig.GoInteractive();
     move(rig.form);
     EXPECT_EQ(vertical.Value(), row);
