@@ -69,7 +69,7 @@ void OperatorQueue::Take(Control& control, const OperatorAction& action, Turn tu
                          std::function<void()> done) {
   const QPointer<QObject> listener(context);
   Add({.alive = [life = control.Life()] { return !life.expired(); },
-       .guard = &control.Owner().GetGuard(),
+       .form = &control.Owner(),
        .turn = turn,
        .action =
            [&control, action, listener, done = std::move(done)] {
@@ -80,14 +80,14 @@ void OperatorQueue::Take(Control& control, const OperatorAction& action, Turn tu
 
 void OperatorQueue::Take(const Form& form, QObject& window, std::function<void()> action) {
   Add({.alive = [there = QPointer<QObject>(&window)] { return !there.isNull(); },
-       .guard = &form.GetGuard(),
+       .form = &form,
        .turn = Turn::kInOrder,
        .action = std::move(action)});
 }
 
 void OperatorQueue::TakeHover(Form& form, QObject& window) {
   Add({.alive = [there = QPointer<QObject>(&window)] { return !there.isNull(); },
-       .guard = &form.GetGuard(),
+       .form = &form,
        .turn = Turn::kHover,
        .action = [&form] { form.OperatorHover(); }});
 }
@@ -121,7 +121,7 @@ bool OperatorQueue::event(QEvent* event) {
 
 /// Nothing of the tool is at work but what waits for this level to end.
 bool OperatorQueue::ToolAtRest(const Row& row) const {
-  const Guard& guard = *row.entries.front().guard;
+  const Guard& guard = row.entries.front().form->GetGuard();
   return !row.running && guard.AtWork() == (&guard == row.guard ? row.handlersOfTool : 0);
 }
 
@@ -152,18 +152,18 @@ void OperatorQueue::CarryOutFirst(Row& row) {
   Finally(entry.action, [&] { row.running = within; });
 }
 
-/// Carries out what cannot wait for the end of the present wait.
+/// Does what cannot wait for the end of the present wait.
 void OperatorQueue::Interrupt(Row& row) {
   const auto urgent = std::find_if(row.entries.begin(), row.entries.end(), [](const Entry& entry) {
     return entry.turn == Turn::kAtOnce || entry.turn == Turn::kClosing;
   });
   if (urgent == row.entries.end()) return;
-  if (urgent->turn == Turn::kAtOnce) {
+  if (urgent->turn == Turn::kClosing) {
+    urgent->turn = Turn::kInOrder;
+    urgent->form->Closing.Emit();
+  } else {
     std::rotate(row.entries.begin(), urgent, urgent + 1);
     CarryOutFirst(row);
-  } else {
-    const auto closing = [](const Entry& entry) { return entry.turn == Turn::kClosing; };
-    while (std::any_of(row.entries.begin(), row.entries.end(), closing)) CarryOutFirst(row);
   }
   Wake();
 }

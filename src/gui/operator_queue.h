@@ -27,7 +27,7 @@ enum class Turn {
   kInOrder,
   kHover,    ///< in order, but only the latest hover is kept
   kAtOnce,   ///< also while the tool waits for the unit: it ends such a wait
-  kClosing,  ///< likewise, but behind all that was done before, so that none of it is lost
+  kClosing,  ///< in order, so that nothing that was done before is lost, but no wait goes on meanwhile
 };
 
 /// The operator's actions on their way from the widgets to the controls. A widget takes an action down in its
@@ -69,7 +69,7 @@ class OperatorQueue : public QObject {
  private:
   struct Entry {
     std::function<bool()> alive;
-    const Guard* guard;
+    const Form* form;
     Turn turn;
     std::function<void()> action;
   };

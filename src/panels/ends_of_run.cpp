@@ -34,6 +34,7 @@ std::string StartsWith(const std::string& setting, const Variables& variables) {
 
 EndsOfRun::EndsOfRun(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts)
     : platform_(platform), vars_(variables), form_(form), parts_(parts) {
+  form_.Closing.Connect([this] { platform_.pump.End(); });
   form_.mnuExit.OnClick([this] { CloseRequest(); });
 }
 

@@ -36,6 +36,8 @@ class Form : public EventSource {
   void OperatorHover();
 
   Signal<> Changed;
+  /// The operator closes the window while something waits: the wait gives up, the close request follows.
+  Signal<> Closing;
 
   /// A control looks or holds otherwise than before, was added or has gone. Told once; after that not again
   /// until ListenAgain.

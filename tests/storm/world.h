@@ -20,7 +20,8 @@ inline constexpr int kUnknownModel = 77;
 /// for its files, in which the program lies as well: what is saved where the tool begins stays in there.
 class World {
  public:
-  World(unsigned seed, bool trace) : random_(seed), trace_(trace), rig(RandomUnit(), FilledFolder()) {}
+  explicit World(unsigned seed, bool trace, ToolRig::Clock clock = std::make_unique<VirtualPump>())
+      : random_(seed), trace_(trace), rig(RandomUnit(), FilledFolder(), std::move(clock)) {}
 
   /// From 0 to `count` - 1.
   int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "app/tool.h"
 #include "platform/file_engine.h"
@@ -20,8 +22,11 @@ namespace marlinset {
 
 /// The whole tool on the virtual clock with the shipped reference database and a virtual unit on every port.
 struct ToolRig {
-  explicit ToolRig(const UnitSettings& unit = {}, const std::string& folder = SHIPPED_DATABASE_FOLDER)
-      : line(pump, unit),
+  using Clock = std::unique_ptr<VirtualPump>;
+  explicit ToolRig(const UnitSettings& unit = {}, const std::string& folder = SHIPPED_DATABASE_FOLDER,
+                   Clock clockInUse = std::make_unique<VirtualPump>())
+      : clock(std::move(clockInUse)),
+        line(pump, unit),
         tool({pump, line, engine, dialogs, settings, guard, fileDialog, files, printer, desktop, folder}) {
     line.SetPorts({1, 2, 3, 4});
   }
@@ -29,7 +34,8 @@ struct ToolRig {
   const std::string& Panel(int number) const { return tool.form.StatBar(number).Text(); }
   std::vector<std::string> Boxes() const { return dialogs.Texts(); }
 
-  VirtualPump pump;
+  Clock clock;
+  VirtualPump& pump = *clock;
   UnitLine line;
   SqliteEngine sqlite;
   MdbEngine access;

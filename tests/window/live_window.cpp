@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/window/live_window.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QStyleOptionSpinBox>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWindow>
+#include <stdexcept>
+
+#include "gui/look.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kNoDoubleClickMs = 1000;
+
+int NextMoment() {
+  static int moment = 0;
+  return moment += kNoDoubleClickMs;
+}
+
+QString ShownText(const QComboBox& box) {
+  return box.currentIndex() < 0 ? box.placeholderText() : box.currentText();
+}
+
+/// What the widget of a control shows, and what it has to; nothing to compare counts as equal.
+std::pair<QString, QString> Looks(const QWidget& widget, const Control& control) {
+  if (const auto* box = dynamic_cast<const CheckBox*>(&control)) {
+    return {QString::number(static_cast<const QCheckBox&>(widget).isChecked()), QString::number(box->On())};
+  }
+  if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
+    return {QString::number(static_cast<const QAbstractButton&>(widget).isChecked()),
+            QString::number(option->Value())};
+  }
+  if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) {
+    const QString text = Shown(combo->Text());
+    return {ShownText(static_cast<const QComboBox&>(widget)), text.isEmpty() ? QStringLiteral("–") : text};
+  }
+  const auto* text = dynamic_cast<const TextBox*>(&control);
+  const auto* line = qobject_cast<const QLineEdit*>(&widget);
+  return text && line ? std::pair{line->text(), Shown(text->Text())} : std::pair<QString, QString>();
+}
+
+}  // namespace
+
+void TurnQtsLoop() {
+  while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
+  }
+}
+
+LiveWindow::LiveWindow(ToolRig& rig) : rig_(rig), window_(std::make_unique<MainWindow>(rig.tool.form)) {}
+
+QWidget& LiveWindow::Widget(const std::string& name) const {
+  auto* widget = window_->findChild<QWidget*>(Shown(name));
+  if (!widget) throw std::logic_error("no widget " + name);
+  return *widget;
+}
+
+void LiveWindow::Show(int view) {
+  rig_.tool.form.oView(view).SetValue(true);
+  window_->resize(1500, 1000);  // room for all, so that nothing scrolls
+  window_->activateWindow();
+  Settle();
+}
+
+void LiveWindow::Settle() {
+  TurnQtsLoop();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  TurnQtsLoop();
+}
+
+void LiveWindow::Mouse(QWidget& widget, QPoint at, Qt::MouseButtons buttons, Qt::MouseButton button,
+                       int type) {
+  QWindow* window = widget.window()->windowHandle();
+  if (!window) return;
+  qt_handleMouseEvent(window, widget.mapTo(widget.window(), at), widget.mapToGlobal(at), buttons, button,
+                      static_cast<QEvent::Type>(type), Qt::NoModifier, NextMoment());
+}
+
+void LiveWindow::Move(QWidget& widget, QPoint at) {
+  Mouse(widget, at, Qt::NoButton, Qt::NoButton, QEvent::MouseMove);
+}
+
+void LiveWindow::Click(QWidget& widget, QPoint at) {
+  Mouse(widget, at, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress);
+  Mouse(widget, at, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease);
+}
+
+void LiveWindow::ClickArrow(QWidget& spin, bool up) {
+  QStyleOptionSpinBox option;
+  option.initFrom(&spin);
+  option.frame = true;
+  const auto part = up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown;
+  Click(spin, spin.style()->subControlRect(QStyle::CC_SpinBox, &option, part, &spin).center());
+}
+
+void LiveWindow::Key(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+  QWindow* window = QGuiApplication::focusWindow();
+  if (!window) return;
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+    qt_handleKeyEvent(window, type, key, modifiers, text);
+}
+
+void LiveWindow::Wheel(QWidget& widget, bool up) {
+  const QPoint at = widget.rect().center();
+  QCoreApplication::postEvent(
+      &widget, new QWheelEvent(at, widget.mapToGlobal(at), QPoint(), QPoint(0, up ? 120 : -120), Qt::NoButton,
+                               Qt::NoModifier, Qt::NoScrollPhase, false));
+}
+
+std::vector<std::string> LiveWindow::Disagreements() const {
+  std::vector<std::string> found;
+  for (const Control* control : rig_.tool.form.Controls()) {
+    const auto* widget = window_->findChild<QWidget*>(Shown(control->FullName()));
+    if (!widget) continue;
+    const auto [seen, held] = Looks(*widget, *control);
+    if (seen != held)
+      found.push_back(control->FullName() + " shows " + seen.toStdString() + ", holds " + held.toStdString());
+    if (widget->isVisible() && widget->isEnabled() && !control->Enabled())
+      found.push_back(control->FullName() + " looks enabled");
+  }
+  return found;
+}
+
+}  // namespace marlinset

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/window/live_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QMenuBar>
+#include <QTableView>
+#include <functional>
+
+#include "tests/storm/world.h"
+
+namespace marlinset {
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+
+/// A tool in interactive mode with a unit that takes its time to answer.
+struct Studio {
+  explicit Studio(int ackMs, ToolRig::Clock clock = std::make_unique<VirtualPump>())
+      : rig({.model = kModelHd7340Q, .ackTime = std::chrono::milliseconds{ackMs}}, SHIPPED_DATABASE_FOLDER,
+            std::move(clock)) {
+    rig.dialogs.onShow = [](const MessageBox& box) {
+      return box.buttons == BoxButtons::kYesNo ? BoxAnswer::kYes : BoxAnswer::kOk;
+    };
+  }
+  void GoLive() {
+    rig.tool.Start("");
+    const auto& list = rig.tool.form.comVS.List();
+    rig.tool.form.comVS.OperatorSelect(
+        static_cast<int>(std::find(list.begin(), list.end(), "1080i/60") - list.begin()));
+    rig.tool.form.mnuInter.OperatorClick();
+    ASSERT_TRUE(rig.tool.form.mnuInter.Checked());
+    rig.line.ClearSent();
+  }
+  ToolRig rig;
+  FrmStart& form = rig.tool.form;
+};
+
+class LiveWindowTest : public testing::TestWithParam<int> {
+ protected:
+  LiveWindowTest() {
+    studio_.GoLive();
+    desk_.Show(2);
+    studio_.rig.line.ClearSent();
+  }
+  ~LiveWindowTest() override {
+    EXPECT_THAT(desk_.Disagreements(), IsEmpty());
+    if (form_.mnuInter.Checked()) {
+      std::vector<std::string> differences =
+          DifferencesToUnit(studio_.rig.tool, studio_.rig.line.Unit().Memory());
+      // A click on their number sends none, and units take it from the next whole send.
+      std::erase_if(differences, [](const std::string& line) { return line.starts_with("number of VITC"); });
+      EXPECT_THAT(differences, IsEmpty());
+    }
+  }
+  /// Does something when the exchange that begins next has lasted a while.
+  void InTheWait(std::function<void()> deed) {
+    studio_.rig.pump.At(studio_.rig.pump.Now() + 5, std::move(deed));
+  }
+
+  Studio studio_{GetParam(), std::make_unique<WindowPump>()};
+  FrmStart& form_ = studio_.form;
+  LiveWindow desk_{studio_.rig};
+};
+
+/// Chooses an entry of a list that drops down, with the mouse.
+void Pick(LiveWindow& desk, const std::string& name, int entry) {
+  auto& box = dynamic_cast<QComboBox&>(desk.Widget(name));
+  desk.Click(box);
+  TurnQtsLoop();
+  QAbstractItemView& list = *box.view();
+  desk.Click(*list.viewport(), list.visualRect(list.model()->index(entry, 0)).center());
+}
+
+void EditParameter(LiveWindow& desk, int row, const char* digits) {
+  auto& table = dynamic_cast<QTableView&>(desk.Widget("pParIn"));
+  desk.Click(*table.viewport(), table.visualRect(table.model()->index(row, 2)).center());
+  desk.Key(Qt::Key_F2);
+  for (const char* digit = digits; *digit; ++digit)
+    desk.Key(*digit, Qt::NoModifier, QString(QLatin1Char(*digit)));
+  desk.Key(Qt::Key_Return);
+}
+
+/// What an operator does with the mouse or the keys in one go, and the same without a window.
+struct Deed {
+  const char* name;
+  int view;
+  std::function<void(LiveWindow&)> byHand;
+  std::function<void(FrmStart&)> byScript;
+};
+
+const Deed kDeeds[] = {
+    {"arrow of a spin", 2, [](LiveWindow& desk) { desk.ClickArrow(desk.Widget("udHor(1)"), true); },
+     [](FrmStart& form) {
+       form.udHor(1).OperatorHover();
+       form.udHor(1).OperatorStep(true, 1);
+     }},
+    {"check box", 2, [](LiveWindow& desk) { desk.Click(desk.Widget("chOnOff(1)")); },
+     [](FrmStart& form) {
+       form.chOnOff(1).OperatorHover();
+       form.chOnOff(1).OperatorCheck(!form.chOnOff(1).On());
+     }},
+    {"option", 1, [](LiveWindow& desk) { desk.Click(desk.Widget("oVITC(1)")); },
+     [](FrmStart& form) { form.oVITC(1).OperatorClick(); }},
+    {"list that drops down", 1, [](LiveWindow& desk) { Pick(desk, "comTB(1)", 2); },
+     [](FrmStart& form) { form.comTB(1).OperatorSelect(2); }},
+    {"cell of the parameter list", 3, [](LiveWindow& desk) { EditParameter(desk, 0, "77"); },
+     [](FrmStart& form) {
+       for (const int row : form.udVal.Indices()) {
+         if (form.lClass(row).Visible()) return static_cast<void>(form.udVal(row).OperatorSpin(77));
+       }
+     }},
+    {"five keys on a list", 2,
+     [](LiveWindow& desk) {
+       desk.Widget("ComWin(2)").setFocus();
+       for (int i = 0; i < 5; ++i) desk.Key(Qt::Key_Down);
+     },
+     [](FrmStart& form) {
+       for (int i = 0; i < 5; ++i) form.ComWin(2).OperatorSelect(form.ComWin(2).ListIndex() + 1);
+     }},
+    {"text", 2,
+     [](LiveWindow& desk) {
+       desk.Widget("tWinMess").setFocus();
+       for (const char letter : {'A', 'B'}) desk.Key(letter, Qt::NoModifier, QString(QLatin1Char(letter)));
+     },
+     [](FrmStart& form) {
+       form.tWinMess.OperatorType("A");
+       form.tWinMess.OperatorType("AB");
+     }},
+};
+
+/// Touch pads and remote desktops deliver press and release in one piece; a unit answers whenever it likes.
+TEST_P(LiveWindowTest, OneClickIsOneStepAndOneMessage) {
+  Studio twin(GetParam());
+  twin.GoLive();
+  for (const Deed& deed : kDeeds) {
+    SCOPED_TRACE(deed.name);
+    for (Studio* one : {&studio_, &twin}) one->form.oView(deed.view).SetValue(true);
+    LiveWindow::Settle();
+    for (Studio* one : {&studio_, &twin}) one->rig.line.ClearSent();
+    deed.byHand(desk_);
+    LiveWindow::Settle();
+    deed.byScript(twin.form);
+    EXPECT_FALSE(twin.rig.line.Sent().empty());
+    EXPECT_THAT(studio_.rig.line.Sent(), ElementsAreArray(twin.rig.line.Sent()));
+  }
+}
+
+class LateAnswersTest : public LiveWindowTest {};
+
+TEST_P(LateAnswersTest, WhatFallsIntoAWaitIsDoneWhenItIsOver) {
+  const int before = form_.udVer(14).Value();
+  const int increment = form_.udVer(14).Increment();
+  const bool wasOn = form_.chOnOff(14).On();
+  desk_.Click(desk_.Widget("chOnOff(1)"));
+  InTheWait([&] {
+    for (int i = 0; i < 3; ++i) desk_.ClickArrow(desk_.Widget("udVer(14)"), false);
+    desk_.Click(desk_.Widget("chOnOff(14)"));
+    TurnQtsLoop();
+    EXPECT_EQ(form_.udVer(14).Value(), before) << "the unit still owes an answer";
+    EXPECT_EQ(dynamic_cast<QAbstractButton&>(desk_.Widget("chOnOff(14)")).isChecked(), !wasOn)
+        << "but the operator sees what he did";
+  });
+  LiveWindow::Settle();
+  EXPECT_EQ(std::abs(form_.udVer(14).Value() - before), 3 * increment);
+  EXPECT_EQ(form_.chOnOff(14).On(), !wasOn);
+}
+
+TEST_P(LateAnswersTest, CloseActsInAWaitAndKeepsWhatWasDoneBefore) {
+  const bool wasOn = form_.chOnOff(14).On();
+  bool closed = false;
+  desk_.Click(desk_.Widget("chOnOff(1)"));
+  InTheWait([&] {
+    desk_.Click(desk_.Widget("chOnOff(14)"));
+    desk_.Click(desk_.Widget("bClose"));
+    TurnQtsLoop();
+    closed = !studio_.rig.line.PortOpen();
+  });
+  LiveWindow::Settle();
+  EXPECT_TRUE(closed);
+  EXPECT_EQ(form_.chOnOff(14).On(), !wasOn);
+}
+
+TEST_P(LateAnswersTest, TheWindowClosesInAWaitAndLosesNothing) {
+  const bool wasOn = form_.chOnOff(14).On();
+  bool kept = false;
+  std::vector<std::string> boxes;
+  studio_.rig.dialogs.onShow = [&](const MessageBox& box) {
+    boxes.push_back(box.text);
+    kept = form_.chOnOff(14).On() != wasOn;
+    return box.buttons == BoxButtons::kYesNo ? BoxAnswer::kNo : BoxAnswer::kOk;
+  };
+  desk_.Click(desk_.Widget("chOnOff(1)"));
+  InTheWait([&] {
+    desk_.Click(desk_.Widget("chOnOff(14)"));
+    TurnQtsLoop();
+    desk_.Window().close();
+    TurnQtsLoop();
+    EXPECT_TRUE(studio_.rig.pump.Ending()) << "no wait goes on";
+  });
+  LiveWindow::Settle();
+  EXPECT_FALSE(form_.Visible());
+  EXPECT_TRUE(kept);
+  EXPECT_THAT(boxes, ElementsAre("Save Changes before Exit?", "Restart next time with this configuration?"));
+}
+
+INSTANTIATE_TEST_SUITE_P(AnswersAfter, LiveWindowTest, testing::Values(0, 15, 40, 120));
+INSTANTIATE_TEST_SUITE_P(AnswersAfter, LateAnswersTest, testing::Values(15, 40, 120));
+
+}  // namespace
+}  // namespace marlinset

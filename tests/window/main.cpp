@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include "gui/application.h"
+#include "gui/readable_style.h"
+
+int main(int argc, char** argv) {
+  // Tests run the same with and without a display, and show nothing to whoever runs them.
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const marlinset::Application application(argc, argv);
+  QApplication::setStyle(new marlinset::ReadableStyle);
+  testing::InitGoogleMock(&argc, argv);
+  return RUN_ALL_TESTS();
+}
