@@ -10,7 +10,6 @@
 #include <QMenu>
 #include <algorithm>
 
-#include "gui/fields.h"
 #include "gui/look.h"
 
 namespace marlinset {
@@ -74,7 +73,6 @@ class ActionBinding : public QObject {
         listening_(item.Changed, [this] { Show(); }) {
     action.setObjectName(Shown(item.FullName()));
     connect(&action, &QAction::triggered, this, [this, turn] {
-      FinishTyping();
       OperatorQueue::OfProgram().Take(item_, {OperatorAction::Kind::kClick}, turn, this,
                                       [this] { Show(); });  // it ticked itself; the tick is the model's
     });
@@ -133,7 +131,6 @@ Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic, Turn turn
   });
   QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&binding, turn] {
     if (binding.Pending()) return;
-    FinishTyping();
     binding.Act({OperatorAction::Kind::kClick}, turn);
   });
   return binding;
@@ -158,7 +155,6 @@ Binding& Bind(QAbstractButton& widget, OptionButton& control) {
     if (band) LeadKeysToChoice(*band);
   });
   QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&widget, &binding] {
-    FinishTyping();
     binding.Act({OperatorAction::Kind::kClick}, Turn::kInOrder, [&widget] {
       if (const QWidget* band = widget.parentWidget()) ShowOptions(*band);
     });

@@ -2,7 +2,6 @@
 #include "gui/fields.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -101,7 +100,10 @@ SpinField::SpinField(SpinControl& spin, TextBox& echo, QWidget* parent)
   binding_ = new Binding(*this, spin, [this] { ShowControl(); });
   binding_->Add(echo, lineEdit());
   binding_->Show();
-  connect(lineEdit(), &QLineEdit::textEdited, binding_, [this] { typing_ = true; });
+  connect(lineEdit(), &QLineEdit::textEdited, binding_, [this] {
+    typing_ = true;
+    OperatorQueue::OfProgram().HoldTyping(*this, [this] { Complete(); });
+  });
   connect(this, &QAbstractSpinBox::editingFinished, binding_, [this] {
     if (!staysInUse_) Complete();
   });
@@ -229,10 +231,6 @@ void SpinField::timerEvent(QTimerEvent* event) {
   heldDown_ = true;
   QAbstractSpinBox::timerEvent(event);
   heldDown_ = false;
-}
-
-void FinishTyping() {
-  if (auto* field = qobject_cast<SpinField*>(QApplication::focusWidget())) field->Complete();
 }
 
 }  // namespace marlinset

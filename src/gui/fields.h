@@ -76,7 +76,4 @@ class SpinField : public QAbstractSpinBox {
   QString echoShown_;
 };
 
-/// The number in the field that has the focus is complete: the operator does something else with it.
-void FinishTyping();
-
 }  // namespace marlinset

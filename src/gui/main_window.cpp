@@ -15,7 +15,6 @@
 
 #include "gui/bindings.h"
 #include "gui/byte_log.h"
-#include "gui/fields.h"
 #include "gui/group.h"
 #include "gui/icons.h"
 #include "gui/look.h"
@@ -178,7 +177,6 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  FinishTyping();
   OperatorQueue::OfProgram().Take(form_, *this, [this, name = DraggedConfiguration(*event->mimeData())] {
     hooks_.openFile(Typed(name));
   });
@@ -187,7 +185,6 @@ void MainWindow::dropEvent(QDropEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (!form_.Visible()) return;
   event->ignore();  // the window goes with the form
-  FinishTyping();
   OperatorQueue::OfProgram().Take(form_.mnuExit, {OperatorAction::Kind::kClick}, Turn::kClosing);
 }
 

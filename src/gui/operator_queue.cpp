@@ -67,6 +67,8 @@ OperatorQueue& OperatorQueue::OfProgram() {
 
 void OperatorQueue::Take(Control& control, const OperatorAction& action, Turn turn, QObject* context,
                          std::function<void()> done) {
+  using Kind = OperatorAction::Kind;
+  if (action.kind != Kind::kHover && action.kind != Kind::kLeave) FinishTyping();
   const QPointer<QObject> listener(context);
   Add({.alive = [life = control.Life()] { return !life.expired(); },
        .form = &control.Owner(),
@@ -79,6 +81,7 @@ void OperatorQueue::Take(Control& control, const OperatorAction& action, Turn tu
 }
 
 void OperatorQueue::Take(const Form& form, QObject& window, std::function<void()> action) {
+  FinishTyping();
   Add({.alive = [there = QPointer<QObject>(&window)] { return !there.isNull(); },
        .form = &form,
        .turn = Turn::kInOrder,
@@ -99,6 +102,17 @@ void OperatorQueue::Add(Entry entry) {
   }
   entries.push_back(std::move(entry));
   Wake();
+}
+
+void OperatorQueue::HoldTyping(QObject& field, std::function<void()> complete) {
+  if (typedIn_ != &field) FinishTyping();
+  typedIn_ = &field;
+  completeTyping_ = std::move(complete);
+}
+
+void OperatorQueue::FinishTyping() {
+  const std::function<void()> complete = std::exchange(completeTyping_, nullptr);
+  if (std::exchange(typedIn_, nullptr) && complete) complete();
 }
 
 void OperatorQueue::Wake() {

@@ -53,6 +53,12 @@ class OperatorQueue : public QObject {
   /// The mouse moves over `form` beside its controls.
   void TakeHover(Form& form, QObject& window);
 
+  /// `field` holds a number that is half typed. `complete` takes it down; it counts before whatever the
+  /// operator does next, wherever the focus is by then.
+  void HoldTyping(QObject& field, std::function<void()> complete);
+  /// The number that is half typed counts as it stands.
+  void FinishTyping();
+
   /// What the queue waits for may be over.
   void Wake();
   /// An event handler of a widget begins, or ends.
@@ -91,6 +97,8 @@ class OperatorQueue : public QObject {
   void Interrupt(Row& row);
 
   std::deque<Row> rows_{1};
+  QPointer<QObject> typedIn_;
+  std::function<void()> completeTyping_;
   int handlers_ = 0;
   bool posted_ = false;
 };

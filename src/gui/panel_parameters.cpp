@@ -115,7 +115,6 @@ void SetUpTable(QTableView* table) {
 void FollowModel(QTableView* table, ParameterModel* model, FrmStart& form) {
   QObject::connect(
       table->horizontalHeader(), &QHeaderView::sectionClicked, model, [model, table](int column) {
-        FinishTyping();  // before another parameter moves into the row
         OperatorQueue::OfProgram().Take(model->Head(column), {OperatorAction::Kind::kClick}, Turn::kInOrder,
                                         table,
                                         // The click moved the arrow by itself.

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMenuBar>
 
+#include "gui/operator_queue.h"
 #include "link/replies.h"
 #include "tests/storm/world.h"
 #include "tests/window/live_window.h"
@@ -172,7 +173,7 @@ class WindowStorm {
     rig_.line.Unit().Faults() = {};
     rig_.pump.Pass(1000);
     while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
-    if (QWidget* field = QApplication::focusWidget()) field->clearFocus();  // half a number counts now
+    OperatorQueue::OfProgram().FinishTyping();
     rig_.pump.Pass(20000);
     TurnQtsLoop();
   }
