@@ -196,8 +196,9 @@ std::optional<SendEnd> WholeSend::CompareStandards(bool& agreed) {
     platform_.dialogs.Tell(kNotDetectedText);
     return SendEnd::kNotDetected;
   }
+  if (comms_.LostInSend()) return SendEnd::kPortClosed;
   agreed = form_.comVS.Text() == vars_.UnitStandardText;
-  if (agreed && !comms_.LostInSend()) return std::nullopt;
+  if (agreed) return std::nullopt;
   return (vars_.UnitVideoStandard & kManualBit) != 0 ? CommandStandard() : LeaveAutomatic();
 }
 
