@@ -250,7 +250,8 @@ TEST_F(CliTest, TheUnitIsSteeredByLinesAndOutlivesTheCable) {
   EXPECT_FALSE(std::filesystem::is_symlink(Link()));
   EXPECT_THAT(unit->State("plug"), testing::StartsWith("ready "));
   EXPECT_THAT(unit->ReadLine(), HasSubstr(R"("held":{})")) << "the same unit as before";
-  script.Expect({{"wait 0", ""}, {"click bOpen", ""}, {"get StatBar(2)", R"({"text":"Port Open "})"}});
+  while (script.Answer("get StatBar(2)")["text"] != "Offline") script.Answer("wait 10");
+  script.Expect({{"click bOpen", ""}, {"get StatBar(2)", R"({"text":"Port Open "})"}});
   unit->Tell("state text");
   EXPECT_EQ(unit->ReadLine(), "unit        HDSD7340, 1080i/50, manual, video");
   EXPECT_EQ(unit->End(), 0);
