@@ -120,43 +120,36 @@ TEST_F(Saving, ReportsWhatItCannotWriteTo) {
   }
 }
 
-/// A box in which No stands in front; a dialog that has confirmed the file is not repeated.
+/// A dialog that has confirmed the file is not repeated; in a script nobody has confirmed anything.
 TEST_F(Saving, AFileThatOthersHaveChangedIsAskedAbout) {
-  enum class Way { kSave, kSaveAs, kScriptedSaveAs };
   const FileBytes foreign = {'h', 'i'};
   struct Case {
-    const char* what;
-    bool known;
-    std::optional<FileBytes> there;  ///< what others have made of it; nothing: they took it away
-    Way way;
-    bool asked;
+    const char* name;
+    bool known, there;
+    const char* flow;
+    bool confirmed, asked;
   };
-  const FileBytes own = (SaveAs("own.qcf"), Read("own.qcf"));
-  for (const Case& c : {Case{"changed", true, foreign, Way::kSave, true},
-                        Case{"changed, confirmed", true, foreign, Way::kSaveAs, false},
-                        Case{"changed, by script", true, foreign, Way::kScriptedSaveAs, true},
-                        Case{"written again as it was", true, own, Way::kSave, false},
-                        Case{"gone", true, std::nullopt, Way::kSave, false},
-                        Case{"there before", false, foreign, Way::kSave, true},
-                        Case{"there before, by script", false, foreign, Way::kScriptedSaveAs, false}}) {
-    const std::string name = std::string(c.what) + ".qcf";
+  for (const Case& c :
+       {Case{"changed", true, true, "Save", false, true},
+        Case{"confirmed", true, true, "SaveAs", true, false},
+        Case{"by script", true, true, "SaveAs", false, true}, Case{"gone", true, false, "Save", false, false},
+        Case{"unknown", false, true, "Save", false, true},
+        Case{"unknown, by script", false, true, "SaveAs", false, false}}) {
+    const std::string name = std::string(c.name) + ".qcf";
+    if (c.known) SaveAs(name);
+    std::filesystem::remove(folder.File(name));
+    if (c.there) Write(name, foreign);
+    fileDialog.confirms = c.confirmed;
     for (const bool yes : {false, true}) {
-      SCOPED_TRACE(name);
-      if (c.known) SaveAs(name);
-      std::filesystem::remove(folder.File(name));
-      if (c.there) Write(name, *c.there);
-      if (!c.known && yes) continue;  // the first round has written it
-      vars.CurrentFile = c.what;
-      fileDialog.confirms = c.way != Way::kScriptedSaveAs;
+      vars.CurrentFile = c.name;
       fileDialog.choices = {folder.File(name)};
       dialogs.answers = {yes ? BoxAnswer::kYes : BoxAnswer::kNo};
-      TakeBoxes();
-      const SaveEnd end = tool.configurationFile.SaveConfig(c.way == Way::kSave ? "Save" : "SaveAs");
-      EXPECT_EQ(TakeBoxes().size(), c.asked ? 1U : 0U);
-      EXPECT_EQ(end, c.asked && !yes ? SaveEnd::kDeclined : SaveEnd::kStored);
-      EXPECT_EQ(Read(name) == foreign, c.asked && !yes);
-      fileDialog.confirms = true;
+      const bool declined = c.asked && !yes;
+      EXPECT_EQ(tool.configurationFile.SaveConfig(c.flow), declined ? SaveEnd::kDeclined : SaveEnd::kStored);
+      EXPECT_EQ(TakeBoxes().size(), c.asked ? 1U : 0U) << name;
+      EXPECT_EQ(Read(name) == foreign, declined) << name;
     }
+    fileDialog.confirms = true;
   }
 }
 
