@@ -106,6 +106,7 @@ void Recovery::Leave() {
 }
 
 void Recovery::Tick() {
+  if (file_.Reading()) return;  // a box of the load stands over parts of two configurations
   if (changes_.Modified() && !discarded_) return Keep();
   platform_.work->Drop();
   kept_.reset();

@@ -177,6 +177,19 @@ TEST_F(RecoveryTest, LeavesNothingThatWasStoredOrIsNotWanted) {
   }
 }
 
+TEST_F(RecoveryTest, KeepsNothingOfAConfigurationThatIsHalfRead) {
+  OneRun run(keeper_);
+  run.Start();
+  const std::string file = folder_.Write("damaged.qcf", "no configuration");
+  run.dialogs.onShow = [&](const MessageBox&) {
+    run.Edit("BETWEEN");
+    run.pump.Pass(OneRun::kHalfMinute);
+    return BoxAnswer::kOk;
+  };
+  run.tool.fileCommands.OpenNamed(file);
+  EXPECT_EQ(keeper_.keepings, 0);
+}
+
 TEST_F(RecoveryTest, SaysOnceThatNothingCanBeKept) {
   OneRun run(keeper_);
   run.Start();
