@@ -13,13 +13,16 @@
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_dialog.h"
+#include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/runtime_error.h"
 
 namespace marlinset {
 namespace {
-constexpr int kIntervalMs = 30000;
-}
+/// With the time until an edit is noticed less than two seconds.
+constexpr int kRestMs = 1500;
+constexpr int kMostMs = 30000;
+}  // namespace
 
 Recovery::Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file,
                    UnsavedChanges& changes)
@@ -28,8 +31,13 @@ Recovery::Recovery(Platform& platform, Variables& variables, FrmStart& form, Con
       form_(form),
       file_(file),
       changes_(changes),
-      timer_(platform.pump, platform.guard, "Recovery", kIntervalMs) {
-  timer_.OnTick([this] { Tick(); });
+      rest_(platform.pump, platform.guard, "RecoveryRest", kRestMs),
+      most_(platform.pump, platform.guard, "RecoveryMost", kMostMs) {
+  rest_.OnTick([this] {
+    if (!LineBusy()) KeepNow();
+  });
+  most_.OnTick([this] { KeepNow(); });
+  changes_.Changed.Connect([this] { NoteChange(); });
   file_.SaveEnded.Connect(
       [this](SaveEnd end) { saveFailed_ = end != SaveEnd::kStored && changes_.Modified(); });
 }
@@ -50,7 +58,20 @@ void Recovery::Offer() {
 
 void Recovery::Begin() {
   if (!platform_.work) return;
-  timer_.SetEnabled(true);
+  begun_ = true;
+  if (changes_.Modified()) NoteChange();
+}
+
+void Recovery::NoteChange() {
+  if (!begun_) return;
+  rest_.Restart();
+  most_.SetEnabled(true);
+}
+
+/// Writing to a disk takes a while, in which no byte would be sent and no answer heard.
+bool Recovery::LineBusy() const {
+  return form_.dPause.Enabled() || form_.TimerNew.Enabled() || form_.timeRes.Enabled() ||
+         (platform_.ComP1.PortOpen() && platform_.ComP1.OutBufferCount() > 0);
 }
 
 /// False when the composition can't be read, which has been told; it stays where it is.
@@ -87,26 +108,29 @@ void Recovery::Discard() {
 
 /// At a regular end the operator has been asked about all that questions count.
 void Recovery::End() {
-  timer_.SetEnabled(false);
   if (!platform_.work) return;
   const bool wanted = !vars_.ConfigSaved || saveFailed_;
   if (!wanted) Discard();
-  Tick();
+  KeepNow();
+  begun_ = false;
 }
 
 void Recovery::KeepNow() {
-  if (timer_.Enabled()) Tick();
+  if (!begun_ || file_.Reading()) return;  // a box of the load stands over parts of two configurations
+  rest_.SetEnabled(false);
+  most_.SetEnabled(false);
+  KeepOrDrop();
+  if (told_) most_.SetEnabled(true);  // there may be room by then
 }
 
 void Recovery::Leave() {
   if (!platform_.work) return;
   KeepNow();
-  timer_.SetEnabled(false);
+  begun_ = false;
   platform_.work->Leave();
 }
 
-void Recovery::Tick() {
-  if (file_.Reading()) return;  // a box of the load stands over parts of two configurations
+void Recovery::KeepOrDrop() {
   if (changes_.Modified() && !discarded_) return Keep();
   platform_.work->Drop();
   kept_.reset();

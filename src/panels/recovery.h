@@ -14,9 +14,10 @@ class UnsavedChanges;
 struct Platform;
 struct Variables;
 
-/// A composition outlives a tool that dies. Every half minute the one with unsaved changes is kept aside in
-/// the user's data folder, never in the operator's files; the next start offers it. Does nothing on a
-/// platform without a keeper.
+/// A composition outlives a tool that dies. One with unsaved changes is kept aside in the user's data
+/// folder, never in the operator's files, and the next start offers it: within two seconds of an edit that
+/// nobody continues, but not in the middle of an exchange with the unit, and every half minute in any case.
+/// Does nothing on a platform without a keeper, and nothing while nothing changes.
 class Recovery {
  public:
   Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file,
@@ -42,7 +43,9 @@ class Recovery {
   void Leave();
 
  private:
-  void Tick();
+  void NoteChange();
+  bool LineBusy() const;
+  void KeepOrDrop();
   void Keep();
   bool Restore(const LeftWork& left);
 
@@ -51,7 +54,9 @@ class Recovery {
   FrmStart& form_;
   ConfigurationFile& file_;
   UnsavedChanges& changes_;
-  Timer timer_;
+  Timer rest_;  ///< runs from the last edit, ticks when nobody continued
+  Timer most_;  ///< runs from the first edit that is not kept
+  bool begun_ = false;
   bool saveFailed_ = false;  ///< edits that the last save should have stored
   bool discarded_ = false;
   bool restored_ = false;

@@ -100,6 +100,35 @@ TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
   EXPECT_FALSE(keeper_.kept);
 }
 
+TEST_F(RecoveryTest, KeepsAnEditThatNobodyContinuesButNotWhileTheUnitIsWaitedFor) {
+  OneRun run(keeper_);
+  run.Start();
+  run.Edit("ONE");
+  run.pump.Pass(2000);
+  EXPECT_EQ(keeper_.keepings, 1);
+  for (int second = 1; second <= 32; ++second) {
+    run.Edit(std::to_string(second));
+    run.pump.Pass(1000);
+    EXPECT_EQ(keeper_.keepings, second < 31 ? 1 : 2) << "somebody types for " << second << " s";
+  }
+  run.pump.Pass(2000);
+  EXPECT_EQ(keeper_.keepings, 3);
+  run.form.dPause.SetInterval(10000);
+  run.form.dPause.SetEnabled(true);
+  run.Edit("WHILE SENDING");
+  run.pump.Pass(9000);
+  EXPECT_EQ(keeper_.keepings, 3);
+  run.pump.Pass(3000);
+  EXPECT_EQ(keeper_.keepings, 4);
+  run.Edit("THE END");
+  run.tool.recovery.Leave();
+  EXPECT_EQ(keeper_.keepings, 5) << "at once";
+  EXPECT_THAT(keeper_.left, SizeIs(1));
+  run.Edit("NOBODY IS LEFT");
+  run.pump.Pass(OneRun::kHalfMinute);
+  EXPECT_EQ(keeper_.keepings, 5);
+}
+
 TEST_F(RecoveryTest, KeepsWhatNoQuestionCounts) {
   using Choice = void (*)(FrmStart&);
   const Choice kChoices[] = {[](FrmStart& form) { form.oVITC(1).OperatorClick(); },
@@ -195,11 +224,14 @@ TEST_F(RecoveryTest, SaysOnceThatNothingCanBeKept) {
   run.Start();
   keeper_.full = true;
   run.Edit("X");
-  run.pump.Pass(OneRun::kHalfMinute);
+  run.pump.Pass(2000);
   EXPECT_EQ(run.Panel(4), "Save changes: Disk full, nothing is kept aside");
   run.form.StatBar(4).SetText("");
   run.pump.Pass(OneRun::kHalfMinute);
   EXPECT_EQ(run.Panel(4), "");
+  keeper_.full = false;
+  run.pump.Pass(OneRun::kHalfMinute);
+  EXPECT_TRUE(keeper_.kept) << "there is room by now";
   EXPECT_THAT(run.Boxes(), IsEmpty());
 }
 

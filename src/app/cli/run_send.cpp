@@ -128,7 +128,7 @@ int StatusOf(const SendResult& result, bool portOpen) {
     case SendEnd::kNotDetected:
       return portOpen ? kExitReply : kExitPort;
     case SendEnd::kStopped:
-      return kExitInterrupted - SIGINT + interrupted;
+      return kExitInterrupted - SIGINT + interrupted;  // as shells tell a signal
     case SendEnd::kNone:
     case SendEnd::kRefused:
     case SendEnd::kNoCode:
