@@ -63,7 +63,9 @@ class WindowRun {
   QtFormPrinter printer_;
   QtWorkKeeper keeper_;
   Tool tool_;
-  const OutsideEnds ends_{{.keep = [this] { tool_.recovery.KeepNow(); }, .leave = [this] { Leave(); }}};
+  const OutsideEnds ends_{{.keep = [this] { tool_.recovery.KeepNow(); },
+                           .leave = [this] { Leave(); },
+                           .over = [this] { return computer_.Pump().Ending(); }}};
   std::optional<MainWindow> window_;  // made behind the splash: it takes a while
   std::optional<GuideWindow> guide_;  // made when it is wanted first
 };

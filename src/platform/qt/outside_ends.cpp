@@ -75,21 +75,18 @@ void OutsideEnds::Listen() {
 }
 
 void OutsideEnds::WatchSession() {
-  auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+  QCoreApplication::instance()->installEventFilter(this);
+  const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
   if (application == nullptr) return;
   connect(
-      application, &QGuiApplication::commitDataRequest, this,
-      [this] {
-        sessionEnds_ = true;
-        duties_.keep();
-      },
+      application, &QGuiApplication::commitDataRequest, this, [this] { duties_.keep(); },
       Qt::DirectConnection);
-  application->installEventFilter(this);
 }
 
-/// The session manager's last word. Qt would close the window, which asks questions.
+/// The session manager's last word, with or without a request to save before. Qt would close the window,
+/// which asks questions.
 bool OutsideEnds::eventFilter(QObject* /*watched*/, QEvent* event) {
-  if (sessionEnds_ && event->type() == QEvent::Quit) {
+  if (event->type() == QEvent::Quit && !duties_.over()) {
     Leave();
     std::_Exit(0);
   }

@@ -22,6 +22,8 @@ class OutsideEnds : public QObject {
     std::function<void()> keep = [] {};
     /// The program ends when this returns. Runs once.
     std::function<void()> leave;
+    /// The program has been ended by its operator: what comes now is no end from outside.
+    std::function<bool()> over = [] { return false; };
   };
   explicit OutsideEnds(Duties duties);
   ~OutsideEnds() override;
@@ -38,7 +40,6 @@ class OutsideEnds : public QObject {
 
   Duties duties_;
   std::unique_ptr<QSocketNotifier> notifier_;
-  bool sessionEnds_ = false;
 };
 
 }  // namespace marlinset

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QEvent>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -32,6 +33,12 @@ TEST(OutsideEnds, LeaveInOrderAndTellTheReasonByTheStatus) {
   }
   EXPECT_EXIT(RunUntil([] { std::exit(1); }), testing::ExitedWithCode(1), "^left once\n$")
       << "what Qt does when the display is lost";
+  EXPECT_EXIT(RunUntil([] {
+                QEvent quit(QEvent::Quit);
+                QCoreApplication::sendEvent(QCoreApplication::instance(), &quit);
+              }),
+              testing::ExitedWithCode(0), "^left once\n$")
+      << "the session manager's last word";
   EXPECT_EXIT(
       {
         std::signal(SIGHUP, SIG_IGN);
