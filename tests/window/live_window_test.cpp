@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
 #include <functional>
@@ -87,6 +88,23 @@ void EditParameter(LiveWindow& desk, int row, const char* digits) {
   desk.Key(Qt::Key_Return);
 }
 
+/// Clicks on an entry of what popped up last.
+void ClickEntry(LiveWindow& desk, const char* name) {
+  TurnQtsLoop();
+  auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+  for (QAction* entry : menu.actions()) {
+    const QString id = entry->objectName();
+    if (id == QLatin1String(name)) return desk.Click(menu, menu.actionGeometry(entry).center());
+  }
+}
+
+void ChooseCharOff(LiveWindow& desk) {
+  auto& bar = *desk.Window().findChild<QMenuBar*>();
+  desk.Click(bar, bar.actionGeometry(bar.actions().at(2)).center());
+  ClickEntry(desk, "mnuChar");
+  ClickEntry(desk, "mnuCharOff");
+}
+
 /// What an operator does with the mouse or the keys in one go, and the same without a window.
 struct Deed {
   const char* name;
@@ -124,6 +142,14 @@ const Deed kDeeds[] = {
      [](FrmStart& form) {
        for (int i = 0; i < 5; ++i) form.ComWin(2).OperatorSelect(form.ComWin(2).ListIndex() + 1);
      }},
+    {"wheel", 2,
+     [](LiveWindow& desk) {
+       desk.Widget("UDDur").setFocus();
+       for (int i = 0; i < 3; ++i) desk.Wheel(desk.Widget("UDDur"), true);
+     },
+     [](FrmStart& form) {
+       for (int i = 0; i < 3; ++i) form.UDDur.OperatorStep(true, 1);
+     }},
     {"text", 2,
      [](LiveWindow& desk) {
        desk.Widget("tWinMess").setFocus();
@@ -133,6 +159,7 @@ const Deed kDeeds[] = {
        form.tWinMess.OperatorType("A");
        form.tWinMess.OperatorType("AB");
      }},
+    {"menu", 2, ChooseCharOff, [](FrmStart& form) { form.mnuCharOff.OperatorClick(); }},
 };
 
 /// Touch pads and remote desktops deliver press and release in one piece; a unit answers whenever it likes.
