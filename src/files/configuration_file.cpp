@@ -140,10 +140,10 @@ bool ConfigurationFile::MayWriteOver(const std::string& name, bool named) {
   if (named && platform_.fileDialog.ConfirmsOverwriting()) return true;
   if (!platform_.files.FileExists(name)) return true;
   const auto seen = seen_.find(name);
-  const bool known = seen != seen_.end();
+  const bool known = seen != seen_.end() && (named || name == path_);
   if (known ? seen->second == ContentOf(name) : named) return true;
   const std::string what = known ? " is not as this window last read or saved it: it was changed meanwhile."
-                                 : " is there already, and this window has neither opened nor saved it.";
+                                 : " is there already, and it is not the file that is open.";
   return platform_.dialogs.Show({.text = name + what + " Write over it?",
                                  .buttons = BoxButtons::kYesNo,
                                  .icon = BoxIcon::kQuestion,

@@ -96,7 +96,7 @@ void OperatorQueue::TakeHover(Form& form, QObject& window) {
 }
 
 void OperatorQueue::Add(Entry entry) {
-  std::deque<Entry>& entries = rows_.back().entries;
+  std::deque<Entry>& entries = levels_.back().entries;
   if (entry.turn == Turn::kHover) {
     std::erase_if(entries, [](const Entry& earlier) { return earlier.turn == Turn::kHover; });
   }
@@ -116,7 +116,7 @@ void OperatorQueue::FinishTyping() {
 }
 
 void OperatorQueue::Wake() {
-  if (posted_ || rows_.back().entries.empty()) return;
+  if (posted_ || levels_.back().entries.empty()) return;
   posted_ = true;
   QCoreApplication::postEvent(this, new QEvent(QEvent::User));
 }
@@ -134,65 +134,65 @@ bool OperatorQueue::event(QEvent* event) {
 }
 
 /// Nothing of the tool is at work but what waits for this level to end.
-bool OperatorQueue::ToolAtRest(const Row& row) const {
-  const Guard& guard = row.entries.front().form->GetGuard();
-  return !row.running && guard.AtWork() == (&guard == row.guard ? row.handlersOfTool : 0);
+bool OperatorQueue::ToolAtRest(const Level& level) const {
+  const Guard& guard = level.entries.front().form->GetGuard();
+  return !level.running && guard.AtWork() == (&guard == level.guard ? level.handlersOfTool : 0);
 }
 
 /// No widget is in the middle of an event, and no box stands in front of the windows.
-bool OperatorQueue::OperatorAtRest(const Row& row) const {
+bool OperatorQueue::OperatorAtRest(const Level& level) const {
   const QWidget* modal = QApplication::activeModalWidget();
-  return handlers_ == row.handlersOfWidgets && (!modal || modal == row.window);
+  return handlers_ == level.handlersOfWidgets && (!modal || modal == level.window);
 }
 
 /// One action in an event of its own, so that what it changed is painted before the next.
 void OperatorQueue::CarryOutNext() {
-  Row& row = rows_.back();
-  std::erase_if(row.entries, [](const Entry& entry) { return !entry.alive(); });
-  if (row.entries.empty() || !OperatorAtRest(row)) return;
-  if (ToolAtRest(row)) {
-    CarryOutFirst(row);
+  Level& level = levels_.back();
+  std::erase_if(level.entries, [](const Entry& entry) { return !entry.alive(); });
+  if (level.entries.empty() || !OperatorAtRest(level)) return;
+  if (ToolAtRest(level)) {
+    CarryOutFirst(level);
     Wake();
   } else {
-    Interrupt(row);
+    Interrupt(level);
   }
 }
 
-void OperatorQueue::CarryOutFirst(Row& row) {
-  const Entry entry = std::move(row.entries.front());
-  row.entries.pop_front();
+void OperatorQueue::CarryOutFirst(Level& level) {
+  const Entry entry = std::move(level.entries.front());
+  level.entries.pop_front();
   if (!entry.alive()) return;
-  const bool within = std::exchange(row.running, true);
-  Finally(entry.action, [&] { row.running = within; });
+  const bool within = std::exchange(level.running, true);
+  Finally(entry.action, [&] { level.running = within; });
 }
 
 /// Does what cannot wait for the end of the present wait.
-void OperatorQueue::Interrupt(Row& row) {
-  const auto urgent = std::find_if(row.entries.begin(), row.entries.end(), [](const Entry& entry) {
+void OperatorQueue::Interrupt(Level& level) {
+  const auto urgent = std::find_if(level.entries.begin(), level.entries.end(), [](const Entry& entry) {
     return entry.turn == Turn::kAtOnce || entry.turn == Turn::kClosing;
   });
-  if (urgent == row.entries.end()) return;
+  if (urgent == level.entries.end()) return;
   if (urgent->turn == Turn::kClosing) {
     urgent->turn = Turn::kInOrder;
     urgent->form->Closing.Emit();
   } else {
-    std::rotate(row.entries.begin(), urgent, urgent + 1);
-    CarryOutFirst(row);
+    std::rotate(level.entries.begin(), urgent, urgent + 1);
+    CarryOutFirst(level);
   }
   Wake();
 }
 
 void OperatorQueue::OpenOver(const Form& form, QWidget& window, const std::function<void()>& show) {
   const Guard& guard = form.GetGuard();
-  Row& row = rows_.emplace_back(Row{
+  Level& level = levels_.emplace_back(Level{
       .guard = &guard, .handlersOfTool = guard.AtWork(), .handlersOfWidgets = handlers_, .window = &window});
   Finally(
       [&] {
         show();
-        while (!row.entries.empty()) CarryOutFirst(row);
+        while (!level.entries.empty()) CarryOutFirst(level);
       },
       [this] {
-        rows_.pop_back();
+        levels_.pop_back();
         Wake();
       });
 }

@@ -80,7 +80,7 @@ class OperatorQueue : public QObject {
     std::function<void()> action;
   };
   /// The actions on one level of windows, and what was at work when it began and waits for it to end.
-  struct Row {
+  struct Level {
     const Guard* guard = nullptr;
     int handlersOfTool = 0;
     int handlersOfWidgets = 0;
@@ -90,13 +90,13 @@ class OperatorQueue : public QObject {
   };
 
   void Add(Entry entry);
-  bool ToolAtRest(const Row& row) const;
-  bool OperatorAtRest(const Row& row) const;
+  bool ToolAtRest(const Level& level) const;
+  bool OperatorAtRest(const Level& level) const;
   void CarryOutNext();
-  void CarryOutFirst(Row& row);
-  void Interrupt(Row& row);
+  void CarryOutFirst(Level& level);
+  void Interrupt(Level& level);
 
-  std::deque<Row> rows_{1};
+  std::deque<Level> levels_{1};
   QPointer<QObject> typedIn_;
   std::function<void()> completeTyping_;
   int handlers_ = 0;

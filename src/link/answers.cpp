@@ -17,7 +17,7 @@ void Answers::Expect() {
     crossed_ = true;
     return;
   }
-  crossed_ = false;
+  crossed_ = noise_ = false;
   messages_ = early_ = acks_ = refusals_ = 0;
 }
 
@@ -31,31 +31,33 @@ void Answers::Leaves(bool isQuery) {
   }
 }
 
-/// Answers that came together with frames are found between them; noise ends what can be told apart.
+/// Answers that came together with frames are found between them; noise ends what can be told apart, and may
+/// hide a Nak.
 void Answers::Take(std::span<const std::uint8_t> bytes, bool early) {
   while (!bytes.empty()) {
     std::size_t length = 1;
-    if (bytes[0] == kStartMark && bytes.size() >= 2) {
+    if (bytes[0] == kStartMark && bytes.size() >= 2 && bytes.size() >= bytes[1] + kFrameOverhead) {
       length = bytes[1] + kFrameOverhead;
+      if (CheckFrame(bytes.first(length)) != FrameCheck::kGood) noise_ = true;
     } else if (bytes[0] == kAck || bytes[0] == kNak || bytes[0] == kLocalMode) {
-      Count(bytes[0] == kAck, early);
+      Count(bytes[0], early);
     } else {
+      noise_ = true;
       return;
     }
-    if (length >= bytes.size()) return;
     bytes = bytes.subspan(length);
   }
 }
 
-void Answers::Count(bool isAck, bool early) {
-  if (open_ == 0 || (early && !crossed_)) Belie(isAck);
+void Answers::Count(std::uint8_t answer, bool early) {
+  if (open_ == 0 || (early && !crossed_)) Belie(answer);
   if (open_ == 0) return;
-  ++(early ? early_ : isAck ? acks_ : refusals_);
+  ++(early ? early_ : answer == kAck ? acks_ : refusals_);
 }
 
-void Answers::Belie(bool isAck) {
-  if (!accountable_ || (asked_ && !isAck)) return;
-  if (last_ != Verdict::kAcknowledged && (last_ != Verdict::kRefused || !isAck)) return;
+void Answers::Belie(std::uint8_t answer) {
+  if (!accountable_ || (asked_ && answer == kLocalMode)) return;
+  if (last_ != Verdict::kAcknowledged && (last_ != Verdict::kRefused || answer != kAck)) return;
   Belied.Emit(std::exchange(last_, Verdict::kUncertain));
 }
 
@@ -68,7 +70,7 @@ void Answers::Judge(bool acknowledged) {
 
 Verdict Answers::Weigh(bool acknowledged) const {
   if (early_ + acks_ + refusals_ == 0) return Verdict::kUnacknowledged;
-  if (early_ > 0 || crossed_) return Verdict::kUncertain;
+  if (early_ > 0 || crossed_ || (noise_ && acks_ > 0)) return Verdict::kUncertain;
   if (acks_ == 0) return Verdict::kRefused;
   return acknowledged && acks_ == 1 && refusals_ == 0 ? Verdict::kAcknowledged : Verdict::kUncertain;
 }

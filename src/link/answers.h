@@ -11,10 +11,10 @@ namespace marlinset {
 
 /// How sure it is that the unit took a setting.
 enum class Verdict : std::uint8_t {
-  kAcknowledged,    ///< one Ack came in its wait, and nothing else
+  kAcknowledged,    ///< one Ack came in its wait, and nothing else but sound frames
   kRefused,         ///< only Naks came, or the answer of a unit in local mode: not taken
   kUnacknowledged,  ///< nothing came in its wait
-  kUncertain,       ///< an answer too many, or one that came too early to be meant: taken or not
+  kUncertain,       ///< an answer too many, too early to be meant, or among noise: taken or not
 };
 constexpr std::size_t kVerdicts = 4;
 
@@ -34,9 +34,9 @@ const char* NameOf(Verdict verdict);
 /// follows: a send is acknowledged throughout only when there was one Ack for each setting and no other
 /// answer.
 ///
-/// A query is answered by a frame: an Ack behind it still counts for the setting before, a Nak does not. Any
-/// other message may have an answer that nobody awaits, and ends the account of the setting before. Where a
-/// message goes out in the middle of a wait, an answer may be either's: both are uncertain.
+/// A query is answered by a frame, in local mode by 6: an Ack or Nak behind it still counts for the setting
+/// before. Any other message may have an answer that nobody awaits, and ends the account of the setting
+/// before. Where a message goes out in the middle of a wait, an answer may be either's: both are uncertain.
 class Answers {
  public:
   /// A setting is about to go out; Judge follows in any case. May stand inside another's wait.
@@ -55,13 +55,14 @@ class Answers {
   Signal<Verdict> Belied;
 
  private:
-  void Count(bool isAck, bool early);
-  void Belie(bool isAck);
+  void Count(std::uint8_t answer, bool early);
+  void Belie(std::uint8_t answer);
   Verdict Weigh(bool acknowledged) const;
 
   int open_ = 0;              ///< waits that stand, one in the other
   int messages_ = 0;          ///< that went out since the outermost of them began
   bool crossed_ = false;      ///< more than one of them
+  bool noise_ = false;        ///< came meanwhile
   bool asked_ = false;        ///< a query went out behind the setting judged last
   bool accountable_ = false;  ///< answers may still belong to that setting
   Verdict last_ = Verdict::kUnacknowledged;

@@ -111,7 +111,31 @@ const Case kCases[] = {
        rig.comms.ReplyWait({15, 0, 52});
      },
      {kUncertain, kAcknowledged}},
-    {"a refused query",
+    {"a Nak behind a query",
+     Nothing,
+     [](LinkRig& rig) {
+       Say(rig, {kNak}, 10);
+       Faults(rig).lateFrames = 20ms;
+       rig.comms.ReplyWait({15, 0, 52});
+     },
+     {kUncertain, kAcknowledged}},
+    {"an Ack among noise",
+     [](LinkRig& rig) {
+       Faults(rig).drop = 1;
+       Say(rig, {0xFF, kNak}, 1);
+       Say(rig, {kAck}, 35);
+     },
+     Nothing,
+     {kUncertain, kAcknowledged}},
+    {"half a frame that hides a Nak",
+     [](LinkRig& rig) {
+       Faults(rig).drop = 1;
+       Say(rig, {kStartMark, 4, 15, kNak}, 1);
+       Say(rig, {kAck}, 60);
+     },
+     Nothing,
+     {kUncertain, kAcknowledged}},
+    {"a query in local mode",
      Nothing,
      [](LinkRig& rig) {
        rig.line.Unit().SetLocal(true);

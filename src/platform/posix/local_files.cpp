@@ -29,7 +29,11 @@ void LocalFiles::Backup(const std::string& path) {
   FileReader file(path);
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) throw ReadFailure(path, errno);
-  FileWriter kept(BackupOf(path), status);
+  const std::string backup = BackupOf(path);
+  std::error_code unknown;
+  // The backup takes the place of a link: what that leads to is somebody else's.
+  if (std::filesystem::is_symlink(backup, unknown)) std::filesystem::remove(backup, unknown);
+  FileWriter kept(backup, status);
   kept.Write(file.ReadAll());
   kept.Commit();
 }

@@ -78,6 +78,13 @@ TEST_F(FileWriterTest, AnyNameThatAFileCanHaveIsWrittenAgainAndAgain) {
     fs::remove(kept);
   }
   EXPECT_EQ(BackupOf("show.qcf"), "show.qcf.bak");
+  WriteFile(folder_.File("show.qcf"), "show");
+  WriteFile(folder_.File("precious"), "notes");
+  fs::create_symlink("precious", folder_.File("show.qcf.bak"));
+  files_.Backup(folder_.File("show.qcf"));
+  EXPECT_EQ(folder_.Read("precious") + folder_.Read("show.qcf.bak"), "notesshow")
+      << "no link leads a backup astray";
+  for (const char* name : {"precious", "show.qcf", "show.qcf.bak"}) fs::remove(folder_.File(name));
   EXPECT_THAT(Names(), ElementsAre());
 }
 
