@@ -51,7 +51,11 @@ std::optional<UnsavedChanges::Bytes> UnsavedChanges::Composition() const {
 }
 
 bool UnsavedChanges::Modified() const {
-  return begun_ && (unsaved_ || Composition() != stored_);
+  return IsUnsaved(Composition());
+}
+
+bool UnsavedChanges::IsUnsaved(const std::optional<Bytes>& composition) const {
+  return begun_ && (unsaved_ || composition != stored_);
 }
 
 void UnsavedChanges::CountAsStored() {
@@ -68,7 +72,7 @@ void UnsavedChanges::CountAsUnsaved() {
 
 void UnsavedChanges::Look() {
   std::optional<Bytes> composition = Composition();
-  const bool modified = Modified();
+  const bool modified = IsUnsaved(composition);
   const bool same = composition == seen_ && modified == seenModified_;
   seen_ = std::move(composition);
   seenModified_ = modified;

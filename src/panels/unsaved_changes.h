@@ -21,8 +21,6 @@ struct Variables;
 /// after a save whatever became of it.
 class UnsavedChanges {
  public:
-  using Bytes = std::vector<std::uint8_t>;
-
   UnsavedChanges(Platform& platform, const Variables& variables, FrmStart& form, ConfigurationFile& file);
   ~UnsavedChanges();
   UnsavedChanges(const UnsavedChanges&) = delete;
@@ -36,14 +34,17 @@ class UnsavedChanges {
 
   /// The panels hold something else than what was stored, read or begun with last.
   bool Modified() const;
-  /// The bytes of a file of it; nothing while a value is beyond what a file can hold.
-  std::optional<Bytes> Composition() const;
 
   /// The composition, or whether it is modified, is another one: at once when it was stored or replaced, soon
   /// after an edit, also while that edit's message waits for the unit.
   Signal<> Changed;
 
  private:
+  using Bytes = std::vector<std::uint8_t>;
+
+  /// The bytes of a file of the panels; nothing while a value is beyond what a file can hold.
+  std::optional<Bytes> Composition() const;
+  bool IsUnsaved(const std::optional<Bytes>& composition) const;
   void Look();
 
   const Variables& vars_;
