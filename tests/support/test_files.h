@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,8 +22,6 @@ class TestFiles : public FileSystem {
   bool refuseBackups = false;        ///< a folder that takes no new file
   bool refuseReading = false;        ///< files open but do not give their bytes
   std::optional<std::size_t> room;   ///< bytes that still fit on the disk
-  /// Happens once they are written.
-  std::function<void()> whenFull = [] { throw RuntimeError(kErrDiskFull, "Disk full"); };
 
   bool FileExists(const std::string& path) const override { return local_.FileExists(path); }
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
@@ -64,7 +61,7 @@ class TestFiles : public FileSystem {
       const auto written = bytes.first(std::min(bytes.size(), *disk_.room));
       *disk_.room -= written.size();
       file_->Write(written);
-      if (written.size() < bytes.size()) disk_.whenFull();
+      if (written.size() < bytes.size()) throw RuntimeError(kErrDiskFull, "Disk full");
     }
     void Commit() override { file_->Commit(); }
 

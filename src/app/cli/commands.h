@@ -18,7 +18,7 @@ enum ExitStatus : int {
   kExitReply = 5,           ///< no reply, or none that makes sense
   kExitUnacknowledged = 6,  ///< sent, but some messages were refused or not acknowledged
   kExitUncertain = 7,  ///< sent and answered, but of some messages it is uncertain whether they were taken
-  kExitInterrupted = 130,  ///< Ctrl-C
+  kExitSignal = 128,   ///< and the number of the signal that ended it, as shells tell it
 };
 
 /// What a run of the command line twin was asked for.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/cli/line_input.h"
 
-#include <poll.h>
 #include <unistd.h>
 
 #include <QSocketNotifier>
@@ -12,19 +11,13 @@
 
 #include "app/cli/script_line.h"
 #include "platform/event_pump.h"
+#include "platform/posix/descriptor.h"
 #include "platform/posix/file_failure.h"
 #include "platform/posix/file_place.h"
 #include "platform/posix/file_reader.h"
 
 namespace marlinset {
 namespace {
-
-constexpr int kForEver = -1;
-
-bool IsReady(int descriptor, int milliseconds = 0) {
-  pollfd query{descriptor, POLLIN, 0};
-  return ::poll(&query, 1, milliseconds) != 0;
-}
 
 std::runtime_error Unreadable(const RuntimeError& failure) {
   return std::runtime_error("the script cannot be read: " + InOneLine(failure));
@@ -43,11 +36,11 @@ LineInput::LineInput(const std::string& file, EventPump& pump, bool pumpWhileWai
 
 void LineInput::AwaitInput() const {
   if (!pumpWhileWaiting_) {
-    IsReady(*stream_, kForEver);  // whoever made the input may have made it one that does not wait
+    WaitFor(*stream_, Direction::kIn);
     return;
   }
   QSocketNotifier notifier(*stream_, QSocketNotifier::Read);
-  while (!IsReady(*stream_) && !pump_.Ending()) pump_.Pump();
+  while (!WaitFor(*stream_, Direction::kIn, 0) && !pump_.Ending()) pump_.Pump();
 }
 
 /// More of a stream in place of what is used up. False at the end.

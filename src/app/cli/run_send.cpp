@@ -8,6 +8,7 @@
 #include <string>
 
 #include "app/cli/terminal_run.h"
+#include "platform/posix/end_signals.h"
 #include "platform/text.h"
 
 namespace marlinset {
@@ -15,20 +16,20 @@ namespace {
 
 volatile std::sig_atomic_t interrupted = 0;  // the number of the signal
 
-constexpr std::array<int, 3> kStopSignals{SIGINT, SIGTERM, SIGHUP};
-std::array<struct sigaction, kStopSignals.size()> endSignals;
+/// What they did before.
+std::array<struct sigaction, kEndSignals.size()> dispositions;
 
 /// Ctrl-C and the like ask the send to stop between two messages; a second one ends the program at once.
 void CatchInterrupt() {
   struct sigaction action = {};
   action.sa_handler = [](int number) {
     interrupted = number;
-    for (std::size_t i = 0; i < kStopSignals.size(); ++i)
-      ::sigaction(kStopSignals[i], &endSignals[i], nullptr);
+    for (std::size_t i = 0; i < kEndSignals.size(); ++i)
+      ::sigaction(kEndSignals[i], &dispositions[i], nullptr);
   };
-  for (std::size_t i = 0; i < kStopSignals.size(); ++i) {
-    ::sigaction(kStopSignals[i], nullptr, &endSignals[i]);
-    if (endSignals[i].sa_handler != SIG_IGN) ::sigaction(kStopSignals[i], &action, nullptr);
+  for (std::size_t i = 0; i < kEndSignals.size(); ++i) {
+    ::sigaction(kEndSignals[i], nullptr, &dispositions[i]);
+    if (dispositions[i].sa_handler != SIG_IGN) ::sigaction(kEndSignals[i], &action, nullptr);
   }
 }
 
@@ -128,7 +129,7 @@ int StatusOf(const SendResult& result, bool portOpen) {
     case SendEnd::kNotDetected:
       return portOpen ? kExitReply : kExitPort;
     case SendEnd::kStopped:
-      return kExitInterrupted - SIGINT + interrupted;  // as shells tell a signal
+      return kExitSignal + interrupted;
     case SendEnd::kNone:
     case SendEnd::kRefused:
     case SendEnd::kNoCode:

@@ -7,14 +7,18 @@
 
 namespace marlinset {
 
+bool WaitFor(int descriptor, Direction direction, int milliseconds) {
+  pollfd query{descriptor, static_cast<short>(direction == Direction::kIn ? POLLIN : POLLOUT), 0};
+  return ::poll(&query, 1, milliseconds) != 0;
+}
+
 bool WriteAll(int descriptor, std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
     const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
     if (count >= 0) {
       bytes = bytes.subspan(static_cast<std::size_t>(count));
-    } else if (errno == EAGAIN) {  // whoever opened it may have made it one that does not wait
-      pollfd query{descriptor, POLLOUT, 0};
-      ::poll(&query, 1, -1);
+    } else if (errno == EAGAIN) {
+      WaitFor(descriptor, Direction::kOut);
     } else if (errno != EINTR) {
       return false;
     }

@@ -28,6 +28,13 @@ class Descriptor {
   int number_;
 };
 
+/// What may pass through a descriptor, see WaitFor.
+enum class Direction { kIn, kOut };
+inline constexpr int kForEver = -1;
+/// Whether bytes (or the end) can be read, or written, within that time; also one that never waits itself,
+/// as whoever opened it may have made it, is waited for so.
+bool WaitFor(int descriptor, Direction direction, int milliseconds = kForEver);
+
 /// Writes all of it, however many steps that takes. False with errno when it can't be done.
 bool WriteAll(int descriptor, std::span<const std::uint8_t> bytes);
 

@@ -11,7 +11,9 @@
 #include <climits>
 #include <filesystem>
 
+#include "platform/content_hash.h"
 #include "platform/posix/file_failure.h"
+#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -36,6 +38,14 @@ bool IsNumber(const std::string& text) {
   constexpr std::size_t kMostDigits = 6;
   return !text.empty() && text.size() <= kMostDigits &&
          std::all_of(text.begin(), text.end(), [](unsigned char letter) { return std::isdigit(letter); });
+}
+
+/// "~" and eight hexadecimal digits that differ with the name.
+std::string MarkOf(std::string_view name) {
+  const std::uint64_t hash = ContentHash({reinterpret_cast<const std::uint8_t*>(name.data()), name.size()});
+  std::string mark = "~";
+  for (unsigned shift = 0; shift < 32; shift += 8) mark += HexByte(static_cast<std::uint8_t>(hash >> shift));
+  return mark;
 }
 
 }  // namespace
@@ -73,9 +83,10 @@ std::string BackupOf(const std::string& path) {
   const std::size_t room = (most > 0 ? static_cast<std::size_t>(most) : NAME_MAX) - kExtension.size();
   std::string name = place.filename().string();
   if (name.size() > room) {
-    std::size_t end = room;
+    const std::string mark = MarkOf(name);
+    std::size_t end = room - std::min(room, mark.size());
     while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;  // a whole character
-    name.resize(end);
+    name.replace(end, std::string::npos, mark);
   }
   return (place.parent_path() / name).string() + std::string(kExtension);
 }

@@ -15,7 +15,8 @@ std::optional<int> OwnStream(const std::string& path);
 /// Whether a path leads to the device that keeps nothing, /dev/null.
 bool IsNullDevice(const std::string& path);
 
-/// NAME.bak, for what a file held before. A name that is too long for that is cut by as much.
+/// NAME.bak, for what a file held before. A name that is too long for that is cut, and a mark that tells it
+/// from others with the same beginning takes the place of its end.
 std::string BackupOf(const std::string& path);
 
 }  // namespace marlinset

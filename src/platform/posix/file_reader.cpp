@@ -2,7 +2,6 @@
 #include "platform/posix/file_reader.h"
 
 #include <fcntl.h>
-#include <poll.h>
 
 #include <array>
 #include <cerrno>
@@ -16,6 +15,13 @@ namespace {
 
 RuntimeError TooLarge(const std::string& path) {
   return FileRefused(path, "It is larger than 64 MiB.");
+}
+
+/// `error` 0: the file ended before its length.
+RuntimeError NotGiven(const std::string& path, int error) {
+  const std::string remedy =
+      error == 0 ? path + "\nIt became shorter while it was read." : ReadFailure(path, error).Remedy();
+  return {kErrDevice, "Device I/O error", remedy};
 }
 
 }  // namespace
@@ -37,12 +43,12 @@ std::vector<std::uint8_t> FileReader::ReadAll() try {
     const ssize_t count =
         ::pread(file_.Number(), bytes.data() + have, length_ - have, static_cast<off_t>(have));
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) throw RuntimeError(kErrDevice, "Device I/O error");
+    if (count <= 0) throw NotGiven(path_, count < 0 ? errno : 0);
     have += static_cast<std::size_t>(count);
   }
   return bytes;
 } catch (const std::bad_alloc&) {
-  throw RuntimeError(kErrMemory, "Out of memory");
+  throw RuntimeError(kErrMemory, "Out of memory", path_ + "\nIt does not fit into memory.");
 }
 
 std::string ReadText(const std::string& path) {
@@ -59,9 +65,8 @@ std::string ReadStream(int stream, const std::string& path) {
     if (count > 0) {
       text.append(block.data(), static_cast<std::size_t>(count));
       if (text.size() > kMostFileBytes) throw TooLarge(path);
-    } else if (errno == EAGAIN) {  // whoever opened it may have made it one that does not wait
-      pollfd query{stream, POLLIN, 0};
-      ::poll(&query, 1, -1);
+    } else if (errno == EAGAIN) {
+      WaitFor(stream, Direction::kIn);
     } else if (errno != EINTR) {
       throw ReadFailure(path, errno);
     }

@@ -4,12 +4,14 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <system_error>
 #include <thread>
 #include <utility>
 
+#include "platform/posix/descriptor.h"
 #include "platform/posix/file_place.h"
 #include "platform/posix/file_reader.h"
 #include "platform/posix/file_writer.h"

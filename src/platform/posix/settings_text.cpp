@@ -2,12 +2,10 @@
 #include "platform/posix/settings_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <charconv>
 #include <functional>
 #include <optional>
-#include <utility>
 
 #include "platform/text.h"
 

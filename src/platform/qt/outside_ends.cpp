@@ -13,10 +13,10 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/posix/end_signals.h"
+
 namespace marlinset {
 namespace {
-
-constexpr std::array<int, 3> kSignals{SIGINT, SIGTERM, SIGHUP};
 
 /// A signal's handler may do next to nothing: it writes the number, and the event loop reads it.
 std::array<int, 2> pipeEnds{-1, -1};
@@ -52,7 +52,7 @@ OutsideEnds::OutsideEnds(Duties duties) : duties_(std::move(duties)) {
 OutsideEnds::~OutsideEnds() {
   listening = nullptr;
   if (pipeEnds[0] < 0) return;
-  for (const int number : kSignals) Handle(number, SIG_DFL);
+  for (const int number : kEndSignals) Handle(number, SIG_DFL);
   notifier_.reset();
   for (int& end : pipeEnds) ::close(std::exchange(end, -1));
 }
@@ -71,7 +71,7 @@ void OutsideEnds::Listen() {
   if (::pipe2(pipeEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
   notifier_ = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
   connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { EndBySignal(); });
-  for (const int number : kSignals) Handle(number, Note);
+  for (const int number : kEndSignals) Handle(number, Note);
 }
 
 void OutsideEnds::WatchSession() {

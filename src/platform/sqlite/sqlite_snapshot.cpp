@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "platform/row_set.h"
+#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -60,15 +61,10 @@ Access AccessTo(const std::string& path) {
 
 /// An absolute path, in which no character means anything.
 std::string UriOf(const std::string& path, Access access) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string uri = "file:";
   for (const char c : path) {
-    if (c == '%' || c == '?' || c == '#') {
-      const auto byte = static_cast<unsigned char>(c);
-      uri += {'%', kDigits[byte >> 4U], kDigits[byte & 15U]};
-    } else {
-      uri += c;
-    }
+    const bool means = c == '%' || c == '?' || c == '#';
+    uri += means ? "%" + HexByte(static_cast<std::uint8_t>(c)) : std::string(1, c);
   }
   constexpr std::array<const char*, 3> kOptions{"?mode=ro", "?immutable=1", "?mode=ro&vfs=unix-none"};
   return uri + kOptions.at(static_cast<std::size_t>(access));
@@ -121,7 +117,7 @@ SqliteSnapshot TakeSnapshot(const std::string& path, std::uintmax_t mostBytes) {
     const Access access = AccessTo(path);
     const SqliteStamp stamp = StampOf(file);
     if (stamp.size > mostBytes || stamp.logSize > mostBytes) {
-      throw BadDatabase(path, "it is larger than " + std::to_string(mostBytes >> 20U) + " MB");
+      throw BadDatabase(path, "it is larger than " + std::to_string(mostBytes >> 20U) + " MiB");
     }
     sqlite3* memory = nullptr;
     sqlite3_open(":memory:", &memory);

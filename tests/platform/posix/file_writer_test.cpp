@@ -78,6 +78,12 @@ TEST_F(FileWriterTest, AnyNameThatAFileCanHaveIsWrittenAgainAndAgain) {
     fs::remove(kept);
   }
   EXPECT_EQ(BackupOf("show.qcf"), "show.qcf.bak");
+  const std::string longest(251, 'n');
+  EXPECT_EQ(BackupOf(longest), longest + ".bak");
+  for (const char* other : {"mm.qcf", "n", ".bak"}) {
+    EXPECT_NE(BackupOf(longest + other), BackupOf(longest + "nn.qcf")) << "each file has its own";
+    EXPECT_NE(BackupOf(longest + other), longest + ".bak") << "which is the backup of another, or itself";
+  }
   WriteFile(folder_.File("show.qcf"), "show");
   WriteFile(folder_.File("precious"), "notes");
   fs::create_symlink("precious", folder_.File("show.qcf.bak"));
@@ -113,6 +119,10 @@ TEST_F(FileWriterTest, SaysWhyAFileCannotBeUsedAndLeavesNothing) {
     EXPECT_THAT(RemedyOf([&] { FileWriter{testCase.path}; }), EndsWith(testCase.writing)) << testCase.path;
     EXPECT_THAT(RemedyOf([&] { files_.OpenForReading(testCase.path); }), EndsWith(testCase.reading));
   }
+  const auto shrinking = files_.OpenForReading(folder_.Write("vast", "content"));
+  fs::resize_file(folder_.File("vast"), 3);
+  EXPECT_EQ(RemedyOf([&] { shrinking->ReadAll(); }),
+            folder_.File("vast") + "\nIt became shorter while it was read.");
   EXPECT_FALSE(files_.FileExists(pipe));
   EXPECT_EQ(FailureOf([&] { files_.OpenForReading(folder_.File("none")); }), kErrFileNotFound);
   EXPECT_EQ(FailureOf([&] { files_.ChangeDirectory(folder_.File("none")); }), kErrPathNotFound);

@@ -151,7 +151,7 @@ TEST_F(SqliteEngineTest, RefusesWhatCostsTooMuchAndSaysWhat) {
   EXPECT_THAT(refusal({.rows = 1999}), EndsWith(": a table has too many rows."));
   EXPECT_THAT(refusal({.columns = 5}), HasSubstr("too many columns on T"));
   EXPECT_THAT(refusal({.bytes = std::filesystem::file_size(path)}), EndsWith(": a table holds too much."));
-  EXPECT_THAT(refusal({.bytes = 1024}), EndsWith(": it is larger than 0 MB."));
+  EXPECT_THAT(refusal({.bytes = 1024}), EndsWith(": it is larger than 0 MiB."));
 }
 
 }  // namespace
