@@ -6,6 +6,7 @@
 
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
+#include "core/question_facts.h"
 #include "core/variables.h"
 #include "files/panel_document.h"
 #include "files/qcf_writer.h"
@@ -16,6 +17,7 @@
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "platform/text.h"
+#include "platform/work_keeper.h"
 
 namespace marlinset {
 namespace {
@@ -76,7 +78,8 @@ ConfigurationFile::ConfigurationFile(Platform& platform, Variables& variables, F
       vars_(variables),
       form_(form),
       panels_(panels),
-      loader_(platform, variables, form, panels) {}
+      loader_(platform, variables, form, panels),
+      known_(platform.files) {}
 
 SaveEnd ConfigurationFile::SaveConfig(std::string_view flow) {
   const bool named = flow == "SaveAs";
@@ -134,33 +137,45 @@ void ConfigurationFile::EnterFolder() {
   }
 }
 
-/// Content that this run does not know may be all that its owner has. `named`: the operator has just chosen
-/// the name; a dialog that confirms has then asked about the file, whatever it is.
+/// Content that this run does not know may be all that its owner has, and a save that lands in another folder
+/// than the open file is not found again. `named`: the operator has just chosen the name; a dialog that
+/// confirms has then asked about the file, whatever it is.
 bool ConfigurationFile::MayWriteOver(const std::string& name, bool named) {
   if (named && platform_.fileDialog.ConfirmsOverwriting()) return true;
-  if (!platform_.files.FileExists(name)) return true;
-  const auto seen = seen_.find(name);
-  const bool known = seen != seen_.end() && (named || name == path_);
-  if (known ? seen->second == ContentOf(name) : named) return true;
-  const std::string what = known ? " is not as this window last read or saved it: it was changed meanwhile."
-                                 : " is there already, and it is not the file that is open.";
-  return platform_.dialogs.Show({.text = name + what + " Write over it?",
-                                 .buttons = BoxButtons::kYesNo,
-                                 .icon = BoxIcon::kQuestion,
-                                 .remedy = "No leaves the file alone; your changes stay unsaved. Save As... "
-                                           "stores them under another name."}) == BoxAnswer::kYes;
+  const bool known = known_.Knows(name) && (named || known_.IsOpen(name));
+  std::string what;
+  if (!platform_.files.FileExists(name)) {
+    if (named || !known_.IsElsewhere(name)) return true;
+    what = " is in another folder than the file that is open. Write it there?";
+  } else if (known) {
+    if (known_.IsAsItWas(name)) return true;
+    what = " is not as this window last read or saved it: it was changed meanwhile. Write over it?";
+  } else {
+    if (named) return true;
+    what = " is there already, and it is not the file that is open. Write over it?";
+  }
+  const std::string open = known ? "" : FileFact("Open", path_);
+  return platform_.dialogs.Show(
+             {.text = name + what,
+              .buttons = BoxButtons::kYesNo,
+              .icon = BoxIcon::kQuestion,
+              .remedy = Facts({open, open.empty() ? "" : FileFact("To be written", name),
+                               "No leaves the file alone; your changes stay unsaved. Save As... stores them "
+                               "under another name."})}) == BoxAnswer::kYes;
 }
 
-void ConfigurationFile::Remember(const std::string& name) {
-  seen_[name] = ContentOf(name);
-}
-
-void ConfigurationFile::TakeName(const std::string& path) {
+void ConfigurationFile::TakeName(const LeftWork& work) {
+  const std::string& path = work.fileName;
+  known_.TakeMark(path, work.mark);
+  if (LastSeparator(path) != std::string::npos && FileNameOf(path).find('.') != std::string::npos) {
+    vars_.CurrentFile = path;
+    UpdateFileTitle();
+    return;
+  }
   path_ = path;
-  if (platform_.files.FileExists(path)) Remember(path);
-  if (LastSeparator(path) == std::string::npos || FileNameOf(path).find('.') == std::string::npos) return;
-  vars_.CurrentFile = path;
-  UpdateFileTitle();
+  known_.Open(path);
+  vars_.CurrentFile = work.title;
+  form_.SetCaption(TitleOf(work.title));
 }
 
 void ConfigurationFile::NameWithoutAsking() {
@@ -170,6 +185,7 @@ void ConfigurationFile::NameWithoutAsking() {
 
 void ConfigurationFile::UpdateFileTitle() {
   const std::string path = path_ = vars_.CurrentFile;
+  known_.Open(path);
   const std::size_t separator = LastSeparator(path);
   std::string folder;
   if (separator != std::string::npos) {
@@ -195,15 +211,7 @@ void ConfigurationFile::WriteConfigFile() {
   file->Write(content);
   if (isThere) files.Backup(name);
   file->Commit();
-  seen_[name] = std::move(content);
-}
-
-ConfigurationFile::Content ConfigurationFile::ContentOf(const std::string& name) {
-  try {
-    return platform_.files.OpenForReading(name)->ReadAll();
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
+  known_.Note(name, content);
 }
 
 void ConfigurationFile::LoadConfig() {
@@ -272,14 +280,18 @@ ConfigurationFile::Content ConfigurationFile::OpeningStage() {
     if (located) platform_.settings.SaveSetting(kDefaultFileKey, platform_.fileDialog.FileName);
   }
   lastRead_ = ReadEnd::kEmpty;
-  Content& seen = seen_[platform_.fileDialog.FileName];
-  seen.emplace();
-  if (file->Length() == 0) return std::nullopt;
+  const std::string& name = platform_.fileDialog.FileName;
+  if (file->Length() == 0) {
+    known_.Note(name, std::span<const std::uint8_t>());
+    return std::nullopt;
+  }
   lastRead_ = ReadEnd::kNotReadable;
   try {
-    seen = file->ReadAll();
-    return seen;
+    Content bytes = file->ReadAll();
+    known_.Note(name, *bytes);
+    return bytes;
   } catch (const RuntimeError&) {
+    known_.Note(name, std::nullopt);
     file.reset();
     ResetPanels("Import Error");
     return std::nullopt;

@@ -2,16 +2,18 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "files/known_files.h"
 #include "files/panel_loader.h"
 #include "platform/signal.h"
 
 namespace marlinset {
+
+struct LeftWork;
 
 /// Names of the shipped configurations begin so; the tool never saves over them.
 inline constexpr std::string_view kSystemDefault = "System Default";
@@ -47,8 +49,8 @@ class ConfigurationFile {
   /// "SaveAs" asks for the name, "Save" writes under the present one; any other text does nothing. A longer
   /// file keeps its old end, which no reader looks at; what it held before stands beside it in NAME.qcf.bak.
   /// A failure leaves the file as it was. A file that is no longer as this run read or wrote it last is asked
-  /// about first, and under the present name also one that this run has neither read nor written; not where
-  /// the dialog has asked already.
+  /// about first, and under the present name also one that is not the open file, or any name in another
+  /// folder than the open file's; not where the dialog has asked already.
   SaveEnd SaveConfig(std::string_view flow);
   /// A save has ended.
   Signal<SaveEnd> SaveEnded;
@@ -75,8 +77,11 @@ class ConfigurationFile {
   void UpdateFileTitle();
   /// The file that the title names, by its whole path; empty before the first one.
   const std::string& Path() const { return path_; }
-  /// The panels hold work on that file, which came by another way: title, folder and the next save are its.
-  void TakeName(const std::string& path);
+  /// What that file held when it was read or written last, for kept work.
+  std::string Mark() const { return known_.Mark(path_); }
+  /// The panels hold work of an earlier run: title, folder and the next save are its file's, and that asks as
+  /// it would have then.
+  void TakeName(const LeftWork& work);
 
  private:
   /// Nothing where a file does not give it.
@@ -86,10 +91,8 @@ class ConfigurationFile {
   void AskForName();
   void EnterFolder();
   bool MayWriteOver(const std::string& name, bool named);
-  void Remember(const std::string& name);
   void NameWithoutAsking();
   void WriteConfigFile();
-  Content ContentOf(const std::string& name);
   void ChangeToConfigFolder();
   void TakeChosenFile();
   Content OpeningStage();
@@ -106,8 +109,7 @@ class ConfigurationFile {
   ReadEnd lastRead_ = ReadEnd::kNone;
   bool reading_ = false;
   std::string path_;
-  /// Each file as this run read or wrote it last, by its name.
-  std::map<std::string, Content> seen_;
+  KnownFiles known_;
 };
 
 }  // namespace marlinset

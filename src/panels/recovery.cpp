@@ -83,9 +83,7 @@ bool Recovery::Restore(const LeftWork& left) {
   name = loaded ? left.fileName : nameBefore;
   if (!loaded) return false;
   changes_.CountAsUnsaved();
-  vars_.CurrentFile = left.title;
-  form_.SetCaption(TitleOf(left.title));
-  file_.TakeName(left.fileName);
+  file_.TakeName(left);
   form_.StatBar(FrmStart::kModelPanel).SetText("Unsaved changes restored ");
   vars_.ConfigSaved = false;
   Keep();
@@ -139,7 +137,8 @@ void Recovery::KeepOrDrop() {
 /// What can't be kept was told once; the operator's own files are not touched by it.
 void Recovery::Keep() {
   try {
-    UnsavedWork work{vars_.CurrentFile, file_.Path(), WriteDocument(DocumentOfPanels(vars_, form_))};
+    UnsavedWork work{vars_.CurrentFile, file_.Path(), WriteDocument(DocumentOfPanels(vars_, form_)),
+                     file_.Mark()};
     if (work == kept_) return;
     platform_.work->Keep(work);
     kept_ = std::move(work);

@@ -33,12 +33,26 @@ class OutputFile {
   virtual void Commit() = 0;
 };
 
+/// What a path leads to.
+struct FileIdentity {
+  std::string place;  ///< the whole path at the end of all links; two hard links have two
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;  ///< 0 while nothing is there
+
+  bool IsThere() const { return inode != 0; }
+  bool IsSame(const FileIdentity& other) const {
+    return place == other.place || (IsThere() && device == other.device && inode == other.inode);
+  }
+};
+
 /// The computer's files, by paths in UTF-8.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
   /// A file stands there; a folder, a device or a pipe is none.
   virtual bool FileExists(const std::string& path) const = 0;
+  /// Of a file or a folder, which need not be there.
+  virtual FileIdentity Identify(const std::string& path) const = 0;
   /// Failure 53 when there is no such file, 75 when it can't be opened, is no file or is too large for one of
   /// ours.
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) = 0;

@@ -12,6 +12,7 @@ struct UnsavedWork {
   std::string title;     ///< as the window's caption names it
   std::string fileName;  ///< full path, empty when it never had one
   std::vector<std::uint8_t> bytes;
+  std::string mark = {};  ///< what that file held when it was read or written last, a line of text
 
   bool operator==(const UnsavedWork&) const = default;
 };
@@ -21,7 +22,8 @@ struct LeftWork {
   std::string file;  ///< a configuration file like any other
   std::string title;
   std::string fileName;
-  std::string when;  ///< date and time of the last change kept, as the desktop writes them
+  std::string when;       ///< date and time of the last change kept, as the desktop writes them
+  std::string mark = {};  ///< as it was kept; empty in work of earlier versions
 };
 
 /// Keeps the unsaved work of a run outside the operator's own files, for a next run.

@@ -153,6 +153,68 @@ TEST_F(Saving, AFileThatOthersHaveChangedIsAskedAbout) {
   }
 }
 
+TEST_F(Saving, AFileIsKnownByWhereItsNameLeads) {
+  namespace fs = std::filesystem;
+  using Make = void (*)(const fs::path& file, const fs::path& alias);
+  const Make link = [](const fs::path& file, const fs::path& alias) { fs::create_symlink(file, alias); };
+  const Make hardLink = [](const fs::path& file, const fs::path& alias) {
+    fs::create_hard_link(file, alias);
+  };
+  const Make replace = [](const fs::path& file, const fs::path& alias) {
+    fs::rename(file, alias);
+    fs::create_symlink(alias, file);
+  };
+  const Make none = [](const fs::path&, const fs::path&) {};
+  struct Case {
+    const char* what;
+    Make make;
+    const char* flow;
+    const char* name;
+    bool changed, asked;
+  };
+  for (const Case& c : {Case{"link", link, "SaveAs", "alias.qcf", true, true},
+                        Case{"hard link", hardLink, "SaveAs", "alias.qcf", true, true},
+                        Case{"spelling", none, "SaveAs", "./show.qcf", true, true},
+                        Case{"link as it was", link, "Save", "alias.qcf", false, false},
+                        Case{"hard link as it was", hardLink, "Save", "alias.qcf", false, false},
+                        Case{"a link in its place", replace, "Save", "show.qcf", false, true}}) {
+    for (const char* name : {"alias.qcf", "show.qcf"}) fs::remove(folder.File(name));
+    fileDialog.choices.clear();
+    fileDialog.confirms = true;
+    SaveAs("show.qcf");
+    fileDialog.confirms = false;
+    c.make(folder.File("show.qcf"), folder.File("alias.qcf"));
+    if (c.changed) Write("show.qcf", {'h', 'i'});
+    vars.CurrentFile = fs::path(c.name).stem();
+    fileDialog.choices = {folder.File(c.name)};
+    tool.configurationFile.SaveConfig(c.flow);
+    EXPECT_EQ(TakeBoxes().size(), c.asked ? 1U : 0U) << c.what;
+  }
+}
+
+TEST_F(Saving, SaveAsksBeforeItWritesInAnotherFolderThanTheOpenFile) {
+  std::filesystem::create_directory(folder.File("sub"));
+  const auto save = [this](BoxAnswer answer) {
+    settings.SaveSetting("Load", folder.File("sub/"));
+    dialogs.answers = {answer};
+    return tool.configurationFile.SaveConfig("Save");
+  };
+  SaveAs("show.qcf");
+  EXPECT_EQ(save(BoxAnswer::kNo), SaveEnd::kDeclined) << "though nothing is there";
+  EXPECT_THAT(dialogs.shown.back().remedy,
+              testing::StartsWith("Open: " + folder.File("show.qcf") +
+                                  "\nTo be written: " + folder.File("sub/show.qcf") + "\n"));
+  EXPECT_THAT(TakeBoxes(), ElementsAre(folder.File("sub/show.qcf") +
+                                       " is in another folder than the file that is open. Write it there?"));
+  EXPECT_EQ(save(BoxAnswer::kYes), SaveEnd::kStored);
+  TakeBoxes();
+  EXPECT_EQ(save(BoxAnswer::kNo), SaveEnd::kStored) << "which is the open file from now on";
+  vars.CurrentFile = folder.File("New.qcf");
+  tool.configurationFile.UpdateFileTitle();
+  EXPECT_EQ(save(BoxAnswer::kNo), SaveEnd::kStored) << "no file is open";
+  EXPECT_THAT(TakeBoxes(), IsEmpty());
+}
+
 TEST_F(Saving, AFolderThatHasGoneStandsInTheWayOnce) {
   settings.SaveSetting("Load", folder.File("gone/"));
   files.refuseFolders = true;

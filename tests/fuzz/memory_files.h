@@ -12,6 +12,7 @@ namespace marlinset {
 class MemoryFiles : public FileSystem {
  public:
   bool FileExists(const std::string& path) const override { return files_.contains(FileNameOf(path)); }
+  FileIdentity Identify(const std::string& path) const override { return {FileNameOf(path)}; }
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
     if (!FileExists(path)) throw RuntimeError(kErrFileNotFound, "File not found");
     return std::make_unique<Input>(files_[FileNameOf(path)]);

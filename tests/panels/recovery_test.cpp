@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/support/temp_folder.h"
 #include "tests/support/tool_rig.h"
 
@@ -33,7 +35,7 @@ class FakeKeeper : public WorkKeeper {
     if (!kept) return;
     const std::string name = "left" + std::to_string(left.size()) + ".qcf";
     folder_.Write(name, {reinterpret_cast<const char*>(kept->bytes.data()), kept->bytes.size()});
-    left.insert(left.begin(), {folder_.File(name), kept->title, kept->fileName, "noon"});
+    left.insert(left.begin(), {folder_.File(name), kept->title, kept->fileName, "noon", kept->mark});
     kept.reset();
   }
   std::vector<LeftWork> Left() override { return left; }
@@ -98,6 +100,45 @@ TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
   EXPECT_THAT(run.Boxes(), IsEmpty());
   run.pump.Pass(OneRun::kHalfMinute);
   EXPECT_FALSE(keeper_.kept);
+}
+
+TEST_F(RecoveryTest, ASaveAfterARestoreAsksAsItWouldHaveBefore) {
+  enum class File { kAsItWas, kChanged, kGone, kNew };
+  struct Case {
+    File file;
+    bool earlierVersion, asked;
+  };
+  for (const auto& [file, earlierVersion, asked] :
+       {Case{File::kAsItWas, false, false}, Case{File::kChanged, false, true},
+        Case{File::kGone, false, false}, Case{File::kNew, false, true}, Case{File::kChanged, true, false}}) {
+    {
+      OneRun run(keeper_);
+      run.Start();
+      if (file == File::kNew) {
+        run.settings.SaveSetting("Load", folder_.Path() + "/");
+        run.form.mnuNew.OperatorClick();
+      } else {
+        run.SaveTo(folder_.File("New.qcf"));
+      }
+      run.Edit("TAKE 7");
+      run.tool.recovery.Leave();
+    }
+    if (earlierVersion) keeper_.left.front().mark.clear();
+    if (file == File::kChanged || file == File::kNew) folder_.Write("New.qcf", "somebody's");
+    if (file == File::kGone) std::filesystem::remove(folder_.File("New.qcf"));
+    for (const int crash : {1, 2}) {
+      OneRun run(keeper_);
+      run.Start({BoxAnswer::kYes});
+      run.dialogs.shown.clear();
+      run.form.mnuSav.OperatorClick();
+      EXPECT_EQ(run.Boxes().size(), asked ? 1U : 0U) << static_cast<int>(file) << ", crash " << crash;
+      if (!asked) break;
+      run.tool.recovery.Leave();
+    }
+    keeper_.left.clear();
+    keeper_.kept.reset();
+    std::filesystem::remove(folder_.File("New.qcf"));
+  }
 }
 
 TEST_F(RecoveryTest, KeepsAnEditThatNobodyContinuesButNotWhileTheUnitIsWaitedFor) {

@@ -24,6 +24,7 @@ class TestFiles : public FileSystem {
   std::optional<std::size_t> room;   ///< bytes that still fit on the disk
 
   bool FileExists(const std::string& path) const override { return local_.FileExists(path); }
+  FileIdentity Identify(const std::string& path) const override { return local_.Identify(path); }
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
     auto file = local_.OpenForReading(path);
     if (refuseReading) return std::make_unique<DeafFile>(file->Length());

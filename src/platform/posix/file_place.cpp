@@ -59,6 +59,19 @@ std::string BehindLinks(const std::string& path) {
   return place.string();
 }
 
+std::string RealPath(const std::string& path) {
+  std::error_code unknown;
+  fs::path end = path;
+  // A link that leads nowhere yet is followed, too.
+  for (int links = 0; links < kMostLinks; ++links) {
+    const auto next = NextLink(end);
+    if (!next) break;
+    end = *next;
+  }
+  const fs::path whole = fs::weakly_canonical(fs::absolute(end, unknown), unknown).lexically_normal();
+  return (whole.has_filename() || !whole.has_relative_path() ? whole : whole.parent_path()).string();
+}
+
 std::optional<int> OwnStream(const std::string& path) {
   std::error_code unknown;
   const fs::path streams = fs::canonical("/proc/self/fd", unknown);

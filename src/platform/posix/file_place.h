@@ -9,6 +9,10 @@ namespace marlinset {
 /// The path at the end of symbolic links, also when nothing stands there. Failure 75 for a circle of links.
 std::string BehindLinks(const std::string& path);
 
+/// The one whole path of what a path leads to: behind all links, without dots and without a separator at its
+/// end, as far as that is there. A circle of links leads to itself.
+std::string RealPath(const std::string& path);
+
 /// The number of a stream that this program has open, where a path leads to one: /dev/stdout, /dev/fd/63.
 std::optional<int> OwnStream(const std::string& path);
 

@@ -17,6 +17,16 @@ bool LocalFiles::FileExists(const std::string& path) const {
   return std::filesystem::is_regular_file(path, unknown);
 }
 
+FileIdentity LocalFiles::Identify(const std::string& path) const {
+  FileIdentity identity{RealPath(path)};
+  struct stat status {};
+  if (::stat(path.c_str(), &status) == 0) {
+    identity.device = status.st_dev;
+    identity.inode = status.st_ino;
+  }
+  return identity;
+}
+
 std::unique_ptr<InputFile> LocalFiles::OpenForReading(const std::string& path) {
   return std::make_unique<FileReader>(path);
 }

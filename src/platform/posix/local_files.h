@@ -9,6 +9,7 @@ namespace marlinset {
 class LocalFiles : public FileSystem {
  public:
   bool FileExists(const std::string& path) const override;
+  FileIdentity Identify(const std::string& path) const override;
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) override;
   void Backup(const std::string& path) override;

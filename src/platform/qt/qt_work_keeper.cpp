@@ -56,8 +56,8 @@ void QtWorkKeeper::TakeNumber() {
 
 void QtWorkKeeper::Keep(const UnsavedWork& work) {
   if (number_ == 0) TakeNumber();
-  WriteFile(PathOf(number_, ".name").toStdString(), work.title + "\n" + work.fileName + "\n",
-            NewFile::kPrivate);
+  WriteFile(PathOf(number_, ".name").toStdString(),
+            work.title + "\n" + work.fileName + "\n" + work.mark + "\n", NewFile::kPrivate);
   WriteFile(PathOf(number_, ".qcf").toStdString(), work.bytes, NewFile::kPrivate);
 }
 
@@ -87,7 +87,8 @@ std::vector<LeftWork> QtWorkKeeper::Left() {
     (void)name.open(QIODevice::ReadOnly);  // work without a name is work all the same
     const QList<QByteArray> lines = name.readAll().split('\n');
     all.push_back({info.filePath().toStdString(), lines.value(0).toStdString(), lines.value(1).toStdString(),
-                   QLocale().toString(info.lastModified(), QLocale::ShortFormat).toStdString()});
+                   QLocale().toString(info.lastModified(), QLocale::ShortFormat).toStdString(),
+                   lines.value(2).toStdString()});
   }
   return all;
 }

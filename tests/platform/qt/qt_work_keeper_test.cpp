@@ -19,7 +19,7 @@ using testing::SizeIs;
 TEST(QtWorkKeeper, LeavesOnlyWhatNoLivingRunHolds) {
   const TempFolder folder;
   const std::string place = folder.File("new/unsaved");
-  const UnsavedWork work{"Größe", "/show/Größe.qcf", {1, 0, 255}};
+  const UnsavedWork work{"Größe", "/show/Größe.qcf", {1, 0, 255}, "3 ABC"};
   QtWorkKeeper other(place);
   {
     QtWorkKeeper one(place);
@@ -33,6 +33,7 @@ TEST(QtWorkKeeper, LeavesOnlyWhatNoLivingRunHolds) {
   ASSERT_THAT(left, SizeIs(1));
   EXPECT_EQ(left[0].title, work.title);
   EXPECT_EQ(left[0].fileName, work.fileName);
+  EXPECT_EQ(left[0].mark, work.mark);
   EXPECT_FALSE(left[0].when.empty());
   EXPECT_EQ(folder.Read(left[0].file), std::string("\1\0\377", 3));
 
