@@ -46,7 +46,8 @@ std::string DocumentsFolder();
 void AddCommonOptions(CLI::App& app, CommonOptions& options);
 
 /// The real computer, or one whose clock jumps and that has no serial line. Needs Qt's application object.
-/// Failure 53 or 75 when the settings can't be read.
+/// Failures of the settings file: 75 when it may not be read, is no regular file or is too large, 57 when the
+/// disk fails on the way, 7 when memory does not hold it. One that is not there is an empty one.
 class Computer {
  public:
   enum class ClockKind { kReal, kVirtual };

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <CLI/CLI.hpp>
-#include <QTimer>
 #include <csignal>
 #include <cstdio>
 #include <exception>
@@ -13,6 +12,7 @@
 #include "gui/application.h"
 #include "gui/guide_window.h"
 #include "gui/main_window.h"
+#include "gui/operator_queue.h"
 #include "gui/parameter_dialogs.h"
 #include "gui/qt_dialogs.h"
 #include "gui/qt_file_dialog.h"
@@ -114,7 +114,8 @@ void WindowRun::Begin() {
   tool_.Show();
   if (tool_.recovery.Restored()) return;  // the operator looks at it first
   if (!options_.file.empty()) OpenFile(options_.file);
-  if (options_.send) QTimer::singleShot(0, &*window_, [this] { tool_.form.bSConfig.OperatorClick(); });
+  if (options_.send)
+    OperatorQueue::OfProgram().Take(tool_.form.bSConfig, {OperatorAction::Kind::kClick}, Turn::kInOrder);
 }
 
 void WindowRun::Leave() {

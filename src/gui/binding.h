@@ -3,39 +3,16 @@
 
 #include <QObject>
 #include <functional>
-#include <utility>
 #include <vector>
 
 #include "gui/operator_queue.h"
 #include "platform/control.h"
+#include "platform/signal.h"
 
 class QFocusEvent;
 class QWidget;
 
 namespace marlinset {
-
-/// Listens to a signal of the panel model for as long as it lives.
-template <class... Args>
-class Listening {
- public:
-  Listening(Signal<Args...>& signal, typename Signal<Args...>::Listener listener)
-      : signal_(&signal), id_(signal.Connect(std::move(listener))) {}
-  ~Listening() {
-    if (signal_) signal_->Disconnect(id_);
-  }
-  Listening(Listening&& other) noexcept : signal_(std::exchange(other.signal_, nullptr)), id_(other.id_) {}
-  Listening& operator=(Listening&& other) noexcept {
-    std::swap(signal_, other.signal_);
-    std::swap(id_, other.id_);
-    return *this;
-  }
-  Listening(const Listening&) = delete;
-  Listening& operator=(const Listening&) = delete;
-
- private:
-  Signal<Args...>* signal_;
-  typename Signal<Args...>::Id id_;
-};
 
 /// The focus goes to another field, and not only for a while to a box, a menu or another program.
 bool GoesForGood(const QFocusEvent& event);

@@ -15,8 +15,6 @@
 namespace marlinset {
 namespace {
 
-constexpr double kReadable = 4.5;
-
 bool IsDocument(const QUrl& url) {
   return url.isLocalFile() && url.path().endsWith(QLatin1String(".md"));
 }
@@ -27,16 +25,6 @@ QString MissingText(const QString& path) {
              "or "
              "look where you got it from.\n")
       .arg(path);
-}
-
-/// The desktop's colour of links, brought nearer to that of texts until it can be read.
-QColor LinkColor(const QPalette& palette) {
-  const QColor ground = palette.color(QPalette::Base);
-  QColor color = palette.color(QPalette::Link);
-  for (int i = 0; i < 50 && Contrast(color, ground) < kReadable; ++i) {
-    color = Blend(color, palette.color(QPalette::Text), 0.1);
-  }
-  return color;
 }
 
 }  // namespace

@@ -96,7 +96,6 @@ SideBySide::SideBySide(QWidget* first, QWidget* second, QWidget* parent)
 void SideBySide::LetFirstGrow(int widest) {
   widest_ = widest;
   first_->setMaximumWidth(widest);
-  constexpr int kNearlyAll = 1000;
   box_->setStretch(0, kNearlyAll);
   box_->setStretch(2, widest < QWIDGETSIZE_MAX ? 1 : 0);  // what the first may not take stays empty
 }

@@ -94,6 +94,10 @@ QColor FocusColor(const QPalette& palette) {
   return SetOff(palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Base));
 }
 
+QColor LinkColor(const QPalette& palette) {
+  return SetOff(palette.color(QPalette::Link), palette.color(QPalette::Base));
+}
+
 QColor Outline(const QPalette& palette) {
   return Blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.22);
 }

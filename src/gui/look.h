@@ -27,6 +27,8 @@ QString SpokenName(QString caption);
 int SpaceUnit(const QWidget& widget);
 /// Gives a layout margins of `margin` units and spaces of one unit.
 void SetSpaces(QLayout& layout, const QWidget& widget, int margin = 0);
+/// The stretch of what takes a row's width up to its own limit, beside an empty stretch of 1.
+constexpr int kNearlyAll = 1000;
 /// Width of `characters` figures in the widget's font.
 int FiguresWidth(const QWidget& widget, int characters);
 
@@ -39,6 +41,8 @@ double Contrast(const QColor& a, const QColor& b);
 QColor Accent(const QPalette& palette);
 /// The highlight as a frame around what has the focus: seen on the ground of fields.
 QColor FocusColor(const QPalette& palette);
+/// Of links in texts.
+QColor LinkColor(const QPalette& palette);
 /// A faint line between two areas.
 QColor Outline(const QPalette& palette);
 /// `amount` (0 to 1) of `top` over `ground`.

@@ -56,6 +56,10 @@ void Perform(Control& control, const OperatorAction& action) {
   }
 }
 
+std::function<bool()> WhileThere(QObject& window) {
+  return [there = QPointer<QObject>(&window)] { return !there.isNull(); };
+}
+
 }  // namespace
 
 OperatorQueue::OperatorQueue() = default;
@@ -82,17 +86,13 @@ void OperatorQueue::Take(Control& control, const OperatorAction& action, Turn tu
 
 void OperatorQueue::Take(const Form& form, QObject& window, std::function<void()> action) {
   FinishTyping();
-  Add({.alive = [there = QPointer<QObject>(&window)] { return !there.isNull(); },
-       .form = &form,
-       .turn = Turn::kInOrder,
-       .action = std::move(action)});
+  Add({.alive = WhileThere(window), .form = &form, .turn = Turn::kInOrder, .action = std::move(action)});
 }
 
 void OperatorQueue::TakeHover(Form& form, QObject& window) {
-  Add({.alive = [there = QPointer<QObject>(&window)] { return !there.isNull(); },
-       .form = &form,
-       .turn = Turn::kHover,
-       .action = [&form] { form.OperatorHover(); }});
+  Add({.alive = WhileThere(window), .form = &form, .turn = Turn::kHover, .action = [&form] {
+         form.OperatorHover();
+       }});
 }
 
 void OperatorQueue::Add(Entry entry) {

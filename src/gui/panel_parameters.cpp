@@ -18,7 +18,6 @@ namespace {
 constexpr int kDecimal = 10;
 constexpr int kHexadecimal = 16;
 constexpr int kWidestFigures = 160;
-constexpr int kNearlyAll = 1000;  ///< of the width, against what stays empty
 
 /// Edits a value with the row's own spin, which needs no copying to and fro.
 class ValueDelegate : public QStyledItemDelegate {

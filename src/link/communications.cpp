@@ -69,7 +69,7 @@ void Communications::SendPacket(const std::vector<PacketField>& fields) {
 }
 
 void Communications::Transmit(const std::vector<PacketField>& fields) {
-  answers.Leaves(IsQuery(fields));
+  answers.Leaves(IsQuery(fields), platform_.pump.Now());
   platform_.ComP1.Output(vars_.TxBytes);
   FrameSent.Emit(vars_.TxBytes);
   form_.ShowTraffic(kGreen);
@@ -84,7 +84,7 @@ void Communications::RefusePacket() {
   form_.ShowTraffic(kRed);
   form_.ShowVideoPicture(2);
   form_.StatBar(FrmStart::kExchangePanel).SetText("Ack In");
-  platform_.dialogs.Tell("Open Com Port before sending cmmands.");
+  platform_.dialogs.Tell(kPortClosedText);
   EnableLinkButtons(form_, true);
 }
 

@@ -16,6 +16,9 @@ class FrmStart;
 class Timer;
 struct Platform;
 
+/// What a send over a closed port is told with, and one whose device went away: operators know these words.
+constexpr const char* kPortClosedText = "Open Com Port before sending cmmands.";
+
 /// The wire layer: every message to the unit leaves through SendPacket, every byte from it comes in through
 /// ReceivePacket. Panel 1 of the status bar is the result of the last exchange and is read as state: "Sent"
 /// while an answer is awaited, then "Ack In", "Nack In" or "Local Mode".
@@ -71,6 +74,7 @@ class Communications {
 
   /// A whole send runs, or does not any more.
   void SetInSend(bool runs) { inSend_ = runs; }
+  bool InSend() const { return inSend_; }
   /// The device went away in the middle of a whole send. The send ends there and tells of it, in one box;
   /// nobody else does, and nothing more is sent.
   bool LostInSend() const;

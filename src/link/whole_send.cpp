@@ -23,8 +23,6 @@ namespace {
 
 using enum CommandId;
 
-/// The same words as of a send over a port that is closed: operators know them.
-constexpr const char* kPortClosedText = "Open Com Port before sending cmmands.";
 constexpr const char* kNotDetectedText = "Video Standard not detected. Verify communications.";
 /// In manual selection the tool has never switched a unit to this standard.
 constexpr std::string_view kNotByCommand = "720p/60";
@@ -92,10 +90,10 @@ WholeSend::WholeSend(Platform& platform, Variables& variables, FrmStart& form, C
       ports_(ports) {
   form_.bSConfig.OnClick([this] { SendSetup(); });
   commands_.MessageSent.Connect([this](const SentMessage& message) {
-    if (running_) Count(message);
+    if (Running()) Count(message);
   });
   commands_.VerdictChanged.Connect([this](const SentMessage& message, Verdict before) {
-    if (!running_ || message.number < firstNumber_ || result_.messages == 0) return;
+    if (!Running() || message.number < firstNumber_ || result_.messages == 0) return;
     --CountOf(result_, before);
     ++CountOf(result_, *message.verdict);
   });
@@ -105,6 +103,11 @@ void WholeSend::Count(const SentMessage& message) {
   if (result_.messages++ == 0) firstNumber_ = message.number;
   if (message.wentOut) ++result_.wentOut;
   if (message.verdict) ++CountOf(result_, *message.verdict);
+  Plan();
+}
+
+bool WholeSend::Running() const {
+  return comms_.InSend();
 }
 
 bool WholeSend::GoesOn() {
@@ -113,9 +116,9 @@ bool WholeSend::GoesOn() {
 }
 
 void WholeSend::SendSetup() {
-  if (running_) return;
-  running_ = true;
+  if (Running()) return;
   stopped_ = false;
+  progress_ = {};
   result_ = {SendEnd::kFailed};
   bool lost = false;
   const auto send = [&] {
@@ -123,10 +126,7 @@ void WholeSend::SendSetup() {
     result_.end = SendOverPort();
     lost = comms_.LostInSend();
   };
-  Finally(send, [this] {
-    comms_.SetInSend(false);
-    running_ = false;
-  });
+  Finally(send, [this] { comms_.SetInSend(false); });
   if (lost) TellLoss();
 }
 
@@ -135,24 +135,24 @@ void WholeSend::TellLoss() {
   result_.end = SendEnd::kPortClosed;
   ports_.DeviceLost();
   if (platform_.pump.Ending()) return;
-  platform_.dialogs.Show(
-      {.text = kPortClosedText,
-       .icon = BoxIcon::kCritical,
-       .remedy = ports_.LossText() + ". " + std::to_string(result_.wentOut) + " of " +
-                 std::to_string(result_.planned) + " messages went out.\n" +
-                 "Check cable and adapter, then press Open and send the setup again: the unit does not hold "
-                 "all of it. The configuration is as it was."});
+  platform_.dialogs.Show({.text = kPortClosedText,
+                          .icon = BoxIcon::kCritical,
+                          .remedy = ports_.LossText() + ". " + std::to_string(result_.wentOut) + " of " +
+                                    std::to_string(result_.planned) + " messages went out.\n" +
+                                    "Check cable and adapter, then press Open and send the setup again: " +
+                                    (progress_.closing ? "the unit has not confirmed that it took all of it."
+                                                       : "the unit does not hold all of it.") +
+                                    " The configuration is as it was."});
 }
 
 SendEnd WholeSend::SendOverPort() {
   if (form_.tClearStat.Enabled()) form_.tClearStat.Restart();
   if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
   if (!platform_.ComP1.PortOpen()) return SendEnd::kPortClosed;  // Open has told why
-  result_.planned = Planned();
+  Plan();
   form_.bGetID.Press();
   commands_.Report(kGetID, UnitIsIdentified(form_));
   if (comms_.LostInSend()) return SendEnd::kPortClosed;
-  result_.planned = Planned();  // another model takes other messages
   return SendConfiguration();
 }
 
@@ -169,7 +169,6 @@ SendEnd WholeSend::SendConfiguration() {
             return;
           }
         }
-        if (!comms_.LostInSend()) result_.planned = Planned();
         Sequence();
         end = Close();
       },
@@ -241,15 +240,17 @@ std::optional<SendEnd> WholeSend::LeaveAutomatic() {
 
 void WholeSend::Sequence() {
   SendParameters();
-  RunSteps(StepsBeforeWindows());
+  RunSteps(StepsBeforeWindows(), progress_.step);
   EndHighlights();
   SendWindows();
-  RunSteps(StepsAfterWindows());
+  RunSteps(StepsAfterWindows(), progress_.lateStep);
+  progress_.slate = true;
   if (GoesOn()) commands_.SendSlate();
 }
 
 SendEnd WholeSend::Close() {
   if (!GoesOn()) return SendEnd::kStopped;
+  progress_.closing = true;
   if (commands_.Send(kVideoSense, Sender::kWholeSend)) {
     form_.StatBar(FrmStart::kVideoPanel).SetText("7340 Configuration Complete. ");
     return SendEnd::kComplete;
@@ -261,7 +262,8 @@ SendEnd WholeSend::Close() {
 void WholeSend::SendParameters() {
   // The list may change while a message is awaited, so its size is looked at each time.
   const auto sendAll = [this] {
-    for (int i = 0; i < static_cast<int>(vars_.SystemParameters.size()); ++i) {
+    while (progress_.parameter < static_cast<int>(vars_.SystemParameters.size())) {
+      const int i = progress_.parameter++;
       if (!IsSendable(At(vars_.SystemParameters, i))) continue;
       if (!GoesOn()) return;
       if (form_.lDesc.Has(i)) form_.lDesc(i).SetBackColor(kYellow);
@@ -271,11 +273,8 @@ void WholeSend::SendParameters() {
   Finally(sendAll, [this] { PaintRows(form_.lDesc, kWhite); });
 }
 
-void WholeSend::RunSteps(std::span<const SendStep> steps) {
-  for (const SendStep& step : steps) {
-    if (!GoesOn()) return;
-    RunStep(step);
-  }
+void WholeSend::RunSteps(std::span<const SendStep> steps, std::size_t& place) {
+  while (place < steps.size() && GoesOn()) RunStep(steps[place++]);
 }
 
 /// What a step sends as the panels stand, if anything.
@@ -296,31 +295,46 @@ void WholeSend::RunStep(const SendStep& step) {
   });
 }
 
-/// The messages of this send: those that went before the sequence, at the least identification and query, the
-/// sequence as the panels stand, and the closing query.
-int WholeSend::Planned() const {
-  int count = std::max(result_.messages, 2) + 1;
-  for (const SystemParameterRec& parameter : vars_.SystemParameters) count += IsSendable(parameter) ? 1 : 0;
-  for (const auto& steps : {StepsBeforeWindows(), StepsAfterWindows()}) {
-    for (const SendStep& step : steps) count += CommandIn(step) ? 1 : 0;
+/// What a send takes follows from the panels, and the answers change those. What is left is counted after
+/// each message, so in the end it is what was sent. Once the device is gone the panels show that, and count
+/// no longer.
+void WholeSend::Plan() {
+  if (comms_.LostInSend() || !platform_.ComP1.PortOpen()) return;
+  // At the least identification and query go before the sequence, and a query closes it.
+  result_.planned = std::max(result_.messages, 2) + StillToSend();
+}
+
+int WholeSend::StillIn(std::span<const SendStep> steps, std::size_t place) const {
+  int count = 0;
+  for (const SendStep& step : steps.subspan(place)) count += CommandIn(step) ? 1 : 0;
+  return count;
+}
+
+int WholeSend::StillToSend() const {
+  int count = (progress_.closing ? 0 : 1) + (progress_.behindText ? 1 : 0);
+  for (int i = progress_.parameter; i < static_cast<int>(vars_.SystemParameters.size()); ++i) {
+    count += IsSendable(At(vars_.SystemParameters, i)) ? 1 : 0;
   }
-  for (int i = 0; i < static_cast<int>(vars_.CharWindows.size()); ++i) {
-    count += (commands_.Highlights(i) ? 1 : 0);
+  count += StillIn(StepsBeforeWindows(), progress_.step) + StillIn(StepsAfterWindows(), progress_.lateStep);
+  const int windows = static_cast<int>(vars_.CharWindows.size());
+  for (int i = progress_.highlight; i < windows; ++i) count += commands_.Highlights(i) ? 1 : 0;
+  for (int i = progress_.window; i < windows; ++i) {
     if (commands_.HasWindow(i)) count += IsTextWindow(i) ? 2 : 1;
   }
-  return count + (commands_.Live() ? 1 : 0);
+  return count + (!progress_.slate && commands_.Live() ? 1 : 0);
 }
 
 void WholeSend::EndHighlights() {
   if (!GoesOn()) return;
   PaintRows(form_.lName, kWhite);
-  for (int i = 0; i < static_cast<int>(vars_.CharWindows.size()) && GoesOn(); ++i) {
-    commands_.SendWindowInteractive(i, kHighlightOff);
+  while (progress_.highlight < static_cast<int>(vars_.CharWindows.size()) && GoesOn()) {
+    commands_.SendWindowInteractive(progress_.highlight++, kHighlightOff);
   }
 }
 
 void WholeSend::SendWindows() {
-  for (int i = 0; i < static_cast<int>(vars_.CharWindows.size()) && GoesOn(); ++i) {
+  while (progress_.window < static_cast<int>(vars_.CharWindows.size()) && GoesOn()) {
+    const int i = progress_.window++;
     if (!commands_.HasWindow(i)) continue;
     const ControlName row[] = {{"lName", i}};
     Marked(form_, row, [&] { SendWindow(i); });
@@ -334,8 +348,10 @@ bool WholeSend::IsTextWindow(int index) const {
 void WholeSend::SendWindow(int index) {
   if (IsTextWindow(index)) {
     form_.tWinMess.SetText(MessageText(form_.tWinMess.Text()));
+    progress_.behindText = true;
     commands_.Send(kText, Sender::kWholeSend);
     if (!GoesOn()) return;
+    progress_.behindText = false;
   }
   commands_.Send(kWindow, Sender::kWholeSend, index);
 }

@@ -31,14 +31,14 @@ const char* NameOf(SendEnd end);
 
 struct SendResult {
   SendEnd end = SendEnd::kNone;
-  int messages = 0;                       ///< with those that did not go out
-  int wentOut = 0;                        ///< messages whose bytes left
-  int planned = 0;                        ///< messages that the send takes, once its port is open
+  int messages = 0;  ///< with those that did not go out
+  int wentOut = 0;   ///< messages whose bytes left
+  int planned = 0;   ///< messages that the send takes in all, as far as is known; 0 before its port is open
   std::array<int, kVerdicts> count = {};  ///< of those that await an answer, by verdict
 
   int Count(Verdict verdict) const { return count[static_cast<std::size_t>(verdict)]; }
-  /// Messages that were not simply acknowledged.
-  int Trouble() const {
+  /// Messages of which it is not sure that the unit took them.
+  int Doubtful() const {
     return Count(Verdict::kRefused) + Count(Verdict::kUnacknowledged) + Count(Verdict::kUncertain);
   }
 };
@@ -53,7 +53,7 @@ class WholeSend {
             SettingCommands& commands, Ports& ports);
 
   /// A send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
-  bool Running() const { return running_; }
+  bool Running() const;
   /// Of the last send, or of the one that runs.
   const SendResult& Result() const { return result_; }
 
@@ -61,10 +61,24 @@ class WholeSend {
   std::function<bool()> stopRequested;
 
  private:
+  /// How far the sequence is: the places in the lists that it goes through.
+  struct Progress {
+    int parameter = 0;
+    std::size_t step = 0;
+    std::size_t lateStep = 0;  ///< of the steps behind the windows
+    int highlight = 0;
+    int window = 0;
+    bool behindText = false;  ///< a window's text goes out, the window itself is next
+    bool slate = false;
+    bool closing = false;
+  };
+
   void Count(const SentMessage& message);
   void SendSetup();
   void TellLoss();
-  int Planned() const;
+  void Plan();
+  int StillToSend() const;
+  int StillIn(std::span<const SendStep> steps, std::size_t place) const;
   std::optional<CommandId> CommandIn(const SendStep& step) const;
   bool IsTextWindow(int index) const;
   SendEnd SendOverPort();
@@ -77,7 +91,7 @@ class WholeSend {
   void Sequence();
   SendEnd Close();
   void SendParameters();
-  void RunSteps(std::span<const SendStep> steps);
+  void RunSteps(std::span<const SendStep> steps, std::size_t& place);
   void RunStep(const SendStep& step);
   void EndHighlights();
   void SendWindows();
@@ -92,7 +106,7 @@ class WholeSend {
   Ports& ports_;
   SendResult result_;
   int firstNumber_ = 0;  ///< of the messages of this send
-  bool running_ = false;
+  Progress progress_;
   bool stopped_ = false;
 };
 

@@ -24,7 +24,7 @@ UnsavedChanges::UnsavedChanges(Platform& platform, const Variables& variables, F
       form_(form),
       file_(file),
       timer_(platform.pump, platform.guard, "UnsavedChanges", kLookMs),
-      touched_(form.Touched.Connect([this] { timer_.SetEnabled(begun_); })) {
+      touched_(form.Touched, [this] { timer_.SetEnabled(begun_); }) {
   timer_.OnTick([this] {
     if (file_.Reading()) return;  // a box of the load stands over half of another composition
     timer_.SetEnabled(false);
@@ -36,10 +36,6 @@ UnsavedChanges::UnsavedChanges(Platform& platform, const Variables& variables, F
     if (end == SaveEnd::kStored) CountAsStored();
     if (end == SaveEnd::kDeclined || end == SaveEnd::kFailed) CountAsUnsaved();
   });
-}
-
-UnsavedChanges::~UnsavedChanges() {
-  form_.Touched.Disconnect(touched_);
 }
 
 std::optional<UnsavedChanges::Bytes> UnsavedChanges::Composition() const {

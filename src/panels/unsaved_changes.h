@@ -22,9 +22,6 @@ struct Variables;
 class UnsavedChanges {
  public:
   UnsavedChanges(Platform& platform, const Variables& variables, FrmStart& form, ConfigurationFile& file);
-  ~UnsavedChanges();
-  UnsavedChanges(const UnsavedChanges&) = delete;
-  UnsavedChanges& operator=(const UnsavedChanges&) = delete;
 
   /// Another composition has come that nobody can lose: the defaults, or what was just read. The account
   /// begins with the first.
@@ -51,7 +48,7 @@ class UnsavedChanges {
   FrmStart& form_;
   ConfigurationFile& file_;
   Timer timer_;
-  Signal<>::Id touched_;
+  Listening<> touched_;
   bool begun_ = false;
   bool unsaved_ = false;         ///< in no file, whatever its bytes are
   std::optional<Bytes> stored_;  ///< the composition as it was last begun with, read or stored

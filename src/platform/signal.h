@@ -39,4 +39,27 @@ class Signal {
   Id lastId_ = 0;
 };
 
+/// Listens to a signal for as long as it lives; the signal must outlive it.
+template <class... Args>
+class Listening {
+ public:
+  Listening(Signal<Args...>& signal, typename Signal<Args...>::Listener listener)
+      : signal_(&signal), id_(signal.Connect(std::move(listener))) {}
+  ~Listening() {
+    if (signal_) signal_->Disconnect(id_);
+  }
+  Listening(Listening&& other) noexcept : signal_(std::exchange(other.signal_, nullptr)), id_(other.id_) {}
+  Listening& operator=(Listening&& other) noexcept {
+    std::swap(signal_, other.signal_);
+    std::swap(id_, other.id_);
+    return *this;
+  }
+  Listening(const Listening&) = delete;
+  Listening& operator=(const Listening&) = delete;
+
+ private:
+  Signal<Args...>* signal_;
+  typename Signal<Args...>::Id id_;
+};
+
 }  // namespace marlinset

@@ -171,7 +171,7 @@ TEST_F(CliTest, SendEndsWithTheStatusOfWhatHappened) {
     const char* diagnostic;
   };
   const Case cases[] = {
-      {{}, "drop 1", {}, 6, "93 messages were not acknowledged: 1 unacknowledged."},
+      {{}, "drop 1", {}, 6, "90 of 93 messages were not acknowledged: 1 unacknowledged, 89 uncertain."},
       {{}, "nak 1", {}, 6, "refused          Parameter 2/0 'LTC Reader Flywheel (frames)' = 8"},
       {{}, "nak 1\nstray 20", {}, 7, "93 messages were not acknowledged: 1 uncertain."},
       {{}, "unplug 40", {}, 4, "Ended as portClosed: 40 of 93 messages went out."},

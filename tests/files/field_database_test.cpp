@@ -28,7 +28,7 @@ TEST(FieldDatabase, StartsAndSendsTheWholeConfiguration) {
   EXPECT_EQ(rig.tool.form.lName(1).Caption(), "Video User Bits") << "the row before has device 0";
   rig.tool.form.bSConfig.Press();
   EXPECT_EQ(rig.tool.wholeSend.Result().end, SendEnd::kComplete);
-  EXPECT_EQ(rig.tool.wholeSend.Result().Trouble(), 0);
+  EXPECT_EQ(rig.tool.wholeSend.Result().Doubtful(), 0);
   EXPECT_THAT(rig.Boxes(), IsEmpty());
 }
 

@@ -190,7 +190,10 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
     rig.form.pComBut.Changed.Connect([&] { red = red || rig.form.pComBut.BackColor() == kRed; });
     std::size_t sent = 0;
     rig.commands.MessageSent.Connect([&](const SentMessage& message) {
-      EXPECT_EQ(message.verdict == Verdict::kAcknowledged, sent != lost + 2);
+      const bool inStep = sent < lost + 2 || std::string_view(message.command) == "cmdVideoSense";
+      EXPECT_EQ(message.verdict, inStep             ? Verdict::kAcknowledged
+                                 : sent == lost + 2 ? Verdict::kUnacknowledged
+                                                    : Verdict::kUncertain);
       if (++sent == lost + 2) rig.line.Unit().Faults().drop = 1;
     });
     rig.form.bSConfig.OperatorClick();
@@ -209,6 +212,7 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
     EXPECT_EQ(rig.form.mnuCharOn.Checked(), !inserter);
     EXPECT_EQ(red, inserter);
     EXPECT_EQ(rig.wholeSend.Result().Count(Verdict::kUnacknowledged), 1);
+    EXPECT_EQ(rig.wholeSend.Result().planned, rig.wholeSend.Result().messages);
     ExpectIdle(rig);
   }
 }
@@ -230,10 +234,37 @@ TEST(WholeSend, TellsWhatTheUnitRefusedInSpiteOfAStrayAck) {
     EXPECT_EQ(rig.pump.Now(), stray ? 60 : 100) << "the waits are as they were";
     EXPECT_EQ(rig.dialogs.shown.size(), stray ? 0U : 1U);
     EXPECT_THAT(doubtful, ElementsAre("Slate duration: 300 frames"));
-    EXPECT_EQ(rig.wholeSend.Result().Count(stray ? Verdict::kUncertain : Verdict::kRefused), 1);
-    EXPECT_EQ(rig.wholeSend.Result().Trouble(), 1);
+    EXPECT_EQ(rig.wholeSend.Result().Count(Verdict::kRefused), stray ? 0 : 1);
+    EXPECT_EQ(rig.wholeSend.Result().Doubtful(), stray ? 2 : 1) << "the Nak may be the message's before";
     EXPECT_EQ(rig.wholeSend.Result().planned, rig.wholeSend.Result().messages);
   }
+}
+
+TEST(WholeSend, NamesWhatANakInOneReadWithTheClosingReplyBelongsTo) {
+  LinkRig rig;
+  std::vector<std::string> told;
+  const auto tell = [&](const SentMessage& message) {
+    if (message.verdict != Verdict::kAcknowledged) told.push_back(message.meaning);
+  };
+  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+    tell(message);
+    if (message.meaning != "Characters on") return;
+    rig.line.SetGate(false);
+    rig.line.Unit().Faults().lateFrames = std::chrono::milliseconds(500);
+    rig.pump.At(rig.pump.Now() + 29, [&rig] {
+      Bytes bytes{kNak};
+      const Bytes frame = EncodeFrame(Bytes{15, 0, 52, 4});
+      bytes.insert(bytes.end(), frame.begin(), frame.end());
+      rig.line.Inject(bytes, rig.pump.Now());
+    });
+  });
+  rig.commands.VerdictChanged.Connect([&](const SentMessage& message, Verdict) { tell(message); });
+  rig.form.bSConfig.OperatorClick();
+  const SendResult& result = rig.wholeSend.Result();
+  EXPECT_EQ(result.end, kNotConfirmed);
+  EXPECT_THAT(told, ElementsAre("Characters on", "Video status?"));
+  EXPECT_EQ(result.Doubtful(), 2);
+  EXPECT_TRUE(result.wentOut == result.messages && result.planned == result.messages);
 }
 
 const char* const kSilent = "Video Standard not detected. Verify communications.";
@@ -315,7 +346,7 @@ TEST(WholeSend, EndsWithOneBoxWhenTheDeviceGoesAway) {
     EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
     const std::size_t sent = c.after == 0 ? 2 : c.after;
     EXPECT_EQ(rig.Sent().size(), sent) << "nothing further is tried";
-    const std::size_t all = Sequence().Framed().size() + 1;  // and the slate's, live
+    const std::size_t all = Sequence().Framed().size() + 1 + (c.after == 3 ? 1 : 0);  // and the slate's, live
     EXPECT_THAT(rig.dialogs.shown.back().remedy,
                 testing::StartsWith("The device behind port 1 (unit1) is gone. " + std::to_string(sent) +
                                     " of " + std::to_string(all) + " messages went out.\n"));
@@ -368,7 +399,7 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     EXPECT_EQ(rig.Sent(), expected);
     EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
     EXPECT_EQ(rig.wholeSend.Result().end, c.end);
-    EXPECT_EQ(rig.wholeSend.Result().Trouble() > 1, c.end == kNotConfirmed) << "refused: no answer";
+    EXPECT_EQ(rig.wholeSend.Result().Doubtful() > 1, c.end == kNotConfirmed) << "refused: no answer";
     ExpectIdle(rig);
     if (!rig.wholeSend.stopRequested) continue;
     rig.wholeSend.stopRequested = nullptr;

@@ -242,8 +242,8 @@ class Storm {
     Watched([&] { form.bSConfig.OperatorClick(); });
     const SendResult& result = rig_.tool.wholeSend.Result();
     const int unknownModel = rig_.line.Unit().Model() == kUnknownModel ? 1 : 0;
-    if (result.end != SendEnd::kComplete || result.Trouble() != unknownModel) {
-      Fault(std::string("the send ended ") + NameOf(result.end) + ", " + std::to_string(result.Trouble()) +
+    if (result.end != SendEnd::kComplete || result.Doubtful() != unknownModel) {
+      Fault(std::string("the send ended ") + NameOf(result.end) + ", " + std::to_string(result.Doubtful()) +
             " of " + std::to_string(result.messages) + " not acknowledged");
       return;
     }

@@ -187,7 +187,7 @@ class WindowStorm {
     TurnQtsLoop();
     const SendResult& result = rig_.tool.wholeSend.Result();
     const int unknownModel = rig_.line.Unit().Model() == kUnknownModel ? 1 : 0;
-    if (result.end != SendEnd::kComplete || result.Trouble() != unknownModel)
+    if (result.end != SendEnd::kComplete || result.Doubtful() != unknownModel)
       Fault("the last send ended with " + std::to_string(static_cast<int>(result.end)));
     for (const std::string& line : DifferencesToUnit(rig_.tool, rig_.line.Unit().Memory())) Fault(line);
     for (const std::string& line : desk_.Disagreements()) Fault("after the send " + line);

@@ -71,7 +71,7 @@ class Progress {
   void Finish() const {
     if (!verbose_ && !told_.empty() && ::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");
   }
-  /// Which messages were not simply acknowledged.
+  /// Which messages were not acknowledged beyond doubt.
   void List() const {
     for (const SentMessage& message : told_) {
       if (!message.verdict || *message.verdict == Verdict::kAcknowledged) continue;
@@ -90,9 +90,9 @@ class Progress {
   std::vector<SentMessage> told_;
 };
 
-/// The messages that were not simply acknowledged, by verdict: "1 refused, 2 uncertain"; empty when there are
+/// How many messages were not acknowledged beyond doubt, by verdict: "1 refused, 2 uncertain"; empty for
 /// none.
-std::string Trouble(const SendResult& result) {
+std::string DoubtText(const SendResult& result) {
   std::string text;
   for (const Verdict verdict : {Verdict::kRefused, Verdict::kUnacknowledged, Verdict::kUncertain}) {
     if (result.Count(verdict) == 0) continue;
@@ -102,10 +102,10 @@ std::string Trouble(const SendResult& result) {
 }
 
 /// How it ended, what is wrong in the last line.
-void Summarize(const SendResult& result, const std::string& trouble) {
-  if (!trouble.empty()) {
-    std::fprintf(stderr, "%d of %d messages were not acknowledged: %s.\n", result.Trouble(), result.messages,
-                 trouble.c_str());
+void Summarize(const SendResult& result, const std::string& doubts) {
+  if (!doubts.empty()) {
+    std::fprintf(stderr, "%d of %d messages were not acknowledged: %s.\n", result.Doubtful(), result.messages,
+                 doubts.c_str());
   }
   if (result.end == SendEnd::kStopped) std::fprintf(stderr, "Stopped between two messages.\n");
   if (result.end == SendEnd::kComplete) return;
@@ -160,7 +160,7 @@ int RunSend(const CliOptions& options) {
     std::printf("%s\n", tool.form.StatBar(FrmStart::kVideoPanel).Text().c_str());
   std::fflush(stdout);
   progress.List();
-  Summarize(result, Trouble(result));
+  Summarize(result, DoubtText(result));
   return status;
 }
 

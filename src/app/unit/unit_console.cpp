@@ -20,8 +20,8 @@ constexpr int kMostMilliseconds = 3600000;
 constexpr int kMostCount = 1000000;
 
 enum class Argument { kNone, kOnOff, kNumber, kMaybeNumber, kForm };
-/// How a state is printed; nothing said: as suits who asks.
-enum Form { kAsSuits, kText, kJson };
+/// How a state is printed; kAsSuits, when nothing was said, goes by who asks. A number, as arguments are.
+enum StateForm : int { kAsSuits, kText, kJson };
 
 std::optional<int> ReadArgument(Argument kind, const std::string& word, int highest) {
   switch (kind) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/qt_serial_port.h"
 
+#include <poll.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
 
@@ -10,9 +11,13 @@
 #include <QString>
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 namespace marlinset {
 namespace {
+
+constexpr int kRetryMs = 50;
+constexpr int kMostRetries = 20;
 
 std::string InUse(const std::string& device) {
   return device + " is in use by another program. Close that program, or choose another port.";
@@ -69,6 +74,8 @@ QtSerialPort::QtSerialPort(Guard& guard, PortMap& ports) : guard_(guard), ports_
   gap_.setSingleShot(true);
   gap_.setTimerType(Qt::PreciseTimer);
   gap_.setInterval(ReplyGate::kQuietGapMs);
+  retry_.setInterval(kRetryMs);
+  QObject::connect(&retry_, &QTimer::timeout, &listener_, [this] { PressOn(); });
   QObject::connect(&serial_, &QSerialPort::readyRead, &listener_, [this] { TakeArrivals(); });
   QObject::connect(&serial_, &QSerialPort::errorOccurred, &listener_,
                    [this](QSerialPort::SerialPortError error) { NoteError(error); });
@@ -83,11 +90,11 @@ void QtSerialPort::SetCommPort(int port) {
 }
 
 bool QtSerialPort::PortOpen() const {
-  return serial_.isOpen() && !gone_;
+  return serial_.isOpen() && !closePending_;
 }
 
 void QtSerialPort::SetPortOpen(bool open) {
-  if (open == PortOpen() && !gone_) return;
+  if (open == PortOpen() && !closePending_) return;
   Close();
   if (open) Open();
 }
@@ -98,7 +105,7 @@ bool QtSerialPort::DeviceIsThere(int port) const {
 }
 
 void QtSerialPort::Open() {
-  lost_ = false;
+  deviceGone_ = false;
   const std::string device = DeviceName(port_);
   if (device.empty()) throw NoDeviceBehind(port_);
   const QString node = RealName(device);
@@ -116,8 +123,9 @@ void QtSerialPort::Open() {
 
 void QtSerialPort::Close() {
   serial_.close();
-  gone_ = false;
+  closePending_ = false;
   gap_.stop();
+  retry_.stop();
   gate_.Clear();
   DiscardInput();
 }
@@ -126,6 +134,9 @@ void QtSerialPort::Output(std::span<const std::uint8_t> bytes) {
   if (!PortOpen()) return;
   serial_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
   serial_.flush();
+  retries_ = 0;
+  waiting_ = serial_.bytesToWrite();
+  if (waiting_ > 0) retry_.start();
 }
 
 std::size_t QtSerialPort::OutBufferCount() const {
@@ -184,20 +195,40 @@ void QtSerialPort::Deliver() {
 
 void QtSerialPort::NoteError(QSerialPort::SerialPortError error) {
   // Others are harmless: none at all, raised at every opening; an operation that pseudo terminals lack; a
-  // look for bytes that finds none.
+  // look for bytes that finds none. A line that is full fails a write as a device does that has gone.
   const bool deviceFailed = error == QSerialPort::WriteError || error == QSerialPort::ReadError ||
                             error == QSerialPort::ResourceError;
-  if (!deviceFailed || !PortOpen()) return;
-  gone_ = true;
-  lost_ = true;
+  if (!deviceFailed || !PortOpen() || !HungUp()) return;
+  closePending_ = true;
+  deviceGone_ = true;
   gap_.stop();
   // Not from here: QSerialPort is in the middle of the read or write that failed.
   QMetaObject::invokeMethod(
       &listener_, [this] { CloseLost(); }, Qt::QueuedConnection);
 }
 
+bool QtSerialPort::HungUp() const {
+  pollfd line{.fd = serial_.handle(), .events = 0, .revents = 0};
+  const bool gone = ::poll(&line, 1, 0) > 0 && (line.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+  return gone || !QFileInfo::exists(RealName(serial_.portName().toStdString()));
+}
+
+/// QSerialPort does not try again by itself when a write has found the line full.
+void QtSerialPort::PressOn() {
+  serial_.flush();
+  const qint64 waiting = PortOpen() ? serial_.bytesToWrite() : 0;
+  if (waiting == 0) {
+    retry_.stop();
+  } else if (std::exchange(waiting_, waiting) != waiting) {
+    retries_ = 0;
+  } else if (++retries_ >= kMostRetries) {
+    retry_.stop();
+    serial_.clear(QSerialPort::Output);
+  }
+}
+
 void QtSerialPort::CloseLost() {
-  if (!gone_) return;  // the tool was faster and has closed the port, or opened it again
+  if (!closePending_) return;  // the tool was faster and has closed the port, or opened it again
   Close();
   Raise(kCommDeviceGone);
 }

@@ -17,6 +17,9 @@ namespace marlinset {
 /// loop, each on its own and under the guard, so their handlers may pump, show boxes, and open and close the
 /// port.
 ///
+/// A line that takes no bytes (its far end has stopped it) stays open: what it does not take within a second
+/// is thrown away, so that whoever sent it does not wait for ever.
+///
 /// The receive buffer holds 1024 bytes. What does not fit is lost, and kCommOverflow says so once until the
 /// tool has read or thrown away some of it.
 class QtSerialPort : public MSComm {
@@ -36,7 +39,7 @@ class QtSerialPort : public MSComm {
   void DiscardInput() override;
   std::uint8_t Input() override;
   void LookForInput() override;
-  bool DeviceGone() const override { return lost_; }
+  bool DeviceGone() const override { return deviceGone_; }
 
   int CommEvent() const override { return event_; }
   void LookForDevices() override { ports_.Refresh(); }
@@ -50,7 +53,9 @@ class QtSerialPort : public MSComm {
   void LineWasQuiet();
   void Deliver();
   void NoteError(QSerialPort::SerialPortError error);
+  bool HungUp() const;
   void CloseLost();
+  void PressOn();
   void RaiseLater(int event);
   void Raise(int event);
 
@@ -58,14 +63,17 @@ class QtSerialPort : public MSComm {
   PortMap& ports_;
   int port_ = kLowestPort;
   int event_ = 0;
-  bool gone_ = false;         ///< the device failed; the close that follows is on its way
-  bool lost_ = false;         ///< it failed since the port was opened last
-  bool overflowing_ = false;  ///< bytes were lost since the tool last made room
+  bool closePending_ = false;  ///< the device has gone, and the close that follows is on its way
+  bool deviceGone_ = false;    ///< it has gone since the port was opened last; stays so when that is closed
+  bool overflowing_ = false;   ///< bytes were lost since the tool last made room
   ReplyGate gate_;
   std::deque<std::uint8_t> received_;
   QSerialPort serial_;
-  QTimer gap_;        ///< ends when the line was quiet for long enough
-  QObject listener_;  ///< receives everything that comes from Qt; goes first, and pending events with it
+  QTimer gap_;          ///< ends when the line was quiet for long enough
+  QTimer retry_;        ///< runs while bytes wait for a line that takes none
+  int retries_ = 0;     ///< in a row that moved nothing
+  qint64 waiting_ = 0;  ///< bytes, at the last of them
+  QObject listener_;    ///< receives everything that comes from Qt; goes first, and pending events with it
 };
 
 }  // namespace marlinset

@@ -181,6 +181,22 @@ TEST_F(QtSerialPortTest, NoticesByASendingThatTheDeviceIsGone) {
       << "neither held nor locked any more";
 }
 
+TEST_F(QtSerialPortTest, TakesAFullLineForNoneThatIsGone) {
+  port.SetPortOpen(true);
+  const Bytes much(20000, std::uint8_t{0x55});
+  for (int i = 0; i < 3; ++i) {  // nobody reads, so the first fills it
+    port.Output(much);
+    EXPECT_TRUE(bench.Wait([this] { return port.OutBufferCount() == 0; })) << "whoever waits for it goes on";
+  }
+  EXPECT_TRUE(port.PortOpen() && !port.DeviceGone());
+  EXPECT_TRUE(events.empty());
+  port.Output(much);
+  unit.Unplug();
+  port.Output(kReply);
+  EXPECT_TRUE(bench.Wait([this] { return !events.empty(); }));
+  EXPECT_TRUE(!port.PortOpen() && port.DeviceGone());
+}
+
 TEST_F(QtSerialPortTest, SaysWhyAPortCannotBeOpenedAndWhatHelps) {
   const auto expect = [this](const std::string& device, const std::string& reason) {
     EXPECT_THAT(FailureOf(bench.guard, device), testing::StartsWith("Port 2 cannot be opened: " + reason));
