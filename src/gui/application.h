@@ -17,7 +17,10 @@ class Application : public QApplication {
   bool notify(QObject* receiver, QEvent* event) override;
 
  private:
+  bool Deliver(QObject* receiver, QEvent* event);
+
   OperatorQueue operator_;
+  bool keyRepeats_ = false;  ///< the key that may be a shortcut is held down
 };
 
 }  // namespace marlinset

@@ -33,8 +33,15 @@ bool GoesForGood(const QFocusEvent& event) {
   }
 }
 
-Binding::Binding(QWidget& widget, Control& control, std::function<void()> show)
-    : QObject(&widget), widget_(widget), show_(std::move(show)) {
+Binding::Binding(QWidget& widget, Control& control, std::function<void()> show,
+                 std::shared_ptr<Subject> subject)
+    : QObject(&widget),
+      widget_(widget),
+      show_(std::move(show)),
+      subject_(std::move(subject)),
+      awaited_(subject_ ? std::shared_ptr<Awaited>(subject_, &subject_->awaited)
+                        : std::make_shared<Awaited>()),
+      awaitedListening_(awaited_->Changed, [this] { Show(); }) {
   widget.setObjectName(Shown(control.FullName()));
   if (!control.Caption().empty()) widget.setAccessibleName(SpokenName(ShownLiteral(control.Caption())));
   Add(control, &widget);
@@ -43,12 +50,24 @@ Binding::Binding(QWidget& widget, Control& control, std::function<void()> show)
 Binding::~Binding() = default;
 
 void Binding::Add(Control& control, QWidget* part) {
-  controls_.push_back(&control);
-  listening_.emplace_back(control.Changed, [this] { Show(); });
+  Listen(control);
   if (part) {
     part->setObjectName(Shown(control.FullName()));
     AddSurface(*part);
   }
+}
+
+void Binding::Listen(Control& control) {
+  controls_.push_back(&control);
+  listening_.emplace_back(control.Changed, [this] { Show(); });
+}
+
+void Binding::Follow(const std::vector<Control*>& controls) {
+  listening_.clear();
+  controls_.clear();
+  for (Control* control : controls) Listen(*control);
+  widget_.setObjectName(Shown(controls.front()->FullName()));
+  Show();
 }
 
 void Binding::AddSurface(QWidget& widget) {
@@ -62,16 +81,22 @@ Binding& Binding::Of(QWidget& widget) {
 
 void Binding::Act(const OperatorAction& action, Turn turn, std::function<void()> done) {
   if (controls_.empty()) return;
-  ++pending_;
-  OperatorQueue::OfProgram().Take(*controls_.front(), action, turn, this, [this, done = std::move(done)] {
-    --pending_;
-    if (done) done();
-    Show();
+  ++awaited_->actions;
+  awaited_->Changed.Emit();
+  Take(action, turn, [self = QPointer<Binding>(this), awaited = awaited_, done = std::move(done)] {
+    --awaited->actions;
+    if (self && done) done();
+    awaited->Changed.Emit();
   });
 }
 
+void Binding::Take(OperatorAction action, Turn turn, std::function<void()> done) {
+  if (subject_) action.find = [subject = subject_] { return subject->Find(); };
+  OperatorQueue::OfProgram().Take(*controls_.front(), action, turn, nullptr, std::move(done));
+}
+
 void Binding::Show() {
-  if (controls_.empty()) return;
+  if (!Present()) return;
   const auto all = [this](bool (Control::*flag)() const) {
     return std::all_of(controls_.begin(), controls_.end(), [flag](Control* c) { return (c->*flag)(); });
   };
@@ -120,11 +145,11 @@ bool Binding::eventFilter(QObject* watched, QEvent* event) {
   if (controls_.empty()) return QObject::eventFilter(watched, event);
   if (event->type() == QEvent::FocusOut && watched == &widget_ &&
       GoesForGood(*static_cast<QFocusEvent*>(event))) {
-    OperatorQueue::OfProgram().Take(*controls_.front(), {OperatorAction::Kind::kLeave}, Turn::kInOrder);
+    Take({OperatorAction::Kind::kLeave}, Turn::kInOrder);
     return QObject::eventFilter(watched, event);
   }
   if (event->type() == QEvent::MouseMove && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
-    OperatorQueue::OfProgram().Take(*controls_.front(), {OperatorAction::Kind::kHover}, Turn::kHover);
+    Take({OperatorAction::Kind::kHover}, Turn::kHover);
     return true;  // only the innermost surface is hovered, not also the sheet below it
   }
   return QObject::eventFilter(watched, event);

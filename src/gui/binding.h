@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "gui/operator_queue.h"
@@ -17,6 +19,28 @@ namespace marlinset {
 /// The focus goes to another field, and not only for a while to a box, a menu or another program.
 bool GoesForGood(const QFocusEvent& event);
 
+/// A number as the operator sees it, and how many of his actions on it are still to be carried out.
+struct Awaited {
+  int actions = 0;
+  int value = 0;      ///< where those actions lead
+  QString text = {};  ///< how it is written
+  Signal<> Changed = {};
+};
+
+/// What a widget stands for where that is not simply its control: the record of a row stands in another row
+/// once the list was sorted. What the operator does is meant for the record.
+class Subject {
+ public:
+  Subject() = default;
+  virtual ~Subject() = default;
+  Subject(const Subject&) = delete;
+  Subject& operator=(const Subject&) = delete;
+  /// The control that stands for it now, null while or when there is none.
+  virtual Control* Find() const = 0;
+
+  Awaited awaited;
+};
+
 /// Ties one widget to one control of the panel model. The widget takes the control's full name as object name
 /// and follows its enabled and visible flags, tool tip and yellow mark; `show` paints the rest. What the
 /// operator does is connected with the binding as context object and goes through Act. Until that is carried
@@ -26,7 +50,8 @@ bool GoesForGood(const QFocusEvent& event);
 class Binding : public QObject {
   Q_OBJECT
  public:
-  Binding(QWidget& widget, Control& control, std::function<void()> show = {});
+  Binding(QWidget& widget, Control& control, std::function<void()> show = {},
+          std::shared_ptr<Subject> subject = {});
   ~Binding() override;
 
   /// One more control that the widget shows (the echo beside a spin): its mark, flags and changes count too.
@@ -40,9 +65,15 @@ class Binding : public QObject {
   /// after `done`, the widget shows what the model made of it.
   void Act(const OperatorAction& action, Turn turn = Turn::kInOrder, std::function<void()> done = {});
   /// Whether an action is still to be carried out, or is at work.
-  bool Pending() const { return pending_ > 0; }
+  bool Pending() const { return awaited_->actions > 0; }
+  Awaited& GetAwaited() { return *awaited_; }
+  /// Whether the control stands for what the widget shows.
+  bool Present() const { return !controls_.empty() && (!subject_ || subject_->Find() == controls_.front()); }
+  /// The subject has moved to other controls: the widget goes with it.
+  void Follow(const std::vector<Control*>& controls);
   /// Paints the widget as the model is now.
   void Show();
+  bool Detached() const { return controls_.empty(); }
   /// The control is about to go; the widget keeps its last look and is deaf from now on.
   void Detach();
 
@@ -56,6 +87,8 @@ class Binding : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void Listen(Control& control);
+  void Take(OperatorAction action, Turn turn, std::function<void()> done = {});
   void ShowMark();
   void ShowToolTip();
 
@@ -65,7 +98,9 @@ class Binding : public QObject {
   std::function<void()> show_;
   QString disabledReason_;
   bool marked_ = false;
-  int pending_ = 0;  ///< actions that are still to be carried out
+  std::shared_ptr<Subject> subject_;
+  std::shared_ptr<Awaited> awaited_;
+  Listening<> awaitedListening_;
 };
 
 }  // namespace marlinset

@@ -13,7 +13,6 @@
 #include <climits>
 #include <cstdlib>
 
-#include "gui/binding.h"
 #include "gui/look.h"
 
 namespace marlinset {
@@ -91,14 +90,17 @@ void ComboField::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-SpinField::SpinField(SpinControl& spin, TextBox& echo, QWidget* parent)
-    : QAbstractSpinBox(parent), spin_(spin), echo_(echo) {
+SpinField::SpinField(SpinControl& spin, TextBox& echo, QWidget* parent, std::shared_ptr<Subject> subject)
+    : QAbstractSpinBox(parent), spin_(&spin), echo_(&echo) {
   setFocusPolicy(Qt::StrongFocus);
   setAlignment(Qt::AlignRight);
   lineEdit()->setAcceptDrops(false);  // see Bind of a text box
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  binding_ = new Binding(*this, spin, [this] { ShowControl(); });
+  binding_ = new Binding(
+      *this, spin, [this] { ShowControl(); }, std::move(subject));
   binding_->Add(echo, lineEdit());
+  echoShown_ = binding_->GetAwaited().text;
+  lineEdit()->setText(echoShown_);
   binding_->Show();
   connect(lineEdit(), &QLineEdit::textEdited, binding_, [this] {
     typing_ = true;
@@ -109,8 +111,15 @@ SpinField::SpinField(SpinControl& spin, TextBox& echo, QWidget* parent)
   });
 }
 
+void SpinField::Follow(SpinControl& spin, TextBox& echo) {
+  spin_ = &spin;
+  echo_ = &echo;
+  lineEdit()->setObjectName(Shown(echo.FullName()));
+  binding_->Follow({&spin, &echo});
+}
+
 void SpinField::ShowControl() {
-  const QString text = Shown(echo_.Text());
+  const QString text = Shown(echo_->Text());
   if (typing_ && text == echoShown_) return;  // a half-typed number outlives a mark or a new limit
   typing_ = false;
   echoShown_ = text;
@@ -123,7 +132,7 @@ void SpinField::ShowControl() {
 }
 
 void SpinField::Complete() {
-  if (!typing_) return;
+  if (!typing_ || binding_->Detached()) return;
   typing_ = false;
   const int radix = Radix();
   bool isNumber = false;
@@ -132,58 +141,69 @@ void SpinField::Complete() {
   echoShown_.clear();
   if (isNumber) {
     const int value = static_cast<int>(std::clamp<qlonglong>(number, INT_MIN, INT_MAX));
-    leadsTo_ = WhereItStays(value);
-    binding_->Act({OperatorAction::Kind::kSpin, value});
+    NoteWhereItLeads(WhereItStays(value));
+    binding_->Act({OperatorAction::Kind::kSpin, value}, Turn::kInOrder, [this] { KeepWhatIsTyped(); });
   } else {
-    binding_->Show();
+    ShowAgain();
   }
 }
 
 void SpinField::TakeBack() {
   typing_ = false;
-  binding_->Show();
+  ShowAgain();
+}
+
+void SpinField::ShowAgain() {
+  if (binding_->Pending() || !binding_->Present()) {
+    lineEdit()->setText(binding_->GetAwaited().text);
+  } else {
+    binding_->Show();
+  }
 }
 
 void SpinField::stepBy(int steps) {
-  if (heldDown_ && binding_->Pending()) return;
+  if (binding_->Detached() || (heldDown_ && binding_->Pending())) return;
   Complete();
   const int from = SeenValue();
-  const bool rising = (steps > 0) == (spin_.Max() >= spin_.Min());
-  const qlonglong way = static_cast<qlonglong>(spin_.Increment()) * std::abs(steps);
-  const int end = WhereItStays(from + (rising ? way : -way));
-  binding_->Act({OperatorAction::Kind::kStep, steps}, Turn::kInOrder, [this] {
-    if (typing_) echoShown_ = Shown(echo_.Text());  // what was typed behind the step is newer
-  });
-  ShowWhereItLeads(end);
+  const bool rising = (steps > 0) == (spin_->Max() >= spin_->Min());
+  const qlonglong way = static_cast<qlonglong>(spin_->Increment()) * std::abs(steps);
+  NoteWhereItLeads(WhereItStays(from + (rising ? way : -way)));
+  binding_->Act({OperatorAction::Kind::kStep, steps}, Turn::kInOrder, [this] { KeepWhatIsTyped(); });
+  lineEdit()->setText(binding_->GetAwaited().text);
+  if (hasFocus()) lineEdit()->selectAll();
+}
+
+/// What was typed behind an action is newer than what the action made.
+void SpinField::KeepWhatIsTyped() {
+  if (typing_) echoShown_ = Shown(echo_->Text());
 }
 
 /// Provisional limits go before the first of the steps is made.
 int SpinField::WhereItStays(qlonglong value) const {
-  const bool any = spin_.Provisional();
+  const bool any = spin_->Provisional();
   return static_cast<int>(
-      std::clamp<qlonglong>(value, any ? INT_MIN : spin_.Lowest(), any ? INT_MAX : spin_.Highest()));
+      std::clamp<qlonglong>(value, any ? INT_MIN : spin_->Lowest(), any ? INT_MAX : spin_->Highest()));
 }
 
 int SpinField::SeenValue() const {
-  return binding_->Pending() ? leadsTo_ : spin_.Value();
+  return binding_->Pending() || !binding_->Present() ? binding_->GetAwaited().value : spin_->Value();
 }
 
 /// The echo of a value is for the rules to write. Until they have, it is written as they wrote the last one:
-/// some show no sign.
-void SpinField::ShowWhereItLeads(int value) {
-  leadsTo_ = value;
-  const bool signless = echo_.Text() == std::to_string(std::abs(spin_.Value()));
-  QString text = QString::number(signless ? std::abs(value) : value);
-  if (Radix() == 16) text = QString::number(static_cast<unsigned>(value), 16).toUpper();
-  lineEdit()->setText(text);
-  if (hasFocus()) lineEdit()->selectAll();
+/// some show no sign, but none in which a radix can be chosen.
+void SpinField::NoteWhereItLeads(int value) {
+  const bool signless = !radix_ && echo_->Text() == std::to_string(std::abs(spin_->Value()));
+  Awaited& awaited = binding_->GetAwaited();
+  awaited.value = value;
+  awaited.text = QString::number(signless ? std::abs(value) : value);
+  if (Radix() == 16) awaited.text = QString::number(static_cast<unsigned>(value), 16).toUpper();
 }
 
 QAbstractSpinBox::StepEnabled SpinField::stepEnabled() const {
   StepEnabled enabled = StepNone;
-  const bool any = typing_ || spin_.Provisional();
-  if (any || SeenValue() != spin_.Max()) enabled |= StepUpEnabled;
-  if (any || SeenValue() != spin_.Min()) enabled |= StepDownEnabled;
+  const bool any = typing_ || spin_->Provisional();
+  if (any || SeenValue() != spin_->Max()) enabled |= StepUpEnabled;
+  if (any || SeenValue() != spin_->Min()) enabled |= StepDownEnabled;
   return enabled;
 }
 

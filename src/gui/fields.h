@@ -4,12 +4,12 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <functional>
+#include <memory>
 
+#include "gui/binding.h"
 #include "platform/controls.h"
 
 namespace marlinset {
-
-class Binding;
 
 /// A drop-down list for selection only. Letters typed on the closed list do nothing, so that a stray key
 /// never goes on air; the wheel turns it only while it has the focus.
@@ -37,7 +37,9 @@ class ComboField : public QComboBox {
 class SpinField : public QAbstractSpinBox {
   Q_OBJECT
  public:
-  SpinField(SpinControl& spin, TextBox& echo, QWidget* parent);
+  /// `subject` where the number belongs to a record that may move to other controls.
+  SpinField(SpinControl& spin, TextBox& echo, QWidget* parent, std::shared_ptr<Subject> subject = {});
+  void Follow(SpinControl& spin, TextBox& echo);
   /// The radix in which the echo stands and numbers are typed, 10 or 16; asked each time.
   void SetRadix(std::function<int()> radix) { radix_ = std::move(radix); }
   /// The number that is being typed counts as it stands.
@@ -59,19 +61,20 @@ class SpinField : public QAbstractSpinBox {
 
  private:
   void ShowControl();
-  void ShowWhereItLeads(int value);
+  void NoteWhereItLeads(int value);
+  void KeepWhatIsTyped();
+  void ShowAgain();
   int Radix() const { return radix_ ? radix_() : 10; }
   /// The value as the operator sees it: where the steps lead that are still to be carried out.
   int SeenValue() const;
   int WhereItStays(qlonglong value) const;
 
-  SpinControl& spin_;
-  TextBox& echo_;
+  SpinControl* spin_;
+  TextBox* echo_;
   std::function<int()> radix_;
   Binding* binding_;
   bool typing_ = false;
   bool heldDown_ = false;    ///< the step comes from a key or arrow that repeats
-  int leadsTo_ = 0;          ///< while actions are pending: the value behind the last one
   bool staysInUse_ = false;  ///< the focus goes for a while only
   QString echoShown_;
 };

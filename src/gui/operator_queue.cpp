@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 #include "gui/application.h"
 #include "platform/controls.h"
@@ -78,9 +80,13 @@ void OperatorQueue::Take(Control& control, const OperatorAction& action, Turn tu
        .form = &control.Owner(),
        .turn = turn,
        .action =
-           [&control, action, listener, done = std::move(done)] {
-             Perform(control, action);
-             if (listener && done) done();
+           [&control, action] {
+             Control* const present = action.find ? action.find() : &control;
+             if (present) Perform(*present, action);
+           },
+       .over =
+           [context, listener, done = std::move(done)] {
+             if (done && (!context || listener)) done();
            }});
 }
 
@@ -145,10 +151,20 @@ bool OperatorQueue::OperatorAtRest(const Level& level) const {
   return handlers_ == level.handlersOfWidgets && (!modal || modal == level.window);
 }
 
+/// Forgets the actions whose control or window has gone.
+void OperatorQueue::Lapse(Level& level) {
+  std::deque<Entry>& entries = level.entries;
+  const auto gone =
+      std::stable_partition(entries.begin(), entries.end(), [](const Entry& entry) { return entry.alive(); });
+  const std::vector<Entry> lapsed(std::make_move_iterator(gone), std::make_move_iterator(entries.end()));
+  entries.erase(gone, entries.end());
+  for (const Entry& entry : lapsed) entry.over();
+}
+
 /// One action in an event of its own, so that what it changed is painted before the next.
 void OperatorQueue::CarryOutNext() {
   Level& level = levels_.back();
-  std::erase_if(level.entries, [](const Entry& entry) { return !entry.alive(); });
+  Lapse(level);
   if (level.entries.empty() || !OperatorAtRest(level)) return;
   if (ToolAtRest(level)) {
     CarryOutFirst(level);
@@ -161,9 +177,11 @@ void OperatorQueue::CarryOutNext() {
 void OperatorQueue::CarryOutFirst(Level& level) {
   const Entry entry = std::move(level.entries.front());
   level.entries.pop_front();
-  if (!entry.alive()) return;
   const bool within = std::exchange(level.running, true);
-  Finally(entry.action, [&] { level.running = within; });
+  const auto carryOut = [&] {
+    if (entry.alive()) entry.action();
+  };
+  Finally([&] { Finally(carryOut, entry.over); }, [&] { level.running = within; });
 }
 
 /// Does what cannot wait for the end of the present wait.

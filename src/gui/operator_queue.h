@@ -20,6 +20,9 @@ struct OperatorAction {
   Kind kind;
   int number = 0;         ///< kCheck: 0 or 1; kSelect: the entry; kSpin: the value; kStep: clicks, up above 0
   std::string text = {};  ///< kType: the text; kSelect: the entry as the operator read it
+  /// The control that stands by then for what the operator acts on, null when that has gone: the rows of a
+  /// list are filled with others while an action waits. Not set where a control stays what it is.
+  std::function<Control*()> find = {};
 };
 
 /// When an action is carried out.
@@ -45,7 +48,7 @@ class OperatorQueue : public QObject {
   static OperatorQueue& OfProgram();
 
   /// Takes down an action on a control; it lapses if the control goes first. `done` runs when it was carried
-  /// out, unless `context` has gone by then.
+  /// out or has lapsed, unless `context` has gone by then.
   void Take(Control& control, const OperatorAction& action, Turn turn, QObject* context = nullptr,
             std::function<void()> done = {});
   /// Takes down an action on the window that shows `form`; it lapses if the window goes first.
@@ -78,6 +81,7 @@ class OperatorQueue : public QObject {
     const Form* form;
     Turn turn;
     std::function<void()> action;
+    std::function<void()> over = [] {};  ///< the action was carried out or has lapsed
   };
   /// The actions on one level of windows, and what was at work when it began and waits for it to end.
   struct Level {
@@ -92,6 +96,7 @@ class OperatorQueue : public QObject {
   void Add(Entry entry);
   bool ToolAtRest(const Level& level) const;
   bool OperatorAtRest(const Level& level) const;
+  static void Lapse(Level& level);
   void CarryOutNext();
   void CarryOutFirst(Level& level);
   void Interrupt(Level& level);

@@ -27,12 +27,17 @@ class ValueDelegate : public QStyledItemDelegate {
 
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                         const QModelIndex& cell) const override {
-    const int index = model_.ControlOf(cell.row());
-    auto* field = new SpinField(form_.udVal(index), form_.tVal(index), parent);
+    const std::shared_ptr<ParameterRecord>& record = model_.RecordOf(cell.row());
+    if (record->gone) return nullptr;
+    auto* field = new SpinField(form_.udVal(record->row), form_.tVal(record->row), parent, record);
     field->SetRadix(
         [this] { return form_.bValue.Caption() == FrmStart::kHexadecimalHead ? kHexadecimal : kDecimal; });
-    field->setAccessibleName(Shown(form_.lDesc(index).Caption()));
+    field->setAccessibleName(record->names.at(ParameterModel::kDescription));
     field->selectAll();  // typing replaces the value
+    connect(&model_, &ParameterModel::Arranged, field, [this, field, record] {
+      if (record->Find()) field->Follow(form_.udVal(record->row), form_.tVal(record->row));
+    });
+    connect(&model_, &ParameterModel::Going, field, [field] { Binding::Retire(*field); });
     return field;
   }
   void setEditorData(QWidget* /*editor*/, const QModelIndex& /*cell*/) const override {}
@@ -98,8 +103,8 @@ void SetColumns(QTableView& table) {
 void SetUpTable(QTableView* table) {
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
-                         QAbstractItemView::SelectedClicked);
+  // Not by a click on the chosen row: the toolkit waits then for a second one and loses the keys meanwhile.
+  table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
   table->setAlternatingRowColors(true);
   table->setShowGrid(false);
   table->setWordWrap(false);
@@ -123,8 +128,12 @@ void FollowModel(QTableView* table, ParameterModel* model, FrmStart& form) {
                    [model, table] { ShowSort(*table->horizontalHeader(), *model); });
   table->horizontalHeader()->setSortIndicatorShown(true);
   ShowSort(*table->horizontalHeader(), *model);
-  QObject::connect(model, &QAbstractItemModel::modelReset, table, [table, &form] {
-    if (form.bClass.Arrow() == SortArrow::kRising) table->scrollToTop();
+  QObject::connect(model, &ParameterModel::Arranged, table, [table, &form] {
+    if (table->findChild<SpinField*>()) {
+      table->scrollTo(table->currentIndex());
+    } else if (form.bClass.Arrow() == SortArrow::kRising) {
+      table->scrollToTop();
+    }
   });
   QObject::connect(model, &ParameterModel::Marked, table, [table](const QModelIndex& cell) {
     if (table->isVisible()) table->scrollTo(cell);

@@ -43,21 +43,20 @@ Group* MakeSlate(FrmStart& form, QWidget* parent) {
 /// How many of the 32 characters are used; says so plainly when there are more.
 class CharacterCount : public QLabel {
  public:
-  CharacterCount(TextBox& text, QWidget* parent)
-      : QLabel(parent), listening_(text.Changed, [this, &text] { Count(text); }) {
+  CharacterCount(const QLineEdit& line, QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setAlignment(Qt::AlignRight);
-    Count(text);
+    connect(&line, &QLineEdit::textChanged, this, &CharacterCount::Count);
+    Count(line.text());
   }
 
  private:
-  void Count(const TextBox& text) {
-    const std::size_t used = LengthOf(text.Text());
+  void Count(const QString& text) {
+    const std::size_t used = LengthOf(Typed(text));
     QString shown = QStringLiteral("%1 of %2 characters").arg(used).arg(kMessageCharacters);
     if (used > kMessageCharacters) shown += QStringLiteral(", the rest is cut");
     if (shown != this->text()) setText(shown);
   }
-  Listening<> listening_;
 };
 
 Group* MakeMessage(FrmStart& form, QWidget* parent) {
@@ -65,7 +64,7 @@ Group* MakeMessage(FrmStart& form, QWidget* parent) {
   auto* line = new QLineEdit(group);
   Bind(*line, form.tWinMess);
   group->AddTitled(line, 'T', 3);
-  group->Grid().addWidget(new CharacterCount(form.tWinMess, group), 2, 0, 1, 3);
+  group->Grid().addWidget(new CharacterCount(*line, group), 2, 0, 1, 3);
   return group;
 }
 

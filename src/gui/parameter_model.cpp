@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "gui/look.h"
+#include "platform/guard.h"
 
 namespace marlinset {
 
@@ -18,7 +19,40 @@ Qt::Alignment AlignmentOf(int column) {
 
 }  // namespace
 
-ParameterModel::ParameterModel(FrmStart& form, QObject* parent) : QAbstractTableModel(parent), form_(form) {
+ParameterRecord::ParameterRecord(FrmStart& form, int index)
+    : names{Shown(form.lClass(index).Caption()), Shown(form.lParam(index).Caption()),
+            Shown(form.lDesc(index).Caption())},
+      row(index),
+      form_(form) {
+  Read();
+}
+
+bool ParameterRecord::StandsAt(int index) const {
+  return form_.HasParameterRow(index) && form_.lClass(index).Visible() &&
+         Shown(form_.lParam(index).Caption()) == names[ParameterModel::kParameter] &&
+         Shown(form_.lClass(index).Caption()) == names[ParameterModel::kClass] &&
+         Shown(form_.lDesc(index).Caption()) == names[ParameterModel::kDescription];
+}
+
+Control* ParameterRecord::Find() const {
+  if (gone) return nullptr;
+  if (StandsAt(row)) return &form_.udVal(row);
+  for (const int index : form_.udVal.Indices()) {
+    if (StandsAt(index)) return &form_.udVal(index);
+  }
+  return nullptr;
+}
+
+void ParameterRecord::Read() {
+  if (awaited.actions > 0 || gone || !StandsAt(row)) return;
+  awaited.value = form_.udVal(row).Value();
+  awaited.text = Shown(form_.tVal(row).Text());
+}
+
+ParameterModel::ParameterModel(FrmStart& form, QObject* parent)
+    : QAbstractTableModel(parent), form_(form), rulesEnded_(form.GetGuard().Ended, [this] {
+        if (putOff_) ArrangeSoon();
+      }) {
   form.ForParameterRow([this](auto& array) { WatchArray(array); });
   for (int column = 0; column < kColumns; ++column) {
     heads_.emplace_back(Head(column).Changed,
@@ -48,25 +82,32 @@ void ParameterModel::WatchRow(int index) {
     row.emplace_back(control->Changed, [this, index] { RowChanged(index); });
   }
   row.emplace_back(form_.lDesc(index).Changed, [this, index] { MarkChanged(index); });
-  // A list that is filled anew, after a sort for example, begins with empty captions.
-  row.emplace_back(form_.lClass(index).Changed, [this, index] {
-    if (form_.lClass(index).Caption().empty()) ArrangeSoon();
-  });
   ArrangeSoon();
 }
 
+/// Rows go only when another list is loaded.
 void ParameterModel::ForgetRow(int index) {
-  if (controls_.erase(index) != 0) ArrangeSoon();
+  if (controls_.erase(index) == 0) return;
+  for (const Row& row : rows_) row.record->gone = true;
+  emit Going();
+  ArrangeSoon();
+}
+
+int ParameterModel::RowOf(int index) const {
+  const auto place = std::lower_bound(rows_.begin(), rows_.end(), index,
+                                      [](const Row& row, int wanted) { return row.record->row < wanted; });
+  return place != rows_.end() && place->record->row == index ? static_cast<int>(place - rows_.begin())
+                                                             : kNoIndex;
 }
 
 void ParameterModel::RowChanged(int index) {
-  const auto place = std::lower_bound(rows_.begin(), rows_.end(), index);
-  const bool shown = place != rows_.end() && *place == index;
-  if (shown != form_.lClass(index).Visible()) {
-    ArrangeSoon();
-  } else if (shown) {
-    const int row = static_cast<int>(place - rows_.begin());
+  const int row = RowOf(index);
+  const bool shown = row != kNoIndex;
+  if (shown && RecordOf(row)->StandsAt(index)) {
+    RecordOf(row)->Read();
     emit dataChanged(createIndex(row, 0), createIndex(row, kColumns - 1));
+  } else if (shown || form_.lClass(index).Visible()) {
+    ArrangeSoon();
   }
 }
 
@@ -75,9 +116,9 @@ void ParameterModel::MarkChanged(int index) {
   if (marked == (index == underWay_)) return;
   const int before = std::exchange(underWay_, marked ? index : kNoIndex);
   for (const int changed : {before, index}) {
-    const auto place = std::lower_bound(rows_.begin(), rows_.end(), changed);
-    if (place == rows_.end() || *place != changed) continue;
-    const QModelIndex cell = createIndex(static_cast<int>(place - rows_.begin()), kDescription);
+    const int row = RowOf(changed);
+    if (row == kNoIndex) continue;
+    const QModelIndex cell = createIndex(row, kDescription);
     emit dataChanged(cell, cell);
     if (changed == underWay_) emit Marked(cell);
   }
@@ -91,14 +132,60 @@ void ParameterModel::ArrangeSoon() {
       this, [this] { Arrange(); }, Qt::QueuedConnection);
 }
 
+/// The rules empty all names before they fill the rows, and may send the values one by one meanwhile.
+bool ParameterModel::BeingFilled() const {
+  if (form_.GetGuard().AtWork() == 0) return false;
+  const std::vector<int> indices = form_.lClass.Indices();
+  return std::any_of(indices.begin(), indices.end(), [this](int index) {
+    return form_.lClass(index).Visible() && form_.lClass(index).Caption().empty();
+  });
+}
+
+/// Selection and editor go with their parameter.
 void ParameterModel::Arrange() {
-  beginResetModel();
   arranging_ = false;
-  rows_.clear();
+  putOff_ = BeingFilled();
+  if (putOff_) return;
+  emit layoutAboutToBeChanged();
+  const std::vector<Row> before = std::exchange(rows_, {});
   for (const auto& [index, listening] : controls_) {
-    if (form_.lClass(index).Visible()) rows_.push_back(index);
+    if (form_.lClass(index).Visible()) rows_.push_back(MakeRow(index, before));
   }
-  endResetModel();
+  KeepPlaces(before);
+  emit layoutChanged();
+  emit Arranged();
+}
+
+/// The row of controls `index`, with the record that was known before where there is one.
+ParameterModel::Row ParameterModel::MakeRow(int index, const std::vector<Row>& before) {
+  auto record = std::make_shared<ParameterRecord>(form_, index);
+  const auto known = std::find_if(before.begin(), before.end(), [&](const Row& row) {
+    return row.record->names == record->names && row.record->Find() == &form_.udVal(index);
+  });
+  if (known != before.end()) {
+    record = known->record;
+    record->row = index;
+    record->Read();
+  }
+  return {record, {record->awaited.Changed, [this, shown = record.get()] {
+                     shown->Read();
+                     const int place = RowOf(shown->row);
+                     const QModelIndex cell = createIndex(place, kValue);
+                     if (place != kNoIndex) emit dataChanged(cell, cell);
+                   }}};
+}
+
+void ParameterModel::KeepPlaces(const std::vector<Row>& before) {
+  QModelIndexList places;
+  const QModelIndexList old = persistentIndexList();
+  for (const QModelIndex& cell : old) {
+    const auto& record = before.at(static_cast<std::size_t>(cell.row())).record;
+    const auto now =
+        std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.record == record; });
+    places << (now == rows_.end() ? QModelIndex()
+                                  : createIndex(static_cast<int>(now - rows_.begin()), cell.column()));
+  }
+  changePersistentIndexList(old, places);
 }
 
 int ParameterModel::rowCount(const QModelIndex& parent) const {
@@ -109,26 +196,18 @@ int ParameterModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : kColumns;
 }
 
-QString ParameterModel::TextOf(int index, int column) const {
-  switch (column) {
-    case kClass:
-      return Shown(form_.lClass(index).Caption());
-    case kParameter:
-      return Shown(form_.lParam(index).Caption());
-    case kDescription:
-      return Shown(form_.lDesc(index).Caption());
-    default:
-      return Shown(form_.tVal(index).Text());
-  }
+QString ParameterModel::TextOf(const ParameterRecord& record, int column) {
+  return column == kValue ? record.awaited.text : record.names.at(static_cast<std::size_t>(column));
 }
 
 QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
-  const int index = ControlOf(cell.row());
-  if (!controls_.contains(index)) return {};  // gone since the last arranging
-  const bool marked = cell.column() == kDescription && form_.lDesc(index).BackColor() == kYellow;
+  const ParameterRecord& record = *RecordOf(cell.row());
+  const int index = record.row;
+  const bool marked =
+      cell.column() == kDescription && controls_.contains(index) && form_.lDesc(index).BackColor() == kYellow;
   switch (role) {
     case Qt::DisplayRole:
-      return TextOf(index, cell.column());
+      return TextOf(record, cell.column());
     case Qt::TextAlignmentRole:
       return static_cast<int>(AlignmentOf(cell.column()));
     case Qt::FontRole:
@@ -140,7 +219,7 @@ QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
     case Qt::ForegroundRole:
       return marked && index == underWay_ ? QVariant(MarkTextColor()) : QVariant();
     case Qt::ToolTipRole:
-      return cell.column() == kDescription ? QVariant(TextOf(index, kDescription)) : QVariant();
+      return cell.column() == kDescription ? QVariant(TextOf(record, kDescription)) : QVariant();
     default:
       return {};
   }

@@ -91,6 +91,34 @@ TEST_F(HandsTest, EscAndEnterNeverSend) {
   EXPECT_THAT(done, ElementsAre("bSConfig", "66", "sorted")) << "before another row takes its place";
 }
 
+/// A sort or a removal that waits goes first, and fills the same controls with other parameters.
+TEST_F(HandsTest, ANumberIsForTheParameterThatWasRead) {
+  std::vector<std::string> then, done;
+  form_.bDesc.OnClick([&] {
+    for (const int row : {1, 2}) form_.lDesc(row).SetCaption(then[static_cast<std::size_t>(row) - 1]);
+  });
+  form_.udVal.OnChange([&](int row) {
+    done.push_back(form_.lDesc(row).Caption() + " = " + std::to_string(form_.udVal(row).Value()));
+  });
+  for (const auto& [order, expected] : std::map<std::vector<std::string>, std::vector<std::string>>{
+           {{"Gain 2", "Gain 1"}, {"Gain 1 = 66", "Gain 1 = 67"}}, {{"Gain 2", "Gain 3"}, {}}}) {
+    then = order;
+    done.clear();
+    for (const int row : {1, 2}) {
+      form_.lParam(row).SetCaption("");
+      form_.lDesc(row).SetCaption("Gain " + std::to_string(row));
+    }
+    MainWindow window(form_);
+    Open(window, &FrmStart::fParameters);
+    QWidget& field = EditValue(window, 0);
+    emit Widget<QTableView>(window, "pParIn").horizontalHeader()->sectionClicked(2);
+    QTest::keyClicks(&field, "66");
+    QTest::keyClick(&field, Qt::Key_Up);
+    Settle();
+    EXPECT_EQ(done, expected);
+  }
+}
+
 TEST_F(HandsTest, KeysGoToTheChosenOptionAndChooseNone) {
   form_.oVITC(2).SetValue(true);
   form_.oView(1).SetValue(true);

@@ -7,10 +7,13 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
 #include <functional>
+#include <map>
 
 #include "tests/storm/world.h"
 
@@ -79,13 +82,36 @@ void Pick(LiveWindow& desk, const std::string& name, int entry) {
   desk.Click(*list.viewport(), list.visualRect(list.model()->index(entry, 0)).center());
 }
 
-void EditParameter(LiveWindow& desk, int row, const char* digits) {
-  auto& table = dynamic_cast<QTableView&>(desk.Widget("pParIn"));
-  desk.Click(*table.viewport(), table.visualRect(table.model()->index(row, 2)).center());
-  desk.Key(Qt::Key_F2);
+QTableView& Parameters(const LiveWindow& desk) {
+  return dynamic_cast<QTableView&>(desk.Widget("pParIn"));
+}
+
+void Type(LiveWindow& desk, const char* digits) {
   for (const char* digit = digits; *digit; ++digit)
     desk.Key(*digit, Qt::NoModifier, QString(QLatin1Char(*digit)));
+}
+
+void OpenParameter(LiveWindow& desk, int row) {
+  QTableView& table = Parameters(desk);
+  desk.Click(*table.viewport(), table.visualRect(table.model()->index(row, 2)).center());
+  desk.Key(Qt::Key_F2);
+}
+
+void EditParameter(LiveWindow& desk, int row, const char* digits) {
+  OpenParameter(desk, row);
+  Type(desk, digits);
   desk.Key(Qt::Key_Return);
+}
+
+bool HasLabel(LiveWindow& desk, const char* text) {
+  const auto labels = desk.Window().findChildren<QLabel*>();
+  return std::any_of(labels.begin(), labels.end(),
+                     [text](const QLabel* label) { return label->text() == QLatin1String(text); });
+}
+
+void SortByDescription(LiveWindow& desk) {
+  const QHeaderView& head = *Parameters(desk).horizontalHeader();
+  desk.Click(*head.viewport(), {head.sectionViewportPosition(2) + 20, head.height() / 2});
 }
 
 /// Clicks on an entry of what popped up last.
@@ -103,6 +129,12 @@ void ChooseCharOff(LiveWindow& desk) {
   desk.Click(bar, bar.actionGeometry(bar.actions().at(2)).center());
   ClickEntry(desk, "mnuChar");
   ClickEntry(desk, "mnuCharOff");
+}
+
+SpinControl& FirstParameter(FrmStart& form) {
+  const std::vector<int> rows = form.lClass.Indices();
+  return form.udVal(
+      *std::find_if(rows.begin(), rows.end(), [&](int row) { return form.lClass(row).Visible(); }));
 }
 
 /// What an operator does with the mouse or the keys in one go, and the same without a window.
@@ -129,11 +161,7 @@ const Deed kDeeds[] = {
     {"list that drops down", 1, [](LiveWindow& desk) { Pick(desk, "comTB(1)", 2); },
      [](FrmStart& form) { form.comTB(1).OperatorSelect(2); }},
     {"cell of the parameter list", 3, [](LiveWindow& desk) { EditParameter(desk, 0, "77"); },
-     [](FrmStart& form) {
-       for (const int row : form.udVal.Indices()) {
-         if (form.lClass(row).Visible()) return static_cast<void>(form.udVal(row).OperatorSpin(77));
-       }
-     }},
+     [](FrmStart& form) { FirstParameter(form).OperatorSpin(77); }},
     {"five keys on a list", 2,
      [](LiveWindow& desk) {
        desk.Widget("ComWin(2)").setFocus();
@@ -158,6 +186,17 @@ const Deed kDeeds[] = {
      [](FrmStart& form) {
        form.tWinMess.OperatorType("A");
        form.tWinMess.OperatorType("AB");
+     }},
+    {"cell that was chosen before", 3, [](LiveWindow& desk) { EditParameter(desk, 0, "80"); },
+     [](FrmStart& form) { FirstParameter(form).OperatorSpin(80); }},
+    {"mnemonic, twice", 2,
+     [](LiveWindow& desk) {
+       for (int i = 0; i < 2; ++i) desk.Key(Qt::Key_W, Qt::AltModifier);
+       TurnQtsLoop();
+       EXPECT_FALSE(desk.Widget("chPrev").property("down").toBool()) << "nothing that could still be lost";
+     },
+     [](FrmStart& form) {
+       for (int i = 0; i < 2; ++i) form.chPrev.OperatorCheck(!form.chPrev.On());
      }},
     {"menu", 2, ChooseCharOff, [](FrmStart& form) { form.mnuCharOff.OperatorClick(); }},
 };
@@ -189,7 +228,10 @@ TEST_P(LateAnswersTest, WhatFallsIntoAWaitIsDoneWhenItIsOver) {
   InTheWait([&] {
     for (int i = 0; i < 3; ++i) desk_.ClickArrow(desk_.Widget("udVer(14)"), false);
     desk_.Click(desk_.Widget("chOnOff(14)"));
+    desk_.Widget("tWinMess").setFocus();
+    Type(desk_, "AB");
     TurnQtsLoop();
+    EXPECT_TRUE(HasLabel(desk_, "2 of 32 characters"));
     EXPECT_EQ(form_.udVer(14).Value(), before) << "the unit still owes an answer";
     EXPECT_EQ(dynamic_cast<QAbstractButton&>(desk_.Widget("chOnOff(14)")).isChecked(), !wasOn)
         << "but the operator sees what he did";
@@ -197,6 +239,46 @@ TEST_P(LateAnswersTest, WhatFallsIntoAWaitIsDoneWhenItIsOver) {
   LiveWindow::Settle();
   EXPECT_EQ(std::abs(form_.udVer(14).Value() - before), 3 * increment);
   EXPECT_EQ(form_.chOnOff(14).On(), !wasOn);
+}
+
+/// In interactive mode a sort sends each parameter, so much can be done before it is over.
+TEST_P(LateAnswersTest, ANumberIsForTheParameterThatWasRead) {
+  form_.oView(3).SetValue(true);
+  LiveWindow::Settle();
+  const QAbstractItemModel& list = *Parameters(desk_).model();
+  constexpr int kRow = 3;
+  const auto cell = [&](int row, int column) { return list.index(row, column).data().toString(); };
+  const QString name = cell(kRow, 2);
+  const auto seen = [&] {
+    for (int row = 0; row < list.rowCount(); ++row) {
+      if (cell(row, 2) == name) return cell(row, 3);
+    }
+    return QString();
+  };
+  const auto values = [&] {
+    std::map<std::string, int> all;
+    for (const SystemParameterRec& record : studio_.rig.tool.variables.SystemParameters) {
+      all[std::to_string(record.Class) + "/" + std::to_string(record.Parameter)] = record.Value;
+    }
+    return all;
+  };
+  auto expected = values();
+  const std::string key = (cell(kRow, 0) + '/' + cell(kRow, 1)).toStdString();
+  SortByDescription(desk_);
+  InTheWait([&] {
+    OpenParameter(desk_, kRow);
+    Type(desk_, "7");
+    InTheWait([&] {
+      Type(desk_, "9");
+      desk_.Key(Qt::Key_Return);
+      TurnQtsLoop();
+      EXPECT_EQ(seen(), "79") << "the operator sees what he did";
+    });
+  });
+  LiveWindow::Settle();
+  expected[key] = 79;
+  EXPECT_EQ(values(), expected);
+  EXPECT_EQ(seen(), "79");
 }
 
 TEST_P(LateAnswersTest, CloseActsInAWaitAndKeepsWhatWasDoneBefore) {
