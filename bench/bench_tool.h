@@ -6,7 +6,7 @@
 
 #include "app/computer.h"
 #include "app/tool.h"
-#include "platform/dialogs.h"
+#include "controls/dialogs.h"
 
 namespace marlinset {
 

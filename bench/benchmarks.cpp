@@ -13,8 +13,8 @@
 #include "bench/program.h"
 #include "bench/seconds.h"
 #include "bench/virtual_unit.h"
-#include "gui/application.h"
-#include "link/frame.h"
+#include "gui/widgets/application.h"
+#include "wire/frame.h"
 
 namespace marlinset {
 namespace {

@@ -4,13 +4,14 @@
 #include <memory>
 #include <string>
 
+#include "controls/dialogs.h"
+#include "controls/guard.h"
 #include "core/variables.h"
-#include "platform/dialogs.h"
+#include "data/file_engine.h"
+#include "data/mdb/mdb_engine.h"
+#include "data/sqlite/sqlite_engine.h"
 #include "platform/event_pump.h"
 #include "platform/file_dialog.h"
-#include "platform/file_engine.h"
-#include "platform/guard.h"
-#include "platform/mdb/mdb_engine.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/port_map.h"
@@ -18,7 +19,6 @@
 #include "platform/qt/pdf_printer.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/settings_store.h"
-#include "platform/sqlite/sqlite_engine.h"
 
 namespace CLI {
 class App;

@@ -23,7 +23,7 @@
 #include "platform/posix/file_place.h"
 #include "platform/posix/streams.h"
 #include "unit/unit_model.h"
-#include "unit/unit_state.h"
+#include "unit/unit_state_text.h"
 
 namespace marlinset {
 namespace {

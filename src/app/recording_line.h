@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "controls/timer.h"
 #include "platform/ms_comm.h"
-#include "platform/timer.h"
 
 namespace marlinset {
 

@@ -3,16 +3,12 @@
 
 #include <cstdlib>
 
+#include "base/text.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {
-
-/// Echoes of the white flag line and of the slate duration.
-constexpr int kWhiteFlagEcho = 0;
-constexpr int kSlateDurationEcho = 4;
 
 std::string AbsText(int value) {
   return std::to_string(std::abs(static_cast<long long>(value)));
@@ -27,10 +23,10 @@ std::string ParameterText(int value, const std::string& radix) {
 
 Echoes::Echoes(Variables& variables, FrmStart& form) : vars_(variables), form_(form) {
   const auto showWhiteFlag = [this](int) {
-    form_.tLineNumber(kWhiteFlagEcho).SetText(std::to_string(form_.UpDown1.Value()));
+    form_.tLineNumber(FrmStart::kWhiteFlagEcho).SetText(std::to_string(form_.UpDown1.Value()));
   };
   const auto showDuration = [this](int) {
-    form_.tLineNumber(kSlateDurationEcho).SetText(std::to_string(form_.UDDur.Value()));
+    form_.tLineNumber(FrmStart::kSlateDurationEcho).SetText(std::to_string(form_.UDDur.Value()));
   };
   form_.UpDown1.OnMoved(showWhiteFlag);
   form_.UDDur.OnMoved(showDuration);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/form.h"
-#include "platform/timer.h"
+#include "controls/control_types.h"
+#include "controls/form.h"
+#include "controls/timer.h"
 
 namespace marlinset {
 

@@ -75,4 +75,14 @@ void FrmStart::ShowVideoPicture(int index) {
   StatBar(kVideoPanel).SetPicture(Image2(index).FullName());
 }
 
+void FrmStart::SetInteractive(bool interactive, bool polls) {
+  InterTime.SetEnabled(polls);
+  mnuInter.SetChecked(interactive);
+  mnuOff.SetChecked(!interactive);
+}
+
+bool FrmStart::ModelIsQ() const {
+  return StatBar(kModelPanel).Text().ends_with("7340Q");
+}
+
 }  // namespace marlinset

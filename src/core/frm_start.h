@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/control_array.h"
-#include "platform/controls.h"
-#include "platform/form.h"
-#include "platform/timer.h"
+#include "controls/control_array.h"
+#include "controls/control_types.h"
+#include "controls/form.h"
+#include "controls/timer.h"
 
 namespace marlinset {
 
@@ -63,7 +63,7 @@ class FrmStart : public Form {
   Frame fControl{*this, "fControl"}, fView{*this, "fView"};
   PictureBox pComBut{*this, "pComBut"};  ///< traffic: red closed, green traffic, yellow answer awaited
   ControlArray<PictureBox> Image1{*this, "Image1", {0, 1, 2, 3, 4}};  ///< frames of the heartbeat
-  ControlArray<PictureBox> Image2{*this, "Image2", {0, 1, 2}};        ///< video present, none, neutral
+  ControlArray<PictureBox> Image2{*this, "Image2", {0, 1, 2}};        ///< presence of video
   Label tVITC{*this, "tVITC"};
   OptionGroup vitcModes;
   ControlArray<OptionButton> oVITC{*this, "oVITC", {0, 1, 2}};
@@ -187,8 +187,15 @@ class FrmStart : public Form {
   void ShowTraffic(Color color);
   /// Hides the five frames of the heartbeat.
   void HideImages();
-  /// Shows picture `index` of Image2 in panel 3 of the status bar: 0 video present, 1 no video, 2 neutral.
+  // Indices of Image2.
+  static constexpr int kVideoPresent = 0, kNoVideo = 1, kVideoUnknown = 2;
+  /// Shows a picture of Image2 in panel 3 of the status bar.
   void ShowVideoPicture(int index);
+  /// Ticks one of the modes in the menu: interactive mode, or off line. `polls` starts or stops the poll of
+  /// the unit.
+  void SetInteractive(bool interactive, bool polls);
+  /// Panel 4 ends in "7340Q": the unit has the down converter's processing modes and the program output.
+  bool ModelIsQ() const;
   // Indices of the panels of StatBar.
   static constexpr int kExchangePanel = 1;  ///< result of the last exchange: "Sent", "Ack In", "Local Mode"
   static constexpr int kStandardPanel = 2;  ///< the unit's video standard, or how the port stands
@@ -197,6 +204,8 @@ class FrmStart : public Form {
   // Indices of ComWin and ComDownConv.
   static constexpr int kAspectRatio = 0, kSlateMode = 1, kCharStyle = 2, kFontSize = 3, kSdiProgramOut = 4;
   static constexpr int kProcessingMode = 0, kVerticalFilter = 1, kHorizontalFilter = 2;
+  // Indices of tLineNumber that echo no VITC line.
+  static constexpr int kWhiteFlagEcho = 0, kSlateDurationEcho = 4;
   /// Row of the window that shows the text message.
   static constexpr int kTextWindowRow = 13;
   /// Height of a row of the tables of windows and parameters, and of the heads above it, in the sheets'

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/program_title.h"
 #include "core/frm_start.h"
-#include "platform/dialogs.h"
 
 namespace marlinset {
 namespace {

@@ -6,9 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "base/numbers.h"
+#include "controls/dialogs.h"
 #include "core/record_columns.h"
-#include "platform/data_engine.h"
-#include "platform/dialogs.h"
+#include "data/data_engine.h"
 
 namespace marlinset {
 namespace {

@@ -4,11 +4,11 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "base/program_title.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "core/vertical_step.h"
 #include "core/vitc_frames.h"
-#include "platform/dialogs.h"
 
 namespace marlinset {
 namespace {

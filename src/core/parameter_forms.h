@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/form.h"
+#include "controls/control_types.h"
+#include "controls/form.h"
 
 namespace marlinset {
 

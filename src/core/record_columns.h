@@ -8,7 +8,7 @@
 #include <variant>
 
 #include "core/records.h"
-#include "platform/data_engine.h"
+#include "data/data_engine.h"
 
 namespace marlinset {
 

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "core/records.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 

@@ -4,19 +4,20 @@
 #include <functional>
 #include <utility>
 
+#include "base/finally.h"
+#include "base/program_title.h"
+#include "base/text.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
 #include "core/question_facts.h"
 #include "core/variables.h"
 #include "files/panel_document.h"
 #include "files/qcf_writer.h"
-#include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
-#include "platform/finally.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
-#include "platform/text.h"
 #include "platform/work_keeper.h"
 
 namespace marlinset {

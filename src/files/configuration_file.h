@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/signal.h"
 #include "files/known_files.h"
 #include "files/panel_loader.h"
-#include "platform/signal.h"
 
 namespace marlinset {
 

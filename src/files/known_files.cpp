@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "base/runtime_error.h"
+#include "base/text.h"
 #include "platform/content_hash.h"
-#include "platform/runtime_error.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <string_view>
 
-#include "platform/control.h"
-#include "platform/text.h"
+#include "base/text.h"
+#include "controls/control.h"
 
 namespace marlinset {
 namespace {

@@ -5,12 +5,12 @@
 #include <limits>
 #include <utility>
 
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
 #include "core/variables.h"
 #include "core/vertical_step.h"
 #include "files/old_names.h"
-#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace marlinset {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/control.h"
+#include "controls/control.h"
 
 namespace marlinset {
 

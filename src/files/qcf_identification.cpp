@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/runtime_error.h"
+#include "base/text.h"
 #include "files/qcf_writer.h"
-#include "platform/runtime_error.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

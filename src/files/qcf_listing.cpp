@@ -5,8 +5,8 @@
 #include <map>
 #include <set>
 
+#include "base/text.h"
 #include "files/qcf_identification.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/text.h"
 #include "files/qcf_writer.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

@@ -6,8 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "files/qcf_document.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 

@@ -4,9 +4,9 @@
 #include <limits>
 #include <string>
 
-#include "platform/dialogs.h"
-#include "platform/runtime_error.h"
-#include "platform/text.h"
+#include "base/program_title.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
 
 namespace marlinset {
 namespace {

@@ -6,14 +6,14 @@
 #include <string>
 #include <utility>
 
+#include "base/text.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
 #include "core/record_columns.h"
 #include "core/variables.h"
-#include "platform/data_engine.h"
-#include "platform/dialogs.h"
+#include "data/data_engine.h"
 #include "platform/platform.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

@@ -5,10 +5,10 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "gui/bindings.h"
-#include "gui/group.h"
-#include "gui/icons.h"
-#include "gui/look.h"
+#include "gui/widgets/group.h"
+#include "gui/widgets/icons.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <QtMath>
 
-#include "gui/bindings.h"
-#include "gui/look.h"
-#include "platform/text.h"
+#include "base/text.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 namespace {

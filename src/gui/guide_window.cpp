@@ -5,11 +5,11 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "base/program_title.h"
 #include "core/frm_start.h"
-#include "gui/document_view.h"
-#include "gui/icons.h"
-#include "gui/look.h"
-#include "platform/dialogs.h"
+#include "gui/widgets/document_view.h"
+#include "gui/widgets/icons.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 namespace {

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "gui/look.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 namespace {

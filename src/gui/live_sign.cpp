@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "gui/look.h"
+#include "gui/widgets/look.h"
 #include "link/identification.h"
 #include "platform/ms_comm.h"
 

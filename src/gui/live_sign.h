@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/frm_start.h"
-#include "gui/binding.h"
+#include "gui/widgets/binding.h"
 
 namespace marlinset {
 

@@ -13,17 +13,17 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
-#include "gui/bindings.h"
+#include "controls/guard.h"
 #include "gui/byte_log.h"
-#include "gui/group.h"
-#include "gui/icons.h"
-#include "gui/look.h"
 #include "gui/menu_bar.h"
 #include "gui/panel_host.h"
 #include "gui/status_bar.h"
 #include "gui/tool_area.h"
+#include "gui/widgets/group.h"
+#include "gui/widgets/icons.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 #include "panels/unsaved_changes.h"
-#include "platform/guard.h"
 
 namespace marlinset {
 namespace {

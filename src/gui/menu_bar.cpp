@@ -6,9 +6,9 @@
 #include <QStyleOptionMenuItem>
 #include <vector>
 
-#include "gui/bindings.h"
-#include "gui/look.h"
-#include "gui/main_window.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
+#include "gui/window_hooks.h"
 #include "platform/ms_comm.h"
 
 namespace marlinset {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "gui/bindings.h"
-#include "gui/fields.h"
-#include "gui/group.h"
-#include "gui/look.h"
 #include "gui/panel_views.h"
+#include "gui/widgets/fields.h"
+#include "gui/widgets/group.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 namespace {

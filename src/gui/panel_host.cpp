@@ -4,9 +4,9 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-#include "gui/look.h"
 #include "gui/panel_views.h"
 #include "gui/scroll_keeper.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "gui/fields.h"
-#include "gui/group.h"
 #include "gui/panel_views.h"
+#include "gui/widgets/fields.h"
+#include "gui/widgets/group.h"
 
 namespace marlinset {
 

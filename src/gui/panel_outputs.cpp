@@ -4,11 +4,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include "gui/bindings.h"
-#include "gui/fields.h"
-#include "gui/group.h"
-#include "gui/look.h"
 #include "gui/panel_views.h"
+#include "gui/widgets/fields.h"
+#include "gui/widgets/group.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 namespace {
@@ -69,7 +69,7 @@ Group* MakeWhiteFlag(FrmStart& form, QWidget* parent) {
   group->Name(*enable, enable->text());
   group->Grid().addWidget(enable, 1, 0, 1, 2);
   group->AddRow(MakeLabelFor(form.UpDown1, group, 'r'),
-                new SpinField(form.UpDown1, form.tLineNumber(0), group));
+                new SpinField(form.UpDown1, form.tLineNumber(FrmStart::kWhiteFlagEcho), group));
   return group;
 }
 

@@ -5,12 +5,12 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 
-#include "gui/bindings.h"
-#include "gui/fields.h"
-#include "gui/look.h"
 #include "gui/panel_views.h"
 #include "gui/parameter_model.h"
 #include "gui/scroll_keeper.h"
+#include "gui/widgets/fields.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 namespace {

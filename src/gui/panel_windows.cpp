@@ -4,14 +4,14 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "gui/bindings.h"
-#include "gui/fields.h"
-#include "gui/group.h"
-#include "gui/look.h"
+#include "base/text.h"
 #include "gui/panel_views.h"
+#include "gui/widgets/fields.h"
+#include "gui/widgets/group.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 #include "gui/window_table.h"
 #include "link/command_table.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -32,7 +32,8 @@ Group* MakeAttributes(FrmStart& form, QWidget* parent) {
 Group* MakeSlate(FrmStart& form, QWidget* parent) {
   auto* group = new Group(form.fVirtual, parent);
   AddCombo(*group, form.ComWin(FrmStart::kSlateMode), 'd');
-  group->AddRow(MakeLabelFor(form.UDDur, group, 'r'), new SpinField(form.UDDur, form.tLineNumber(4), group));
+  group->AddRow(MakeLabelFor(form.UDDur, group, 'r'),
+                new SpinField(form.UDDur, form.tLineNumber(FrmStart::kSlateDurationEcho), group));
   auto* preview = new QCheckBox(group);
   Bind(*preview, form.chPrev, 'w');
   group->Name(*preview, preview->text());

@@ -11,10 +11,10 @@
 #include <QVBoxLayout>
 
 #include "core/parameter_forms.h"
-#include "gui/bindings.h"
-#include "gui/group.h"
-#include "gui/look.h"
 #include "gui/qt_dialogs.h"
+#include "gui/widgets/group.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 namespace {

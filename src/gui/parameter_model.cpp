@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "gui/look.h"
-#include "platform/guard.h"
+#include "controls/guard.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 

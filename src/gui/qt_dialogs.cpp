@@ -7,9 +7,9 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "gui/binding.h"
-#include "gui/look.h"
-#include "platform/form.h"
+#include "controls/form.h"
+#include "gui/widgets/binding.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 namespace {

@@ -6,7 +6,7 @@
 #include <map>
 #include <memory>
 
-#include "platform/dialogs.h"
+#include "controls/dialogs.h"
 
 namespace marlinset {
 

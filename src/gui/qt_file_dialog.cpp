@@ -9,7 +9,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 
-#include "gui/look.h"
+#include "gui/widgets/look.h"
 #include "platform/file_system.h"
 
 namespace marlinset {

@@ -8,8 +8,8 @@
 #include <QPrinterInfo>
 #include <QScreen>
 
-#include "gui/look.h"
-#include "platform/runtime_error.h"
+#include "base/runtime_error.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "core/frm_start.h"
-#include "gui/binding.h"
+#include "gui/widgets/binding.h"
 
 class QAbstractScrollArea;
 

@@ -7,9 +7,9 @@
 #include <QPainter>
 #include <QScreen>
 
-#include "gui/icons.h"
-#include "gui/look.h"
-#include "platform/dialogs.h"
+#include "base/program_title.h"
+#include "gui/widgets/icons.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 namespace {

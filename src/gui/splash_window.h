@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "core/frm_splash.h"
-#include "gui/binding.h"
+#include "gui/widgets/binding.h"
 
 namespace marlinset {
 

@@ -3,7 +3,7 @@
 
 #include <QPainter>
 
-#include "gui/look.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "core/frm_start.h"
-#include "gui/binding.h"
-#include "gui/icons.h"
+#include "gui/widgets/binding.h"
+#include "gui/widgets/icons.h"
 
 namespace marlinset {
 

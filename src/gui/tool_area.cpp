@@ -7,13 +7,13 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-#include "gui/bindings.h"
-#include "gui/buttons.h"
-#include "gui/fields.h"
-#include "gui/group.h"
 #include "gui/indicator.h"
 #include "gui/live_sign.h"
-#include "gui/look.h"
+#include "gui/widgets/buttons.h"
+#include "gui/widgets/fields.h"
+#include "gui/widgets/group.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 namespace {

@@ -10,10 +10,10 @@
 #include <QScrollBar>
 #include <optional>
 
-#include "gui/bindings.h"
-#include "gui/fields.h"
-#include "gui/look.h"
 #include "gui/scroll_keeper.h"
+#include "gui/widgets/fields.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/frm_start.h"
-#include "gui/binding.h"
+#include "gui/widgets/binding.h"
 
 class QHBoxLayout;
 class QScrollArea;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/text.h"
 #include "link/message_data.h"
 
 namespace marlinset {
@@ -321,6 +322,14 @@ std::optional<CommandId> UserBitsCommand(int index) {
   static constexpr std::array<std::optional<CommandId>, 5> kBoxes{kAssignUB, kAssignLUB, kAssignVUB,
                                                                   std::nullopt, kAssignV3UB};
   return At(kBoxes, index);
+}
+
+bool IsSendable(const SystemParameterRec& parameter) {
+  return !IsInternalClass(parameter.Class);
+}
+
+std::string MessageText(std::string_view text) {
+  return LeftOf(UpperOf(text), kMessageCharacters);
 }
 
 }  // namespace marlinset

@@ -5,17 +5,17 @@
 #include <iterator>
 #include <utility>
 
+#include "base/finally.h"
+#include "base/text.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "link/command_table.h"
-#include "link/frame.h"
 #include "link/ports.h"
-#include "platform/dialogs.h"
 #include "platform/event_pump.h"
-#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
-#include "platform/reply_gate.h"
-#include "platform/text.h"
+#include "wire/frame.h"
+#include "wire/reply_gate.h"
 
 namespace marlinset {
 namespace {
@@ -69,7 +69,7 @@ void Communications::SendPacket(const std::vector<PacketField>& fields) {
 }
 
 void Communications::Transmit(const std::vector<PacketField>& fields) {
-  answers.Leaves(IsQuery(fields), platform_.pump.Now());
+  answers.Leaves(IsQuery(fields));
   platform_.ComP1.Output(vars_.TxBytes);
   FrameSent.Emit(vars_.TxBytes);
   form_.ShowTraffic(kGreen);
@@ -82,7 +82,7 @@ void Communications::Transmit(const std::vector<PacketField>& fields) {
 void Communications::RefusePacket() {
   form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed");
   form_.ShowTraffic(kRed);
-  form_.ShowVideoPicture(2);
+  form_.ShowVideoPicture(FrmStart::kVideoUnknown);
   form_.StatBar(FrmStart::kExchangePanel).SetText("Ack In");
   platform_.dialogs.Tell(kPortClosedText);
   EnableLinkButtons(form_, true);
@@ -298,10 +298,6 @@ void Communications::LetAnswerIn() {
 
 bool Communications::LostInSend() const {
   return inSend_ && platform_.ComP1.DeviceGone();
-}
-
-bool Communications::IsModelQ() const {
-  return RightOf(form_.StatBar(FrmStart::kModelPanel).Text(), 5) == "7340Q";
 }
 
 }  // namespace marlinset

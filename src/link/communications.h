@@ -5,10 +5,10 @@
 #include <span>
 #include <vector>
 
+#include "controls/signal.h"
 #include "core/variables.h"
 #include "link/answers.h"
 #include "link/replies.h"
-#include "platform/signal.h"
 
 namespace marlinset {
 
@@ -81,9 +81,6 @@ class Communications {
 
   /// What came for the settings that were sent.
   Answers answers;
-
-  /// Panel 4 ends in "7340Q": the unit has the down converter's processing modes and the program output.
-  bool IsModelQ() const;
 
  private:
   bool AckEnds(const std::function<void()>& wait);

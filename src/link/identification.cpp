@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/identification.h"
 
+#include "base/text.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "link/command_table.h"
 #include "link/communications.h"
-#include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -35,7 +35,7 @@ bool Identification::OpenIfClosed() {
 
 bool UnitIsIdentified(const FrmStart& form) {
   const std::string& model = form.StatBar(FrmStart::kModelPanel).Text();
-  return RightOf(model, 4) == "7340" || RightOf(model, 5) == "7340Q";
+  return form.ModelIsQ() || RightOf(model, 4) == "7340";
 }
 
 void Identification::GetId() {

@@ -5,6 +5,7 @@
 #include <array>
 #include <string>
 
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/question_facts.h"
 #include "link/command_table.h"
@@ -12,7 +13,6 @@
 #include "link/replies.h"
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
-#include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
@@ -38,21 +38,17 @@ void LeaveInteractiveMode(FrmStart& form) {
   if (form.mnuOff.Checked()) return;
   form.mnuHD7340.SetEnabled(true);
   form.mnuHD7340Q.SetEnabled(true);
-  form.InterTime.SetEnabled(false);
-  form.mnuInter.SetChecked(false);
+  form.SetInteractive(false, false);
   form.chPrev.SetValue(0);
   form.StatBar(FrmStart::kStandardPanel).SetText("Offline");
-  form.ShowVideoPicture(2);
-  form.mnuOff.SetChecked(true);
+  form.ShowVideoPicture(FrmStart::kVideoUnknown);
   form.ShowTraffic(kRed);
 }
 
 void SuspendInteractiveMode(FrmStart& form) {
-  form.InterTime.SetEnabled(false);
-  form.mnuInter.SetChecked(false);
-  form.mnuOff.SetChecked(true);
+  form.SetInteractive(false, false);
   form.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode disabled ");
-  form.ShowVideoPicture(2);
+  form.ShowVideoPicture(FrmStart::kVideoUnknown);
   form.HideImages();
 }
 
@@ -63,8 +59,7 @@ void ResumeInteractiveMode(FrmStart& form, const MSComm& line) {
     return;
   }
   form.StatBar(FrmStart::kVideoPanel).SetText("Interactive mode enabled ");
-  form.mnuInter.SetChecked(true);
-  form.InterTime.SetEnabled(true);
+  form.SetInteractive(true, true);
 }
 
 void Suspended(FrmStart& form, const MSComm& line, const std::function<void()>& action) {
@@ -109,9 +104,7 @@ void InteractiveMode::Enter() {
   const bool identified =
       platform_.ComP1.PortOpen() && Contains(kModels, form_.StatBar(FrmStart::kModelPanel).Text());
   // A send that runs already starts the poll when it ends, as it does for each one in this mode.
-  form_.InterTime.SetEnabled(identified && !wholeSend_.Running());
-  form_.mnuInter.SetChecked(identified);
-  form_.mnuOff.SetChecked(!identified);
+  form_.SetInteractive(identified, identified && !wholeSend_.Running());
   if (!identified) {
     form_.mnuHD7340.SetEnabled(true);
     form_.mnuHD7340Q.SetEnabled(true);
@@ -198,7 +191,7 @@ void InteractiveMode::AskSelection(bool automatic) {
   vars_.UnitVideoStandard = 0;
   comms_.SendPacket(vars_.PacketFields);
   form_.StatBar(FrmStart::kVideoPanel).SetText("Video Sense Sent");
-  form_.ShowVideoPicture(2);
+  form_.ShowVideoPicture(FrmStart::kVideoUnknown);
   comms_.LetAnswerIn();
   comms_.ReceivePacket();
   if (platform_.pump.Ending()) return;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/line_events.h"
 
+#include "controls/guard.h"
 #include "core/frm_start.h"
 #include "link/communications.h"
 #include "link/ports.h"
-#include "platform/guard.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 

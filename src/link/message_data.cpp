@@ -5,8 +5,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "base/text.h"
 #include "link/replies.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -39,14 +39,6 @@ int WindowFlags(const MessageSource& source) {
 }
 
 }  // namespace
-
-bool IsSendable(const SystemParameterRec& parameter) {
-  return !IsInternalClass(parameter.Class);
-}
-
-std::string MessageText(std::string_view text) {
-  return LeftOf(UpperOf(text), kMessageCharacters);
-}
 
 void AddStandard(const MessageSource& source, Message& message) {
   const std::string& text = source.form.comVS.Text();

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/interactive_mode.h"
-#include "platform/dialogs.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
@@ -69,7 +69,7 @@ void Ports::Open() {
 
 void Ports::ShowClosed() {
   form_.ShowTraffic(kRed);
-  form_.ShowVideoPicture(2);
+  form_.ShowVideoPicture(FrmStart::kVideoUnknown);
 }
 
 void Ports::Close() {
@@ -90,9 +90,7 @@ void Ports::ClosePort() {
   }
   ShowClosed();
   form_.StatBar(FrmStart::kStandardPanel).SetText("Offline");
-  form_.InterTime.SetEnabled(false);
-  form_.mnuInter.SetChecked(false);
-  form_.mnuOff.SetChecked(true);
+  form_.SetInteractive(false, false);
   EnableLinkButtons(form_, true);
 }
 

@@ -5,11 +5,11 @@
 #include <array>
 #include <string>
 
+#include "base/text.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
-#include "platform/dialogs.h"
 #include "platform/platform.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {
@@ -109,7 +109,7 @@ void Replies::ShowVideoStatus(std::span<const std::uint8_t> frame) {
   form_.mnuMan.SetChecked(manual);
   const bool noVideo = (status & kNoVideoBit) != 0;
   form_.StatBar(FrmStart::kVideoPanel).SetText(noVideo ? "No Video Present " : "Video Present ");
-  form_.ShowVideoPicture(noVideo ? 1 : 0);
+  form_.ShowVideoPicture(noVideo ? FrmStart::kNoVideo : FrmStart::kVideoPresent);
   const std::string_view standard = VideoStandardText(status & kStandardBits);
   if (!standard.empty()) vars_.UnitStandardText = standard;
   form_.StatBar(FrmStart::kStandardPanel).SetText(vars_.UnitStandardText);

@@ -2,30 +2,29 @@
 #include "link/send_steps.h"
 
 #include "core/frm_start.h"
-#include "link/communications.h"
 
 namespace marlinset {
 namespace {
 
 using enum CommandId;
 
-bool VitcOn(const FrmStart& form, const Communications&) {
+bool VitcOn(const FrmStart& form) {
   return form.chVITC.On();
 }
-bool WhiteFlagOn(const FrmStart& form, const Communications&) {
+bool WhiteFlagOn(const FrmStart& form) {
   return form.chEnable.On();
 }
-bool CharOnTicked(const FrmStart& form, const Communications&) {
+bool CharOnTicked(const FrmStart& form) {
   return form.mnuCharOn.Checked();
 }
-bool CharOffTicked(const FrmStart& form, const Communications&) {
+bool CharOffTicked(const FrmStart& form) {
   return form.mnuCharOff.Checked();
 }
-bool PreviewOn(const FrmStart& form, const Communications&) {
+bool PreviewOn(const FrmStart& form) {
   return form.chPrev.On();
 }
-bool ModelQ(const FrmStart&, const Communications& comms) {
-  return comms.IsModelQ();
+bool ModelQ(const FrmStart& form) {
+  return form.ModelIsQ();
 }
 
 // Controls that more than one name stands for.
@@ -50,7 +49,7 @@ std::span<const SendStep> StepsBeforeWindows() {
       {kAssignLUB, {"ComUB", 1}},
       {kVitcOn, {"chVITC"}, VitcOn, kVitcOff},
       {kWhiteFlagOn, {"chEnable"}, WhiteFlagOn, kWhiteFlagOff},
-      {kWhiteFlagLine, {"tLineNumber", 0}, WhiteFlagOn},
+      {kWhiteFlagLine, {"tLineNumber", FrmStart::kWhiteFlagEcho}, WhiteFlagOn},
       {kAssignVTB, {"comTB", 2}},
       {kAssignVUB, {"ComUB", 2}},
       {kAssignV2, {"comTB", 3}},
@@ -61,7 +60,7 @@ std::span<const SendStep> StepsBeforeWindows() {
       {kCharOffForSize, {}, CharOnTicked},
       {kCharSize, {"ComWin", 3}},
       {kCharOnForSize, {}, CharOnTicked},
-      {kSlateDuration, {"tLineNumber", 4}},
+      {kSlateDuration, {"tLineNumber", FrmStart::kSlateDurationEcho}},
       {kSlateMode, {"ComWin", 1}},
       {kSdiProgramOut, {"ComWin", 4}, ModelQ},
       {kDownConverter, {"ComWin", 0}},

@@ -6,12 +6,11 @@
 #include <span>
 #include <string_view>
 
+#include "controls/control.h"
 #include "link/command_table.h"
-#include "platform/control.h"
 
 namespace marlinset {
 
-class Communications;
 class FrmStart;
 
 /// A control by name: a row that a mark stands on may be gone when the mark is taken off.
@@ -21,7 +20,7 @@ struct ControlName {
 };
 
 /// When a step is taken.
-using StepCondition = bool (*)(const FrmStart& form, const Communications& comms);
+using StepCondition = bool (*)(const FrmStart& form);
 
 /// The controls that a step marks: none, one or several.
 struct Marks {

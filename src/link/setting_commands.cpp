@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/setting_commands.h"
 
+#include "base/finally.h"
+#include "base/text.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "link/communications.h"
-#include "link/frame.h"
-#include "platform/dialogs.h"
 #include "platform/event_pump.h"
-#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
-#include "platform/text.h"
+#include "wire/frame.h"
 
 namespace marlinset {
 namespace {
@@ -126,10 +126,6 @@ void SettingCommands::SendParameter(int index) {
 
 bool SettingCommands::Live() const {
   return form_.mnuInter.Checked() && !vars_.UnitLocalMode;
-}
-
-bool SettingCommands::IsModelQ() const {
-  return comms_.IsModelQ();
 }
 
 void SettingCommands::SendSlate() {

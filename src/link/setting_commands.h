@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "controls/signal.h"
 #include "link/answers.h"
 #include "link/command_table.h"
-#include "platform/signal.h"
 
 namespace marlinset {
 
@@ -44,8 +44,6 @@ class SettingCommands {
 
   /// Interactive mode is on and the unit takes commands: what the operator changes goes out at once.
   bool Live() const;
-  /// The unit has what only the Q model has: processing modes of the down converter and the program output.
-  bool IsModelQ() const;
 
   /// Sends one command in the manner of `sender`. Returns whether it was acknowledged, for a query whether
   /// it was answered; True for what needs no answer. `index` is the row of a window or parameter, and

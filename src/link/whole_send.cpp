@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/finally.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/question_facts.h"
 #include "link/communications.h"
@@ -12,9 +14,7 @@
 #include "link/ports.h"
 #include "link/replies.h"
 #include "link/send_steps.h"
-#include "platform/dialogs.h"
 #include "platform/event_pump.h"
-#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 
@@ -279,7 +279,7 @@ void WholeSend::RunSteps(std::span<const SendStep> steps, std::size_t& place) {
 
 /// What a step sends as the panels stand, if anything.
 std::optional<CommandId> WholeSend::CommandIn(const SendStep& step) const {
-  return !step.condition || step.condition(form_, comms_) ? step.command : step.otherwise;
+  return !step.condition || step.condition(form_) ? step.command : step.otherwise;
 }
 
 void WholeSend::RunStep(const SendStep& step) {

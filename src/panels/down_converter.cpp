@@ -7,8 +7,8 @@
 namespace marlinset {
 
 DownConverter::DownConverter(FrmStart& form, SettingCommands& commands) {
-  form.ComDownConv.OnClick([&commands] {
-    if (commands.Live() && commands.IsModelQ()) {
+  form.ComDownConv.OnClick([&form, &commands] {
+    if (commands.Live() && form.ModelIsQ()) {
       commands.Send(CommandId::kDownConverterControl, Sender::kPanel);
     }
   });

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/ends_of_run.h"
 
+#include "base/finally.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/question_facts.h"
 #include "core/variables.h"
@@ -10,11 +12,9 @@
 #include "panels/file_commands.h"
 #include "panels/recovery.h"
 #include "panels/window_settings.h"
-#include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
-#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"

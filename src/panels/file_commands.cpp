@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
 #include "core/question_facts.h"
@@ -11,7 +12,6 @@
 #include "link/interactive_mode.h"
 #include "panels/recovery.h"
 #include "panels/unsaved_changes.h"
-#include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"

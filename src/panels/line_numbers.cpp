@@ -6,12 +6,12 @@
 #include <string>
 #include <utility>
 
+#include "base/finally.h"
+#include "base/text.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "core/vitc_frames.h"
 #include "link/setting_commands.h"
-#include "platform/finally.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

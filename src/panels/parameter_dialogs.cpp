@@ -5,12 +5,12 @@
 #include <cmath>
 #include <utility>
 
+#include "base/numbers.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/load_arrays.h"
 #include "core/variables.h"
 #include "panels/parameter_list.h"
-#include "platform/data_engine.h"
-#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace marlinset {

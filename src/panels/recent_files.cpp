@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "files/configuration_file.h"
 #include "panels/file_commands.h"
-#include "platform/dialogs.h"
 #include "platform/file_system.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"

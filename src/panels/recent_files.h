@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/control_array.h"
-#include "platform/controls.h"
+#include "controls/control_array.h"
+#include "controls/control_types.h"
 
 namespace marlinset {
 

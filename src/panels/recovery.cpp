@@ -3,6 +3,9 @@
 
 #include <utility>
 
+#include "base/program_title.h"
+#include "base/runtime_error.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/question_facts.h"
 #include "core/variables.h"
@@ -10,12 +13,10 @@
 #include "files/panel_document.h"
 #include "files/qcf_writer.h"
 #include "panels/unsaved_changes.h"
-#include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_dialog.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 namespace {

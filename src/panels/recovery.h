@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "platform/timer.h"
+#include "controls/timer.h"
 #include "platform/work_keeper.h"
 
 namespace marlinset {

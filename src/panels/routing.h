@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <optional>
 
+#include "controls/control_array.h"
+#include "controls/control_types.h"
 #include "link/command_table.h"
-#include "platform/control_array.h"
-#include "platform/controls.h"
 
 namespace marlinset {
 

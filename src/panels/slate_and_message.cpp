@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/slate_and_message.h"
 
+#include "base/text.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/setting_commands.h"
-#include "platform/text.h"
 
 namespace marlinset {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/start_up.h"
 
+#include "controls/guard.h"
 #include "core/frm_start.h"
 #include "core/load_arrays.h"
 #include "core/panel_setup.h"
@@ -10,7 +11,6 @@
 #include "panels/recovery.h"
 #include "panels/unsaved_changes.h"
 #include "panels/window_settings.h"
-#include "platform/guard.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 
@@ -40,7 +40,7 @@ bool StartUp::Form_Load(const std::string& commandText, bool resume) {
     parts_.database.checkDatabase();
     DecideOperatingMode(commandText);
     SetControls();
-    form_.ShowVideoPicture(1);
+    form_.ShowVideoPicture(FrmStart::kNoVideo);
     vars_.ConfigSaved = !resume || parts_.endsOfRun.OpenDefaultConfiguration(commandText);
     RestoreHardwareType();
     parts_.changes.CountAsStored();

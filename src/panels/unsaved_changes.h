@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "platform/signal.h"
-#include "platform/timer.h"
+#include "controls/signal.h"
+#include "controls/timer.h"
 
 namespace marlinset {
 

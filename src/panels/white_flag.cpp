@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/white_flag.h"
 
+#include "base/finally.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/setting_commands.h"
-#include "platform/finally.h"
 
 namespace marlinset {
 

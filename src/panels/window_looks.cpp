@@ -38,7 +38,7 @@ void WindowLooks::SendChoice(int box) {
       ChangeFontSize();
       break;
     case FrmStart::kSdiProgramOut:
-      if (commands_.IsModelQ()) commands_.Send(CommandId::kSdiProgramOut, Sender::kPanel);
+      if (form_.ModelIsQ()) commands_.Send(CommandId::kSdiProgramOut, Sender::kPanel);
       break;
     default:
       break;

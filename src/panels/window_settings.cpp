@@ -115,7 +115,7 @@ void WindowSettings::SetTimer(int choice) {
 void WindowSettings::ClearStatus() {
   if (form_.mnuInter.Checked() || (busy_ && busy_())) return;
   for (const int panel : form_.StatBar.Indices()) form_.StatBar(panel).SetText("");
-  form_.ShowVideoPicture(2);
+  form_.ShowVideoPicture(FrmStart::kVideoUnknown);
 }
 
 }  // namespace marlinset

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/timer.h"
+#include "controls/timer.h"
 
 namespace marlinset {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "platform/ms_comm.h"
-#include "platform/runtime_error.h"
 #include "platform/settings_store.h"
 
 namespace marlinset {

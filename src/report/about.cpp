@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/about.h"
 
+#include "base/program_title.h"
+#include "base/text.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/load_arrays.h"
 #include "core/variables.h"
 #include "link/identification.h"
 #include "platform/desktop.h"
-#include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_system.h"
 #include "platform/platform.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

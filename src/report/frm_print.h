@@ -3,9 +3,9 @@
 
 #include <vector>
 
-#include "platform/control_array.h"
-#include "platform/controls.h"
-#include "platform/form.h"
+#include "controls/control_array.h"
+#include "controls/control_types.h"
+#include "controls/form.h"
 
 namespace marlinset {
 

@@ -3,18 +3,18 @@
 
 #include <utility>
 
+#include "base/finally.h"
+#include "base/text.h"
+#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/interactive_mode.h"
 #include "platform/desktop.h"
-#include "platform/dialogs.h"
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
-#include "platform/finally.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
-#include "platform/text.h"
 #include "report/frm_print.h"
 #include "report/print_layout.h"
 
@@ -22,7 +22,6 @@ namespace marlinset {
 namespace {
 
 /// The slate's duration among the line numbers of both forms.
-constexpr int kDuration = 4;
 
 /// White flag, then each VITC line with its duplicate: place in tOutbox and index of tLineNumber.
 constexpr std::pair<int, int> kLineNumbers[] = {{10, 0}, {11, 1}, {12, 5}, {13, 2},
@@ -172,14 +171,15 @@ void PrintCommand::CopyAttributes(FrmPrint& page) const {
   page.tOutbox(FrmPrint::kFontSize).SetText(form_.ComWin(FrmStart::kFontSize).Text());
   page.chPrev.SetValue(form_.chPrev.Value());
   page.tOutbox(FrmPrint::kSlateMode).SetText(form_.ComWin(FrmStart::kSlateMode).Text());
-  page.tLineNumber(kDuration).SetText(form_.tLineNumber(kDuration).Text());
+  page.tLineNumber(FrmStart::kSlateDurationEcho)
+      .SetText(form_.tLineNumber(FrmStart::kSlateDurationEcho).Text());
   page.tWinMess.SetText(form_.tWinMess.Text());
   page.tOutbox(FrmPrint::kAspectRatio).SetText(form_.ComWin(FrmStart::kAspectRatio).Text());
 }
 
 /// What only one model has stands on paper while panel 4 names that model.
 void PrintCommand::CopyDownConverter(FrmPrint& page) const {
-  if (RightOf(form_.StatBar(FrmStart::kModelPanel).Text(), 5) == "7340Q") {
+  if (form_.ModelIsQ()) {
     for (const int i : page.TxtNew.Indices()) page.TxtNew(i).SetText(form_.ComDownConv(i).Text());
     page.TxtSDI.SetText(form_.ComWin(FrmStart::kSdiProgramOut).Text());
     return;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "unit/frame_reader.h"
 
-#include "link/frame.h"
+#include "wire/frame.h"
 
 namespace marlinset {
 namespace {

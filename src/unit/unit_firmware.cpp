@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <charconv>
 
-#include "platform/text.h"
+#include "base/text.h"
 #include "unit/unit_model.h"
 
 namespace marlinset {

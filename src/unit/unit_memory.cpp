@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace marlinset {
 namespace {

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "link/frame.h"
-#include "platform/text.h"
+#include "base/text.h"
+#include "wire/frame.h"
 
 namespace marlinset {
 namespace {

@@ -23,7 +23,7 @@ inline FileBytes BytesOfFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-/// A sample file; tests/data holds a listing of its bytes beside it.
+/// A sample file; tests/samples holds a listing of its bytes beside it.
 inline FileBytes Sample(int version) {
   return BytesOfFile(SAMPLE_FOLDER "version_" + std::to_string(version) + ".qcf");
 }

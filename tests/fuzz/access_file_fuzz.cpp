@@ -14,9 +14,9 @@
 #include <span>
 #include <string>
 
-#include "platform/file_engine.h"
-#include "platform/mdb/mdb_engine.h"
-#include "platform/runtime_error.h"
+#include "base/runtime_error.h"
+#include "data/file_engine.h"
+#include "data/mdb/mdb_engine.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "app/cli/document_json.h"
+#include "cli/document_json.h"
 #include "files/qcf_reader.h"
 #include "files/qcf_writer.h"
 

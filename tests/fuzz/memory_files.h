@@ -3,8 +3,8 @@
 
 #include <map>
 
+#include "base/runtime_error.h"
 #include "platform/file_system.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 

@@ -6,8 +6,8 @@
 #include <sstream>
 #include <string>
 
-#include "app/cli/queued_dialogs.h"
-#include "app/cli/script.h"
+#include "cli/queued_dialogs.h"
+#include "cli/script.h"
 #include "tests/fuzz/memory_files.h"
 #include "tests/support/tool_rig.h"
 

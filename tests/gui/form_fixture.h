@@ -8,9 +8,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include "controls/guard.h"
 #include "core/frm_start.h"
 #include "gui/main_window.h"
-#include "platform/guard.h"
 #include "platform/virtual_pump.h"
 #include "tests/support/fake_dialogs.h"
 

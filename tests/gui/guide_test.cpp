@@ -5,9 +5,9 @@
 #include <QTextBlock>
 #include <set>
 
-#include "gui/document_view.h"
 #include "gui/guide_window.h"
-#include "gui/look.h"
+#include "gui/widgets/document_view.h"
+#include "gui/widgets/look.h"
 #include "tests/gui/form_fixture.h"
 
 namespace marlinset {

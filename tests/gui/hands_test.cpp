@@ -11,7 +11,7 @@
 #include <map>
 #include <set>
 
-#include "gui/fields.h"
+#include "gui/widgets/fields.h"
 #include "tests/gui/form_fixture.h"
 
 namespace marlinset {

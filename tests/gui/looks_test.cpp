@@ -13,7 +13,7 @@
 #include <map>
 
 #include "gui/live_sign.h"
-#include "gui/look.h"
+#include "gui/widgets/look.h"
 #include "tests/gui/form_fixture.h"
 
 namespace marlinset {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
-#include "gui/application.h"
-#include "gui/readable_style.h"
+#include "gui/widgets/application.h"
+#include "gui/widgets/readable_style.h"
 
 int main(int argc, char** argv) {
   // Tests run the same with and without a display, and show nothing to whoever runs them.

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "app/tool.h"
+#include "base/text.h"
 #include "link/command_table.h"
-#include "platform/text.h"
 #include "tests/storm/world.h"
 #include "unit/unit_memory.h"
 
@@ -32,7 +32,7 @@ int Byte(int value) {
 class Comparison {
  public:
   Comparison(const Tool& tool, const UnitMemory& unit)
-      : form_(tool.form), vars_(tool.variables), unit_(unit), modelQ_(tool.commands.IsModelQ()) {}
+      : form_(tool.form), vars_(tool.variables), unit_(unit), modelQ_(tool.form.ModelIsQ()) {}
 
   std::vector<std::string> Differences() {
     Routing();

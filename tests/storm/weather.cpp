@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <functional>
 
-#include "link/frame.h"
 #include "tests/storm/world.h"
+#include "wire/frame.h"
 
 namespace marlinset {
 namespace {

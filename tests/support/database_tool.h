@@ -3,11 +3,11 @@
 
 #include <string>
 
+#include "controls/guard.h"
 #include "core/load_arrays.h"
-#include "platform/file_engine.h"
-#include "platform/guard.h"
-#include "platform/mdb/mdb_engine.h"
-#include "platform/sqlite/sqlite_engine.h"
+#include "data/file_engine.h"
+#include "data/mdb/mdb_engine.h"
+#include "data/sqlite/sqlite_engine.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/fake_dialogs.h"
 #include "tests/support/fake_file_dialog.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/dialogs.h"
-#include "platform/form.h"
+#include "controls/dialogs.h"
+#include "controls/form.h"
 
 namespace marlinset {
 

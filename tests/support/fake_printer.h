@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "platform/form_printer.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 

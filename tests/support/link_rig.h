@@ -5,17 +5,16 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/guard.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
+#include "data/data_engine.h"
 #include "link/communications.h"
-#include "link/frame.h"
 #include "link/identification.h"
 #include "link/line_events.h"
 #include "link/ports.h"
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
-#include "platform/data_engine.h"
-#include "platform/guard.h"
 #include "platform/platform.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/fake_dialogs.h"
@@ -25,6 +24,7 @@
 #include "tests/support/sample_panels.h"
 #include "tests/support/test_files.h"
 #include "tests/support/unit_line.h"
+#include "wire/frame.h"
 
 namespace marlinset {
 

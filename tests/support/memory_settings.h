@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "platform/settings_store.h"
-#include "platform/text.h"
 
 namespace marlinset {
 

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "platform/posix/local_files.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 

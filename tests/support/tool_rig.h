@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "app/tool.h"
-#include "platform/file_engine.h"
-#include "platform/guard.h"
-#include "platform/mdb/mdb_engine.h"
-#include "platform/sqlite/sqlite_engine.h"
+#include "controls/guard.h"
+#include "data/file_engine.h"
+#include "data/mdb/mdb_engine.h"
+#include "data/sqlite/sqlite_engine.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/fake_dialogs.h"
 #include "tests/support/fake_file_dialog.h"

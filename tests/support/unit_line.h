@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "platform/ms_comm.h"
-#include "platform/reply_gate.h"
 #include "platform/virtual_pump.h"
 #include "unit/unit_model.h"
+#include "wire/reply_gate.h"
 
 namespace marlinset {
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "unit/unit_state.h"
-
 #include <gtest/gtest.h>
 
+#include "app/unit/unit_json.h"
 #include "tests/support/hex.h"
 
 namespace marlinset {
@@ -44,7 +43,7 @@ TEST(UnitState, IsOneLineThatSaysWhatTheUnitWasToldLast) {
       R"("doubleHeight":true,"symbol":false,"field":true,"highlighted":true,"row":8,"position":20,)"
       R"("length":13}},"vitc":{"on":false,"source":null,"lines":[14,18,22],"duplicates":[16,20,24]},)"
       R"("whiteFlag":{"on":true,"line":15},"inserter":{"on":null,"size":2,"style":null},)"
-      R"("slate":{"duration":300,"mode":null},"message":"TA\"\\\u000aÉ",)"
+      R"("slate":{"duration":300,"mode":null},"message":"TA\"\\\nÉ",)"
       R"("converter":{"aspect":null,"control":[1,2,3]},"sdiProgramOut":null})");
 }
 

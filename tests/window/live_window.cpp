@@ -12,7 +12,7 @@
 #include <QWindow>
 #include <stdexcept>
 
-#include "gui/look.h"
+#include "gui/widgets/look.h"
 
 namespace marlinset {
 namespace {

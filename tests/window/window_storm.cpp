@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QMenuBar>
 
-#include "gui/operator_queue.h"
+#include "gui/widgets/operator_queue.h"
 #include "link/replies.h"
 #include "tests/storm/world.h"
 #include "tests/window/live_window.h"

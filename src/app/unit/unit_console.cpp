@@ -9,7 +9,8 @@
 #include <sstream>
 #include <utility>
 
-#include "unit/unit_state.h"
+#include "app/unit/unit_json.h"
+#include "unit/unit_state_text.h"
 
 namespace marlinset {
 namespace {

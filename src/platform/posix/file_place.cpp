@@ -11,9 +11,9 @@
 #include <climits>
 #include <filesystem>
 
+#include "base/text.h"
 #include "platform/content_hash.h"
 #include "platform/posix/file_failure.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

@@ -9,9 +9,9 @@
 #include <filesystem>
 #include <random>
 
+#include "base/text.h"
 #include "platform/posix/file_failure.h"
 #include "platform/posix/file_place.h"
-#include "platform/text.h"
 
 namespace marlinset {
 namespace {

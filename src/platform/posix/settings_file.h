@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "platform/runtime_error.h"
+#include "base/runtime_error.h"
 #include "platform/settings_store.h"
 
 namespace marlinset {

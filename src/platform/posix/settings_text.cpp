@@ -7,7 +7,7 @@
 #include <functional>
 #include <optional>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace marlinset {
 namespace {

@@ -11,11 +11,11 @@
 #include <optional>
 #include <span>
 
+#include "base/runtime_error.h"
 #include "platform/posix/file_place.h"
 #include "platform/posix/file_writer.h"
 #include "platform/posix/streams.h"
 #include "platform/qt/sheet_painter.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 namespace {

@@ -6,10 +6,10 @@
 #include <QTimer>
 #include <deque>
 
-#include "platform/guard.h"
+#include "controls/guard.h"
 #include "platform/ms_comm.h"
 #include "platform/port_map.h"
-#include "platform/reply_gate.h"
+#include "wire/reply_gate.h"
 
 namespace marlinset {
 

@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/runtime_error.h"
 #include "platform/posix/file_writer.h"
-#include "platform/runtime_error.h"
 
 namespace marlinset {
 namespace {

@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "platform/runtime_error.h"
+#include "base/runtime_error.h"
 
 namespace marlinset {
 namespace {

@@ -7,7 +7,7 @@
 #include <functional>
 #include <optional>
 
-#include "platform/guard.h"
+#include "controls/guard.h"
 #include "platform/qt/qt_pump.h"
 #include "tests/support/fake_dialogs.h"
 

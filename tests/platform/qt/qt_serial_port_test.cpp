@@ -13,7 +13,7 @@
 #include <numeric>
 #include <vector>
 
-#include "platform/runtime_error.h"
+#include "base/runtime_error.h"
 #include "tests/platform/qt/qt_environment.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/pseudo_terminal.h"

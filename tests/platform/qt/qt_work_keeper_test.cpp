@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <iterator>
 
-#include "platform/runtime_error.h"
+#include "base/runtime_error.h"
 #include "tests/support/temp_folder.h"
 
 namespace marlinset {

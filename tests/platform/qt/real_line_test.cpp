@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <optional>
 
+#include "app/unit/unit_json.h"
 #include "platform/qt/qt_pump.h"
 #include "platform/qt/qt_serial_port.h"
 #include "tests/support/link_rig.h"
 #include "tests/support/pseudo_terminal.h"
 #include "tests/support/temp_folder.h"
-#include "unit/unit_state.h"
 
 namespace marlinset {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "gui/application.h"
-#include "gui/readable_style.h"
+#include "gui/widgets/application.h"
+#include "gui/widgets/readable_style.h"
 #include "tests/storm/program/storm_program.h"
 #include "tests/window/window_storm.h"
 

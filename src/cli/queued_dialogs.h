@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "cli/json.h"
+#include "controls/dialogs.h"
+#include "platform/file_dialog.h"
+
+namespace marlinset {
+
+/// Boxes of a tool without a screen: answered from a queue, and kept as JSON for the next answer line. A box
+/// takes the first answer in the queue that it has a button for; without one a box with OK is answered OK
+/// and a question No.
+class QueuedDialogs : public Dialogs {
+ public:
+  BoxAnswer Present(const MessageBox& box) override;
+  void PresentForm(Form& form) override;
+
+  /// "yes", "no", "ok" or "cancel".
+  static bool IsAnswer(std::string_view word);
+  /// Queues one of these words; any other is passed over.
+  void QueueAnswer(std::string_view word);
+  /// Called for each box with its answer, for whoever prints them.
+  std::function<void(const MessageBox&, BoxAnswer)> onShown;
+
+  /// Notes something else that came up: a file dialog.
+  void Note(Json message) { messages_.push_back(std::move(message)); }
+  /// What came up since the last call, in order.
+  Json TakeMessages();
+
+ private:
+  BoxAnswer NextAnswer(BoxButtons buttons);
+
+  std::deque<BoxAnswer> answers_;
+  Json messages_ = Json::array();
+};
+
+/// The file dialog of a tool without a screen: answered from a queue, noted with the boxes. With an empty
+/// queue it is cancelled.
+class QueuedFileDialog : public FileDialog {
+ public:
+  explicit QueuedFileDialog(QueuedDialogs& messages);
+
+  /// Queues a path, or "cancel". A path that is not full counts from the folder in which the program was
+  /// started, whatever folder the tool has gone to since.
+  void QueueFile(const std::string& path);
+
+  /// Runs `action`; the first dialog to open a file (or to save to one) that it brings up is answered with
+  /// `path`, past the queue. When none comes up the path is dropped.
+  void AnswerOpen(const std::string& path, const std::function<void()>& action);
+  void AnswerSave(const std::string& path, const std::function<void()>& action);
+
+ protected:
+  std::optional<std::string> AskOpen() override { return Next("open", toOpen_); }
+  std::optional<std::string> AskSave() override { return Next("save", toSave_); }
+
+ private:
+  using Answers = std::deque<std::optional<std::string>>;
+  std::optional<std::string> AnswerOf(const std::string& path) const;
+  std::optional<std::string> Next(const char* kind, Answers& own);
+
+  QueuedDialogs& messages_;
+  std::filesystem::path startFolder_;
+  Answers files_;
+  Answers toOpen_;  ///< for dialogs of this kind only, before those for any
+  Answers toSave_;
+};
+
+}  // namespace marlinset

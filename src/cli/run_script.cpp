@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <cstdio>
+#include <optional>
+#include <stdexcept>
+
+#include "app/recording_line.h"
+#include "cli/commands.h"
+#include "cli/line_input.h"
+#include "cli/queued_dialogs.h"
+#include "cli/queued_printer.h"
+#include "cli/script.h"
+#include "cli/terminal_run.h"
+#include "platform/qt/outside_ends.h"
+
+namespace marlinset {
+namespace {
+
+/// False when it does not arrive: nothing more is done then, because nobody would hear of it.
+bool Print(const std::string& answer) {
+  if (answer.empty()) return true;
+  return std::puts(answer.c_str()) >= 0 && std::fflush(stdout) == 0;
+}
+
+}  // namespace
+
+int RunScript(const CliOptions& options) {
+  QueuedDialogs dialogs;
+  for (const std::string& answer : options.answers) dialogs.QueueAnswer(answer);
+  const auto clock = options.virtualClock ? Computer::ClockKind::kVirtual : Computer::ClockKind::kReal;
+  QueuedFileDialog fileDialog(dialogs);
+  for (const std::string& file : options.files) fileDialog.QueueFile(file);
+  Computer computer(options.common, clock, dialogs, fileDialog);
+  QueuedPrinter printer(dialogs, computer.Printer());
+  computer.UsePrinter(printer);
+  RecordingLine line(computer.Line(), computer.Pump());
+  Platform platform = computer.MakePlatform(line);
+  Tool tool(platform);
+  Script script(tool, dialogs, fileDialog, line);
+  std::optional<OutsideEnds> ends;  // a script that runs on the virtual clock holds nothing that could stay
+  if (!options.virtualClock)
+    ends.emplace(OutsideEnds::Duties{.leave = [&] { computer.Line().SetPortOpen(false); }});
+  try {
+    LineInput input(options.scriptFile, computer.Pump(), !options.virtualClock);
+    const bool started = StartTool(tool, options.common, true);
+    bool heard = Print(script.StartAnswer(started));
+    if (!started) return kExitStart;
+    while (heard && !script.Ended()) {
+      const auto text = input.Next();
+      if (!text) break;
+      heard = Print(script.Execute(*text));
+    }
+  } catch (const std::runtime_error& error) {
+    std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
+    return kExitUsage;
+  }
+  return script.AllUnderstood() ? kExitDone : kExitUsage;
+}
+
+}  // namespace marlinset

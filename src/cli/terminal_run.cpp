@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/terminal_run.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace marlinset {
+namespace {
+
+/// Boxes of a run at a terminal go to standard error.
+void PrintBox(const MessageBox& box, BoxAnswer answer) {
+  if (::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");  // the progress stood there
+  std::fprintf(stderr, "%s\n", box.text.c_str());
+  if (!box.remedy.empty()) std::fprintf(stderr, "%s\n", box.remedy.c_str());
+  if (box.buttons == BoxButtons::kYesNo) {
+    std::fprintf(stderr, "  answered: %s\n", answer == BoxAnswer::kYes ? "Yes" : "No");
+  }
+}
+
+}  // namespace
+
+bool StartTool(Tool& tool, const CommonOptions& options, bool resume) {
+  tool.ports.NamePorts(options.ports);
+  try {
+    return tool.Start(options.commandText, resume);
+  } catch (const ProgramEnd&) {
+    return false;
+  }
+}
+
+TerminalRun::TerminalRun(const CliOptions& options)
+    : computer_(options.common, Computer::ClockKind::kReal, dialogs_, fileDialog_),
+      tool(computer_.MakePlatform()) {
+  for (const std::string& answer : options.answers) dialogs_.QueueAnswer(answer);
+  for (const std::string& file : options.files) fileDialog_.QueueFile(file);
+  dialogs_.onShown = PrintBox;
+  started_ = StartTool(tool, options.common, false);
+}
+
+bool TerminalRun::LoadConfiguration(const CliOptions& options) {
+  if (options.configurations.empty()) return true;
+  tool.platform.fileDialog.FileName = options.configurations.front();
+  tool.configurationFile.ReadConfigFile();
+  const ReadEnd end = tool.configurationFile.LastRead();
+  if (end == ReadEnd::kEmpty) std::fprintf(stderr, "%s: is empty\n", options.configurations.front().c_str());
+  return end == ReadEnd::kLoaded;
+}
+
+}  // namespace marlinset

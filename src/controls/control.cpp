@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/control.h"
+
+#include "base/runtime_error.h"
+#include "controls/form.h"
+#include "controls/guard.h"
+
+namespace marlinset {
+
+Control::Control(Form& form, std::string name)
+    : Control(form, std::move(name), kNoIndex, std::make_shared<ControlEvents>()) {}
+
+Control::Control(Form& form, std::string name, int index, std::shared_ptr<ControlEvents> events)
+    : EventSource(std::move(events)), form_(form), name_(std::move(name)), index_(index) {
+  form_.Register(*this);
+}
+
+Control::~Control() {
+  form_.Unregister(*this);
+}
+
+std::string Control::FullName() const {
+  return index_ == kNoIndex ? name_ : name_ + "(" + std::to_string(index_) + ")";
+}
+
+void Control::NoteChange() {
+  Changed.Emit();
+  form_.Touch();
+}
+
+void Control::Raise(Signal<int> ControlEvents::*event) const {
+  const std::shared_ptr<ControlEvents> events = Events();
+  (events.get()->*event).Emit(index_);
+}
+
+bool Control::AsOperator(const std::function<void()>& action) {
+  if (!TakesInput()) return false;
+  form_.GetGuard().Run(action);
+  return true;
+}
+
+void Control::OperatorHover() {
+  if (visible_) form_.GetGuard().Run([this] { Raise(&ControlEvents::mouseMove); });
+}
+
+void Control::OperatorLeave() {
+  form_.GetGuard().Run([this] { Raise(&ControlEvents::lostFocus); });
+}
+
+bool Control::OperatorClick() {
+  throw NotSupported();
+}
+bool Control::OperatorCheck(bool /*on*/) {
+  throw NotSupported();
+}
+bool Control::OperatorSelect(int /*entry*/) {
+  throw NotSupported();
+}
+// Whoever overrides it takes the text over.
+bool Control::OperatorType(std::string /*text*/) {  // NOLINT(performance-unnecessary-value-param)
+  throw NotSupported();
+}
+bool Control::OperatorKey(char32_t /*code*/) {
+  throw NotSupported();
+}
+bool Control::OperatorSpin(int /*value*/) {
+  throw NotSupported();
+}
+bool Control::OperatorStep(bool /*up*/, int /*times*/) {
+  throw NotSupported();
+}
+bool Control::OperatorScroll(int /*value*/) {
+  throw NotSupported();
+}
+std::vector<std::string> Control::Entries() const {
+  throw NotSupported();
+}
+
+}  // namespace marlinset

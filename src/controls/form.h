@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/control.h"
+
+namespace marlinset {
+
+class Guard;
+
+/// A window of the tool without a screen: its caption and its controls, each found by name and index.
+class Form : public EventSource {
+ public:
+  Form(std::string name, Guard& guard);
+  virtual ~Form() = default;
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& Name() const { return name_; }
+  Guard& GetGuard() const { return guard_; }
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+
+  /// The control of that name ("comVS") or element of that array ("chOnOff", 3); null when there is none.
+  Control* Find(std::string_view name, int index = kNoIndex) const;
+  /// All controls by full name, in alphabetical order.
+  std::vector<Control*> Controls() const;
+
+  /// The mouse moves over the form beside its controls.
+  void OperatorHover();
+
+  Signal<> Changed;
+  /// The operator closes the window while something waits: the wait gives up, the close request follows.
+  Signal<> Closing;
+
+  /// A control looks or holds otherwise than before, was added or has gone. Told once; after that not again
+  /// until ListenAgain.
+  Signal<> Touched;
+  void ListenAgain() { touched_ = false; }
+
+ private:
+  friend class Control;
+  void Touch();
+  void Register(Control& control);
+  void Unregister(const Control& control);
+
+  std::string name_;
+  Guard& guard_;
+  std::string caption_;
+  bool visible_ = false;
+  bool touched_ = false;
+  std::map<std::string, Control*, std::less<>> controls_;
+};
+
+}  // namespace marlinset

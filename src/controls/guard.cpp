@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/guard.h"
+
+#include <string>
+
+#include "base/finally.h"
+#include "base/runtime_error.h"
+#include "controls/dialogs.h"
+
+namespace marlinset {
+
+bool Guard::Run(const std::function<void()>& body) {
+  bool done = false;
+  ++atWork_;
+  Finally([&] { done = Contain(body); }, [this] { --atWork_; });
+  Ended.Emit();
+  return done;
+}
+
+bool Guard::Contain(const std::function<void()>& body) {
+  try {
+    body();
+    return true;
+  } catch (const RuntimeError& error) {
+    dialogs_.Show(
+        {.text = std::to_string(error.Number()) + "  " + error.Description(), .remedy = error.Remedy()});
+  } catch (const std::exception& error) {
+    dialogs_.Tell(std::to_string(kErrInternal) + "  Internal error: " + error.what());
+  }
+  return false;
+}
+
+}  // namespace marlinset

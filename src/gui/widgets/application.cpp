@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/widgets/application.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QShortcutEvent>
+
+#include "base/finally.h"
+
+namespace marlinset {
+namespace {
+
+/// The button whose mnemonic was pressed, if that is what happens.
+QAbstractButton* ButtonOfMnemonic(QObject* receiver, QEvent* event) {
+  if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous()) return nullptr;
+  return qobject_cast<QAbstractButton*>(receiver);
+}
+
+}  // namespace
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) keyRepeats_ = static_cast<QKeyEvent*>(event)->isAutoRepeat();
+  if (!receiver->isWidgetType()) return QApplication::notify(receiver, event);
+  bool taken = false;
+  operator_.HandlerBegins();
+  Finally([&] { taken = Deliver(receiver, event); }, [this] { operator_.HandlerEnds(); });
+  return taken;
+}
+
+/// The toolkit lets a mnemonic hold its button down for a moment and clicks then. A second press in that time
+/// would be none, and a window that closes would take the click with it. A key held down is one press.
+bool Application::Deliver(QObject* receiver, QEvent* event) {
+  QAbstractButton* const button = ButtonOfMnemonic(receiver, event);
+  if (!button) return QApplication::notify(receiver, event);
+  if (keyRepeats_ || !button->isEnabled()) return true;
+  if (button->isCheckable() && (button->focusPolicy() & Qt::ClickFocus)) {
+    button->setFocus(Qt::ShortcutFocusReason);
+  }
+  button->click();
+  return true;
+}
+
+}  // namespace marlinset

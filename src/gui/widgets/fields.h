@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <functional>
+#include <memory>
+
+#include "controls/control_types.h"
+#include "gui/widgets/binding.h"
+
+namespace marlinset {
+
+/// A drop-down list for selection only. Letters typed on the closed list do nothing, so that a stray key
+/// never goes on air; the wheel turns it only while it has the focus.
+class ComboField : public QComboBox {
+  Q_OBJECT
+ public:
+  /// `characters`: how many letters of the longest usual entry the closed field shows.
+  ComboField(ComboBox& control, int characters, QWidget* parent);
+  void showPopup() override;
+
+ protected:
+  void initStyleOption(QStyleOptionComboBox* option) const override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void ShowControl(const ComboBox& control);
+};
+
+/// A spin together with the text that echoes it. It shows the echo, which has the last word about what an
+/// operator sees, and steps and sets the spin. A typed number counts once it is complete: on Enter, when the
+/// focus goes to another field, or with the operator's next action; a box that comes up or another program
+/// leaves it half typed. Esc takes it back. A step shows at once where it leads. An arrow or key that is held
+/// down steps as fast as the steps are carried out, so that nothing runs on when it is let go.
+class SpinField : public QAbstractSpinBox {
+  Q_OBJECT
+ public:
+  /// `subject` where the number belongs to a record that may move to other controls.
+  SpinField(SpinControl& spin, TextBox& echo, QWidget* parent, std::shared_ptr<Subject> subject = {});
+  void Follow(SpinControl& spin, TextBox& echo);
+  /// The radix in which the echo stands and numbers are typed, 10 or 16; asked each time.
+  void SetRadix(std::function<int()> radix) { radix_ = std::move(radix); }
+  /// The number that is being typed counts as it stands.
+  void Complete();
+  /// Forgets what was typed.
+  void TakeBack();
+
+  void stepBy(int steps) override;
+  QValidator::State validate(QString& text, int& position) const override;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  StepEnabled stepEnabled() const override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void ShowControl();
+  void NoteWhereItLeads(int value);
+  void KeepWhatIsTyped();
+  void ShowAgain();
+  int Radix() const { return radix_ ? radix_() : 10; }
+  /// The value as the operator sees it: where the steps lead that are still to be carried out.
+  int SeenValue() const;
+  int WhereItStays(qlonglong value) const;
+
+  SpinControl* spin_;
+  TextBox* echo_;
+  std::function<int()> radix_;
+  Binding* binding_;
+  bool typing_ = false;
+  bool heldDown_ = false;    ///< the step comes from a key or arrow that repeats
+  bool staysInUse_ = false;  ///< the focus goes for a while only
+  QString echoShown_;
+};
+
+}  // namespace marlinset

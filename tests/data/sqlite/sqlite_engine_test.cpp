@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data/sqlite/sqlite_engine.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <chrono>
+#include <filesystem>
+#include <vector>
+
+#include "base/runtime_error.h"
+#include "tests/support/database_tool.h"
+
+namespace marlinset {
+namespace {
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::UnorderedElementsAre;
+
+std::vector<std::string> Column(Recordset& rows, std::string_view column) {
+  std::vector<std::string> texts;
+  for (int i = 0; i < rows.RecordCount(); ++i, rows.MoveNext()) texts.push_back(TextOf(rows.Fields(column)));
+  return texts;
+}
+
+struct SqliteEngineTest : testing::Test {
+  std::unique_ptr<Recordset> Open(std::string_view nameOrQuery) const {
+    return SqliteEngine().OpenDatabase(path)->OpenRecordset(nameOrQuery);
+  }
+  TempFolder folder;
+  std::string path = folder.File("rows.mdb");
+};
+
+TEST_F(SqliteEngineTest, GivesATableInTheOrderInWhichRowsWerePutIn) {
+  // A sorted index must not creep into the order, nor may a deleted row's place be taken for a later one.
+  RunSql(path,
+         "CREATE TABLE \"Font Sizes\" (Name TEXT UNIQUE); INSERT INTO \"Font Sizes\" VALUES ('z'), ('gone'), "
+         "('m'); DELETE FROM \"Font Sizes\" WHERE Name = 'gone'; INSERT INTO \"Font Sizes\" VALUES ('a');");
+  EXPECT_THAT(Column(*Open("font SIZES"), "NAME"), ElementsAre("z", "m", "a"));
+}
+
+TEST_F(SqliteEngineTest, RunsQueriesAsTheUnitsDatabasesDo) {
+  RunSql(path,
+         "CREATE TABLE [Down Converter Filters] ([Order], [Description], [it's]);"
+         "INSERT INTO [Down Converter Filters] VALUES (10, 'Last', 0), (2, 'CUSTOM', 0), (3, NULL, 0), (2, "
+         "'First', 0), (0, 'custom', 0);");
+  constexpr std::string_view kQuery =
+      "Select * from [Down Converter Filters] where [Description] <> 'Custom' Order By [Order] ";
+  const auto database = SqliteEngine().OpenDatabase(path);
+  for (int twice = 0; twice < 2; ++twice) {
+    EXPECT_THAT(Column(*database->OpenRecordset(kQuery), "Description"), ElementsAre("First", "Last"));
+  }
+  EXPECT_EQ(FailureOf([&] { database->OpenRecordset("sELECT * from Missing"); }), kErrNoTable);
+  EXPECT_EQ(FailureOf([&] { database->OpenRecordset("select n from [Down Converter Filters] order by m"); }),
+            kErrNoColumn);
+  EXPECT_EQ(FailureOf([&] { database->OpenRecordset("select from where"); }), kErrInternal);
+}
+
+TEST_F(SqliteEngineTest, RefusesWhatIsNoDatabase) {
+  EXPECT_EQ(FailureOf([&] { SqliteEngine().OpenDatabase(path); }), kErrNoDatabase);
+  ASSERT_EQ(mkfifo(folder.File("pipe").c_str(), 0600), 0);
+  for (const std::string& file : {folder.Path(), folder.File("pipe"), folder.Write("empty.mdb", ""),
+                                  folder.Write("text.mdb", "Dear operator, this is a text.\n"),
+                                  folder.Write("start.mdb", std::string_view("SQLite format 3\0", 16))}) {
+    EXPECT_EQ(FailureOf([&] { SqliteEngine().OpenDatabase(file); }), kErrBadDatabase) << file;
+  }
+}
+
+TEST_F(SqliteEngineTest, ChecksAFileAgainOnceItWasWrittenTo) {
+  RunSql(path, "PRAGMA page_size = 512; CREATE TABLE T (n); INSERT INTO T VALUES (1);");
+  std::string bent = folder.Read("rows.mdb");
+  std::fill(bent.begin() + 512, bent.begin() + 524, '\x7F');
+  SqliteEngine engine;
+  for (const int hours : {2, 1}) {
+    std::filesystem::last_write_time(
+        path, std::filesystem::file_time_type::clock::now() - std::chrono::hours(hours));
+    EXPECT_EQ(FailureOf([&] { engine.OpenDatabase(path); }), hours == 2 ? 0 : kErrBadDatabase);
+    folder.Write("rows.mdb", bent);
+  }
+  EXPECT_EQ(FailureOf([&] { engine.OpenDatabase(path); }), kErrBadDatabase) << "just now";
+}
+
+/// What failure is told with, empty when the action ends well.
+template <class Action>
+std::string WordsOf(Action&& action) {
+  try {
+    action();
+  } catch (const RuntimeError& failure) {
+    return failure.Description();
+  }
+  return {};
+}
+
+TEST_F(SqliteEngineTest, LeavesNoTraceBesideAFileWithALogAndReadsWhatWaitsInIt) {
+  RunSql(path, "PRAGMA journal_mode = WAL; CREATE TABLE T (n); INSERT INTO T VALUES ('in the file');");
+  const auto names = [this] {
+    std::vector<std::string> all;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path()))
+      all.push_back(entry.path().filename());
+    return all;
+  };
+  // Nothing can be made under this name, as in a folder that can't be written.
+  std::filesystem::create_directory(path + "-shm");
+  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file"));
+  EXPECT_THAT(names(), UnorderedElementsAre("rows.mdb", "rows.mdb-shm"));
+  std::filesystem::remove(path + "-shm");
+
+  sqlite3* other = nullptr;  // somebody's program, which runs
+  ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
+  sqlite3_exec(other, "INSERT INTO T VALUES ('in the log'); BEGIN; INSERT INTO T VALUES ('not yet');",
+               nullptr, nullptr, nullptr);
+  const auto log = folder.Read("rows.mdb-wal");
+  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file", "in the log"));
+  EXPECT_EQ(folder.Read("rows.mdb-wal"), log);
+  EXPECT_EQ(sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(other);
+  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file", "in the log", "not yet"));
+}
+
+TEST_F(SqliteEngineTest, CarriesOutNothingThatTheFileBringsAlong) {
+  RunSql(path,
+         "CREATE TABLE Plain (n); INSERT INTO Plain VALUES ('a'), ('B');"
+         "CREATE VIEW Endless AS WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c) SELECT n "
+         "FROM c;"
+         "CREATE VIRTUAL TABLE Words USING fts5(n); CREATE TABLE Computed (n, m AS (n || n));");
+  EXPECT_THAT(Column(*Open("select n from Plain where n <> 'b'"), "n"), ElementsAre("a"));
+  for (const auto& [what, number] : {std::pair{"Endless", kErrNoTable},
+                                     {"select * from Endless", kErrNoTable},
+                                     {"Words", kErrNoTable},
+                                     {"select * from Words", kErrInternal},
+                                     {"Computed", kErrBadDatabase},
+                                     {"select * from [Computed]", kErrBadDatabase}}) {
+    EXPECT_EQ(FailureOf([&] { Open(what); }), number) << what;
+  }
+}
+
+TEST_F(SqliteEngineTest, RefusesWhatCostsTooMuchAndSaysWhat) {
+  RunSql(path,
+         "CREATE TABLE T (a, b, c, d, e, f); WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c "
+         "WHERE n < "
+         "2000) "
+         "INSERT INTO T SELECT n, zeroblob(20), 'c', 0, 0, 0 FROM c;");
+  const auto refusal = [this](const SqliteLimits& limits) {
+    return WordsOf([&] { SqliteEngine(limits).OpenDatabase(path)->OpenRecordset("T"); });
+  };
+  EXPECT_EQ(refusal({}), "");
+  EXPECT_THAT(refusal({.time = std::chrono::milliseconds(0)}),
+              EndsWith(": reading it takes longer than 0 seconds."));
+  EXPECT_THAT(refusal({.rows = 1999}), EndsWith(": a table has too many rows."));
+  EXPECT_THAT(refusal({.columns = 5}), HasSubstr("too many columns on T"));
+  EXPECT_THAT(refusal({.bytes = std::filesystem::file_size(path)}), EndsWith(": a table holds too much."));
+  EXPECT_THAT(refusal({.bytes = 1024}), EndsWith(": it is larger than 0 MiB."));
+}
+
+}  // namespace
+}  // namespace marlinset
