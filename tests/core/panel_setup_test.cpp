@@ -3,9 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <set>
-
+#include "tests/support/sample_panels.h"
 #include "tests/support/tool_rig.h"
 
 namespace marlinset {
@@ -13,99 +11,90 @@ namespace {
 
 using testing::ElementsAre;
 
-struct Feed {
-  const char* fieldName;
-  const char* box;
-  int index;
-  int lines;  ///< with so many VITC lines something has to be there to choose
-};
-constexpr Feed kFeeds[] = {{"VTRT", "comTB", 0, 1},    {"VTRU", "ComUB", 0, 1},   {"LTC1GT", "comTB", 1, 1},
-                           {"LTC1GU", "ComUB", 1, 1},  {"VITC1T", "comTB", 2, 1}, {"VITC1U", "ComUB", 2, 1},
-                           {"VITC2", "comTB", 3, 2},   {"VITC3T", "comTB", 4, 3}, {"VITC3U", "ComUB", 4, 3},
-                           {"no field", "ComUB", 3, 4}};
-
-/// The boxes hold the lists of their field names, one behind the other, and stand at the first entry; the
-/// last assignment of the mode decides the number of lines.
-void ExpectRouting(const Variables& vars, const FrmStart& form) {
-  int lines = 0;
-  std::set<int> choices;
-  std::map<std::string, std::vector<std::string>> lists;
-  for (const TimeCodeAssignmentRec& row : vars.TimeCodeAssignments) {
-    if (row.Name != vars.OperatingMode || row.Ignore1) continue;
-    choices.insert(lines = row.VITCMode);
-    for (const CodeSourceRec& source : vars.CodeSources) {
-      if (source.FieldValue == row.FieldValue) lists[row.FieldName].push_back(source.Description);
-    }
-  }
-  for (const Feed& feed : kFeeds) {
-    const auto& box = dynamic_cast<ComboBox&>(*form.Find(feed.box, feed.index));
-    EXPECT_EQ(box.List(), lists[feed.fieldName]) << feed.fieldName;
-    EXPECT_EQ(box.ListIndex(), box.ListCount() > 0 ? 0 : -1) << feed.fieldName;
-    EXPECT_TRUE(box.ListCount() > 0 || *choices.rbegin() < feed.lines) << feed.fieldName;
-  }
-  EXPECT_EQ(form.vitcModes.Selected(), lines - 1);
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(form.oVITC(i).Enabled(), choices.contains(i + 1)) << i;
-  EXPECT_TRUE(form.fVITC1.Visible());
-  EXPECT_EQ(form.fVITC2.Visible(), lines >= 2);
-  EXPECT_EQ(form.fVITC3.Visible(), lines >= 3);
-}
-
-/// Limits are those of the last row of standard and font size.
-void ExpectWindows(const Variables& vars, const FrmStart& form) {
-  CharMaxPosRec limits;
-  for (const CharMaxPosRec& row : vars.CharMaxPositions) {
-    if (row.VideoStandard == form.comVS.Text() && row.Description == form.ComWin(3).Text()) limits = row;
-  }
-  for (int row = 0; row <= UBound(vars.CharWindows); ++row) {
-    SCOPED_TRACE(row);
-    const CharWindowRec& window = At(vars.CharWindows, row);
-    const int width = row == 13 ? 0 : window.Length + window.FieldLength + window.SymbolLength;
-    EXPECT_EQ(form.udVer(row).Min(), limits.MaxVertPosn);
-    EXPECT_EQ(form.udVer(row).Max(), limits.MinVertPosn);
-    EXPECT_EQ(form.udHor(row).Min(), limits.MinHorPosn);
-    EXPECT_EQ(form.udHor(row).Max(), limits.MaxHorPosn - width);
-    EXPECT_EQ(form.udVer(row).Value(), std::min<int>(window.DefaultVertPosn, limits.MinVertPosn));
-    EXPECT_EQ(form.udHor(row).Value(), std::min<int>(window.DefaultHorPosn, form.udHor(row).Max()));
-    EXPECT_EQ(window.Top, form.udVer(row).Value());
-    EXPECT_EQ(window.Left, form.udHor(row).Value());
-    EXPECT_EQ(form.tVert(row).Text(), std::to_string(window.Top));
-    EXPECT_EQ(form.chField(row).Enabled(), window.FieldLength != 0);
-    EXPECT_EQ(form.chSym(row).Enabled(), window.SymbolLength != 0);
-    EXPECT_EQ(form.udVer(row).Increment(), 4) << "the first size is Large";
-    const bool shown = form.lName(row).Visible();
-    const bool ticks[] = {form.chSlate(row).On(), form.chOnOff(row).On(), form.chField(row).On(),
-                          form.chSym(row).On(), form.chDblSize(row).On()};
-    EXPECT_THAT(ticks, ElementsAre(shown && window.DefaultSlateOnOff, shown && window.DefaultOnOff,
-                                   window.DefaultFieldOnOff, window.DefaultSymbolOnOff, window.DoubleHeight));
-  }
-}
-
-TEST(PanelSetup, ANewBringsTheDefaultsOfEveryModeAndStandard) {
-  for (const char* mode : {"HD Video Downconvert", "Bi-Phase Accuracy Test", "KeyKode Accuracy Test",
-                           "Multi-Camera Episodic", "Pre-stripe Timecode", "Test"}) {
+TEST(PanelSetup, ANewOffersTheSourcesOfItsMode) {
+  struct Case {
+    const char* mode;
+    std::vector<int> sources;  ///< in the boxes of input, LTC and the three lines
+    std::vector<bool> lines;   ///< numbers of VITC lines to choose from
+    int chosen;
+  };
+  for (const Case& c : {Case{"BIPH", {3, 3, 6, 5, 3, 3, 0, 0, 0}, {true, false, false}, 1},
+                        Case{"MCAM", {7, 4, 6, 5, 4, 5, 3, 0, 0}, {true, true, false}, 2},
+                        Case{"KEYK", {7, 4, 6, 5, 4, 5, 3, 3, 3}, {true, true, true}, 3}}) {
+    SCOPED_TRACE(c.mode);
     ToolRig rig;
-    ASSERT_TRUE(rig.tool.Start(mode)) << mode;
+    ASSERT_TRUE(rig.tool.Start(c.mode));
+    rig.tool.panels.SetDefaults();
     const FrmStart& form = rig.tool.form;
-    for (int i = 0; i < form.comVS.ListCount(); ++i) {
-      rig.tool.form.comVS.OperatorSelect(i);
-      for (const auto* boxes : {&form.chSlate, &form.chOnOff, &form.chField, &form.chSym, &form.chDblSize}) {
-        for (const int row : form.lName.Indices()) (*boxes)(row).SetValue(1);
-      }
-      rig.tool.panels.SetDefaults();
-      SCOPED_TRACE(std::string(mode) + ", " + form.comVS.Text());
-      ExpectRouting(rig.tool.variables, form);
-      ExpectWindows(rig.tool.variables, form);
-      EXPECT_EQ(form.ComWin(3).ListCount(), 3);
-      EXPECT_EQ(form.UDDur.Max(), 200);
-      std::vector<std::string> modes;
-      for (const DownConvProcessRec& row : rig.tool.variables.DownConverterProcessModes) {
-        if (row.VideoStandard == form.comVS.Text() && !row.Ignore1) modes.push_back(row.Description);
-      }
-      EXPECT_EQ(form.ComDownConv(0).List(), modes);
-      EXPECT_FALSE(modes.empty());
+    std::vector<int> sources;
+    std::vector<std::string> first;
+    for (const ComboBox* box :
+         {&form.comTB(0), &form.ComUB(0), &form.comTB(1), &form.ComUB(1), &form.comTB(2), &form.ComUB(2),
+          &form.comTB(3), &form.comTB(4), &form.ComUB(4)}) {
+      sources.push_back(box->ListCount());
+      first.push_back(box->Text());
     }
-    EXPECT_EQ(rig.Boxes(), std::vector<std::string>());
+    EXPECT_EQ(sources, c.sources);
+    EXPECT_EQ(form.vitcModes.Selected(), c.chosen - 1);
+    for (const int i : {0, 1, 2}) EXPECT_EQ(form.oVITC(i).Enabled(), c.lines[static_cast<std::size_t>(i)]);
+    const bool shown[] = {form.fVITC1.Visible(), form.fVITC2.Visible(), form.fVITC3.Visible()};
+    EXPECT_THAT(shown, ElementsAre(true, c.chosen > 1, c.chosen > 2));
+    if (c.chosen < 3) continue;
+    EXPECT_THAT(first, ElementsAre("Video LTC Reader Time", "Video LTC Reader User Bits",
+                                   "Video LTC Reader Time", "Video LTC Reader User Bits",
+                                   "Output Video Recorder Time", "Video Recorder User Bits", "KeyKode Reader",
+                                   "In-Camera Time Code Reader", "In-Camera User Bits Reader"));
   }
+}
+
+TEST(PanelSetup, ANewPutsTheWindowsWhereTheStandardHasRoom) {
+  ToolRig rig;
+  ASSERT_TRUE(rig.tool.Start("MCAM"));
+  FrmStart& form = rig.tool.form;
+  struct Case {
+    const char* standard;
+    int bottom;  ///< of the largest font
+    std::vector<std::string> converter;
+  };
+  for (const Case& c :
+       {Case{"1080p/24", 32, 252, {"2:3 Pulldown", "2:3:3:2 Pulldown", "Frame Based"}},
+        Case{"NTSC", 32, 228, {"Bypass"}}, Case{"720p/60", 32, 248, {"Alternate Frames", "Frame Blend"}}}) {
+    SCOPED_TRACE(c.standard);
+    SelectText(form.comVS, c.standard);
+    std::string columns;
+    std::string ticks;
+    for (const int row : form.lName.Indices()) {
+      for (auto* box : {&form.chSlate, &form.chOnOff, &form.chField, &form.chSym, &form.chDblSize}) {
+        (*box)(row).SetValue(1);
+      }
+      form.udHor(row).SetValue(99);
+    }
+    rig.tool.panels.SetDefaults();
+    for (const int row : form.lName.Indices()) {
+      const CharWindowRec& window = At(rig.tool.variables.CharWindows, row);
+      const SpinControl& line = form.udVer(row);
+      EXPECT_THAT(
+          (std::vector{line.Max(), line.Value(), line.Min(), line.Increment(), form.udHor(row).Min()}),
+          ElementsAre(32, 32, c.bottom, 4, 0));
+      EXPECT_TRUE(window.Top == line.Value() && window.Left == form.udHor(row).Value()) << row;
+      EXPECT_EQ(form.tVert(row).Text(), std::to_string(window.Top));
+      columns += std::to_string(window.Left) + "<" + std::to_string(form.udHor(row).Max()) + " ";
+      ticks += form.chOnOff(row).On() ? "O" : "";
+      ticks += form.chSlate(row).On() ? "S" : "";
+      ticks += form.chDblSize(row).On() ? "D" : "";
+      ticks += form.chField(row).On() ? "F" : form.chField(row).Enabled() ? "f" : "";
+      ticks += form.chSym(row).On() ? "Y " : form.chSym(row).Enabled() ? "y " : " ";
+    }
+    // By the rows of the shipped database: a field digit or symbol that is there, or ticked.
+    EXPECT_EQ(columns,
+              "2<17 18<19 2<17 18<21 2<17 18<21 2<17 20<20 2<12 2<17 0<24 12<24 22<22 0<32 27<27 20<26 2<21 "
+              "0<0 0<0 0<0 ");
+    EXPECT_EQ(ticks, "OFy y fY  fY  Fy y OY fy S S SD  f S     ");
+    EXPECT_EQ(form.ComWin(3).ListCount(), 3);
+    EXPECT_EQ(form.UDDur.Max(), 200);
+    EXPECT_EQ(form.ComDownConv(0).List(), c.converter);
+  }
+  EXPECT_EQ(rig.Boxes(), std::vector<std::string>());
 }
 
 TEST(PanelSetup, ANewLeavesWhatItDoesNotKnowAndClearsTheRest) {
@@ -139,26 +128,26 @@ TEST(PanelSetup, ANewLeavesWhatItDoesNotKnowAndClearsTheRest) {
 }
 
 TEST(PanelSetup, DownconvertShowsSevenWindowsAndSwitchesTheOthersOff) {
-  for (const std::string mode : {"", "MCAM"}) {
-    ToolRig rig;
-    ASSERT_TRUE(rig.tool.Start(mode));
-    const FrmStart& form = rig.tool.form;
-    std::string shown;
-    for (const int row : form.lName.Indices()) {
-      const bool visible = form.lName(row).Visible();
-      if (visible == mode.empty()) shown += form.lName(row).Caption() + ",";
-      for (const char* name :
-           {"chSlate", "chOnOff", "chField", "chSym", "chDblSize", "tVert", "udVer", "tHor", "udHor"}) {
-        EXPECT_EQ(form.Find(name, row)->Visible(), visible) << name << row;
-      }
-      EXPECT_TRUE(form.tVert(row).Enabled() == visible && form.tHor(row).Enabled() == visible);
-      EXPECT_TRUE(visible || form.chOnOff(row).Value() + form.chSlate(row).Value() == 0) << row;
+  ToolRig rig;
+  ASSERT_TRUE(rig.tool.Start(""));
+  const FrmStart& form = rig.tool.form;
+  std::string shown;
+  for (const int row : form.lName.Indices()) {
+    const bool visible = form.lName(row).Visible();
+    if (visible) shown += form.lName(row).Caption() + ",";
+    for (const char* name :
+         {"chSlate", "chOnOff", "chField", "chSym", "chDblSize", "tVert", "udVer", "tHor", "udHor"}) {
+      EXPECT_EQ(form.Find(name, row)->Visible(), visible) << name << row;
     }
-    EXPECT_EQ(shown, mode.empty() ? "Video Timecode,Video User Bits,Text,PullDown,Debug,Debug2,Debug3," : "");
-    EXPECT_EQ(form.VScroll1.Visible(), !mode.empty()) << "seven fit";
-    EXPECT_EQ(form.VScroll1.Max() > 0, !mode.empty());
-    EXPECT_TRUE(form.VScroll2.Visible() && form.VScroll2.Max() > 0);
+    EXPECT_TRUE(form.tVert(row).Enabled() == visible && form.tHor(row).Enabled() == visible);
+    EXPECT_TRUE(visible || form.chOnOff(row).Value() + form.chSlate(row).Value() == 0) << row;
   }
+  EXPECT_EQ(shown, "Video Timecode,Video User Bits,Text,PullDown,Debug,Debug2,Debug3,");
+  EXPECT_FALSE(form.VScroll1.Visible()) << "seven fit";
+  EXPECT_TRUE(form.VScroll2.Visible() && form.VScroll2.Max() > 0);
+  ToolRig all;
+  ASSERT_TRUE(all.tool.Start("MCAM"));
+  EXPECT_TRUE(all.tool.form.chOnOff(2).Visible() && all.tool.form.VScroll1.Max() > 0);
 }
 
 TEST(PanelSetup, TheLastRowOfAStandardGivesTheLines) {
