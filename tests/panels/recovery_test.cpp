@@ -170,25 +170,6 @@ TEST_F(RecoveryTest, KeepsAnEditThatNobodyContinuesButNotWhileTheUnitIsWaitedFor
   EXPECT_EQ(keeper_.keepings, 5);
 }
 
-TEST_F(RecoveryTest, KeepsWhatNoQuestionCounts) {
-  using Choice = void (*)(FrmStart&);
-  const Choice kChoices[] = {[](FrmStart& form) { form.oVITC(1).OperatorClick(); },
-                             [](FrmStart& form) { form.comTB(0).OperatorSelect(1); },
-                             [](FrmStart& form) { form.comVS.OperatorSelect(1); },
-                             [](FrmStart& form) { form.ComDownConv(0).OperatorSelect(1); }};
-  for (const Choice choose : kChoices) {
-    OneRun run(keeper_);
-    run.Start();
-    choose(run.form);
-    EXPECT_TRUE(run.tool.variables.ConfigSaved);
-    run.pump.Pass(OneRun::kHalfMinute);
-    EXPECT_TRUE(keeper_.kept) << "a tool that dies now";
-    run.form.mnuNew.OperatorClick();
-    run.pump.Pass(OneRun::kHalfMinute);
-    EXPECT_FALSE(keeper_.kept) << "another took its place";
-  }
-}
-
 TEST_F(RecoveryTest, AsksForEachUntilTheOperatorTakesOneThatCanBeRead) {
   for (const char* message : {"FIRST", "SECOND", "THIRD", "FOURTH"}) {
     FakeKeeper own;
@@ -233,17 +214,23 @@ TEST_F(RecoveryTest, KeepsWhatAFailedSaveHasNotStored) {
 }
 
 TEST_F(RecoveryTest, LeavesNothingThatWasStoredOrIsNotWanted) {
-  for (const bool save : {true, false}) {
+  const std::pair<MenuItem FrmStart::*, BoxAnswer> kWays[] = {{&FrmStart::mnuExit, BoxAnswer::kYes},
+                                                              {&FrmStart::mnuExit, BoxAnswer::kNo},
+                                                              {&FrmStart::mnuNew, BoxAnswer::kNo}};
+  for (const auto& [command, answer] : kWays) {
     OneRun run(keeper_);
     run.Start();
-    run.Edit("X");
+    EXPECT_FALSE(run.tool.recovery.Restored());
+    run.form.comVS.OperatorSelect(1);  // which no question counts
+    EXPECT_TRUE(run.tool.variables.ConfigSaved);
     run.pump.Pass(OneRun::kHalfMinute);
     ASSERT_TRUE(keeper_.kept);
+    run.Edit("X");
     run.fileDialog.choices = {folder_.File("x.qcf")};
-    EXPECT_FALSE(run.tool.recovery.Restored());
-    run.dialogs.answers = {save ? BoxAnswer::kYes : BoxAnswer::kNo};
-    run.form.mnuExit.OperatorClick();
-    EXPECT_FALSE(keeper_.kept) << save;
+    run.dialogs.answers = {answer};
+    (run.form.*command).OperatorClick();
+    run.pump.Pass(OneRun::kHalfMinute);
+    EXPECT_FALSE(keeper_.kept);
   }
 }
 

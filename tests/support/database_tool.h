@@ -2,6 +2,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "controls/guard.h"
 #include "core/load_arrays.h"
@@ -45,6 +47,13 @@ struct DatabaseTool {
 
   void Sql(const std::string& sql) const { RunSql(folder.File(kDatabaseFile), sql); }
 };
+
+/// The texts of a column, from the row that is the current one to the last.
+inline std::vector<std::string> ColumnOf(Recordset& rows, std::string_view column) {
+  std::vector<std::string> texts;
+  for (int i = 0; i < rows.RecordCount(); ++i, rows.MoveNext()) texts.push_back(TextOf(rows.Fields(column)));
+  return texts;
+}
 
 /// The number of the failure that `action` ends with, 0 when it ends well.
 template <class Action>

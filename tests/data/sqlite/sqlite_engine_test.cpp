@@ -19,12 +19,6 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::UnorderedElementsAre;
 
-std::vector<std::string> Column(Recordset& rows, std::string_view column) {
-  std::vector<std::string> texts;
-  for (int i = 0; i < rows.RecordCount(); ++i, rows.MoveNext()) texts.push_back(TextOf(rows.Fields(column)));
-  return texts;
-}
-
 struct SqliteEngineTest : testing::Test {
   std::unique_ptr<Recordset> Open(std::string_view nameOrQuery) const {
     return SqliteEngine().OpenDatabase(path)->OpenRecordset(nameOrQuery);
@@ -38,24 +32,7 @@ TEST_F(SqliteEngineTest, GivesATableInTheOrderInWhichRowsWerePutIn) {
   RunSql(path,
          "CREATE TABLE \"Font Sizes\" (Name TEXT UNIQUE); INSERT INTO \"Font Sizes\" VALUES ('z'), ('gone'), "
          "('m'); DELETE FROM \"Font Sizes\" WHERE Name = 'gone'; INSERT INTO \"Font Sizes\" VALUES ('a');");
-  EXPECT_THAT(Column(*Open("font SIZES"), "NAME"), ElementsAre("z", "m", "a"));
-}
-
-TEST_F(SqliteEngineTest, RunsQueriesAsTheUnitsDatabasesDo) {
-  RunSql(path,
-         "CREATE TABLE [Down Converter Filters] ([Order], [Description], [it's]);"
-         "INSERT INTO [Down Converter Filters] VALUES (10, 'Last', 0), (2, 'CUSTOM', 0), (3, NULL, 0), (2, "
-         "'First', 0), (0, 'custom', 0);");
-  constexpr std::string_view kQuery =
-      "Select * from [Down Converter Filters] where [Description] <> 'Custom' Order By [Order] ";
-  const auto database = SqliteEngine().OpenDatabase(path);
-  for (int twice = 0; twice < 2; ++twice) {
-    EXPECT_THAT(Column(*database->OpenRecordset(kQuery), "Description"), ElementsAre("First", "Last"));
-  }
-  EXPECT_EQ(FailureOf([&] { database->OpenRecordset("sELECT * from Missing"); }), kErrNoTable);
-  EXPECT_EQ(FailureOf([&] { database->OpenRecordset("select n from [Down Converter Filters] order by m"); }),
-            kErrNoColumn);
-  EXPECT_EQ(FailureOf([&] { database->OpenRecordset("select from where"); }), kErrInternal);
+  EXPECT_THAT(ColumnOf(*Open("font SIZES"), "NAME"), ElementsAre("z", "m", "a"));
 }
 
 TEST_F(SqliteEngineTest, RefusesWhatIsNoDatabase) {
@@ -103,7 +80,7 @@ TEST_F(SqliteEngineTest, LeavesNoTraceBesideAFileWithALogAndReadsWhatWaitsInIt) 
   };
   // Nothing can be made under this name, as in a folder that can't be written.
   std::filesystem::create_directory(path + "-shm");
-  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file"));
+  EXPECT_THAT(ColumnOf(*Open("T"), "n"), ElementsAre("in the file"));
   EXPECT_THAT(names(), UnorderedElementsAre("rows.mdb", "rows.mdb-shm"));
   std::filesystem::remove(path + "-shm");
 
@@ -112,11 +89,11 @@ TEST_F(SqliteEngineTest, LeavesNoTraceBesideAFileWithALogAndReadsWhatWaitsInIt) 
   sqlite3_exec(other, "INSERT INTO T VALUES ('in the log'); BEGIN; INSERT INTO T VALUES ('not yet');",
                nullptr, nullptr, nullptr);
   const auto log = folder.Read("rows.mdb-wal");
-  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file", "in the log"));
+  EXPECT_THAT(ColumnOf(*Open("T"), "n"), ElementsAre("in the file", "in the log"));
   EXPECT_EQ(folder.Read("rows.mdb-wal"), log);
   EXPECT_EQ(sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
   sqlite3_close(other);
-  EXPECT_THAT(Column(*Open("T"), "n"), ElementsAre("in the file", "in the log", "not yet"));
+  EXPECT_THAT(ColumnOf(*Open("T"), "n"), ElementsAre("in the file", "in the log", "not yet"));
 }
 
 TEST_F(SqliteEngineTest, CarriesOutNothingThatTheFileBringsAlong) {
@@ -125,7 +102,7 @@ TEST_F(SqliteEngineTest, CarriesOutNothingThatTheFileBringsAlong) {
          "CREATE VIEW Endless AS WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c) SELECT n "
          "FROM c;"
          "CREATE VIRTUAL TABLE Words USING fts5(n); CREATE TABLE Computed (n, m AS (n || n));");
-  EXPECT_THAT(Column(*Open("select n from Plain where n <> 'b'"), "n"), ElementsAre("a"));
+  EXPECT_THAT(ColumnOf(*Open("select n from Plain where n <> 'b'"), "n"), ElementsAre("a"));
   for (const auto& [what, number] : {std::pair{"Endless", kErrNoTable},
                                      {"select * from Endless", kErrNoTable},
                                      {"Words", kErrNoTable},
