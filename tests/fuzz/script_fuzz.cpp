@@ -3,12 +3,12 @@
 // virtual clock. Each line is answered with one JSON object that tells whether it was understood, comes to
 // its end, and fails in no way that nobody expected.
 #include <cassert>
+#include <map>
 #include <sstream>
 #include <string>
 
 #include "cli/queued_dialogs.h"
 #include "cli/script.h"
-#include "tests/fuzz/memory_files.h"
 #include "tests/support/tool_rig.h"
 
 namespace {
@@ -33,11 +33,57 @@ DataEngine& SharedEngine() {
   return engine;
 }
 
+/// Files that live as long as this object, by their names without folders.
+class MemoryFiles : public FileSystem {
+ public:
+  bool FileExists(const std::string& path) const override { return files_.contains(FileNameOf(path)); }
+  FileIdentity Identify(const std::string& path) const override { return {FileNameOf(path)}; }
+  std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
+    if (!FileExists(path)) throw RuntimeError(kErrFileNotFound, "File not found");
+    return std::make_unique<Input>(files_[FileNameOf(path)]);
+  }
+  std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) override {
+    return std::make_unique<Output>(files_[FileNameOf(path)]);
+  }
+  void Backup(const std::string& path) override {
+    files_[FileNameOf(path) + ".bak"] = OpenForReading(path)->ReadAll();
+  }
+  void ChangeDirectory(const std::string& /*folder*/) override {}
+
+ private:
+  using Bytes = std::vector<std::uint8_t>;
+
+  class Input : public InputFile {
+   public:
+    explicit Input(const Bytes& bytes) : bytes_(bytes) {}
+    std::size_t Length() const override { return bytes_.size(); }
+    Bytes ReadAll() override { return bytes_; }
+
+   private:
+    const Bytes bytes_;
+  };
+
+  class Output : public OutputFile {
+   public:
+    explicit Output(Bytes& bytes) : bytes_(bytes) {}
+    void Write(std::span<const std::uint8_t> bytes) override {
+      content_.insert(content_.end(), bytes.begin(), bytes.end());
+    }
+    void Commit() override { bytes_ = content_; }
+
+   private:
+    Bytes& bytes_;
+    Bytes content_;
+  };
+
+  std::map<std::string, Bytes> files_;
+};
+
 class Fuzz {
  public:
   Fuzz() {
     dialogs_.onShown = [](const MessageBox& box, BoxAnswer) { assert(!TellsOfFailure(box)); };
-    unit_.SetPorts({1, 2, 3, 4});
+    computer_.line.SetPorts({1, 2, 3, 4});
     assert(tool_.Start("") && !script_.StartAnswer(true).empty());
   }
 
@@ -53,18 +99,15 @@ class Fuzz {
   bool Ended() const { return script_.Ended(); }
 
  private:
-  ImpatientPump pump_;
-  UnitLine unit_{pump_};
-  RecordingLine line_{unit_, pump_};
+  FakeComputer<UnitLine, ImpatientPump> computer_;
+  VirtualPump& pump_ = computer_.pump;
+  RecordingLine line_{computer_.line, pump_};
   QueuedDialogs dialogs_;
   QueuedFileDialog fileDialog_{dialogs_};
-  MemorySettings settings_;
   Guard guard_{dialogs_};
   MemoryFiles files_;
-  FakePrinter printer_;
-  FakeDesktop desktop_;
-  Tool tool_{{pump_, line_, SharedEngine(), dialogs_, settings_, guard_, fileDialog_, files_, printer_,
-              desktop_, SHIPPED_DATABASE_FOLDER}};
+  Tool tool_{{pump_, line_, SharedEngine(), dialogs_, computer_.settings, guard_, fileDialog_, files_,
+              computer_.printer, computer_.desktop, SHIPPED_DATABASE_FOLDER}};
   Script script_{tool_, dialogs_, fileDialog_, line_};
 };
 

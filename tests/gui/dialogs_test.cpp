@@ -14,7 +14,7 @@
 #include "gui/qt_form_printer.h"
 #include "platform/qt/sheet_painter.h"
 #include "tests/gui/form_fixture.h"
-#include "tests/support/fake_printer.h"
+#include "tests/support/fake_computer.h"
 #include "tests/support/temp_folder.h"
 
 namespace marlinset {

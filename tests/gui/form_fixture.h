@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
@@ -12,6 +11,7 @@
 #include "core/frm_start.h"
 #include "gui/main_window.h"
 #include "platform/virtual_pump.h"
+#include "tests/gui/qt_loop.h"
 #include "tests/support/fake_dialogs.h"
 
 namespace marlinset {
@@ -19,12 +19,9 @@ namespace marlinset {
 /// A main window's panel model with nothing behind it: what the widgets do to it is all that happens.
 class FormTest : public testing::Test {
  protected:
-  /// The widget of a control, by its name, as a person who automates the window would look it up.
   template <class W = QWidget>
   static W& Widget(const QObject& in, const std::string& name) {
-    W* found = in.findChild<W*>(QString::fromStdString(name));
-    if (!found) throw std::logic_error("no widget " + name);
-    return *found;
+    return WidgetOf<W>(in, name);
   }
   static void Show(QWidget& window) {
     window.show();
@@ -33,10 +30,7 @@ class FormTest : public testing::Test {
     QCoreApplication::processEvents();
   }
   /// Lets the tool carry out what was done to its widgets.
-  static void Settle() {
-    while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
-    }
-  }
+  static void Settle() { TurnQtsLoop(); }
   /// Types into a field in place of what stands there.
   static void Enter(QWidget& field, const char* text, Qt::Key last) {
     field.setFocus();

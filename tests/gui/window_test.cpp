@@ -10,18 +10,14 @@
 #include <map>
 #include <set>
 
-#include "core/panel_setup.h"
 #include "core/parameter_forms.h"
-#include "files/configuration_file.h"
 #include "gui/indicator.h"
 #include "gui/main_window.h"
 #include "gui/parameter_dialogs.h"
 #include "gui/qt_dialogs.h"
 #include "gui/status_bar.h"
 #include "gui/widgets/look.h"
-#include "panels/unsaved_changes.h"
 #include "tests/gui/form_fixture.h"
-#include "tests/support/link_rig.h"
 
 namespace marlinset {
 namespace {
@@ -113,20 +109,6 @@ TEST_F(WindowTest, ComesAndGoesWithTheForm) {
     Settle();
     EXPECT_EQ(window.isVisible(), !may);
   }
-}
-
-TEST(ModifiedMark, FollowsTheAccountOfWhatIsStored) {
-  LinkRig rig;
-  PanelSetup panels(rig.vars, rig.form);
-  ConfigurationFile file(rig.platform, rig.vars, rig.form, panels);
-  UnsavedChanges changes(rig.platform, rig.vars, rig.form, file);
-  const MainWindow window(rig.form, {.changes = &changes});
-  EXPECT_FALSE(window.isWindowModified());
-  changes.CountAsStored();
-  changes.CountAsUnsaved();
-  EXPECT_TRUE(window.isWindowModified());
-  file.SaveEnded.Emit(SaveEnd::kStored);
-  EXPECT_FALSE(window.isWindowModified());
 }
 
 /// A box that closes while only the splash stands must not take the program with it; and a window that no

@@ -43,8 +43,8 @@ class ReportTest : public testing::Test {
   void SetUp() override { ASSERT_TRUE(rig_.tool.Start("TEST")); }
 
   ToolRig rig_;
-  FrmStart& form_ = rig_.tool.form;
-  Variables& vars_ = rig_.tool.variables;
+  FrmStart& form_ = rig_.form;
+  Variables& vars_ = rig_.vars;
 };
 
 class Printing : public ReportTest {
@@ -257,31 +257,26 @@ TEST_F(AboutTest, AsksTheUnitInInteractiveModeAndOpensOnceItIsThrough) {
   EXPECT_THAT(rig_.line.Sent(), SizeIs(1));
   about_.cmdOK.OperatorClick();
 
-  rig_.line.Unit().Faults().mute = true;
-  const std::int64_t end = rig_.pump.Now() + 5500;
-  rig_.pump.At(end, [&] {
-    EXPECT_FALSE(about_.Visible() || Active());
-    form_.mnuAbout.OperatorClick();
-    rig_.tool.ports.ClosePort();
-  });
-  form_.mnuAbout.OperatorClick();
-  EXPECT_EQ(rig_.pump.Now(), end);
-  EXPECT_TRUE(about_.Visible());
-  EXPECT_EQ(about_.lblFirmWare.Caption(), "FirmWare Version: ");
-  EXPECT_THAT(rig_.dialogs.forms, SizeIs(2));
-}
-
-TEST_F(AboutTest, GivesUpWhenItIsClosedOrTheProgramEnds) {
-  for (const bool end : {false, true}) {
+  // What ends the question to a unit that does not answer, and whether the box opens then.
+  const std::pair<std::function<void()>, bool> ends[] = {{[&] { rig_.tool.ports.ClosePort(); }, true},
+                                                         {[&] { about_.cmdOK.Press(); }, false},
+                                                         {[&] { rig_.pump.End(); }, false}};
+  for (const auto& [act, opens] : ends) {
     GoInteractive();
     rig_.line.Unit().Faults().mute = true;
-    const std::int64_t given = rig_.pump.Now() + 1500;
-    rig_.pump.At(given, [&] { end ? rig_.pump.End() : about_.cmdOK.Press(); });
-    rig_.pump.At(given + 9000, [&] { rig_.pump.End(); });
+    rig_.dialogs.forms.clear();
+    const std::int64_t end = rig_.pump.Now() + 5500;
+    rig_.pump.At(end, [&] {
+      EXPECT_FALSE(about_.Visible() || Active());
+      form_.mnuAbout.OperatorClick();
+      act();
+    });
     form_.mnuAbout.OperatorClick();
-    EXPECT_EQ(rig_.pump.Now(), given);
-    EXPECT_THAT(rig_.dialogs.forms, IsEmpty());
-    EXPECT_TRUE(Active());
+    EXPECT_EQ(rig_.pump.Now(), end);
+    EXPECT_EQ(about_.lblFirmWare.Caption(), "FirmWare Version: ");
+    EXPECT_TRUE(about_.Visible() == opens && Active() == !opens);
+    EXPECT_THAT(rig_.dialogs.forms, SizeIs(opens ? 1 : 0));
+    about_.cmdOK.OperatorClick();
     rig_.line.Unit().Faults().mute = false;
   }
 }

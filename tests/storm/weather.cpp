@@ -58,6 +58,8 @@ void MendWeather(World& world) {
   UnitModel& unit = world.rig.line.Unit();
   unit.Faults() = {};
   unit.SetLocal(false);
+  unit.SetVideo(true);
+  world.rig.line.SetPace(0);
   world.rig.line.RefuseOpen("");
   world.rig.line.Return();
 }

@@ -20,8 +20,7 @@ inline constexpr int kUnknownModel = 77;
 /// for its files, in which the program lies as well: what is saved where the tool begins stays in there.
 class World {
  public:
-  explicit World(unsigned seed, bool trace, ToolRig::Clock clock = std::make_unique<VirtualPump>())
-      : random_(seed), trace_(trace), rig(RandomUnit(), FilledFolder(), std::move(clock)) {}
+  World(unsigned seed, bool trace) : random_(seed), trace_(trace), rig(RandomUnit(), FilledFolder()) {}
 
   /// From 0 to `count` - 1.
   int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
@@ -66,7 +65,7 @@ class World {
 /// What happens to line and unit: replies lost, late, doubled, damaged or in pieces, noise, floods, local
 /// mode, another standard, the cable pulled out.
 void ChangeWeather(World& world);
-/// The line is sound again, the unit listens.
+/// Line and unit are sound again and there is video.
 void MendWeather(World& world);
 
 /// An operator does any action on any control of the window that is open on top, whatever state it is in.
@@ -76,9 +75,5 @@ void UseLink(World& world);
 /// A file command; dialogs are answered with files that are there, damaged, empty or nowhere. The disk may
 /// be full.
 void UseFiles(World& world);
-
-/// Where the unit does not hold what the panels show, after a whole send of which every message was
-/// acknowledged. Empty when it holds all of it.
-std::vector<std::string> DifferencesToUnit(const Tool& tool, const UnitMemory& unit);
 
 }  // namespace marlinset

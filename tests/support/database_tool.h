@@ -5,45 +5,24 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/guard.h"
 #include "core/load_arrays.h"
-#include "data/file_engine.h"
-#include "data/mdb/mdb_engine.h"
-#include "data/sqlite/sqlite_engine.h"
-#include "tests/support/fake_desktop.h"
-#include "tests/support/fake_dialogs.h"
-#include "tests/support/fake_file_dialog.h"
-#include "tests/support/fake_printer.h"
-#include "tests/support/memory_settings.h"
+#include "tests/support/fake_computer.h"
 #include "tests/support/sqlite_file.h"
 #include "tests/support/temp_folder.h"
-#include "tests/support/test_files.h"
-#include "tests/support/unit_line.h"
 
 namespace marlinset {
 
 /// As much of the tool as reads the reference database, with a database of its own in a temporary folder
 /// until `variables.DatabasePath` says otherwise.
-struct DatabaseTool {
+struct DatabaseTool : FakeComputer<> {
   TempFolder folder;
-  VirtualPump pump;
-  UnitLine line{pump};
-  SqliteEngine sqlite;
-  MdbEngine access;
-  FileEngine engine{sqlite, access};
-  FakeDialogs dialogs;
-  MemorySettings settings;
-  Guard guard{dialogs};
-  FakeFileDialog fileDialog;
-  TestFiles files;
-  FakePrinter printer;
-  FakeDesktop desktop;
-  Platform platform{pump,       line,  engine,  dialogs, settings,           guard,
-                    fileDialog, files, printer, desktop, folder.Path() + "/"};
   Variables variables;
   ReferenceDatabase database{platform, variables};
 
-  DatabaseTool() { variables.DatabasePath = folder.File(kDatabaseFile); }
+  DatabaseTool() {
+    platform.programFolder = folder.Path() + "/";
+    variables.DatabasePath = folder.File(kDatabaseFile);
+  }
 
   void Sql(const std::string& sql) const { RunSql(folder.File(kDatabaseFile), sql); }
 };

@@ -5,25 +5,16 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/guard.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
-#include "data/data_engine.h"
 #include "link/communications.h"
 #include "link/identification.h"
 #include "link/line_events.h"
 #include "link/ports.h"
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
-#include "platform/platform.h"
-#include "tests/support/fake_desktop.h"
-#include "tests/support/fake_dialogs.h"
-#include "tests/support/fake_file_dialog.h"
-#include "tests/support/fake_printer.h"
-#include "tests/support/memory_settings.h"
+#include "tests/support/fake_computer.h"
 #include "tests/support/sample_panels.h"
-#include "tests/support/test_files.h"
-#include "tests/support/unit_line.h"
 #include "wire/frame.h"
 
 namespace marlinset {
@@ -38,12 +29,13 @@ inline std::string FieldsText(const Bytes& frame) {
 }
 
 /// The link of the tool with the sample configuration, a virtual unit at the far end of the line and a
-/// virtual clock. `Line` and `Clock` are UnitLine and VirtualPump, a variation of them, or the real ones.
-template <class Line = UnitLine, class Clock = VirtualPump>
-struct LinkRigOn {
-  explicit LinkRigOn(int model = kModelHd7340) : line(pump, UnitSettings{.model = model}) {
-    FillSamplePanels(vars, form);
-  }
+/// virtual clock; for `Line` and `Clock` see FakeComputer.
+template <class Line = UnitLine, class Clock = TestPump>
+struct LinkRigOn : FakeComputer<Line, Clock> {
+  using Computer = FakeComputer<Line, Clock>;
+  using Computer::guard, Computer::line, Computer::platform, Computer::pump;
+
+  explicit LinkRigOn(int model = kModelHd7340) : Computer({.model = model}) { FillSamplePanels(vars, form); }
 
   void Open() { line.SetPortOpen(true); }
   /// Open, identified: acknowledgements are awaited for 100 ms from now on.
@@ -77,23 +69,6 @@ struct LinkRigOn {
     return texts;
   }
 
-  struct NoEngine : DataEngine {
-    std::unique_ptr<Database> OpenDatabase(const std::string& /*path*/) override {
-      throw SubscriptOutOfRange();
-    }
-  };
-
-  Clock pump;
-  Line line;
-  FakeDialogs dialogs;
-  MemorySettings settings;
-  Guard guard{dialogs};
-  FakeFileDialog fileDialog;
-  TestFiles files;
-  FakePrinter printer;
-  FakeDesktop desktop;
-  NoEngine engine;
-  Platform platform{pump, line, engine, dialogs, settings, guard, fileDialog, files, printer, desktop, ""};
   Variables vars;
   FrmStart form{pump, guard};
   Ports ports{platform, vars, form};

@@ -23,6 +23,7 @@ class UnitLine : public MSComm {
   explicit UnitLine(VirtualPump& pump, UnitSettings settings = {});
 
   UnitModel& Unit() { return unit_; }
+  const UnitModel& Unit() const { return unit_; }
   /// Call after telling the unit something that makes it speak on its own: StartBroadcast, Flood, Say, and
   /// the end of local mode or silence while it broadcasts.
   void Settle() { Schedule(); }

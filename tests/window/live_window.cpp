@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/window/live_window.h"
 
-#include <QAbstractEventDispatcher>
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QStyleOptionSpinBox>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
-#include <stdexcept>
 
 #include "gui/widgets/look.h"
 
@@ -29,17 +28,21 @@ QString ShownText(const QComboBox& box) {
 }
 
 /// What the widget of a control shows, and what it has to; nothing to compare counts as equal.
-std::pair<QString, QString> Looks(const QWidget& widget, const Control& control) {
-  if (const auto* box = dynamic_cast<const CheckBox*>(&control)) {
-    return {QString::number(static_cast<const QCheckBox&>(widget).isChecked()), QString::number(box->On())};
-  }
-  if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
-    return {QString::number(static_cast<const QAbstractButton&>(widget).isChecked()),
-            QString::number(option->Value())};
+std::pair<QString, QString> Looks(const QObject& widget, const Control& control) {
+  const auto ticks = [](bool shown, bool held) {
+    return std::pair{QString::number(shown), QString::number(held)};
+  };
+  const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+  if (const auto* box = dynamic_cast<const CheckBox*>(&control)) return ticks(button->isChecked(), box->On());
+  if (const auto* option = dynamic_cast<const OptionButton*>(&control))
+    return ticks(button->isChecked(), option->Value());
+  if (const auto* item = dynamic_cast<const MenuItem*>(&control)) {
+    const auto& entry = dynamic_cast<const QAction&>(widget);
+    return ticks(entry.isCheckable() && entry.isChecked(), entry.isCheckable() && item->Checked());
   }
   if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) {
     const QString text = Shown(combo->Text());
-    return {ShownText(static_cast<const QComboBox&>(widget)), text.isEmpty() ? QStringLiteral("–") : text};
+    return {ShownText(dynamic_cast<const QComboBox&>(widget)), text.isEmpty() ? QStringLiteral("–") : text};
   }
   const auto* text = dynamic_cast<const TextBox*>(&control);
   const auto* line = qobject_cast<const QLineEdit*>(&widget);
@@ -48,17 +51,14 @@ std::pair<QString, QString> Looks(const QWidget& widget, const Control& control)
 
 }  // namespace
 
-void TurnQtsLoop() {
-  while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
-  }
+LiveWindow::LiveWindow(ToolRig& rig)
+    : rig_(rig),
+      window_(std::make_unique<MainWindow>(rig.form, WindowHooks{.changes = &rig.tool.unsavedChanges})) {
+  rig.pump.onHandle = TurnQtsLoop;
 }
 
-LiveWindow::LiveWindow(ToolRig& rig) : rig_(rig), window_(std::make_unique<MainWindow>(rig.tool.form)) {}
-
 QWidget& LiveWindow::Widget(const std::string& name) const {
-  auto* widget = window_->findChild<QWidget*>(Shown(name));
-  if (!widget) throw std::logic_error("no widget " + name);
-  return *widget;
+  return WidgetOf(*window_, name);
 }
 
 void LiveWindow::Show(int view) {
@@ -106,6 +106,10 @@ void LiveWindow::Key(int key, Qt::KeyboardModifiers modifiers, const QString& te
     qt_handleKeyEvent(window, type, key, modifiers, text);
 }
 
+void LiveWindow::Type(const char* letters) {
+  for (; *letters; ++letters) Key(*letters, Qt::NoModifier, QString(QLatin1Char(*letters)));
+}
+
 void LiveWindow::Wheel(QWidget& widget, bool up) {
   const QPoint at = widget.rect().center();
   QCoreApplication::postEvent(
@@ -116,12 +120,13 @@ void LiveWindow::Wheel(QWidget& widget, bool up) {
 std::vector<std::string> LiveWindow::Disagreements() const {
   std::vector<std::string> found;
   for (const Control* control : rig_.tool.form.Controls()) {
-    const auto* widget = window_->findChild<QWidget*>(Shown(control->FullName()));
-    if (!widget) continue;
-    const auto [seen, held] = Looks(*widget, *control);
+    const auto* shown = window_->findChild<QObject*>(Shown(control->FullName()));
+    if (!shown) continue;
+    const auto [seen, held] = Looks(*shown, *control);
     if (seen != held)
       found.push_back(control->FullName() + " shows " + seen.toStdString() + ", holds " + held.toStdString());
-    if (widget->isVisible() && widget->isEnabled() && !control->Enabled())
+    const auto* widget = qobject_cast<const QWidget*>(shown);
+    if (widget && widget->isVisible() && widget->isEnabled() && !control->Enabled())
       found.push_back(control->FullName() + " looks enabled");
   }
   return found;

@@ -8,25 +8,13 @@
 #include <vector>
 
 #include "gui/main_window.h"
-#include "platform/virtual_pump.h"
+#include "tests/gui/qt_loop.h"
 #include "tests/support/tool_rig.h"
 
 namespace marlinset {
 
-/// Handles what Qt has to handle now, and what comes of it.
-void TurnQtsLoop();
-
-/// The virtual clock of a tool with a window: whenever something waits, the operator may act on it.
-class WindowPump : public VirtualPump {
- public:
-  void HandleDue() override {
-    VirtualPump::HandleDue();
-    TurnQtsLoop();
-  }
-};
-
 /// The window of a tool under an operator's mouse and keyboard. Events are queued as the desktop queues them:
-/// they arrive when Qt's loop turns, those of one call in one batch.
+/// they arrive when Qt's loop turns, those of one call in one batch; it turns also while the tool waits.
 class LiveWindow {
  public:
   explicit LiveWindow(ToolRig& rig);
@@ -46,6 +34,7 @@ class LiveWindow {
   void ClickArrow(QWidget& spin, bool up);
   /// A press, without its release for a key that is held down.
   void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
+  void Type(const char* letters);
   void Wheel(QWidget& widget, bool up);
 
   /// Where a widget shows something else than its control holds.

@@ -15,62 +15,49 @@
 #include <functional>
 #include <map>
 
-#include "tests/storm/world.h"
+#include "tests/storm/twin.h"
 
 namespace marlinset {
 namespace {
 
-using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 /// A tool in interactive mode with a unit that takes its time to answer.
-struct Studio {
-  explicit Studio(int ackMs, ToolRig::Clock clock = std::make_unique<VirtualPump>())
-      : rig({.model = kModelHd7340Q, .ackTime = std::chrono::milliseconds{ackMs}}, SHIPPED_DATABASE_FOLDER,
-            std::move(clock)) {
-    rig.dialogs.onShow = [](const MessageBox& box) {
+struct Studio : ToolRig {
+  explicit Studio(int ackMs)
+      : ToolRig({.model = kModelHd7340Q, .ackTime = std::chrono::milliseconds{ackMs}}) {
+    dialogs.onShow = [](const MessageBox& box) {
       return box.buttons == BoxButtons::kYesNo ? BoxAnswer::kYes : BoxAnswer::kOk;
     };
-  }
-  void GoLive() {
-    rig.tool.Start("");
-    const auto& list = rig.tool.form.comVS.List();
-    rig.tool.form.comVS.OperatorSelect(
+    tool.Start("");
+    const auto& list = form.comVS.List();
+    form.comVS.OperatorSelect(
         static_cast<int>(std::find(list.begin(), list.end(), "1080i/60") - list.begin()));
-    rig.tool.form.mnuInter.OperatorClick();
-    ASSERT_TRUE(rig.tool.form.mnuInter.Checked());
-    rig.line.ClearSent();
+    form.mnuInter.OperatorClick();
+    EXPECT_TRUE(form.mnuInter.Checked());
   }
-  ToolRig rig;
-  FrmStart& form = rig.tool.form;
 };
 
 class LiveWindowTest : public testing::TestWithParam<int> {
  protected:
   LiveWindowTest() {
-    studio_.GoLive();
     desk_.Show(2);
-    studio_.rig.line.ClearSent();
+    studio_.line.ClearSent();
   }
   ~LiveWindowTest() override {
     EXPECT_THAT(desk_.Disagreements(), IsEmpty());
     if (form_.mnuInter.Checked()) {
-      std::vector<std::string> differences =
-          DifferencesToUnit(studio_.rig.tool, studio_.rig.line.Unit().Memory());
-      // A click on their number sends none, and units take it from the next whole send.
-      std::erase_if(differences, [](const std::string& line) { return line.starts_with("number of VITC"); });
+      std::vector<std::string> differences = DifferencesToTwin(studio_);
+      // A click on the number of VITC lines sends none, and units take it from the next whole send.
+      std::erase_if(differences, [](const std::string& line) { return line.starts_with("cmdVitcSource"); });
       EXPECT_THAT(differences, IsEmpty());
     }
   }
-  /// Does something when the exchange that begins next has lasted a while.
-  void InTheWait(std::function<void()> deed) {
-    studio_.rig.pump.At(studio_.rig.pump.Now() + 5, std::move(deed));
-  }
 
-  Studio studio_{GetParam(), std::make_unique<WindowPump>()};
+  Studio studio_{GetParam()};
   FrmStart& form_ = studio_.form;
-  LiveWindow desk_{studio_.rig};
+  LiveWindow desk_{studio_};
 };
 
 /// Chooses an entry of a list that drops down, with the mouse.
@@ -86,11 +73,6 @@ QTableView& Parameters(const LiveWindow& desk) {
   return dynamic_cast<QTableView&>(desk.Widget("pParIn"));
 }
 
-void Type(LiveWindow& desk, const char* digits) {
-  for (const char* digit = digits; *digit; ++digit)
-    desk.Key(*digit, Qt::NoModifier, QString(QLatin1Char(*digit)));
-}
-
 void OpenParameter(LiveWindow& desk, int row) {
   QTableView& table = Parameters(desk);
   desk.Click(*table.viewport(), table.visualRect(table.model()->index(row, 2)).center());
@@ -99,7 +81,7 @@ void OpenParameter(LiveWindow& desk, int row) {
 
 void EditParameter(LiveWindow& desk, int row, const char* digits) {
   OpenParameter(desk, row);
-  Type(desk, digits);
+  desk.Type(digits);
   desk.Key(Qt::Key_Return);
 }
 
@@ -162,17 +144,19 @@ const Deed kDeeds[] = {
      [](FrmStart& form) { form.comTB(1).OperatorSelect(2); }},
     {"cell of the parameter list", 3, [](LiveWindow& desk) { EditParameter(desk, 0, "77"); },
      [](FrmStart& form) { FirstParameter(form).OperatorSpin(77); }},
-    {"five keys on a list", 2,
+    {"five keys on a list, and letters that do nothing", 2,
      [](LiveWindow& desk) {
        desk.Widget("ComWin(2)").setFocus();
        for (int i = 0; i < 5; ++i) desk.Key(Qt::Key_Down);
+       desk.Type("W1");
      },
      [](FrmStart& form) {
        for (int i = 0; i < 5; ++i) form.ComWin(2).OperatorSelect(form.ComWin(2).ListIndex() + 1);
      }},
-    {"wheel", 2,
+    {"wheel on what has the focus", 2,
      [](LiveWindow& desk) {
        desk.Widget("UDDur").setFocus();
+       desk.Wheel(desk.Widget("ComWin(2)"), true);
        for (int i = 0; i < 3; ++i) desk.Wheel(desk.Widget("UDDur"), true);
      },
      [](FrmStart& form) {
@@ -181,11 +165,13 @@ const Deed kDeeds[] = {
     {"text", 2,
      [](LiveWindow& desk) {
        desk.Widget("tWinMess").setFocus();
-       for (const char letter : {'A', 'B'}) desk.Key(letter, Qt::NoModifier, QString(QLatin1Char(letter)));
+       desk.Type("AC");
+       LiveWindow::Settle();  // the echoes leave the cursor where it is
+       desk.Key(Qt::Key_Left);
+       desk.Type("B");
      },
      [](FrmStart& form) {
-       form.tWinMess.OperatorType("A");
-       form.tWinMess.OperatorType("AB");
+       for (const char* text : {"A", "AC", "ABC"}) form.tWinMess.OperatorType(text);
      }},
     {"cell that was chosen before", 3, [](LiveWindow& desk) { EditParameter(desk, 0, "80"); },
      [](FrmStart& form) { FirstParameter(form).OperatorSpin(80); }},
@@ -204,41 +190,51 @@ const Deed kDeeds[] = {
 /// Touch pads and remote desktops deliver press and release in one piece; a unit answers whenever it likes.
 TEST_P(LiveWindowTest, OneClickIsOneStepAndOneMessage) {
   Studio twin(GetParam());
-  twin.GoLive();
   for (const Deed& deed : kDeeds) {
     SCOPED_TRACE(deed.name);
     for (Studio* one : {&studio_, &twin}) one->form.oView(deed.view).SetValue(true);
     LiveWindow::Settle();
-    for (Studio* one : {&studio_, &twin}) one->rig.line.ClearSent();
+    for (Studio* one : {&studio_, &twin}) one->line.ClearSent();
     deed.byHand(desk_);
     LiveWindow::Settle();
     deed.byScript(twin.form);
-    EXPECT_FALSE(twin.rig.line.Sent().empty());
-    EXPECT_THAT(studio_.rig.line.Sent(), ElementsAreArray(twin.rig.line.Sent()));
+    EXPECT_FALSE(twin.line.Sent().empty());
+    EXPECT_THAT(studio_.line.Sent(), ElementsAreArray(twin.line.Sent()));
   }
 }
 
-class LateAnswersTest : public LiveWindowTest {};
+class LateAnswersTest : public LiveWindowTest {
+ protected:
+  /// Does something when the exchange that begins next has lasted a while.
+  void InTheWait(std::function<void()> deed) { studio_.pump.At(studio_.pump.Now() + 5, std::move(deed)); }
+  /// While the unit owes the answer to a first tick, the operator ticks window 14 and does `more`.
+  void TickInAWait(const std::function<void()>& more) {
+    desk_.Click(desk_.Widget("chOnOff(1)"));
+    InTheWait([&] {
+      desk_.Click(desk_.Widget("chOnOff(14)"));
+      TurnQtsLoop();
+      more();
+    });
+    LiveWindow::Settle();
+    EXPECT_EQ(form_.chOnOff(14).On(), !wasOn_);
+  }
+
+  const bool wasOn_ = form_.chOnOff(14).On();
+};
 
 TEST_P(LateAnswersTest, WhatFallsIntoAWaitIsDoneWhenItIsOver) {
   const int before = form_.udVer(14).Value();
-  const int increment = form_.udVer(14).Increment();
-  const bool wasOn = form_.chOnOff(14).On();
-  desk_.Click(desk_.Widget("chOnOff(1)"));
-  InTheWait([&] {
+  TickInAWait([&] {
     for (int i = 0; i < 3; ++i) desk_.ClickArrow(desk_.Widget("udVer(14)"), false);
-    desk_.Click(desk_.Widget("chOnOff(14)"));
     desk_.Widget("tWinMess").setFocus();
-    Type(desk_, "AB");
+    desk_.Type("AB");
     TurnQtsLoop();
     EXPECT_TRUE(HasLabel(desk_, "2 of 32 characters"));
     EXPECT_EQ(form_.udVer(14).Value(), before) << "the unit still owes an answer";
-    EXPECT_EQ(dynamic_cast<QAbstractButton&>(desk_.Widget("chOnOff(14)")).isChecked(), !wasOn)
+    EXPECT_EQ(dynamic_cast<QAbstractButton&>(desk_.Widget("chOnOff(14)")).isChecked(), !wasOn_)
         << "but the operator sees what he did";
   });
-  LiveWindow::Settle();
-  EXPECT_EQ(std::abs(form_.udVer(14).Value() - before), 3 * increment);
-  EXPECT_EQ(form_.chOnOff(14).On(), !wasOn);
+  EXPECT_EQ(std::abs(form_.udVer(14).Value() - before), 3 * form_.udVer(14).Increment());
 }
 
 /// In interactive mode a sort sends each parameter, so much can be done before it is over.
@@ -257,7 +253,7 @@ TEST_P(LateAnswersTest, ANumberIsForTheParameterThatWasRead) {
   };
   const auto values = [&] {
     std::map<std::string, int> all;
-    for (const SystemParameterRec& record : studio_.rig.tool.variables.SystemParameters) {
+    for (const SystemParameterRec& record : studio_.vars.SystemParameters) {
       all[std::to_string(record.Class) + "/" + std::to_string(record.Parameter)] = record.Value;
     }
     return all;
@@ -267,9 +263,9 @@ TEST_P(LateAnswersTest, ANumberIsForTheParameterThatWasRead) {
   SortByDescription(desk_);
   InTheWait([&] {
     OpenParameter(desk_, kRow);
-    Type(desk_, "7");
+    desk_.Type("7");
     InTheWait([&] {
-      Type(desk_, "9");
+      desk_.Type("9");
       desk_.Key(Qt::Key_Return);
       TurnQtsLoop();
       EXPECT_EQ(seen(), "79") << "the operator sees what he did";
@@ -282,41 +278,27 @@ TEST_P(LateAnswersTest, ANumberIsForTheParameterThatWasRead) {
 }
 
 TEST_P(LateAnswersTest, CloseActsInAWaitAndKeepsWhatWasDoneBefore) {
-  const bool wasOn = form_.chOnOff(14).On();
-  bool closed = false;
-  desk_.Click(desk_.Widget("chOnOff(1)"));
-  InTheWait([&] {
-    desk_.Click(desk_.Widget("chOnOff(14)"));
+  TickInAWait([&] {
     desk_.Click(desk_.Widget("bClose"));
     TurnQtsLoop();
-    closed = !studio_.rig.line.PortOpen();
+    EXPECT_FALSE(studio_.line.PortOpen());
   });
-  LiveWindow::Settle();
-  EXPECT_TRUE(closed);
-  EXPECT_EQ(form_.chOnOff(14).On(), !wasOn);
 }
 
 TEST_P(LateAnswersTest, TheWindowClosesInAWaitAndLosesNothing) {
-  const bool wasOn = form_.chOnOff(14).On();
-  bool kept = false;
-  std::vector<std::string> boxes;
-  studio_.rig.dialogs.onShow = [&](const MessageBox& box) {
-    boxes.push_back(box.text);
-    kept = form_.chOnOff(14).On() != wasOn;
-    return box.buttons == BoxButtons::kYesNo ? BoxAnswer::kNo : BoxAnswer::kOk;
+  studio_.dialogs.shown.clear();
+  studio_.dialogs.onShow = [&](const MessageBox& box) {
+    EXPECT_EQ(form_.chOnOff(14).On(), !wasOn_);
+    return FakeDialogs::Default(box.buttons);
   };
-  desk_.Click(desk_.Widget("chOnOff(1)"));
-  InTheWait([&] {
-    desk_.Click(desk_.Widget("chOnOff(14)"));
-    TurnQtsLoop();
+  TickInAWait([&] {
     desk_.Window().close();
     TurnQtsLoop();
-    EXPECT_TRUE(studio_.rig.pump.Ending()) << "no wait goes on";
+    EXPECT_TRUE(studio_.pump.Ending()) << "no wait goes on";
   });
-  LiveWindow::Settle();
   EXPECT_FALSE(form_.Visible());
-  EXPECT_TRUE(kept);
-  EXPECT_THAT(boxes, ElementsAre("Save Changes before Exit?", "Restart next time with this configuration?"));
+  EXPECT_THAT(studio_.Boxes(), testing::ElementsAre("Save Changes before Exit?",
+                                                    "Restart next time with this configuration?"));
 }
 
 INSTANTIATE_TEST_SUITE_P(AnswersAfter, LiveWindowTest, testing::Values(0, 15, 40, 120));

@@ -1,52 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/window/window_storm.h"
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMenuBar>
 
+#include "gui/widgets/application.h"
 #include "gui/widgets/operator_queue.h"
-#include "link/replies.h"
-#include "tests/storm/world.h"
+#include "gui/widgets/readable_style.h"
+#include "tests/storm/storm_run.h"
 #include "tests/window/live_window.h"
 
 namespace marlinset {
 namespace {
 
-constexpr int kFewestSteps = 20, kMostSteps = 60;
+constexpr int kMostSteps = 60;
 constexpr int kWindowsView = 2;
 
-class WindowStorm {
+/// The operator's mouse and keys do anything to the window, also while the tool waits for a unit whose
+/// answers come late, twice or not at all. At the end the widgets have to show what the controls hold, and
+/// after a whole send the unit too.
+class WindowStorm : public StormRun {
  public:
-  WindowStorm(unsigned seed, bool trace) : world_(seed, trace, std::make_unique<WindowPump>()) {}
-
-  StormReport Run() {
-    rig_.dialogs.onShow = [this](const MessageBox& box) { return Answer(box); };
-    Start();
-    for (int i = kFewestSteps + world_.Pick(kMostSteps - kFewestSteps); i > 0 && !Ended(); --i) {
-      Step();
-      ++report_.steps;
-    }
-    report_.closed = Ended();
-    if (!Ended()) Calm();
-    if (!Ended()) ExpectAgreement();
-    return std::move(report_);
-  }
+  WindowStorm(unsigned seed, bool trace) : StormRun(seed, trace, kMostSteps) {}
 
  private:
-  bool Ended() const { return rig_.pump.Ending(); }
-  void Fault(const std::string& what) { report_.faults.push_back(what); }
-
-  BoxAnswer Answer(const MessageBox& box) {
-    world_.Trace("box '" + box.text + "'");
-    ++report_.boxes[box.text];
-    if (TellsOfFailure(box)) Fault(box.text);
-    const bool agrees = calm_ || !world_.OneIn(3);
-    if (box.buttons == BoxButtons::kYesNo) return agrees ? BoxAnswer::kYes : BoxAnswer::kNo;
-    return BoxAnswer::kOk;
-  }
-
-  void Start() {
+  void Start() override {
     rig_.settings.SaveSetting("Load", world_.folder.Path() + "/");
     rig_.tool.Start("");
     rig_.line.Unit().SetManual(true);
@@ -55,7 +32,7 @@ class WindowStorm {
     form_.mnuInter.OperatorClick();
   }
 
-  void Step() {
+  void Step() override {
     if (world_.OneIn(5)) ChangeAnswers();
     for (int i = world_.Pick(3); i > 0; --i) {
       rig_.pump.At(rig_.pump.Now() + world_.Pick(150), [this] { Use(); });
@@ -82,19 +59,11 @@ class WindowStorm {
     if (Ended() || rig_.dialogs.Standing()) return;
     QWidget* popup = QApplication::activePopupWidget();
     if (popup && world_.OneIn(5)) return PressKey(Qt::Key_Escape);
-    switch (world_.Pick(9)) {
-      case 0:
-      case 1:
-        return PressKeys();
-      case 2:
-        return Turn(popup);
-      case 3:
-        return MoveTo(Somewhere(popup));
-      case 4:
-        return OpenMenu();
-      default:
-        return ClickOn(Somewhere(popup));
-    }
+    const int what = world_.Pick(9);
+    if (what < 2) return PressKeys();
+    if (what < 3) return Turn(popup);
+    if (what < 4) return MoveTo(Somewhere(popup));
+    what < 5 ? OpenMenu() : ClickOn(Somewhere(popup));
   }
 
   QWidget& Somewhere(QWidget* popup) {
@@ -146,30 +115,15 @@ class WindowStorm {
     desk_.Key(key, Qt::NoModifier, key < 128 ? QString(QChar(key)) : QString());
   }
   void PressKeys() {
-    constexpr std::array kKeys{int{Qt::Key_Space},
-                               int{Qt::Key_Up},
-                               int{Qt::Key_Down},
-                               int{Qt::Key_PageUp},
-                               int{Qt::Key_Tab},
-                               int{Qt::Key_Backtab},
-                               int{Qt::Key_Return},
-                               int{Qt::Key_Escape},
-                               int{Qt::Key_F2},
-                               int{Qt::Key_Home},
-                               int{Qt::Key_Backspace},
-                               int{'1'},
-                               int{'7'},
-                               int{'A'},
-                               int{Qt::Key_Left},
-                               int{Qt::Key_Right}};
+    constexpr int kKeys[] = {Qt::Key_Space, Qt::Key_Up,      Qt::Key_Down,      Qt::Key_PageUp,
+                             Qt::Key_Tab,   Qt::Key_Backtab, Qt::Key_Return,    Qt::Key_Escape,
+                             Qt::Key_F2,    Qt::Key_Home,    Qt::Key_Backspace, Qt::Key_1,
+                             Qt::Key_7,     Qt::Key_A,       Qt::Key_Left,      Qt::Key_Right};
     const int key = world_.PickOf(kKeys);
     for (int i = world_.OneIn(3) ? 5 : 1; i > 0; --i) PressKey(key);
   }
 
-  /// Nobody acts any more, and the unit answers as it should.
-  void Calm() {
-    world_.Trace("calm");
-    calm_ = true;
+  void Calm() override {
     rig_.line.Unit().Faults() = {};
     rig_.pump.Pass(1000);
     while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
@@ -178,33 +132,28 @@ class WindowStorm {
     TurnQtsLoop();
   }
 
-  void ExpectAgreement() {
-    for (const std::string& line : desk_.Disagreements()) Fault("after the storm " + line);
-    if (form_.tInput.Visible()) form_.mnuCommD.OperatorClick();
-    if (form_.comVS.ListIndex() < 0) form_.comVS.OperatorSelect(0);
-    rig_.line.Unit().SetStandard(VideoStandardCode(form_.comVS.Text()));
+  void Judge() override {
+    Faults(desk_.Disagreements());
+    if (desk_.Window().isWindowModified() != rig_.tool.unsavedChanges.Modified())
+      Fault("the title tells otherwise what is stored");
+    Mend();
+    world_.Trace("the last send");
     desk_.Click(desk_.Widget("bSConfig"));
     TurnQtsLoop();
-    const SendResult& result = rig_.tool.wholeSend.Result();
-    const int unknownModel = rig_.line.Unit().Model() == kUnknownModel ? 1 : 0;
-    if (result.end != SendEnd::kComplete || result.Doubtful() != unknownModel)
-      Fault("the last send ended with " + std::to_string(static_cast<int>(result.end)));
-    for (const std::string& line : DifferencesToUnit(rig_.tool, rig_.line.Unit().Memory())) Fault(line);
-    for (const std::string& line : desk_.Disagreements()) Fault("after the send " + line);
+    ExpectSent();
+    Faults(desk_.Disagreements());
   }
 
-  World world_;
-  ToolRig& rig_ = world_.rig;
-  FrmStart& form_ = rig_.tool.form;
   LiveWindow desk_{rig_};
-  StormReport report_;
-  bool calm_ = false;
 };
 
 }  // namespace
-
-StormReport RunWindowStorm(unsigned seed, bool trace) {
-  return WindowStorm(seed, trace).Run();
-}
-
 }  // namespace marlinset
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const marlinset::Application application(argc, argv);
+  QApplication::setStyle(new marlinset::ReadableStyle);
+  return marlinset::RunStorms(
+      argc, argv, [](unsigned seed, bool trace) { return marlinset::WindowStorm(seed, trace).Run(); });
+}

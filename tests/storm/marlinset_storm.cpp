@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <functional>
+
+#include "files/panel_document.h"
+#include "files/qcf_listing.h"
+#include "tests/storm/storm_run.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kMostSteps = 80;
+/// No step of an operator may take longer: a whole send to a silent unit, with every box left standing, takes
+/// half an hour.
+constexpr std::int64_t kLongestStepMs = 4 * 3600 * 1000;
+/// After so long an operator goes off line, which ends the question for a firmware that nobody answers.
+constexpr std::int64_t kPatienceMs = 3600 * 1000;
+
+/// Operator, files, time and the faults of a line, in each other's way. At the end the line is mended, and a
+/// whole send has to bring the unit to what the panels show, a saved file the panels to what they were.
+class Storm : public StormRun {
+ public:
+  Storm(unsigned seed, bool trace) : StormRun(seed, trace, kMostSteps) {
+    rig_.tool.commands.MessageSent.Connect([this](const SentMessage& sent) {
+      if (sent.verdict && *sent.verdict != Verdict::kAcknowledged)
+        world_.Trace(std::string(NameOf(*sent.verdict)) + ": " + sent.meaning);
+    });
+  }
+
+ private:
+  /// Runs one step and watches that it ends.
+  void Watched(const std::function<void()>& step) {
+    const int number = ++watched_;
+    const auto after = [&](std::int64_t milliseconds, std::function<void()> action) {
+      rig_.pump.At(rig_.pump.Now() + milliseconds, [this, number, action = std::move(action)] {
+        if (number == watched_) action();
+      });
+    };
+    after(kPatienceMs, [this] { form_.mnuOff.OperatorClick(); });
+    after(kLongestStepMs, [] { throw Hang{}; });
+    step();
+    ++watched_;
+  }
+  void Click(Control& control) {
+    Watched([&] { control.OperatorClick(); });
+  }
+
+  void Start() override {
+    rig_.settings.SaveSetting("Load", world_.folder.Path() + "/");  // where a file without a folder goes
+    constexpr std::array kNames{"InMode", "Default", "PortNum", "Status", "Width", "HardwareType"};
+    constexpr std::array kValues{"On", "Off", "None", "", "3", "10", "-1", "100000", "/nowhere/x.qcf"};
+    for (int i = world_.Pick(4); i > 0; --i)
+      rig_.settings.SaveSetting(world_.PickOf(kNames), world_.PickOf(kValues));
+    constexpr std::array kCommands{"", "", "", "HD Video Downconvert", "1", "no such mode"};
+    const std::string command = world_.PickOf(kCommands);
+    world_.Trace("start '" + command + "'");
+    Watched([&] { rig_.tool.Start(command); });
+  }
+
+  void Step() override {
+    for (int i = world_.Pick(3); i > 0; --i) Later();
+    Watched([this] {
+      const int what = world_.Pick(12);
+      if (what < 2) return Time();
+      if (what < 4) return ChangeWeather(world_);
+      if (what < 5) return UseFiles(world_);
+      what < 6 ? UseLink(world_) : Operate(world_);
+    });
+  }
+
+  /// Something that happens in the middle of whatever is done by then. An operator at a box can do nothing
+  /// else.
+  void Later() {
+    rig_.pump.At(rig_.pump.Now() + world_.Pick(world_.OneIn(2) ? 60 : 20000), [this] {
+      if (world_.OneIn(2)) return ChangeWeather(world_);
+      if (!rig_.dialogs.Standing() && !Ended()) Operate(world_);
+    });
+  }
+
+  void Time() {
+    constexpr std::array kSpans{1, 30, 100, 300, 1000, 5001, 12000, 65000};
+    const int span = world_.PickOf(kSpans);
+    world_.Trace("wait " + std::to_string(span));
+    rig_.pump.Pass(span);
+  }
+
+  void WhileABoxStands() override {
+    if (world_.OneIn(3)) rig_.pump.Pass(world_.Pick(3000));
+  }
+
+  void Calm() override {
+    Watched([this] { rig_.pump.Pass(60000); });
+  }
+
+  void Judge() override {
+    Watched([this] { Mend(); });
+    if (!world_.OneIn(3)) Click(form_.mnuOff);
+    world_.Trace("the last send");
+    // A unit that speaks on its own is told to be quiet first; what it had begun to say comes to its end.
+    Watched([this] { form_.bSend.Press(); });
+    Watched([this] { rig_.pump.Pass(20000); });
+    Click(form_.bSConfig);
+    ExpectSent();
+    ExpectFileToHoldEverything();
+  }
+
+  void ExpectFileToHoldEverything() {
+    world_.Trace("the last save");
+    const auto content = [&] { return DocumentOfPanels(rig_.vars, form_); };
+    const QcfDocument before = content();
+    const std::string name = world_.folder.File("last.qcf");
+    rig_.fileDialog.choices = {name, name};
+    Click(form_.mnuSave);
+    rig_.vars.ConfigSaved = true;
+    Click(form_.mnuNew);
+    Click(form_.mnuOpen);
+    if (rig_.tool.configurationFile.LastRead() != ReadEnd::kLoaded) Fault("the file was not loaded");
+    for (const QcfComparison& line : Compare(before, content())) {
+      if (line.difference != QcfDifference::kEqual)
+        Fault("saved " + line.name + " " + line.left + ", loaded " + line.right);
+    }
+  }
+
+  int watched_ = 0;
+};
+
+}  // namespace
+}  // namespace marlinset
+
+int main(int argc, char** argv) {
+  return marlinset::RunStorms(argc, argv,
+                              [](unsigned seed, bool trace) { return marlinset::Storm(seed, trace).Run(); });
+}
