@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/program_title.h"
+#include "core/choices.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "core/vertical_step.h"
@@ -20,33 +21,30 @@ constexpr int kLongestSlate = 200;
 constexpr int kHdHardware = 1000;
 constexpr int kSdHardware = 200;
 
+using enum ChoiceId;
+
 /// The box that the rows of a field name feed. Field names without a box are passed over.
 struct RoutingBox {
   std::string_view fieldName;
-  ControlArray<ComboBox> FrmStart::*boxes;
-  int index;
+  ChoiceId choice;
 };
 constexpr RoutingBox kRoutingBoxes[] = {
-    {"VTRT", &FrmStart::comTB, 0},   {"VTRU", &FrmStart::ComUB, 0},   {"LTC1GT", &FrmStart::comTB, 1},
-    {"LTC1GU", &FrmStart::ComUB, 1}, {"VITC1T", &FrmStart::comTB, 2}, {"VITC1U", &FrmStart::ComUB, 2},
-    {"VITC2", &FrmStart::comTB, 3},  {"VITC3T", &FrmStart::comTB, 4}, {"VITC3U", &FrmStart::ComUB, 4}};
+    {"VTRT", kInputTimeBits},  {"VTRU", kInputUserBits},   {"LTC1GT", kLtcTimeBits},
+    {"LTC1GU", kLtcUserBits},  {"VITC1T", kVitc1TimeBits}, {"VITC1U", kVitc1UserBits},
+    {"VITC2", kVitc2TimeBits}, {"VITC3T", kVitc3TimeBits}, {"VITC3U", kVitc3UserBits}};
+
+/// The choices of the Windows panel in the order in which start and New go through them.
+constexpr ChoiceId kWindowChoices[] = {kCharStyle, kFontSize, kSlateMode, kSdiProgramOut};
 
 void SelectFirst(ComboBox& box) {
   if (box.ListCount() >= 1) box.SetListIndex(0);
 }
 
-template <class Rec>
-void AddOffered(ComboBox& box, const std::vector<Rec>& rows) {
-  for (int i = 0; i <= UBound(rows); ++i) {
-    if (!At(rows, i).Ignore1) box.AddItem(At(rows, i).Description);
+void AddOffered(ComboBox& box, const std::vector<VocabularyEntry>& entries) {
+  if (entries.empty()) throw SubscriptOutOfRange();
+  for (const VocabularyEntry& entry : entries) {
+    if (entry.offered) box.AddItem(std::string(entry.description));
   }
-}
-
-template <class Rec>
-void Refill(ComboBox& box, const std::vector<Rec>& rows) {
-  box.Clear();
-  AddOffered(box, rows);
-  SelectFirst(box);
 }
 
 void SetLimits(SpinControl& spin, int lowest, int highest) {
@@ -62,20 +60,17 @@ PanelSetup::PanelSetup(Variables& variables, FrmStart& form)
 void PanelSetup::InitPanels() {
   for (const int mode : form_.oVITC.Indices()) form_.oVITC(mode).SetEnabled(false);
   form_.comVS.Clear();
-  AddOffered(form_.comVS, vars_.VideoStandards);
+  AddOffered(form_.comVS, EntriesOf<&Variables::VideoStandards>(vars_));
   ClearRouting();
   for (const int line : {1, 2, 3}) form_.upVitc1(line).SetValue(10);
   FillRouting();
   InitLines();
   NoteVitcDefaults();
-  Refill(form_.ComWin(FrmStart::kCharStyle), vars_.CharStyles);
-  Refill(form_.ComWin(FrmStart::kFontSize), vars_.CharSizes);
-  Refill(form_.ComWin(FrmStart::kSlateMode), vars_.SlateModes);
-  Refill(form_.ComWin(FrmStart::kSdiProgramOut), vars_.SdiProgramOutputs);
+  for (const ChoiceId choice : kWindowChoices) Refill(choice);
   FillProcessModes();
   FillFilters();
   ResetSlateAndMessage();
-  Refill(form_.ComWin(FrmStart::kAspectRatio), vars_.DownConverterModes);
+  Refill(kAspectRatio);
   BuildWindowRows();
   BuildParameterRows();
   form_.oView(4).SetVisible(false);
@@ -90,11 +85,12 @@ void PanelSetup::SetDefaults() {
   FillRouting();
   SetLineLimits(LineValues::kDefault);
   NoteVitcDefaults();
-  Refill(form_.ComWin(FrmStart::kCharStyle), vars_.CharStyles);
-  FillFontSizes();
-  Refill(form_.ComWin(FrmStart::kSlateMode), vars_.SlateModes);
+  for (const ChoiceId choice : kWindowChoices) {
+    if (ChoiceOf(choice).onNew == OnNew::kFirst) Refill(choice);
+    if (choice == kFontSize) FillFontSizes();
+  }
   ResetSlateAndMessage();
-  Refill(form_.ComWin(FrmStart::kAspectRatio), vars_.DownConverterModes);
+  Refill(kAspectRatio);
   FindCharMaxRow();
   for (int row = 1; row <= UBound(vars_.CharWindows); ++row) DefaultWindow(row);
   DefaultWindow(0);
@@ -103,6 +99,13 @@ void PanelSetup::SetDefaults() {
   form_.bClass.Press();
   SetVerticalSteps(vars_, form_);
   form_.SetCaption(std::string(kProgramTitle));
+}
+
+void PanelSetup::Refill(ChoiceId choice) {
+  ComboBox& box = BoxOf(form_, choice);
+  box.Clear();
+  AddOffered(box, ChoiceOf(choice).vocabulary(vars_));
+  SelectFirst(box);
 }
 
 void PanelSetup::ClearRouting() {
@@ -132,7 +135,7 @@ void PanelSetup::FillRouting() {
 void PanelSetup::FillRoutingBox(const TimeCodeAssignmentRec& assignment) {
   for (const RoutingBox& row : kRoutingBoxes) {
     if (row.fieldName != assignment.FieldName) continue;
-    ComboBox& box = (form_.*row.boxes)(row.index);
+    ComboBox& box = BoxOf(form_, row.choice);
     for (int i = 0; i <= UBound(vars_.CodeSources); ++i) {
       const CodeSourceRec& source = At(vars_.CodeSources, i);
       if (source.FieldValue == assignment.FieldValue) box.AddItem(source.Description);
@@ -200,7 +203,7 @@ void PanelSetup::NoteVitcDefaults() {
 }
 
 void PanelSetup::FillProcessModes() {
-  ComboBox& box = form_.ComDownConv(FrmStart::kProcessingMode);
+  ComboBox& box = BoxOf(form_, kProcessingMode);
   box.Clear();
   for (int i = 0; i <= UBound(vars_.DownConverterProcessModes); ++i) {
     const DownConvProcessRec& mode = At(vars_.DownConverterProcessModes, i);
@@ -211,9 +214,10 @@ void PanelSetup::FillProcessModes() {
 }
 
 void PanelSetup::FillFilters() {
-  for (const int i : {1, 2}) AddOffered(form_.ComDownConv(i), vars_.DownConverterFilters);
-  if (form_.ComDownConv(FrmStart::kVerticalFilter).ListCount() < 1) return;
-  for (const int i : {1, 2}) form_.ComDownConv(i).SetListIndex(kStartFilter);
+  constexpr ChoiceId kFilters[] = {kVerticalFilter, kHorizontalFilter};
+  for (const ChoiceId filter : kFilters) AddOffered(BoxOf(form_, filter), ChoiceOf(filter).vocabulary(vars_));
+  if (BoxOf(form_, kVerticalFilter).ListCount() < 1) return;
+  for (const ChoiceId filter : kFilters) BoxOf(form_, filter).SetListIndex(kStartFilter);
 }
 
 void PanelSetup::ResetSlateAndMessage() {
@@ -226,7 +230,7 @@ void PanelSetup::ResetSlateAndMessage() {
 
 /// Offers the sizes that the unit's hardware has positions for.
 void PanelSetup::FillFontSizes() {
-  ComboBox& box = form_.ComWin(FrmStart::kFontSize);
+  ComboBox& box = BoxOf(form_, kFontSize);
   box.Clear();
   for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
     const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
@@ -241,8 +245,7 @@ void PanelSetup::FillFontSizes() {
 void PanelSetup::FindCharMaxRow() {
   for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
     const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
-    if (limits.VideoStandard == form_.comVS.Text() &&
-        limits.Description == form_.ComWin(FrmStart::kFontSize).Text()) {
+    if (limits.VideoStandard == form_.comVS.Text() && limits.Description == BoxOf(form_, kFontSize).Text()) {
       vars_.CurCharMaxRow = i;
     }
   }

@@ -9,6 +9,7 @@ namespace marlinset {
 class ComboBox;
 class FrmStart;
 struct Variables;
+enum class ChoiceId;
 
 /// Turns the reference arrays into the panels. Failures go to the caller: an array that was never filled is
 /// failure 9, fewer than ten filters are failure 380.
@@ -54,6 +55,7 @@ class PanelSetup {
  private:
   void FillRouting();
   void FillRoutingBox(const TimeCodeAssignmentRec& assignment);
+  void Refill(ChoiceId choice);
   void SelectRoutingDefaults();
   void ClearRouting();
   void InitLines();

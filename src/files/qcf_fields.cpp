@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
+#include "core/choices.h"
 
 namespace marlinset {
 namespace {
@@ -22,13 +23,18 @@ constexpr QcfField Combo(std::string_view name, std::string_view control, int in
           .fallback = index};
 }
 
+constexpr QcfField Combo(std::string_view name, ChoiceId choice, std::string_view missing,
+                         QcfUse use = kCombo) {
+  return Combo(name, ChoiceOf(choice).control, ChoiceOf(choice).index, missing, use);
+}
+
 constexpr QcfField Since(int version, QcfField field) {
   field.since = version;
   return field;
 }
 
-constexpr QcfField FallingBackTo(int element, QcfField field) {
-  field.fallback = element;
+constexpr QcfField FallingBackTo(ChoiceId choice, QcfField field) {
+  field.fallback = ChoiceOf(choice).index;
   return field;
 }
 
@@ -66,25 +72,29 @@ constexpr QcfField kFields[] = {
     Combo("video standard", "comVS", kNoIndex, "Video Standard not found, auto set to default"),
     Byte("VITC selection", "", kNoIndex, kVitcOption),
     Byte("characters on", "mnuCharOn", kNoIndex, kInserter),
-    Combo("input time bits", "comTB", 0, "Input Time Bits not found, auto set to default", kSource),
-    Combo("input user bits", "ComUB", 0, "Input User Bits not found, auto set to default", kSource),
-    Combo("output LTC time bits", "comTB", 1, "Output LTC Time Bit not found, auto set to default",
-          kSourceOfBox),
-    Combo("output LTC user bits", "ComUB", 1, "Output LTC User Bit not found, auto set to default", kSource),
-    Combo("output VITC1 time bits", "comTB", 2, "Output VITC1 Time Bit not found, auto set to default",
-          kSourceOfBox),
-    FallingBackTo(1, Combo("output VITC1 user bits", "ComUB", 2,
-                           "Output VITC1 User Bit not found, auto set to default", kSourceOfBox)),
+    Combo("input time bits", ChoiceId::kInputTimeBits, "Input Time Bits not found, auto set to default",
+          kSource),
+    Combo("input user bits", ChoiceId::kInputUserBits, "Input User Bits not found, auto set to default",
+          kSource),
+    Combo("output LTC time bits", ChoiceId::kLtcTimeBits,
+          "Output LTC Time Bit not found, auto set to default", kSourceOfBox),
+    Combo("output LTC user bits", ChoiceId::kLtcUserBits,
+          "Output LTC User Bit not found, auto set to default", kSource),
+    Combo("output VITC1 time bits", ChoiceId::kVitc1TimeBits,
+          "Output VITC1 Time Bit not found, auto set to default", kSourceOfBox),
+    FallingBackTo(ChoiceId::kLtcUserBits,
+                  Combo("output VITC1 user bits", ChoiceId::kVitc1UserBits,
+                        "Output VITC1 User Bit not found, auto set to default", kSourceOfBox)),
     Byte("VITC1 first line", "upVitc1", 1, kVitcLine),
     Byte("VITC1 second line", "upVitc1", 5, kVitcLine),
-    Combo("output VITC2 time bits", "comTB", 3, "Output VITC2 Time Bit not found, auto set to default",
-          kSource),
+    Combo("output VITC2 time bits", ChoiceId::kVitc2TimeBits,
+          "Output VITC2 Time Bit not found, auto set to default", kSource),
     Byte("VITC2 first line", "upVitc1", 2, kVitcLine),
     Byte("VITC2 second line", "upVitc1", 6, kVitcLine),
-    Combo("output VITC3 time bits", "comTB", 4, "Output VITC3 Time Bit not found, auto set to default",
-          kSource),
-    Combo("output VITC3 user bits", "ComUB", 4, "Output VITC3 User Bit not found, auto set to default",
-          kSource),
+    Combo("output VITC3 time bits", ChoiceId::kVitc3TimeBits,
+          "Output VITC3 Time Bit not found, auto set to default", kSource),
+    Combo("output VITC3 user bits", ChoiceId::kVitc3UserBits,
+          "Output VITC3 User Bit not found, auto set to default", kSource),
     Byte("VITC3 first line", "upVitc1", 3, kVitcLine),
     Byte("VITC3 second line", "upVitc1", 7, kVitcLine),
     Byte("VITC on", "chVITC"),
@@ -92,18 +102,18 @@ constexpr QcfField kFields[] = {
     Byte("sync lines", "chSync"),
     Byte("white flag enable", "chEnable"),
     Byte("white flag line", "UpDown1"),
-    Combo("window style", "ComWin", 2, "Window Style not found, auto set to default"),
-    Combo("font size", "ComWin", 3, "Font Size not found, auto set to default", kFontSize),
+    Combo("window style", ChoiceId::kCharStyle, "Window Style not found, auto set to default"),
+    Combo("font size", ChoiceId::kFontSize, "Font Size not found, auto set to default", kFontSize),
     {.name = "slate duration", .encoding = kU32, .use = kPlain, .control = "UDDur"},
-    Combo("slate mode", "ComWin", 1, "Slate Mode not found, auto set to default"),
+    Combo("slate mode", ChoiceId::kSlateMode, "Slate Mode not found, auto set to default"),
     Byte("preview", "chPrev"),
     {.name = "text message", .encoding = kText, .use = kPlain, .control = "tWinMess"},
-    Combo("down converter mode", "ComWin", 0, "Downconverter Mode not found, auto set to default"),
-    Since(2, Combo("processing mode", "ComDownConv", 0,
+    Combo("down converter mode", ChoiceId::kAspectRatio, "Downconverter Mode not found, auto set to default"),
+    Since(2, Combo("processing mode", ChoiceId::kProcessingMode,
                    "Downconverter Processing Mode not found, auto set to default")),
-    Since(2, Combo("vertical filter", "ComDownConv", 1, kNoFilter)),
-    Since(2, Combo("horizontal filter", "ComDownConv", 2, kNoFilter)),
-    Since(2, Combo("SDI program output", "ComWin", 4, kNoFilter)),
+    Since(2, Combo("vertical filter", ChoiceId::kVerticalFilter, kNoFilter)),
+    Since(2, Combo("horizontal filter", ChoiceId::kHorizontalFilter, kNoFilter)),
+    Since(2, Combo("SDI program output", ChoiceId::kSdiProgramOut, kNoFilter)),
     {.name = "character windows", .encoding = kRecords, .use = kWindows, .record = kWindow},
     {.name = "system parameters", .encoding = kRecords, .use = kParameters, .record = kParameter},
 };

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "base/text.h"
+#include "core/choices.h"
 #include "link/message_data.h"
 
 namespace marlinset {
@@ -91,14 +92,14 @@ constexpr SettingCommand kCommands[] = {
      "cmdInputAssign",
      "Input, time bits",
      {1, 5, 160, 32},
-     AddRouting<&FrmStart::comTB, 0>,
+     ChoiceId::kInputTimeBits,
      Standard("Input assignment TC error"),
      kRouting},
     {kAssignUB,
      "cmdInputAssign",
      "Input, user bits",
      {1, 5, 160, 33},
-     AddRouting<&FrmStart::ComUB, 0>,
+     ChoiceId::kInputUserBits,
      Standard("Input assignment UB error"),
      kRouting},
     {kAssignAT,
@@ -133,49 +134,49 @@ constexpr SettingCommand kCommands[] = {
      "cmdInputAssign",
      "LTC, time bits",
      {1, 5, 160, 48},
-     AddRouting<&FrmStart::comTB, 1>,
+     ChoiceId::kLtcTimeBits,
      Standard("Input assignment LTB error"),
      kRouting},
     {kAssignLUB,
      "cmdInputAssign",
      "LTC, user bits",
      {1, 5, 160, 49},
-     AddRouting<&FrmStart::ComUB, 1>,
+     ChoiceId::kLtcUserBits,
      Standard("Input assignment LUB error"),
      kRouting},
     {kAssignVTB,
      "cmdInputAssign",
      "VITC 1st line, time bits",
      {1, 5, 160, 50},
-     AddRouting<&FrmStart::comTB, 2>,
+     ChoiceId::kVitc1TimeBits,
      Standard("Input assignment VTB error"),
      kRouting},
     {kAssignVUB,
      "cmdInputAssign",
      "VITC 1st line, user bits",
      {1, 5, 160, 51},
-     AddRouting<&FrmStart::ComUB, 2>,
+     ChoiceId::kVitc1UserBits,
      Standard("Input assignment VUB error"),
      kRouting},
     {kAssignV2,
      "cmdInputAssign",
      "VITC 2nd line",
      {1, 5, 160, 52},
-     AddRouting<&FrmStart::comTB, 3>,
+     ChoiceId::kVitc2TimeBits,
      Standard("Input assignment V2 error"),
      kRouting},
     {kAssignV3TB,
      "cmdInputAssign",
      "VITC 3rd line, time bits",
      {1, 5, 160, 53},
-     AddRouting<&FrmStart::comTB, 4>,
+     ChoiceId::kVitc3TimeBits,
      Standard("Input assignment V3TB error"),
      kRouting},
     {kAssignV3UB,
      "cmdInputAssign",
      "VITC 3rd line, user bits",
      {1, 5, 160, 54},
-     AddRouting<&FrmStart::ComUB, 4>,
+     ChoiceId::kVitc3UserBits,
      Standard("Input assignment V3UB error"),
      kRouting},
     {kVitcLines,
@@ -196,7 +197,7 @@ constexpr SettingCommand kCommands[] = {
      "cmdCharSize",
      "Font size",
      {2, 8, 32},
-     AddCode<&FrmStart::ComWin, 3, &Variables::CharSizes>,
+     ChoiceId::kFontSize,
      {Ack::kLong, "Char Size Assignment error"},
      {Ack::kLockedSlow, "Char Size Assignment error"}},
     {kWindow,
@@ -239,7 +240,7 @@ constexpr SettingCommand kCommands[] = {
      "cmdCharStyle",
      "Character style",
      {2, 8, 35},
-     AddCode<&FrmStart::ComWin, 2, &Variables::CharStyles>,
+     ChoiceId::kCharStyle,
      {Ack::kSlow, "Char Style Assignment error"},
      {Ack::kLockedSlow, "Char Style Assignment error"}},
     {kSlateDuration,
@@ -253,7 +254,7 @@ constexpr SettingCommand kCommands[] = {
      "cmdSlateMode",
      "Slate mode",
      {2, 8, 37},
-     AddCode<&FrmStart::ComWin, 1, &Variables::SlateModes>,
+     ChoiceId::kSlateMode,
      Standard(kSlateModeError),
      {Ack::kLocked, kSlateModeError}},
     {kSlatePreview,
@@ -274,7 +275,7 @@ constexpr SettingCommand kCommands[] = {
      "cmdDownConverter",
      "Aspect ratio",
      {2, 8, 43},
-     AddCode<&FrmStart::ComWin, 0, &Variables::DownConverterModes>,
+     ChoiceId::kAspectRatio,
      Standard("Down Converter Assignment error"),
      {Ack::kSlow, "Down Converter Assignment error"}},
     {kDownConverterControl,
@@ -288,7 +289,7 @@ constexpr SettingCommand kCommands[] = {
      "cmdSdiProgramOut",
      "SDI program out",
      {2, 8, 46},
-     AddCode<&FrmStart::ComWin, 4, &Variables::SdiProgramOutputs>,
+     ChoiceId::kSdiProgramOut,
      Standard("SDI Program Out Assignment error"),
      {Ack::kLockedSlow, "SDI Program Out Assignment error"}},
 };
@@ -309,19 +310,17 @@ std::vector<PacketField> FieldsOf(CommandId id) {
 
 Message MessageOf(const SettingCommand& command, const MessageSource& source) {
   Message message{FieldsOf(command.id), command.meaning};
-  if (command.addData) command.addData(source, message);
+  if (command.data.choice) AddChoice(*command.data.choice, source, message);
+  if (command.data.add) command.data.add(source, message);
   return message;
 }
 
-std::optional<CommandId> TimeBitsCommand(int index) {
-  static constexpr std::array kBoxes{kAssignTC, kAssignLTB, kAssignVTB, kAssignV2, kAssignV3TB};
-  return At(kBoxes, index);
-}
-
-std::optional<CommandId> UserBitsCommand(int index) {
-  static constexpr std::array<std::optional<CommandId>, 5> kBoxes{kAssignUB, kAssignLUB, kAssignVUB,
-                                                                  std::nullopt, kAssignV3UB};
-  return At(kBoxes, index);
+std::optional<CommandId> CommandOfBox(const ComboBox& box) {
+  const Choice* choice = ChoiceOfBox(box);
+  if (!choice) return std::nullopt;
+  const auto* found =
+      std::ranges::find_if(kCommands, [choice](const auto& row) { return row.data.choice == choice->id; });
+  return found == std::end(kCommands) ? std::nullopt : std::optional(found->id);
 }
 
 bool IsSendable(const SystemParameterRec& parameter) {

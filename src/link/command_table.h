@@ -13,7 +13,9 @@
 
 namespace marlinset {
 
+class ComboBox;
 class FrmStart;
+enum class ChoiceId;
 
 /// What the tool can say to the unit. One command of the protocol stands here more than once where its
 /// message or its failure text depends on the occasion.
@@ -32,18 +34,18 @@ enum class CommandId {
   kWhiteFlagOn,
   kWhiteFlagOff,
   kVitcSource,  ///< number of VITC lines
-  kAssignTC,    ///< comTB(0), ComUB(0)
+  kAssignTC,
   kAssignUB,
   kAssignAT,  ///< four channels without a control, always code 0
   kAssignAU,
   kAssignLK,
   kAssignLI,
-  kAssignLTB,  ///< comTB(1), ComUB(1)
+  kAssignLTB,
   kAssignLUB,
-  kAssignVTB,  ///< comTB(2), ComUB(2)
+  kAssignVTB,
   kAssignVUB,
-  kAssignV2,    ///< comTB(3)
-  kAssignV3TB,  ///< comTB(4), ComUB(4)
+  kAssignV2,
+  kAssignV3TB,
   kAssignV3UB,
   kVitcLines,
   kWhiteFlagLine,
@@ -55,7 +57,7 @@ enum class CommandId {
   kCharOnForSize,
   kCharStyle,
   kSlateDuration,
-  kSlateMode,     ///< the mode of ComWin(1)
+  kSlateMode,
   kSlatePreview,  ///< the slate is on now, whatever its mode
   kText,
   kDownConverter,         ///< aspect ratio
@@ -114,13 +116,23 @@ struct FixedFields {
   std::span<const std::int16_t> All() const { return std::span(fields).first(size); }
 };
 
+/// What stands behind the fixed fields: nothing, the code of a choice, or what a routine appends, which may
+/// add to the meaning too.
+struct MessageData {
+  using Adder = void (*)(const MessageSource& source, Message& message);
+  constexpr MessageData(Adder adder) : add(adder) {}
+  constexpr MessageData(ChoiceId id) : choice(id) {}
+
+  Adder add = nullptr;
+  std::optional<ChoiceId> choice = {};
+};
+
 struct SettingCommand {
   CommandId id;
   const char* name;     ///< as docs/protocol.md has it: "cmdVitcLines"
   const char* meaning;  ///< a word or two for operators
   FixedFields begin;
-  /// Appends the data and may add to the meaning; null when the message is complete without.
-  void (*addData)(const MessageSource& source, Message& message);
+  MessageData data;
   Manner wholeSend;
   Manner panel;
 
@@ -136,10 +148,9 @@ std::vector<PacketField> FieldsOf(CommandId id);
 /// the last row with that text counts; a text that no row has leaves the field empty.
 Message MessageOf(const SettingCommand& command, const MessageSource& source);
 
-/// The command that carries the choice of comTB(index) or ComUB(index); none for ComUB(3), which the unit
-/// does not know.
-std::optional<CommandId> TimeBitsCommand(int index);
-std::optional<CommandId> UserBitsCommand(int index);
+/// The command that carries the choice of a box and nothing else; none for a box that the unit does not know
+/// or that it gets together with others.
+std::optional<CommandId> CommandOfBox(const ComboBox& box);
 
 /// Whether a parameter goes to the unit: classes 1 and 25 are internal.
 bool IsSendable(const SystemParameterRec& parameter);

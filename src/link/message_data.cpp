@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "base/text.h"
+#include "core/choices.h"
 #include "link/replies.h"
 
 namespace marlinset {
@@ -39,6 +40,11 @@ int WindowFlags(const MessageSource& source) {
 }
 
 }  // namespace
+
+void AddChoice(ChoiceId choice, const MessageSource& source, Message& message) {
+  message.fields.push_back(CodeOf(source.form, source.vars, choice));
+  message.meaning += ": " + BoxOf(source.form, choice).Text();
+}
 
 void AddStandard(const MessageSource& source, Message& message) {
   const std::string& text = source.form.comVS.Text();
@@ -103,9 +109,9 @@ void AddText(const MessageSource& source, Message& message) {
 }
 
 void AddDownConverterControl(const MessageSource& source, Message& message) {
-  AddCode<&FrmStart::ComDownConv, 0, &Variables::DownConverterProcessModes>(source, message);
-  AddCode<&FrmStart::ComDownConv, 1, &Variables::DownConverterFilters>(source, message);
-  AddCode<&FrmStart::ComDownConv, 2, &Variables::DownConverterFilters>(source, message);
+  AddChoice(ChoiceId::kProcessingMode, source, message);
+  AddChoice(ChoiceId::kVerticalFilter, source, message);
+  AddChoice(ChoiceId::kHorizontalFilter, source, message);
 }
 
 void AddWindow(const MessageSource& source, Message& message) {
@@ -114,7 +120,7 @@ void AddWindow(const MessageSource& source, Message& message) {
   const CharWindowRec& window = At(source.vars.CharWindows, i);
   message.fields.emplace_back(window.Number);
   message.fields.emplace_back(WindowFlags(source));
-  message.fields.emplace_back(VerticalRow(window.Top, form.ComWin(FrmStart::kFontSize).Text()));
+  message.fields.emplace_back(VerticalRow(window.Top, BoxOf(form, ChoiceId::kFontSize).Text()));
   message.fields.emplace_back(window.Left);
   message.fields.emplace_back(window.Length + (form.chField(i).On() ? window.FieldLength : 0) +
                               (form.chSym(i).On() ? window.SymbolLength : 0));

@@ -1,42 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/frm_start.h"
 #include "link/command_table.h"
 
 // The data of messages from the panels as they stand: what the rows of the command table name.
 
 namespace marlinset {
 
-inline int WireCode(const CodeSourceRec& row) {
-  return row.GenNumber;
-}
-template <class Row>
-int WireCode(const Row& row) {
-  return row.Code;
-}
-
-/// Appends the code of the row whose description is the box's text.
-template <class Row>
-void AddCodeOf(const std::vector<Row>& table, const ComboBox& box, Message& message) {
-  PacketField code;
-  for (const Row& row : table) {
-    if (row.Description == box.Text()) code = WireCode(row);
-  }
-  message.fields.push_back(code);
-  message.meaning += ": " + box.Text();
-}
-
-template <auto kBoxes, int kIndex, auto kTable>
-void AddCode(const MessageSource& source, Message& message) {
-  AddCodeOf(source.vars.*kTable, (source.form.*kBoxes)(kIndex), message);
-}
-
-template <auto kBoxes, int kIndex>
-void AddRouting(const MessageSource& source, Message& message) {
-  AddCode<kBoxes, kIndex, &Variables::CodeSources>(source, message);
-}
-
+/// Appends the code of a choice as its box stands.
+void AddChoice(ChoiceId choice, const MessageSource& source, Message& message);
 /// The code of the text of comVS.
 void AddStandard(const MessageSource& source, Message& message);
 /// Parameter, class, and the value as 32 bits in two's complement, low byte first.

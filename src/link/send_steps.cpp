@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/send_steps.h"
 
-#include "core/frm_start.h"
+#include "core/choices.h"
 
 namespace marlinset {
 namespace {
@@ -27,6 +27,15 @@ bool ModelQ(const FrmStart& form) {
   return form.ModelIsQ();
 }
 
+constexpr Marks BoxMark(ChoiceId id) {
+  return {ChoiceOf(id).control, ChoiceOf(id).index};
+}
+
+/// The choice that a step's command carries, if it carries one.
+std::optional<ChoiceId> ChoiceIn(const SendStep& step) {
+  return CommandOf(step.command).data.choice;
+}
+
 // Controls that more than one name stands for.
 constexpr ControlName kVitcModes[] = {{"oVITC", 0}, {"oVITC", 1}, {"oVITC", 2}};
 constexpr ControlName kVitcLineControls[] = {{"tLineNumber", 1}, {"tLineNumber", 2}, {"tLineNumber", 3},
@@ -36,35 +45,46 @@ constexpr ControlName kVitcLineControls[] = {{"tLineNumber", 1}, {"tLineNumber",
 
 }  // namespace
 
+Marks MarksOf(const SendStep& step) {
+  const std::optional<ChoiceId> choice = ChoiceIn(step);
+  return choice ? BoxMark(*choice) : step.marks;
+}
+
+std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form) {
+  const std::optional<ChoiceId> choice = ChoiceIn(step);
+  const bool holds = choice ? UnitHas(form, ChoiceOf(*choice)) : !step.condition || step.condition(form);
+  return holds ? step.command : step.otherwise;
+}
+
 std::span<const SendStep> StepsBeforeWindows() {
   static constexpr SendStep kSteps[] = {
       {kVitcSource, kVitcModes},
-      {kAssignTC, {"comTB", 0}},
-      {kAssignUB, {"ComUB", 0}},
+      {kAssignTC},
+      {kAssignUB},
       {kAssignAT},
       {kAssignAU},
       {kAssignLI},
       {kAssignLK},
-      {kAssignLTB, {"comTB", 1}},
-      {kAssignLUB, {"ComUB", 1}},
+      {kAssignLTB},
+      {kAssignLUB},
       {kVitcOn, {"chVITC"}, VitcOn, kVitcOff},
       {kWhiteFlagOn, {"chEnable"}, WhiteFlagOn, kWhiteFlagOff},
       {kWhiteFlagLine, {"tLineNumber", FrmStart::kWhiteFlagEcho}, WhiteFlagOn},
-      {kAssignVTB, {"comTB", 2}},
-      {kAssignVUB, {"ComUB", 2}},
-      {kAssignV2, {"comTB", 3}},
-      {kAssignV3TB, {"comTB", 4}},
-      {kAssignV3UB, {"ComUB", 4}},
+      {kAssignVTB},
+      {kAssignVUB},
+      {kAssignV2},
+      {kAssignV3TB},
+      {kAssignV3UB},
       {kVitcLines, kVitcLineControls},
-      {kCharStyle, {"ComWin", 2}},
+      {kCharStyle},
       {kCharOffForSize, {}, CharOnTicked},
-      {kCharSize, {"ComWin", 3}},
+      {kCharSize},
       {kCharOnForSize, {}, CharOnTicked},
       {kSlateDuration, {"tLineNumber", FrmStart::kSlateDurationEcho}},
-      {kSlateMode, {"ComWin", 1}},
-      {kSdiProgramOut, {"ComWin", 4}, ModelQ},
-      {kDownConverter, {"ComWin", 0}},
-      {kDownConverterControl, {"ComWin", 0}, ModelQ},
+      {kSlateMode},
+      {kSdiProgramOut},
+      {kDownConverter},
+      {kDownConverterControl, BoxMark(ChoiceId::kAspectRatio), ModelQ},
   };
   return kSteps;
 }

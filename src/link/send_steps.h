@@ -36,13 +36,18 @@ struct Marks {
 };
 
 /// A message of a whole send, sent if its condition holds; where it does not, `otherwise` is, if there is
-/// one.
+/// one. A command that carries a choice marks its box, and goes to units that have the choice.
 struct SendStep {
   CommandId command;
   Marks marks = {};
   StepCondition condition = nullptr;  ///< none: always
   std::optional<CommandId> otherwise = {};
 };
+
+/// What a step marks.
+Marks MarksOf(const SendStep& step);
+/// What a step sends as the panels stand, if anything.
+std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form);
 
 /// The order that the unit's firmware relies on: what goes between the parameters and the windows, and what
 /// follows them.

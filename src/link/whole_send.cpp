@@ -277,15 +277,11 @@ void WholeSend::RunSteps(std::span<const SendStep> steps, std::size_t& place) {
   while (place < steps.size() && GoesOn()) RunStep(steps[place++]);
 }
 
-/// What a step sends as the panels stand, if anything.
-std::optional<CommandId> WholeSend::CommandIn(const SendStep& step) const {
-  return !step.condition || step.condition(form_) ? step.command : step.otherwise;
-}
-
 void WholeSend::RunStep(const SendStep& step) {
-  const std::optional<CommandId> command = CommandIn(step);
+  const std::optional<CommandId> command = CommandIn(step, form_);
   if (!command) return;
-  Marked(form_, step.marks.All(), [&] {
+  const Marks marks = MarksOf(step);
+  Marked(form_, marks.All(), [&] {
     if (command == kCharOffForSize || command == kCharOnForSize) {
       // The menu does not show the momentary off that hides the change of the font size.
       commands_.SendCharInserter(*command, Sender::kWholeSend, true);
@@ -306,7 +302,7 @@ void WholeSend::Plan() {
 
 int WholeSend::StillIn(std::span<const SendStep> steps, std::size_t place) const {
   int count = 0;
-  for (const SendStep& step : steps.subspan(place)) count += CommandIn(step) ? 1 : 0;
+  for (const SendStep& step : steps.subspan(place)) count += CommandIn(step, form_) ? 1 : 0;
   return count;
 }
 

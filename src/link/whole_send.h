@@ -79,7 +79,6 @@ class WholeSend {
   void Plan();
   int StillToSend() const;
   int StillIn(std::span<const SendStep> steps, std::size_t place) const;
-  std::optional<CommandId> CommandIn(const SendStep& step) const;
   bool IsTextWindow(int index) const;
   SendEnd SendOverPort();
   SendEnd SendConfiguration();

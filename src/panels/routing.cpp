@@ -9,8 +9,8 @@ namespace marlinset {
 
 Routing::Routing(Variables& variables, FrmStart& form, SettingCommands& commands)
     : vars_(variables), form_(form), commands_(commands) {
-  Connect({&FrmStart::comTB, &Variables::TbLastIndex, TimeBitsCommand});
-  Connect({&FrmStart::ComUB, &Variables::UbLastIndex, UserBitsCommand});
+  Connect({&FrmStart::comTB, &Variables::TbLastIndex});
+  Connect({&FrmStart::ComUB, &Variables::UbLastIndex});
 }
 
 void Routing::Connect(const Boxes& boxes) {
@@ -35,7 +35,7 @@ void Routing::Click(const Boxes& boxes, int index) {
   }
   if (!form_.mnuInter.Checked()) return;
   // The unit has no user bits of its own for the second VITC line; what it was told last does no harm again.
-  const std::optional<CommandId> command = boxes.commandOf(index);
+  const std::optional<CommandId> command = CommandOfBox(box);
   if (command) {
     commands_.Send(*command, Sender::kPanel);
   } else {

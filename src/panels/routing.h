@@ -3,15 +3,15 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 
 #include "controls/control_array.h"
 #include "controls/control_types.h"
-#include "link/command_table.h"
 
 namespace marlinset {
 
+class FrmStart;
 class SettingCommands;
+struct Variables;
 
 /// Which source feeds the time bits (comTB) and the user bits (ComUB) of the input, of the LTC output and of
 /// the three VITC lines. In interactive mode a choice goes to the unit at once, also to one in local mode. A
@@ -21,11 +21,10 @@ class Routing {
   Routing(Variables& variables, FrmStart& form, SettingCommands& commands);
 
  private:
-  /// A box array: the entries chosen last, and the command of each box.
+  /// A box array and the entries chosen last.
   struct Boxes {
     ControlArray<ComboBox> FrmStart::*controls;
     std::array<std::uint8_t, 5> Variables::*lastIndex;
-    std::optional<CommandId> (*commandOf)(int index);
   };
   void Connect(const Boxes& boxes);
   void Click(const Boxes& boxes, int index);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/window_looks.h"
 
+#include "core/choices.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "core/vertical_step.h"
@@ -23,26 +24,12 @@ void WindowLooks::Chosen(int box) {
   vars_.ConfigSaved = false;
 }
 
-void WindowLooks::SendChoice(int box) {
-  switch (box) {
-    case FrmStart::kAspectRatio:
-      commands_.Send(CommandId::kDownConverter, Sender::kPanel);
-      break;
-    case FrmStart::kSlateMode:
-      commands_.Send(CommandId::kSlateMode, Sender::kPanel);
-      break;
-    case FrmStart::kCharStyle:
-      commands_.Send(CommandId::kCharStyle, Sender::kPanel);
-      break;
-    case FrmStart::kFontSize:
-      ChangeFontSize();
-      break;
-    case FrmStart::kSdiProgramOut:
-      if (form_.ModelIsQ()) commands_.Send(CommandId::kSdiProgramOut, Sender::kPanel);
-      break;
-    default:
-      break;
-  }
+void WindowLooks::SendChoice(int index) {
+  if (index == FrmStart::kFontSize) return ChangeFontSize();
+  const ComboBox& box = form_.ComWin(index);
+  const Choice* choice = ChoiceOfBox(box);
+  const std::optional<CommandId> command = CommandOfBox(box);
+  if (choice && command && UnitHas(form_, *choice)) commands_.Send(*command, Sender::kPanel);
 }
 
 /// The inserter goes off meanwhile if it is on, and every window goes out again: its row counts in characters

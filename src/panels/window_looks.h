@@ -16,7 +16,7 @@ class WindowLooks {
 
  private:
   void Chosen(int box);
-  void SendChoice(int box);
+  void SendChoice(int index);
   void ChangeFontSize();
   void SendAllWindows();
   void SwitchInserter(bool on);
