@@ -6,7 +6,7 @@
 
 #include "app/tool.h"
 #include "base/text.h"
-#include "core/record_columns.h"
+#include "core/reference_arrays.h"
 
 namespace marlinset {
 namespace {
@@ -76,39 +76,13 @@ Json RowsJson(const std::vector<Rec>& records) {
   Json rows = Json::array();
   for (const Rec& record : records) {
     Json row = Json::object();
-    for (const RecordColumn<Rec>& column : ColumnsOf<Rec>()) {
+    for (const RecordColumn<Rec>& column : Rec::kColumns) {
       std::visit([&](auto field) { row[std::string(column.name)] = record.*field; }, column.field);
     }
     if constexpr (std::is_same_v<Rec, CharWindowRec>) row["Highlighted"] = record.Highlighted;
     rows.push_back(std::move(row));
   }
   return rows;
-}
-
-template <class Rec>
-Getter Rows(std::vector<Rec> Variables::*array) {
-  return [array](const Variables& variables) { return RowsJson(variables.*array); };
-}
-
-const std::map<std::string_view, Getter>& Arrays() {
-  static const std::map<std::string_view, Getter> arrays = {
-      {"VideoStandards", Rows(&Variables::VideoStandards)},
-      {"CharMaxPositions", Rows(&Variables::CharMaxPositions)},
-      {"CharStyles", Rows(&Variables::CharStyles)},
-      {"CharSizes", Rows(&Variables::CharSizes)},
-      {"SlateModes", Rows(&Variables::SlateModes)},
-      {"DownConverterModes", Rows(&Variables::DownConverterModes)},
-      {"DownConverterProcessModes", Rows(&Variables::DownConverterProcessModes)},
-      {"DownConverterFilters", Rows(&Variables::DownConverterFilters)},
-      {"SdiProgramOutputs", Rows(&Variables::SdiProgramOutputs)},
-      {"CodeSources", Rows(&Variables::CodeSources)},
-      {"TimeCodeAssignments", Rows(&Variables::TimeCodeAssignments)},
-      {"OperatingModes", Rows(&Variables::OperatingModes)},
-      {"HelpMessages", Rows(&Variables::HelpMessages)},
-      {"CharWindows", Rows(&Variables::CharWindows)},
-      {"SystemParameters", Rows(&Variables::SystemParameters)},
-  };
-  return arrays;
 }
 
 FieldValue FieldValueOf(const Json& value) {
@@ -122,7 +96,7 @@ FieldValue FieldValueOf(const Json& value) {
 template <class Rec>
 std::string SetField(std::vector<Rec>& rows, int index, std::string_view field, const FieldValue& value) {
   if (index < 0 || static_cast<std::size_t>(index) >= rows.size()) return "no such row";
-  for (const RecordColumn<Rec>& column : ColumnsOf<Rec>()) {
+  for (const RecordColumn<Rec>& column : Rec::kColumns) {
     if (!EqualNoCase(column.name, field)) continue;
     std::visit([&](auto member) { Assign(At(rows, index).*member, value); }, column.field);
     return {};
@@ -140,23 +114,28 @@ std::optional<Json> VariableJson(const Tool& tool, std::string_view name) {
 }
 
 std::optional<Json> RecordsJson(const Tool& tool, std::string_view name) {
-  const auto found = Arrays().find(name);
-  if (found == Arrays().end()) return std::nullopt;
-  return found->second(tool.variables);
+  std::optional<Json> json;
+  ForEachReferenceArray([&](const auto& array) {
+    if (array.name == name) json = RowsJson(tool.variables.*array.rows);
+  });
+  return json;
 }
 
 std::string SetRowField(Tool& tool, std::string_view array, int index, std::string_view field,
                         const Json& value) {
-  try {
-    if (array == "CharWindows")
-      return SetField(tool.variables.CharWindows, index, field, FieldValueOf(value));
-    if (array == "SystemParameters") {
-      return SetField(tool.variables.SystemParameters, index, field, FieldValueOf(value));
+  std::string wrong = "rows of that array can't be set";
+  const auto set = [&](const auto& working) {
+    if (working.name == array) {
+      wrong = SetField(tool.variables.*working.rows, index, field, FieldValueOf(value));
     }
+  };
+  try {
+    set(ReferenceArrayOf(&Variables::CharWindows));
+    set(ReferenceArrayOf(&Variables::SystemParameters));
   } catch (const RuntimeError& error) {
     return error.Description();
   }
-  return "rows of that array can't be set";
+  return wrong;
 }
 
 }  // namespace marlinset

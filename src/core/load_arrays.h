@@ -5,13 +5,13 @@
 #include <string_view>
 #include <vector>
 
-#include "core/variables.h"
+#include "core/reference_arrays.h"
 #include "platform/platform.h"
 
 namespace marlinset {
 
 /// The vocabulary of the tool: reads the tables of the reference database at DatabasePath into the arrays of
-/// Variables. The tool only reads that file.
+/// Variables, as kReferenceArrays says. The tool only reads that file.
 ///
 /// Each loader opens and closes the file by itself, so that the file is never held while the tool runs. A
 /// file or table that cannot be opened is a failure for the caller (3024, 3343, 3078). From then on a loader
@@ -21,27 +21,14 @@ class ReferenceDatabase {
  public:
   ReferenceDatabase(Platform& platform, Variables& variables);
 
-  /// All arrays but OperatingModes.
+  /// All arrays but OperatingModes, in the order of kReferenceArrays.
   void LoadArrays();
 
-  void LoadVideoStandards();
-  void LoadCharMaxPositions();
-  void LoadCharStyles();
-  void LoadSlateModes();
-  void LoadDownConverterModes();
-  /// Rows whose "Device" is 0 belong to no unit any more and are passed over.
-  void LoadCharWindows();
-  void LoadCharSizes();
-  void LoadSystemParameters();
-  void LoadHelpMessages();
-  void LoadCodeSources();
-  /// Rows whose "Device" is 0 are passed over.
-  void LoadTimeCodeAssignments();
-  void LoadDownConverterProcessModes();
-  /// By rising "Order", without the row "Custom".
-  void LoadDownConverterFilters();
-  void LoadSdiProgramOutputs();
-  void LoadOperatingModes();
+  /// One array.
+  template <class Rec>
+  void Load(std::vector<Rec> Variables::*array) {
+    Fill(ReferenceArrayOf(array));
+  }
 
   /// Proves that the file is there and is a reference database. When it is not, tells the operator and ends
   /// the program (ProgramEnd, status 1).
@@ -51,10 +38,22 @@ class ReferenceDatabase {
   /// failure goes to the caller.
   std::string DatabaseVersion();
 
-  /// The rows of a table of parameters ("System Parameters", "Deleted Parameters") as the file has them now.
-  std::vector<SystemParameterRec> ReadParameters(std::string_view table) const;
+  /// The rows of SystemParameters, or of kDeletedParameters, as the file has them now.
+  std::vector<SystemParameterRec> ReadSystemParameters() const;
+  std::vector<SystemParameterRec> ReadDeletedParameters() const;
 
  private:
+  OpenTable Open(std::string_view nameOrQuery) const;
+
+  template <class Rec>
+  std::vector<Rec> Read(std::string_view nameOrQuery, RowFilter keep = EveryRow) const {
+    return ReadRows<Rec>(*Open(nameOrQuery).rows, keep, OnFailure::kCarryOn);
+  }
+  template <class Rec>
+  void Fill(const ReferenceArray<Rec>& array) {
+    variables_.*array.rows = Read<Rec>(array.table, array.keep);
+  }
+
   Platform& platform_;
   Variables& variables_;
 };

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/record_columns.h"
 
-#include <array>
-
 namespace marlinset {
 namespace {
 
@@ -10,7 +8,7 @@ namespace {
 constexpr std::string_view kVitcMin = "VITC1 Line1Num Min";
 constexpr std::string_view kVitcMax = "VITC1 Line1Num Max";
 
-constexpr auto kVideoStandard = std::to_array<RecordColumn<VideoStandardRec>>({
+constexpr RecordColumn<VideoStandardRec> kVideoStandard[] = {
     {"Description", &VideoStandardRec::Description},
     {"Code", &VideoStandardRec::Code},
     {"Order", &VideoStandardRec::Order},
@@ -35,85 +33,78 @@ constexpr auto kVideoStandard = std::to_array<RecordColumn<VideoStandardRec>>({
     {"ANC LineNum Min", &VideoStandardRec::AncMin},
     {"ANC LineNum Max", &VideoStandardRec::AncMax},
     {"ANC LineNum Default", &VideoStandardRec::AncDefault},
-});
+};
 
-constexpr auto kCharMaxPos = std::to_array<RecordColumn<CharMaxPosRec>>({
-    {"Description", &CharMaxPosRec::Description},
-    {"Video Standard", &CharMaxPosRec::VideoStandard},
-    {"HardwareID", &CharMaxPosRec::HardwareID},
-    {"Min Vert Posn", &CharMaxPosRec::MinVertPosn},
-    {"Max Vert Posn", &CharMaxPosRec::MaxVertPosn},
-    {"Min Hor Posn", &CharMaxPosRec::MinHorPosn},
+constexpr RecordColumn<CharMaxPosRec> kCharMaxPos[] = {
+    {"Description", &CharMaxPosRec::Description},   {"Video Standard", &CharMaxPosRec::VideoStandard},
+    {"HardwareID", &CharMaxPosRec::HardwareID},     {"Min Vert Posn", &CharMaxPosRec::MinVertPosn},
+    {"Max Vert Posn", &CharMaxPosRec::MaxVertPosn}, {"Min Hor Posn", &CharMaxPosRec::MinHorPosn},
     {"Max Hor Posn", &CharMaxPosRec::MaxHorPosn},
-});
+};
 
-constexpr auto kCharStyle = std::to_array<RecordColumn<CharStyleRec>>({
+constexpr RecordColumn<CharStyleRec> kCharStyle[] = {
     {"Char Style ID", &CharStyleRec::CharStyleID},
     {"Description", &CharStyleRec::Description},
     {"Code", &CharStyleRec::Code},
     {"Order", &CharStyleRec::Order},
     {"Ignore1", &CharStyleRec::Ignore1},
-});
+};
 
-constexpr auto kCharSize = std::to_array<RecordColumn<CharSizeRec>>({
+constexpr RecordColumn<CharSizeRec> kCharSize[] = {
     {"Char Size ID", &CharSizeRec::CharSizeID},
     {"Description", &CharSizeRec::Description},
     {"Code", &CharSizeRec::Code},
     {"Ignore1", &CharSizeRec::Ignore1},
-});
+};
 
-constexpr auto kCodedItem = std::to_array<RecordColumn<CodedItemRec>>({
+constexpr RecordColumn<CodedItemRec> kCodedItem[] = {
     {"Description", &CodedItemRec::Description},
     {"Code", &CodedItemRec::Code},
     {"Ignore1", &CodedItemRec::Ignore1},
-});
+};
 
-constexpr auto kDownConvProcess = std::to_array<RecordColumn<DownConvProcessRec>>({
-    {"Order", &DownConvProcessRec::Order},
-    {"Description", &DownConvProcessRec::Description},
-    {"Code", &DownConvProcessRec::Code},
-    {"Video Standard", &DownConvProcessRec::VideoStandard},
+constexpr RecordColumn<DownConvProcessRec> kDownConvProcess[] = {
+    {"Order", &DownConvProcessRec::Order},     {"Description", &DownConvProcessRec::Description},
+    {"Code", &DownConvProcessRec::Code},       {"Video Standard", &DownConvProcessRec::VideoStandard},
     {"Ignore1", &DownConvProcessRec::Ignore1},
-});
+};
 
-constexpr auto kOrderedCode = std::to_array<RecordColumn<OrderedCodeRec>>({
+constexpr RecordColumn<OrderedCodeRec> kOrderedCode[] = {
     {"Order", &OrderedCodeRec::Order},
     {"Description", &OrderedCodeRec::Description},
     {"Code", &OrderedCodeRec::Code},
     {"Ignore1", &OrderedCodeRec::Ignore1},
-});
+};
 
-constexpr auto kCodeSource = std::to_array<RecordColumn<CodeSourceRec>>({
+constexpr RecordColumn<CodeSourceRec> kCodeSource[] = {
     {"Field Value", &CodeSourceRec::FieldValue},
     {"Description", &CodeSourceRec::Description},
     {"Gen Number", &CodeSourceRec::GenNumber},
     {"Drop Frame", &CodeSourceRec::DropFrame},
-});
+};
 
-constexpr auto kTimeCodeAssignment = std::to_array<RecordColumn<TimeCodeAssignmentRec>>({
+constexpr RecordColumn<TimeCodeAssignmentRec> kTimeCodeAssignment[] = {
     {"Name", &TimeCodeAssignmentRec::Name},
     {"Order", &TimeCodeAssignmentRec::Order},
     {"VITC Mode", &TimeCodeAssignmentRec::VITCMode},
     {"Field Name", &TimeCodeAssignmentRec::FieldName},
     {"Field Value", &TimeCodeAssignmentRec::FieldValue},
     {"Ignore1", &TimeCodeAssignmentRec::Ignore1},
-});
+};
 
-constexpr auto kOperatingMode = std::to_array<RecordColumn<OperatingModeRec>>({
-    {"ModeId", &OperatingModeRec::ModeId},
-    {"Name", &OperatingModeRec::Name},
-    {"Order", &OperatingModeRec::Order},
-    {"Description", &OperatingModeRec::Description},
+constexpr RecordColumn<OperatingModeRec> kOperatingMode[] = {
+    {"ModeId", &OperatingModeRec::ModeId},   {"Name", &OperatingModeRec::Name},
+    {"Order", &OperatingModeRec::Order},     {"Description", &OperatingModeRec::Description},
     {"Ignore1", &OperatingModeRec::Ignore1},
-});
+};
 
-constexpr auto kHelpMessage = std::to_array<RecordColumn<HelpMessageRec>>({
+constexpr RecordColumn<HelpMessageRec> kHelpMessage[] = {
     {"Module Ident", &HelpMessageRec::ModuleIdent},
     {"Message Number", &HelpMessageRec::MessageNumber},
     {"Message Text", &HelpMessageRec::MessageText},
-});
+};
 
-constexpr auto kCharWindow = std::to_array<RecordColumn<CharWindowRec>>({
+constexpr RecordColumn<CharWindowRec> kCharWindow[] = {
     {"Name", &CharWindowRec::Name},
     {"Number", &CharWindowRec::Number},
     {"On", &CharWindowRec::On},
@@ -133,68 +124,29 @@ constexpr auto kCharWindow = std::to_array<RecordColumn<CharWindowRec>>({
     {"Default Field on/off", &CharWindowRec::DefaultFieldOnOff},
     {"Ignore1", &CharWindowRec::Ignore1},
     {"Double Height", &CharWindowRec::DoubleHeight},
-});
+};
 
-constexpr auto kSystemParameter = std::to_array<RecordColumn<SystemParameterRec>>({
+constexpr RecordColumn<SystemParameterRec> kSystemParameter[] = {
     {"Class", &SystemParameterRec::Class},
     {"Parameter", &SystemParameterRec::Parameter},
     {"Description", &SystemParameterRec::Description},
     {"Value", &SystemParameterRec::Value},
-});
+};
 
 }  // namespace
 
-template <>
-std::span<const RecordColumn<VideoStandardRec>> ColumnsOf() {
-  return kVideoStandard;
-}
-template <>
-std::span<const RecordColumn<CharMaxPosRec>> ColumnsOf() {
-  return kCharMaxPos;
-}
-template <>
-std::span<const RecordColumn<CharStyleRec>> ColumnsOf() {
-  return kCharStyle;
-}
-template <>
-std::span<const RecordColumn<CharSizeRec>> ColumnsOf() {
-  return kCharSize;
-}
-template <>
-std::span<const RecordColumn<CodedItemRec>> ColumnsOf() {
-  return kCodedItem;
-}
-template <>
-std::span<const RecordColumn<DownConvProcessRec>> ColumnsOf() {
-  return kDownConvProcess;
-}
-template <>
-std::span<const RecordColumn<OrderedCodeRec>> ColumnsOf() {
-  return kOrderedCode;
-}
-template <>
-std::span<const RecordColumn<CodeSourceRec>> ColumnsOf() {
-  return kCodeSource;
-}
-template <>
-std::span<const RecordColumn<TimeCodeAssignmentRec>> ColumnsOf() {
-  return kTimeCodeAssignment;
-}
-template <>
-std::span<const RecordColumn<OperatingModeRec>> ColumnsOf() {
-  return kOperatingMode;
-}
-template <>
-std::span<const RecordColumn<HelpMessageRec>> ColumnsOf() {
-  return kHelpMessage;
-}
-template <>
-std::span<const RecordColumn<CharWindowRec>> ColumnsOf() {
-  return kCharWindow;
-}
-template <>
-std::span<const RecordColumn<SystemParameterRec>> ColumnsOf() {
-  return kSystemParameter;
-}
+constinit const RecordColumns<VideoStandardRec> VideoStandardRec::kColumns = kVideoStandard;
+constinit const RecordColumns<CharMaxPosRec> CharMaxPosRec::kColumns = kCharMaxPos;
+constinit const RecordColumns<CharStyleRec> CharStyleRec::kColumns = kCharStyle;
+constinit const RecordColumns<CharSizeRec> CharSizeRec::kColumns = kCharSize;
+constinit const RecordColumns<CodedItemRec> CodedItemRec::kColumns = kCodedItem;
+constinit const RecordColumns<DownConvProcessRec> DownConvProcessRec::kColumns = kDownConvProcess;
+constinit const RecordColumns<OrderedCodeRec> OrderedCodeRec::kColumns = kOrderedCode;
+constinit const RecordColumns<CodeSourceRec> CodeSourceRec::kColumns = kCodeSource;
+constinit const RecordColumns<TimeCodeAssignmentRec> TimeCodeAssignmentRec::kColumns = kTimeCodeAssignment;
+constinit const RecordColumns<OperatingModeRec> OperatingModeRec::kColumns = kOperatingMode;
+constinit const RecordColumns<HelpMessageRec> HelpMessageRec::kColumns = kHelpMessage;
+constinit const RecordColumns<CharWindowRec> CharWindowRec::kColumns = kCharWindow;
+constinit const RecordColumns<SystemParameterRec> SystemParameterRec::kColumns = kSystemParameter;
 
 }  // namespace marlinset

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -20,37 +19,6 @@ struct RecordColumn {
   std::string_view name;
   Field field;
 };
-
-/// The columns of a record in the order in which a loader reads them. One column may feed several fields.
-template <class Rec>
-std::span<const RecordColumn<Rec>> ColumnsOf();
-
-template <>
-std::span<const RecordColumn<VideoStandardRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<CharMaxPosRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<CharStyleRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<CharSizeRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<CodedItemRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<DownConvProcessRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<OrderedCodeRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<CodeSourceRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<TimeCodeAssignmentRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<OperatingModeRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<HelpMessageRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<CharWindowRec>> ColumnsOf();
-template <>
-std::span<const RecordColumn<SystemParameterRec>> ColumnsOf();
 
 inline void Assign(std::string& field, const FieldValue& value) {
   field = TextOf(value);

@@ -2,15 +2,23 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 // The rows of the reference database as the tool holds them. A field carries the name of its column without
-// blanks and slashes; which column feeds which field stands in core/record_columns.cpp.
+// blanks and slashes; core/record_columns.cpp says which column feeds which field.
 
 namespace marlinset {
 
+template <class Rec>
+struct RecordColumn;  // core/record_columns.h
+/// The columns that feed a record, in the order in which they are read. One column may feed several fields.
+template <class Rec>
+using RecordColumns = std::span<const RecordColumn<Rec>>;
+
 /// A video standard, known everywhere by its description ("1080i/60").
 struct VideoStandardRec {
+  static const RecordColumns<VideoStandardRec> kColumns;
   std::string Description;
   double Code = 0;
   double Order = 0;
@@ -39,6 +47,7 @@ struct VideoStandardRec {
 
 /// Limits of a character window's position for one video standard and font size.
 struct CharMaxPosRec {
+  static const RecordColumns<CharMaxPosRec> kColumns;
   std::string Description;  ///< the font size
   std::string VideoStandard;
   std::int16_t HardwareID = 0;  ///< rows count for the list of font sizes only with 1000 or 200
@@ -49,6 +58,7 @@ struct CharMaxPosRec {
 };
 
 struct CharStyleRec {
+  static const RecordColumns<CharStyleRec> kColumns;
   std::string CharStyleID;
   std::string Description;
   std::int16_t Code = 0;
@@ -57,6 +67,7 @@ struct CharStyleRec {
 };
 
 struct CharSizeRec {
+  static const RecordColumns<CharSizeRec> kColumns;
   std::string CharSizeID;
   std::string Description;
   std::int16_t Code = 0;
@@ -65,6 +76,7 @@ struct CharSizeRec {
 
 /// An entry of a list with the code that the unit knows it by: slate modes, down converter modes.
 struct CodedItemRec {
+  static const RecordColumns<CodedItemRec> kColumns;
   std::string Description;
   std::int16_t Code = 0;
   bool Ignore1 = false;
@@ -72,6 +84,7 @@ struct CodedItemRec {
 
 /// A processing mode of the down converter, offered for one video standard.
 struct DownConvProcessRec {
+  static const RecordColumns<DownConvProcessRec> kColumns;
   std::int16_t Order = 0;
   std::string Description;
   std::int16_t Code = 0;
@@ -81,6 +94,7 @@ struct DownConvProcessRec {
 
 /// An entry of a list that its table orders: down converter filters, SDI program outputs.
 struct OrderedCodeRec {
+  static const RecordColumns<OrderedCodeRec> kColumns;
   std::int16_t Order = 0;
   std::string Description;
   std::int16_t Code = 0;
@@ -89,6 +103,7 @@ struct OrderedCodeRec {
 
 /// A source of time code or user bits that a box can offer.
 struct CodeSourceRec {
+  static const RecordColumns<CodeSourceRec> kColumns;
   std::string FieldValue;  ///< all rows with one value form the list of one box
   std::string Description;
   std::int16_t GenNumber = 0;  ///< the code on the wire
@@ -97,6 +112,7 @@ struct CodeSourceRec {
 
 /// Says which list feeds which box of the routing panels in one operating mode.
 struct TimeCodeAssignmentRec {
+  static const RecordColumns<TimeCodeAssignmentRec> kColumns;
   std::string Name;  ///< operating mode
   std::int16_t Order = 0;
   std::int16_t VITCMode = 0;  ///< 1, 2 or 3: number of VITC lines that the row enables
@@ -106,6 +122,7 @@ struct TimeCodeAssignmentRec {
 };
 
 struct OperatingModeRec {
+  static const RecordColumns<OperatingModeRec> kColumns;
   std::string ModeId;
   std::string Name;
   std::int16_t Order = 0;
@@ -114,6 +131,7 @@ struct OperatingModeRec {
 };
 
 struct HelpMessageRec {
+  static const RecordColumns<HelpMessageRec> kColumns;
   std::int16_t ModuleIdent = 0;
   std::int16_t MessageNumber = 0;
   std::string MessageText;
@@ -122,6 +140,7 @@ struct HelpMessageRec {
 /// A character window of the unit. Its flags live in the check boxes of its row; its position lives here as
 /// well as in the row's spins.
 struct CharWindowRec {
+  static const RecordColumns<CharWindowRec> kColumns;
   std::string Name;
   std::int16_t Number = 0;  ///< on the wire
   bool On = false;
@@ -146,6 +165,7 @@ struct CharWindowRec {
 
 /// A numeric parameter of the unit; class and parameter number identify it on the wire and in files.
 struct SystemParameterRec {
+  static const RecordColumns<SystemParameterRec> kColumns;
   std::int16_t Class = 0;
   std::int16_t Parameter = 0;
   std::string Description;

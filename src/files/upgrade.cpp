@@ -2,7 +2,6 @@
 #include "files/upgrade.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -10,9 +9,6 @@
 #include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
-#include "core/record_columns.h"
-#include "core/variables.h"
-#include "data/data_engine.h"
 #include "platform/platform.h"
 
 namespace marlinset {
@@ -23,15 +19,6 @@ namespace {
 constexpr int kLowestRow = 30;
 constexpr int kLastColumn = 32;
 
-bool KeepAll(const Recordset&) {
-  return true;
-}
-
-/// Rows of units long gone don't count, as when the tool starts.
-bool HasDevice(const Recordset& rows) {
-  return DoubleOf(rows.Fields("Device")) != 0;
-}
-
 bool SameKey(const SystemParameterRec& a, const SystemParameterRec& b) {
   return a.Parameter == b.Parameter && a.Class == b.Class;
 }
@@ -39,20 +26,6 @@ bool SameKey(const SystemParameterRec& a, const SystemParameterRec& b) {
 bool Holds(const std::vector<SystemParameterRec>& list, const SystemParameterRec& wanted) {
   return std::any_of(list.begin(), list.end(),
                      [&](const SystemParameterRec& parameter) { return SameKey(parameter, wanted); });
-}
-
-/// A database of an earlier version lacks columns; their fields stay empty, 0 or False.
-template <class Rec>
-Rec RecordOf(const Recordset& row) {
-  Rec record;
-  for (const auto& column : ColumnsOf<Rec>()) {
-    try {
-      ReadColumn(row, column, record);
-    } catch (const RuntimeError& failure) {
-      if (failure.Number() != kErrNoColumn) throw;
-    }
-  }
-  return record;
 }
 
 /// What the database knows better than any file.
@@ -76,22 +49,21 @@ Upgrade::Upgrade(Platform& platform, Variables& variables, FrmStart& form, Panel
     : platform_(platform), vars_(variables), form_(form), panels_(panels) {}
 
 template <class Rec>
-std::optional<std::vector<Rec>> Upgrade::ReadTable(std::string_view table, bool (*keep)(const Recordset&)) {
-  std::unique_ptr<Database> database;
-  std::unique_ptr<Recordset> rows;
+std::optional<std::vector<Rec>> Upgrade::ReadTable(std::string_view name, RowFilter keep) {
+  std::optional<OpenTable> table;
   try {
-    database = platform_.engine.OpenDatabase(vars_.DatabasePath);
-    rows = database->OpenRecordset(table);
+    table.emplace(platform_.engine, vars_.DatabasePath, name);
   } catch (const RuntimeError& failure) {
     platform_.dialogs.Tell(std::to_string(failure.Number()) + " " + failure.Description());
     return std::nullopt;
   }
-  std::vector<Rec> records;
-  rows->MoveFirst();
-  for (int left = rows->RecordCount(); left > 0; --left, rows->MoveNext()) {
-    if (keep(*rows)) records.push_back(RecordOf<Rec>(*rows));
-  }
-  return records;
+  return ReadRows<Rec>(*table->rows, keep, OnFailure::kThrow);
+}
+
+template <class Rec>
+std::optional<std::vector<Rec>> Upgrade::ReadTableOf(std::vector<Rec> Variables::*array) {
+  const ReferenceArray<Rec> reference = ReferenceArrayOf(array);
+  return ReadTable<Rec>(reference.table, reference.keep);
 }
 
 CharWindowRec* Upgrade::FindWindow(const std::string& name) {
@@ -103,7 +75,7 @@ CharWindowRec* Upgrade::FindWindow(const std::string& name) {
 }
 
 void Upgrade::MergeCharWindows(DoubleHeight doubleHeight) {
-  const auto rows = ReadTable<CharWindowRec>("Character Windows", HasDevice);
+  const auto rows = ReadTableOf(&Variables::CharWindows);
   if (!rows) return;
   bool added = false;
   for (const CharWindowRec& row : *rows) {
@@ -163,7 +135,7 @@ void Upgrade::RebuildWindowRows() {
 }
 
 void Upgrade::RemoveDeletedParameters() {
-  const auto deleted = ReadTable<SystemParameterRec>("Deleted Parameters", KeepAll);
+  const auto deleted = ReadTable<SystemParameterRec>(kDeletedParameters);
   if (!deleted) return;
   std::vector<SystemParameterRec> kept;
   for (const SystemParameterRec& parameter : vars_.SystemParameters) {
@@ -176,7 +148,7 @@ void Upgrade::RemoveDeletedParameters() {
 }
 
 void Upgrade::MergeParameters(int& lastRow) {
-  const auto rows = ReadTable<SystemParameterRec>("System Parameters", KeepAll);
+  const auto rows = ReadTableOf(&Variables::SystemParameters);
   if (!rows) return;
   bool added = false;
   for (const SystemParameterRec& row : *rows) {

@@ -5,15 +5,13 @@
 #include <string_view>
 #include <vector>
 
-#include "core/records.h"
+#include "core/reference_arrays.h"
 
 namespace marlinset {
 
 class FrmStart;
 class PanelSetup;
-class Recordset;
 struct Platform;
-struct Variables;
 
 /// Carries a configuration that was just read forward to the reference database beside the tool: what the
 /// database knows better than the file is taken from there, what it has gained is added, what it has dropped
@@ -47,7 +45,9 @@ class Upgrade {
 
  private:
   template <class Rec>
-  std::optional<std::vector<Rec>> ReadTable(std::string_view table, bool (*keep)(const Recordset&));
+  std::optional<std::vector<Rec>> ReadTable(std::string_view name, RowFilter keep = EveryRow);
+  template <class Rec>
+  std::optional<std::vector<Rec>> ReadTableOf(std::vector<Rec> Variables::*array);
   CharWindowRec* FindWindow(const std::string& name);
 
   Platform& platform_;

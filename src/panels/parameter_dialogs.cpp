@@ -112,7 +112,7 @@ bool ParameterDialogs::IsParameterPresent(double classNumber, double parameter) 
 }
 
 bool ParameterDialogs::IsParameterRetired(double classNumber, double parameter) const {
-  return Holds(database_.ReadParameters("Deleted Parameters"), classNumber, parameter);
+  return Holds(database_.ReadDeletedParameters(), classNumber, parameter);
 }
 
 void ParameterDialogs::AddParameter(SystemParameterRec parameter) {
@@ -131,7 +131,7 @@ void ParameterDialogs::mnuRemoveParameter_Click() {
 
 /// The system's own parameters would come back with the next load; only what was added can go.
 void ParameterDialogs::LoadDeletable() {
-  const std::vector<SystemParameterRec> own = database_.ReadParameters("System Parameters");
+  const std::vector<SystemParameterRec> own = database_.ReadSystemParameters();
   ListView& shown = frmDeleteParameter.lstParameter;
   shown.SetColumns({"Class", "Parameter", "Description", "Value", "Index"});
   for (const SystemParameterRec& record : vars_.SystemParameters) {

@@ -36,7 +36,7 @@ bool StartUp::Form_Load(const std::string& commandText, bool resume) {
     SetPaths(commandText);
     vars_.CurrentFile = "Unsaved";
     vars_.VitcChanging = false;
-    parts_.database.LoadOperatingModes();
+    parts_.database.Load(&Variables::OperatingModes);
     parts_.database.checkDatabase();
     DecideOperatingMode(commandText);
     SetControls();

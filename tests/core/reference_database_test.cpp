@@ -19,7 +19,7 @@ TEST(LoadArrays, TakesTheLimitsOfAllVitcLinesFromTheFirstLine) {
       " [VITC1 Line1Num Default1], [VITC1 Line1Num Default2], [VITC2 Line1Num Min],"
       " [VITC2 Line2Num Default1], [VITC3 Line1Num Default1]);"
       "INSERT INTO [Video Standards] VALUES ('PAL', -1, 6, 22, 11, 19, 99, 20, 21)");
-  tool.database.LoadVideoStandards();
+  tool.database.Load(&Variables::VideoStandards);
   const VideoStandardRec& pal = tool.variables.VideoStandards.at(0);
   EXPECT_TRUE(pal.Ignore1) << "rows are loaded whether they are offered or not";
   EXPECT_THAT((std::vector{pal.Vitc1Min, pal.Vitc2Line2Min, pal.Vitc3Min, pal.Vitc1Max, pal.Vitc2Line2Max,
@@ -34,7 +34,7 @@ TEST(LoadArrays, CarriesOnPastWhatCannotBeRead) {
       "CREATE TABLE [System Parameters] (Class, Description, Value);"
       "INSERT INTO [System Parameters] VALUES (2, 'Delay', 70000), (NULL, NULL, 5), ('four', 'Level', '16'),"
       " (3, 'Edge', 2.5)");
-  tool.database.LoadSystemParameters();
+  tool.database.Load(&Variables::SystemParameters);
   std::vector<std::tuple<int, int, std::string, int>> rows;
   for (const SystemParameterRec& row : tool.variables.SystemParameters) {
     rows.emplace_back(row.Class, row.Parameter, row.Description, row.Value);
@@ -52,14 +52,14 @@ TEST(LoadArrays, PassesOverRowsWithoutADevice) {
       "CREATE TABLE [Time Code Assignments] (Device, [Field Name]);"
       "INSERT INTO [Time Code Assignments] VALUES (' 0', 'a'), ('7340', 'VTRT'), ('0.0 old', 'b'), ('', 'c'),"
       " (NULL, 'd'), (' 7340Q', 'VITC2'), (0, 'e'), ('Q', 'f'), (1, 'VTRU')");
-  tool.database.LoadCharWindows();
-  tool.database.LoadTimeCodeAssignments();
+  tool.database.Load(&Variables::CharWindows);
+  tool.database.Load(&Variables::TimeCodeAssignments);
   std::vector<std::string> names;
   for (const CharWindowRec& row : tool.variables.CharWindows) names.push_back(row.Name);
   for (const TimeCodeAssignmentRec& row : tool.variables.TimeCodeAssignments) names.push_back(row.FieldName);
   EXPECT_THAT(names, ElementsAre("Text", "Debug", "VTRT", "VITC2", "VTRU"));
   tool.Sql("ALTER TABLE [Character Windows] DROP COLUMN Device");
-  tool.database.LoadCharWindows();
+  tool.database.Load(&Variables::CharWindows);
   EXPECT_EQ(FailureOf([&] { UBound(tool.variables.CharWindows); }), kErrSubscript);
 }
 
