@@ -19,6 +19,9 @@ struct ReferenceArray {
   std::string_view table;  ///< or a query
   RowFilter keep = EveryRow;
 };
+template <class Rec>
+ReferenceArray(std::string_view, std::vector<Rec> Variables::*, std::string_view, RowFilter = EveryRow)
+    -> ReferenceArray<Rec>;
 
 /// All arrays of the reference database in the order in which they are loaded. The first is loaded at start
 /// before the database is checked, the others after that.
