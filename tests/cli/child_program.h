@@ -92,6 +92,20 @@ struct CliProgram : ChildProgram {
   explicit CliProgram(const std::vector<std::string>& options) : ChildProgram(CLI_PROGRAM, options) {}
 };
 
+/// Whether an answer holds this part: of an object these members, of a list all elements, or the first ones
+/// if "..." stands behind them.
+inline bool Holds(const json& answer, const json& part) {
+  if (!part.is_structured()) return answer == part;
+  const bool open = part.is_array() && !part.empty() && part.back() == "...";
+  if (part.is_array() && !open && answer.size() != part.size()) return false;
+  for (const auto& [key, value] : part.items()) {
+    const json::json_pointer place("/" + key);
+    if (open && value == "...") continue;
+    if (!answer.contains(place) || !Holds(answer[place], value)) return false;
+  }
+  return true;
+}
+
 /// A script; a part of an answer is compared as JSON.
 struct Script : CliProgram {
   explicit Script(std::vector<std::string> options) : CliProgram(WithAction(std::move(options))) {
@@ -105,9 +119,9 @@ struct Script : CliProgram {
   void Expect(const std::vector<std::pair<std::string, std::string>>& lines) {
     for (const auto& [line, part] : lines) {
       const json answer = Answer(line);
-      json expected = answer;
-      expected.merge_patch(json::parse(part.empty() ? R"({"ok":true})" : part));
-      EXPECT_EQ(answer, expected) << line;
+      EXPECT_TRUE(Holds(answer, json::parse(part.empty() ? R"({"ok":true})" : part))) << line << "\n"
+                                                                                      << answer;
+      EXPECT_TRUE(answer.value("ok", false) || !answer.value("error", "").empty()) << line;
     }
   }
   json start;

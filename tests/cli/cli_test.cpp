@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <optional>
 
 #include "tests/cli/child_program.h"
 #include "tests/support/sqlite_file.h"
+#include "tests/support/table.h"
 #include "tests/support/temp_folder.h"
 
 namespace marlinset {
@@ -55,100 +60,47 @@ TEST_F(CliTest, ASetupGoesToTheUnitByScript) {
   EXPECT_EQ(script.End(), 0);
 }
 
-TEST_F(CliTest, AScriptDoesWhatAnOperatorCould) {
-  Script script(Virtual({"--command", "MCAM"}));
-  script.Expect({{"variable OperatingMode", R"({"value":"Multi-Camera Episodic"})"},
-                 {"get upVitc1(5)", R"({"kind":"spin","value":14,"min":20,"max":10,"increment":1,
-                                        "enabled":true,"visible":false,"color":2147483653})"},
-                 {"step upVitc1(1) down 2", ""},
-                 {"step upVitc1(1) up", ""},
-                 {"get upVitc1(1)", R"({"value":15})"},
-                 {"spin udVer(0) 60", ""},
-                 {"check chPrev 1", ""},
-                 {"check chPrev 0", ""},
-                 {"get chPrev", R"({"value":0})"},
-                 {R"(type tWinMess "roll \"4\" é")", ""},
-                 {R"(key tWinMess "\b")", ""},
-                 {"get tWinMess", R"({"text":"roll \"4\" "})"},
-                 {R"(type tWinMess "\u0416")", ""},
-                 {"state", R"({"state":{"text message":"?"}})"},
-                 {"variable tClearStat", R"({"value":{"enabled":true,"interval":10000}})"},
-                 {"activate off", ""},
-                 {"variable MainFormActive", R"({"value":false})"},
-                 {R"(row CharWindows 0 "Symbol Length" 3)", ""},
-                 {"wait 60000", ""},
-                 {"setting nothing", R"({"value":""})"},
-                 {"choose ComWin(2) #1", ""},
-                 {"get ComWin(2)", R"({"index":1})"},
-                 {"hover frmStart", ""},
-                 {"leave tWinMess", ""},
-                 {"scroll VScroll1 255", ""},
-                 {"get VScroll1", R"({"value":255})"},
-                 // What is disabled can be pointed at, but does nothing.
-                 {"click bGetID", ""},
-                 {"check chField(3) 1", ""},
-                 {"get StatBar(4)", R"({"text":""})"},
-                 {"get chField(3)", R"({"value":0})"}});
-  EXPECT_EQ(script.Answer("records CharWindows")["rows"][0]["Symbol Length"], 3);
-  EXPECT_THAT(script.Answer("click bOpen")["messages"][0].dump(),
-              testing::AllOf(HasSubstr(R"("answer":"ok")"), HasSubstr("port 1")));
-  for (const char* line :
-       {"jump comVS", "get comXX", "get comTB(9)", "get", "get comVS more", R"(choose comVS "no such")",
-        "choose comVS #99", "check comVS 1", "check chPrev 2", "spin udVer(0) ten", "click comVS",
-        R"(type comVS "open)", "key tWinMess \"ab\"", "wait -1", "answer perhaps", "variable Nothing",
-        R"(row CharWindows 999 "Top" 1)", R"(row CharWindows 0 "Top" 70000)", "get frmNowhere.lName"}) {
-    const json answer = script.Answer(line);
-    EXPECT_TRUE(answer["ok"] == false && !answer["error"].get<std::string>().empty()) << line;
+/// Plays a transcript of tests/samples/scripts: $ starts a script with these options, > is an action, < what
+/// the answer to either holds, ! a command of the shell, = the exit status.
+class TranscriptTest : public testing::TestWithParam<const char*> {
+ protected:
+  std::string Filled(std::string text) const {
+    for (const auto& [name, path] :
+         {std::pair{std::string("$folder"), folder_.Path()}, {"$data/", SAMPLE_FOLDER}}) {
+      for (std::size_t at; (at = text.find(name)) != std::string::npos;) text.replace(at, name.size(), path);
+    }
+    return text;
   }
-  EXPECT_EQ(script.End(), 2);
+  TempFolder folder_;
+};
+
+TEST_P(TranscriptTest, IsWhatTheScriptAnswers) {
+  std::ifstream transcript(std::string(SAMPLE_FOLDER "scripts/") + GetParam() + ".txt");
+  std::optional<Script> script;
+  int scripts = 0;
+  for (std::string line; std::getline(transcript, line);) {
+    const std::string rest = Filled(line.substr(std::min<std::size_t>(2, line.size())));
+    std::string part;
+    if (transcript.peek() == '<') std::getline(transcript, part);
+    part = part.empty() ? R"({"ok":true})" : Filled(part.substr(2));
+    if (line[0] == '$') {
+      std::vector<std::string> words = Split("--clock virtual " + rest, ' ');
+      words.insert(words.end(), {"--settings", folder_.File("settings.ini")});
+      script.emplace(words);
+      EXPECT_TRUE(Holds(script->start, json::parse(part))) << script->start;
+      ++scripts;
+    }
+    if (line[0] == '>') script->Expect({{rest, part}});
+    const int status = line[0] == '!' ? std::system(rest.c_str()) : line[0] == '=' ? script->End() : 0;
+    EXPECT_EQ(status, line[0] == '=' ? std::stoi(rest) : 0) << line;
+  }
+  EXPECT_GT(scripts, 0);
 }
 
-TEST_F(CliTest, AScriptAnswersQuestionsAndCloses) {
-  Script script(Virtual());
-  script.Expect({{"click oView(2)", ""}, {"answer no cancel yes", ""}});
-  for (const char* answer : {"no", "no", "yes", "no"}) {  // cancel is No, as is what comes by itself
-    script.Expect({{"step udVal(20) up", ""}});
-    const json messages = script.Answer("click mnuNew")["messages"];
-    EXPECT_EQ(messages[0]["answer"], answer);
-    EXPECT_EQ(messages.size(), std::string_view(answer) == "yes" ? 2U : 1U) << "Yes saves first";
-  }
-  script.Expect({{"step udVal(20) up", ""}});
-  const json questions = script.Answer("close")["messages"];
-  EXPECT_EQ(questions[0]["text"], "Save Changes before Exit?");
-  EXPECT_EQ(questions[1]["text"], "Restart next time with this configuration?");
-  EXPECT_EQ(script.End(), 0);
-  Script next(Virtual({folder_.Write("look.script", "get oView(2)\n")}));
-  EXPECT_THAT(next.ReadLine(), HasSubstr("\"value\":true"));
-  Script missing(Virtual({folder_.File("none.script")}));
-  EXPECT_THAT(missing.ReadDiagnostic(), HasSubstr("none.script"));
-  EXPECT_EQ(missing.End(), 2);
-  Script folder(Virtual({folder_.Path()}));
-  EXPECT_THAT(folder.ReadDiagnostic(), HasSubstr("cannot be read"));
-  EXPECT_EQ(folder.End(), 2);
-}
-
-TEST_F(CliTest, AScriptWorksTheWindowsOverTheMainWindow) {
-  Script script(Virtual());
-  script.Expect({{"click frmAbout.cmdOK", R"({"ok":false})"},
-                 {"click mnuAbout", R"({"messages":[{"kind":"dialog","name":"frmAbout"}]})"},
-                 {"variable MainFormActive", R"({"value":false})"},
-                 {"get frmAbout", R"({"kind":"form","text":"About 7340 Marlinset","visible":true})"},
-                 {"get frmAbout.cmdOK", R"({"name":"frmAbout.cmdOK"})"},
-                 {"click frmAbout.cmdOK", ""},
-                 {"variable MainFormActive", R"({"value":true})"}});
-  for (const char* number : {"30", "31"}) {
-    script.Expect({{"click mnuAddParameter", ""},
-                   {std::string("type frmEditParameters.txtClass \"") + number + "\"", ""},
-                   {"click frmEditParameters.cmdUpdate", ""}});
-  }
-  script.Expect({{"click frmEditParameters.cmdDone", R"({"ok":false})"},
-                 {"click mnuRemoveParameter", ""},
-                 {R"(choose frmDeleteParameter.lstParameter "31")", ""},
-                 {"choose frmDeleteParameter.lstParameter #2", R"({"ok":false})"}});
-  EXPECT_EQ(script.Answer("click frmDeleteParameter.Command2")["messages"][0]["text"],
-            "The Parameter entry has been deleted");
-  script.Expect({{"get frmDeleteParameter.lstParameter", R"({"list":[["30","0","","0","0"]],"index":0})"}});
-}
+INSTANTIATE_TEST_SUITE_P(Scripts, TranscriptTest,
+                         testing::Values("dialogs", "load", "operator", "questions", "windows", "parameters",
+                                         "files", "recent", "saving", "settings", "new_modes",
+                                         "new_windows"));
 
 TEST_F(CliTest, AStartThatFailsSaysWhy) {
   for (const char* box : {"3024  ", "DataBase Error. Expected file at Path "}) {
@@ -163,61 +115,38 @@ TEST_F(CliTest, AStartThatFailsSaysWhy) {
 }
 
 TEST_F(CliTest, SendEndsWithTheStatusOfWhatHappened) {
-  struct Case {
-    std::vector<std::string> unit;
-    const char* steer;
-    std::vector<std::string> options;
-    int status;
-    const char* diagnostic;
-  };
-  const Case cases[] = {
-      {{}, "drop 1", {}, 6, "1 of 93 messages were not acknowledged: 1 unacknowledged."},
-      {{}, "nak 1", {}, 6, "refused          Parameter 2/0 'LTC Reader Flywheel (frames)' = 8"},
-      {{}, "nak 1\nstray 20", {}, 7, "93 messages were not acknowledged: 1 uncertain."},
-      {{}, "unplug 40", {}, 4, "Ended as portClosed: 40 of 93 messages went out."},
-      {{"--standard", "0"}, "", {}, 5, "Video Standard not detected. Verify communications."},
-      {{"--standard", "1"}, "", {}, 1, "Video Standard Mismatch, Switch to Manual Mode?"},
-      {{"--standard", "1", "--manual"}, "", {"--answer", "yes"}, 0, "Video Standard will be changed!"},
-      {{"--standard", "5"}, "", {"--answer", "yes"}, 0, "Video Standard Mismatch"},
-      {{"--standard", "1"}, "unplug", {}, 4, "there is no device"},
-      {{}, "", {"--baud", "9600"}, 2, "--baud"},
-  };
-  for (const Case& testCase : cases) {
-    SCOPED_TRACE(testCase.diagnostic);
-    const auto unit = Unit(testCase.unit);
-    unit->State(testCase.steer);
-    std::vector<std::string> words = Words({"send", "--com1", Link()});
-    words.insert(words.end(), testCase.options.begin(), testCase.options.end());
-    CliProgram send(words);
+  for (const TableRow& row : TableOf("sends")) {
+    SCOPED_TRACE(row[4]);
+    const auto unit = Unit(Split(row[0], ' '));
+    for (const std::string& line : Split(row[1], ';')) unit->State(line);
+    std::vector<std::string> words = Split("send --com1 unit " + row[2], ' ');
+    words[2] = Link();
+    CliProgram send(Words(words));
     std::string told;
     for (std::string line; !(line = send.ReadDiagnostic()).empty();) told += line;
-    EXPECT_EQ(send.End(), testCase.status);
-    EXPECT_THAT(told, HasSubstr(testCase.diagnostic));
+    EXPECT_EQ(std::to_string(send.End()), row[3]);
+    EXPECT_THAT(told, HasSubstr(row[4]));
   }
 }
 
-TEST_F(CliTest, SendTellsEachMessageUntilASignalStopsIt) {
+TEST_F(CliTest, ASignalEndsASendBetweenTwoMessagesAndAScriptInItsWait) {
   const auto unit = Unit({"--ack-ms", "60"});
+  const std::string lock = "/var/lock/LCK..pts_" + std::filesystem::read_symlink(Link()).filename().string();
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     CliProgram send(Words({"send", "--verbose", "--com1", Link()}));
     EXPECT_THAT(send.ReadLine(),
                 testing::MatchesRegex(" *1  acknowledged +Identification\\? +02 03 0F 00 35 B9"));
     send.Send(signal);
     EXPECT_THAT(send.ReadDiagnostic(), HasSubstr("Stopped"));
-    EXPECT_EQ(send.End(), 128 + signal) << "between two messages";
+    EXPECT_EQ(send.End(), 128 + signal);
   }
-}
-
-TEST_F(CliTest, ASignalEndsAScriptInAWaitAndThePortIsFree) {
-  const auto unit = Unit();
-  const std::string lock = "/var/lock/LCK..pts_" + std::filesystem::read_symlink(Link()).filename().string();
   Script script(Words({"--com1", Link()}));
   script.Expect({{"click bOpen", ""}});
   script.Tell("wait 3600000");
   script.Send(SIGTERM);
   EXPECT_EQ(script.ReadLine(), "");
   EXPECT_EQ(script.End(), 128 + SIGTERM);
-  EXPECT_FALSE(std::filesystem::exists(lock));
+  EXPECT_FALSE(std::filesystem::exists(lock)) << "the port is free";
 }
 
 TEST_F(CliTest, IdentifyTellsModelStandardAndFirmware) {
@@ -256,17 +185,6 @@ TEST_F(CliTest, TheUnitIsSteeredByLinesAndOutlivesTheCable) {
   EXPECT_EQ(unit->ReadLine(), "unit        HDSD7340, 1080i/50, manual, video");
   EXPECT_EQ(unit->End(), 0);
   EXPECT_THAT(folder_.Read("trace"), HasSubstr(" tx 02030f00bb33\n"));
-}
-
-TEST_F(CliTest, TheUnitRefusesWrongOptionsAndTakenNames) {
-  const std::vector<std::string> wrong[] = {{"--model", "3"},
-                                            {"--standard", "64"},
-                                            {"--pieces", "0"},
-                                            {"--firmware", "MARLIN40 0A"},
-                                            {"--explode"}};
-  for (const auto& options : wrong) EXPECT_EQ(UnitProgram(options).End(), 2) << options[0];
-  EXPECT_EQ(UnitProgram({"--link", folder_.Write("unit", "a file of somebody's")}).End(), 1);
-  EXPECT_EQ(folder_.Read("unit"), "a file of somebody's");
 }
 
 }  // namespace

@@ -75,6 +75,9 @@ TEST_F(FilesCliTest, ShowAndComposeAreLossless) {
     EXPECT_EQ(folder_.Read("composed.qcf"), Bytes(sample));
   }
   EXPECT_EQ(folder_.Read("composed.qcf.bak"), Bytes(old)) << "what it took the place of";
+  Script script({"--clock", "virtual", "--settings", "/dev/null"});
+  script.Expect({{"open " + kSample, ""}, {"save " + folder_.File("saved.qcf"), ""}});
+  EXPECT_EQ(script.Answer("state")["state"].dump(), Show(folder_.File("saved.qcf")));
   const json one = json::parse(Show(old));
   EXPECT_EQ(one["tail"], "0000514346");
   EXPECT_FALSE(one.contains("SDI program output"));
@@ -106,70 +109,29 @@ TEST_F(FilesCliTest, ComposeSaysWhatIsWrong) {
   EXPECT_EQ(Compose(good, "taken.qcf"), 1);
 }
 
-TEST_F(FilesCliTest, ComposeLeavesLinksAndDevicesWhatTheyAre) {
-  json shown = json::parse(Show(kSample));
-  shown["text message"] = "a\n\x1B[2J\u0090";
-  std::filesystem::copy(kSample, folder_.File("real.qcf"));
-  std::filesystem::create_symlink(folder_.File("real.qcf"), folder_.File("link.qcf"));
-  EXPECT_EQ(Compose(shown.dump(), "link.qcf"), 0);
-  EXPECT_TRUE(std::filesystem::is_symlink(folder_.File("link.qcf")));
-  EXPECT_THAT(Diff(kSample, folder_.File("real.qcf"), 1),
-              testing::ElementsAre(R"(changed     text message: "Take 3 é" -> "a\x0A\x1B[2J\x90")"))
-      << "nothing in it steers the terminal";
-  for (const auto& [device, status] : {std::pair("/dev/full", 1), {"/dev/null", 0}}) {
-    std::filesystem::create_symlink(device, folder_.File(device + 5));
-    EXPECT_EQ(Compose(shown.dump(), device + 5), status);
-    EXPECT_TRUE(std::filesystem::is_character_file(folder_.File(device + 5)));
-  }
-}
-
 TEST_F(FilesCliTest, StreamsFoldersPipesAndDevicesAreToldApart) {
-  EXPECT_EQ(Shell("mkfifo pipe; mkdir folder; ln -s $sample link; $cli show --json $sample > shown.json"), 0);
-  const std::string script = "$cli script --clock virtual --settings ";
-  const struct {
-    std::string line;
-    int status;
-    const char* told;
-  } cases[] = {
-      {"$cli compose shown.json -o /dev/stdout > redirected; cmp redirected $sample", 0, ""},
-      {"$cli show --json $sample | $cli compose /dev/stdin -o /dev/stdout | cmp - $sample", 0, ""},
-      {"cat pipe > piped & $cli compose shown.json -o pipe && wait && cmp piped $sample", 0, ""},
-      {"{ $cli print --settings /dev/null -o /dev/stdout; echo end; } > streamed; tail -n 2 streamed", 0,
-       "end"},
-      {"$cli compose shown.json -o /dev/stdout > /dev/full", 1, "/dev/stdout: The disk is full."},
-      {"$cli compose folder -o out.qcf", 1, "marlinset-cli: folder: This is a folder."},
-      {"$cli compose pipe -o out.qcf", 1, "pipe: This is a pipe, not a file."},
-      {"$cli compose shown.json -o ''", 1, "The name of the file is missing."},
-      {"$cli show $sample > /dev/full", 1, "the output cannot be written"},
-      {script + "/dev/null <&-", 0, "{\"ok\":true"},
-      {script + "new.ini < /dev/null > /dev/full", 1, "the output cannot be written"},
-      {script + "new.ini pipe", 2, "pipe: This is a pipe, not a file."},
-      {"head -c 1100000 /dev/zero | " + script + "new.ini", 2, "a line is longer than 1 MiB"},
-      {script + "/dev/full < /dev/null", 3, "/dev/full\nThis is a device, not a file."},
-      {script + "/dev/null < /dev/null", 0, "{\"ok\":true"},
-      {"$unit --trace folder", 1, "marlinset-unit: folder: This is a folder."},
-      {"$unit --link link", 1, "link: This is a link to something else than a terminal device"},
-      {"echo old > trace; $unit --trace trace < /dev/null > /dev/null; cat trace", 0, "old"},
-      {"ln -s /dev/pts/9999 stale; $unit --link stale < /dev/null", 0, "ready"},
-      {"echo '<fontconfig/>' > fonts; FONTCONFIG_FILE=$PWD/fonts $cli print --settings /dev/null -o a.pdf", 1,
-       "no font"},
-  };
-  for (const auto& testCase : cases) {
-    EXPECT_EQ(Shell(testCase.line), testCase.status) << testCase.line;
-    EXPECT_THAT(told_, HasSubstr(testCase.told)) << testCase.line;
+  std::ifstream lines(SAMPLE_FOLDER "scripts/shell.txt");
+  int status = -1;
+  for (std::string line; std::getline(lines, line);) {
+    SCOPED_TRACE(line);
+    if (line[0] == '$') status = Shell(line.substr(2));
+    if (line[0] != '=') continue;
+    EXPECT_EQ(status, line[2] - '0');
+    EXPECT_THAT(told_, HasSubstr(line.substr(std::min<std::size_t>(4, line.size()))));
   }
-  EXPECT_EQ(folder_.Read("a.pdf"), "");
+  EXPECT_NE(status, -1);
 }
 
 TEST_F(FilesCliTest, ShowAndDiffNameWhatDiffersAndWhatCannotBeRead) {
   EXPECT_TRUE(Diff(kSample, kSample, 0).empty());
   json other = json::parse(Show(kSample));
-  other["video standard"] = "PAL";
+  other["text message"] = "a\n\x1B[2J\u0090";
   other["character windows"].erase(2);
   EXPECT_EQ(Compose(other.dump(), "other.qcf"), 0);
   const auto lines = Diff(folder_.File("other.qcf"), kSample, 1);
   ASSERT_EQ(lines.size(), 9U);
-  EXPECT_EQ(lines[0], "changed     video standard: \"PAL\" -> \"1080i/50\"");
+  EXPECT_EQ(lines[0], R"(changed     text message: "a\x0A\x1B[2J\x90" -> "Take 3 é")")
+      << "steers no terminal";
   EXPECT_EQ(lines[1], "only right  character windows / Old Window / Name: \"Old Window\"");
   EXPECT_TRUE(Diff(kSample, folder_.File("none.qcf"), 2).empty());
   CliProgram show({"show", "--json", folder_.Write("text.qcf", "something else"),
@@ -178,38 +140,6 @@ TEST_F(FilesCliTest, ShowAndDiffNameWhatDiffersAndWhatCannotBeRead) {
   EXPECT_THAT(show.ReadLine(), AllOf(HasSubstr("\"error\""), HasSubstr("is damaged")));
   EXPECT_THAT(show.ReadLine(), HasSubstr("1080i/50"));
   EXPECT_EQ(show.End(), 1);
-}
-
-TEST_F(FilesCliTest, AScriptOpensSavesAndPrints) {
-  Script script({"--clock", "virtual", "--settings", folder_.File("settings.ini"), "--command", "TEST",
-                 "--file", "cancel"});
-  const json cancelled = script.Answer("click mnuOpen")["messages"][0];
-  EXPECT_EQ(cancelled["file"], nullptr);
-  EXPECT_EQ(cancelled["filter"], "Brandal Marlinset File|*.qcf");
-  const std::string saved = folder_.File("with blank.qcf");
-  script.Expect({{"open " + kSample, ""},
-                 {"save " + saved, ""},
-                 {"variable Caption", R"({"value":"7340 Marlinset - with blank"})"},
-                 {"file", R"({"ok":false})"}});
-  EXPECT_EQ(script.Answer("state")["state"].dump(), Show(saved));
-
-  // What is queued goes to the Save As of unsaved edits; the path of open only to its own dialog.
-  const std::string kept = folder_.File("kept.qcf");
-  script.Expect({{"file " + kept, ""}});
-  for (const json& saveAs : {json(kept), json()}) {
-    script.Expect({{"step udVal(8) up", ""}, {"answer yes", ""}});
-    const json answer = script.Answer("open " + kSample);
-    json files;
-    for (const json& message : answer["messages"]) {
-      if (message.contains("file")) files += message["file"];
-    }
-    EXPECT_EQ(files, json::array({saveAs, kSample}));
-  }
-  EXPECT_EQ(script.Answer("click mnuOpen")["messages"][0]["file"], nullptr) << "nothing is left over";
-  const json pages = script.Answer("click mnuPrint")["messages"];
-  ASSERT_EQ(pages.size(), 2U);
-  EXPECT_EQ(pages[0]["kind"], "page");
-  EXPECT_THAT(pages[1]["text"].get<std::vector<std::string>>(), testing::Contains("Page 2 of 2"));
 }
 
 TEST_F(FilesCliTest, SendTakesAFile) {
@@ -249,14 +179,6 @@ TEST_F(FilesCliTest, ADocumentCanBeReadAndSearched) {
   }
   unsetenv("LC_MEASUREMENT");
   EXPECT_THAT(TextOf("defaults.pdf"), AllOf(HasSubstr("1080i/60"), Not(HasSubstr("Processing Mode"))));
-}
-
-TEST_F(FilesCliTest, WhatCannotBePrintedLeavesTheOldDocument) {
-  const std::string old = folder_.Write("old.pdf", "as it was");
-  EXPECT_EQ(Print({folder_.Write("bad.qcf", "QCF"), "-o", old}), 1);
-  EXPECT_EQ(folder_.Read("old.pdf"), "as it was");
-  EXPECT_EQ(Print({kSample, "-o", folder_.File("none/a.pdf")}), 1);
-  EXPECT_EQ(Print({kSample}), 2);
 }
 
 }  // namespace

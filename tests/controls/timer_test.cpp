@@ -17,10 +17,6 @@ namespace {
 using Moments = std::vector<std::int64_t>;
 
 struct TimerTest : testing::Test {
-  /// Notes the moments at which `watched` ticks.
-  void Watch(Timer& watched, Moments& moments) {
-    watched.OnTick([this, &moments] { moments.push_back(pump.Now()); });
-  }
   FakeDialogs dialogs;
   Guard guard{dialogs};
   VirtualPump pump;
@@ -29,7 +25,7 @@ struct TimerTest : testing::Test {
 };
 
 TEST_F(TimerTest, StartsItsIntervalAnewOnlyWhenSomethingChanges) {
-  Watch(timer, ticks);
+  timer.OnTick([this] { ticks.push_back(pump.Now()); });
   pump.Pass(1000);
   timer.SetEnabled(true);
   pump.Pass(160);
@@ -51,7 +47,7 @@ TEST_F(TimerTest, StartsItsIntervalAnewOnlyWhenSomethingChanges) {
 TEST_F(TimerTest, IsNotEnteredAgainAndDropsTheTicksThatItMissed) {
   Moments otherTicks;
   Timer other(pump, guard, "other", 90);
-  Watch(other, otherTicks);
+  other.OnTick([&] { otherTicks.push_back(pump.Now()); });
   timer.OnTick([&] {
     ticks.push_back(pump.Now());
     if (ticks.size() == 1) pump.Pass(350);  // a box stands

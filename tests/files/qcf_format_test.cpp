@@ -9,6 +9,7 @@
 #include "tests/files/sample.h"
 #include "tests/support/database_tool.h"
 #include "tests/support/hex.h"
+#include "tests/support/table.h"
 
 namespace marlinset {
 namespace {
@@ -112,19 +113,10 @@ TEST(QcfFormat, NamesWhoWroteTheFile) {
   EXPECT_EQ(std::get<std::string>(items->back().content), MARLINSET_VERSION);
   EXPECT_EQ(IdentificationOf(*items), OwnIdentification());
   EXPECT_EQ(ListingOf(ReadDocument(Sample(2)))[0].text, "7340");
-  const std::pair<FileBytes, bool> kForeign[] = {{{}, true},
-                                                 {{0xFF, 0, 0, 0, 0}, true},
-                                                 {{2, 0, 0, 0, 2, 'a', 'b', 3, 0, 0, 0, 0}, true},
-                                                 {{1, 0, 0, 0, 1, 7, 3, 4, 15}, true},
-                                                 {{1, 0, 0, 0, 1, 7, 3, 4, 16}, false},
-                                                 {{1, 0, 0, 0, 1, 7, 3, 4}, false},
-                                                 {{4, 0, 0, 0, 0}, false},
-                                                 {{2, 0, 0, 0}, false},
-                                                 {{2, 0, 0, 0, 3, 'a', 'b'}, false},
-                                                 {{2, 0, 0, 1, 0, 'a'}, false}};
-  for (const auto& [block, isKnown] : kForeign) {
+  for (const TableRow& row : TableOf("identifications")) {
+    const FileBytes block = FromHex(row[0]);
     const auto known = IdentificationItems(block);
-    ASSERT_EQ(known.has_value(), isKnown) << ToHex(block);
+    ASSERT_EQ(known.has_value(), row[1] == "known") << row[0];
     EXPECT_EQ(IdentificationOf(known.value_or(std::vector<QcfItem>())), known ? block : FileBytes());
   }
   FileBytes longText(5 + 256, 'x');

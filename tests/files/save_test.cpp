@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "files/qcf_reader.h"
 #include "tests/files/sample.h"
+#include "tests/support/table.h"
 
 namespace marlinset {
 namespace {
@@ -28,54 +28,18 @@ TEST_F(Saving, TheShippedDefaultIsWhatTheToolWrites) {
   EXPECT_THAT(TakeBoxes(), IsEmpty()) << "nothing is missing in it";
 }
 
-TEST_F(Saving, AsksAndNamesTheFile) {
-  SaveAs("a.b.qcf");
-  EXPECT_THAT(TakeBoxes(), IsEmpty());
-  const FakeFileDialog::Shown& shown = fileDialog.shown.back();
-  EXPECT_EQ(shown.fileName, "Unsaved.qcf");
-  EXPECT_EQ(shown.filter, "Brandal Marlinset File|*.qcf");
-  EXPECT_EQ(vars.FileChannel, 1);
-  EXPECT_EQ(shown.initDir, folder.Path() + "/");
-  EXPECT_EQ(shown.flags, kOverwritePrompt);
+TEST_F(Saving, DialogsOpenInTheFolderLastUsedAndGuardWhatIsThere) {
+  SaveAs("a.qcf");
+  EXPECT_EQ(fileDialog.shown.back().flags, kOverwritePrompt);
   EXPECT_THAT(files.folders, ElementsAre(folder.Path() + "/"));
-  EXPECT_EQ(vars.CurrentFile, "a");
-  EXPECT_EQ(form.Caption(), "7340 Marlinset - a");
-  EXPECT_EQ(Panel(4), "File a Saved ");
-  EXPECT_EQ(fileDialog.FileName, folder.File("a.b.qcf"));
+  EXPECT_EQ(vars.FileChannel, 1);
   tool.configurationFile.SaveConfig("Save");
-  EXPECT_EQ(fileDialog.FileName, folder.File("a.qcf")) << "what the title says";
-  EXPECT_EQ(Read("a.qcf"), Read("a.b.qcf"));
-  EXPECT_EQ(fileDialog.shown.size(), 1U) << "no question";
   EXPECT_EQ(fileDialog.Flags, kHideReadOnly);
-}
-
-TEST_F(Saving, NeverOverASystemDefaultAndNothingWhenCancelled) {
-  settings.SaveSetting("Load", "");
-  fileDialog.FileName = "before.qcf";
-  fileDialog.choices = {folder.File("system default.qcf"), folder.File(" SYSTEM DEFAULTS.qcf"), std::nullopt};
-  tool.configurationFile.SaveConfig("SaveAs");
-  constexpr auto kRefused = "Cannot overwrite a system default QCF file. Please choose another file name";
-  EXPECT_THAT(TakeBoxes(), ElementsAre(kRefused, kRefused));
-  EXPECT_TRUE(Read("system default.qcf").empty());
-  EXPECT_EQ(fileDialog.FileName, "before.qcf");
-  EXPECT_THAT(files.folders, IsEmpty()) << "the dialog opens where it likes";
-  SaveAs("My System Default.qcf");
-  EXPECT_FALSE(Read("My System Default.qcf").empty());
-}
-
-TEST_F(Saving, OverALongerFileKeepsItsEndAndReadsBack) {
-  form.tWinMess.SetText("a long message that is written over");
-  SaveAs("show.qcf");
-  const FileBytes longer = Read("show.qcf");
-  form.tWinMess.SetText("short");
-  SaveAs("show.qcf");
-  const FileBytes both = Read("show.qcf");
-  ASSERT_EQ(both.size(), longer.size());
-  EXPECT_EQ(ReadDocument(both).tail.size(), 30U) << "as many bytes as the message is shorter";
-  EXPECT_EQ(Read("show.qcf.bak"), longer);
-  form.tWinMess.SetText("");
-  EXPECT_EQ(Load(both), ReadEnd::kLoaded);
-  EXPECT_EQ(form.tWinMess.Text(), "short");
+  fileDialog.FilterIndex = 2;
+  files.refuseFolders = true;  // the dialog opens where it can then
+  tool.configurationFile.LoadConfig();
+  EXPECT_EQ(fileDialog.shown.back().flags, kHideReadOnly);
+  EXPECT_EQ(fileDialog.FilterIndex, 1);
   EXPECT_THAT(TakeBoxes(), IsEmpty());
 }
 
@@ -106,47 +70,22 @@ TEST_F(Saving, AFailedSaveLeavesTheFileAsItWas) {
   EXPECT_EQ(Read("show.qcf.bak"), foreign) << "whatever stood there is kept";
 }
 
-TEST_F(Saving, ReportsWhatItCannotWriteTo) {
-  std::filesystem::create_directory(folder.File("folder.qcf"));
-  for (const auto& [name, remedy] : {std::pair{"folder.qcf", "/folder.qcf\nThis is a folder."},
-                                     {"no/such/folder.qcf", "/no/such/folder.qcf\nIts folder is not there."},
-                                     {"undotted", "The name needs the extension .qcf."},
-                                     {"vanished.qcf", "/\nThe folder last used is not there any more."}}) {
-    files.refuseFolders = name == std::string("vanished.qcf");
-    SaveAs(name);
-    EXPECT_THAT(dialogs.shown.back().remedy, testing::EndsWith(remedy));
-    EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed)) << name;
-    EXPECT_FALSE(std::filesystem::is_regular_file(folder.File(name)));
-  }
-}
-
-/// A dialog that has confirmed the file is not repeated; in a script nobody has confirmed anything.
 TEST_F(Saving, AFileThatOthersHaveChangedIsAskedAbout) {
   const FileBytes foreign = {'h', 'i'};
-  struct Case {
-    const char* name;
-    bool known, there;
-    const char* flow;
-    bool confirmed, asked;
-  };
-  for (const Case& c :
-       {Case{"changed", true, true, "Save", false, true},
-        Case{"confirmed", true, true, "SaveAs", true, false},
-        Case{"by script", true, true, "SaveAs", false, true}, Case{"gone", true, false, "Save", false, false},
-        Case{"unknown", false, true, "Save", false, true},
-        Case{"unknown, by script", false, true, "SaveAs", false, false}}) {
-    const std::string name = std::string(c.name) + ".qcf";
-    if (c.known) SaveAs(name);
+  for (const TableRow& row : TableOf("changed_files")) {
+    const std::string name = row[0] + ".qcf";
+    const bool asked = row[5] == "asked";
+    if (row[1] == "known") SaveAs(name);
     std::filesystem::remove(folder.File(name));
-    if (c.there) Write(name, foreign);
-    fileDialog.confirms = c.confirmed;
+    if (row[2] == "there") Write(name, foreign);
+    fileDialog.confirms = row[4] == "confirmed";
     for (const bool yes : {false, true}) {
-      vars.CurrentFile = c.name;
+      vars.CurrentFile = row[0];
       fileDialog.choices = {folder.File(name)};
       dialogs.answers = {yes ? BoxAnswer::kYes : BoxAnswer::kNo};
-      const bool declined = c.asked && !yes;
-      EXPECT_EQ(tool.configurationFile.SaveConfig(c.flow), declined ? SaveEnd::kDeclined : SaveEnd::kStored);
-      EXPECT_EQ(TakeBoxes().size(), c.asked ? 1U : 0U) << name;
+      const bool declined = asked && !yes;
+      EXPECT_EQ(tool.configurationFile.SaveConfig(row[3]), declined ? SaveEnd::kDeclined : SaveEnd::kStored);
+      EXPECT_EQ(TakeBoxes().size(), asked ? 1U : 0U) << name;
       EXPECT_EQ(Read(name) == foreign, declined) << name;
     }
     fileDialog.confirms = true;
@@ -213,21 +152,6 @@ TEST_F(Saving, SaveAsksBeforeItWritesInAnotherFolderThanTheOpenFile) {
   tool.configurationFile.UpdateFileTitle();
   EXPECT_EQ(save(BoxAnswer::kNo), SaveEnd::kStored) << "no file is open";
   EXPECT_THAT(TakeBoxes(), IsEmpty());
-}
-
-TEST_F(Saving, AFolderThatHasGoneStandsInTheWayOnce) {
-  settings.SaveSetting("Load", folder.File("gone/"));
-  files.refuseFolders = true;
-  SaveAs("a.qcf");
-  EXPECT_EQ(dialogs.shown.back().remedy,
-            folder.File("gone/") + "\nThe folder last used is not there any more.");
-  EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed));
-  EXPECT_EQ(settings.GetSetting("Load", ""), vars.AppPath);
-  SaveAs("a.qcf");
-  EXPECT_THAT(TakeBoxes(), ElementsAre(kFailed)) << "the program's own folder has gone, too";
-  fileDialog.choices = {folder.File("a.qcf")};
-  SaveAs("a.qcf");
-  EXPECT_FALSE(Read("a.qcf").empty());
 }
 
 }  // namespace

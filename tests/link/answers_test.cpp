@@ -1,158 +1,78 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
+#include <functional>
+#include <map>
+#include <sstream>
+
+#include "tests/support/hex.h"
 #include "tests/support/link_rig.h"
+#include "tests/support/table.h"
 
 namespace marlinset {
 namespace {
 
-using namespace std::chrono_literals;
-using enum Verdict;
-using testing::ElementsAre;
+/// A word of the table: its name, what stands behind "=", and the ms behind "@".
+struct Happening {
+  explicit Happening(const std::string& word) {
+    const std::size_t at = std::min(word.find('@'), word.size());
+    const std::size_t equals = std::min(word.find('='), at);
+    name = word.substr(0, equals);
+    if (equals < at) value = word.substr(equals + 1, at - equals - 1);
+    if (at < word.size()) inMs = std::stoi(word.substr(at + 1));
+  }
+  int Number() const { return value.empty() ? 1 : std::stoi(value); }
+  Bytes Said() const {
+    std::string spaced = value;
+    for (std::size_t i = 2; i < spaced.size(); i += 3) spaced.insert(i, " ");
+    return FromHex(spaced);
+  }
 
-/// Two settings, one behind the other, and what becomes of them.
-struct Case {
-  const char* what;
-  void (*first)(LinkRig& rig);    ///< before the first goes out, at 0 ms
-  void (*between)(LinkRig& rig);  ///< before the second
-  Verdict verdicts[2];
+  std::string name;
+  std::string value;
+  int inMs = 0;
 };
 
-void Nothing(LinkRig&) {}
-void Say(LinkRig& rig, Bytes bytes, std::int64_t inMs) {
-  rig.line.Inject(std::move(bytes), rig.pump.Now() + inMs);
-}
-UnitFaults& Faults(LinkRig& rig) {
-  return rig.line.Unit().Faults();
+void Happen(LinkRig& rig, const Happening& what) {
+  UnitModel& unit = rig.line.Unit();
+  const std::map<std::string, std::function<void()>> kActions = {
+      {"drop", [&] { unit.Faults().drop += what.Number(); }},
+      {"nak", [&] { unit.Faults().nak += what.Number(); }},
+      {"twice", [&] { unit.Faults().twice += what.Number(); }},
+      {"lateAcks", [&] { unit.Faults().lateAcks = std::chrono::milliseconds(what.Number()); }},
+      {"lateFrames", [&] { unit.Faults().lateFrames = std::chrono::milliseconds(what.Number()); }},
+      {"say", [&] { rig.line.Inject(what.Said(), rig.pump.Now() + what.inMs); }},
+      {"receive", [&] { rig.Receive(what.Said()); }},
+      {"query",
+       [&] {
+         rig.comms.ReplyWait({15, 0, 52});
+       }},
+      {"manual", [&] { rig.commands.Send(CommandId::kManualSelection, Sender::kPanel); }},
+      {"vitcOn", [&] { rig.commands.Send(CommandId::kVitcOn, Sender::kPanel); }},
+      {"select", [&] { rig.form.bSend.Press(); }},
+      {"local", [&] { unit.SetLocal(true); }},
+      {"remote", [&] { unit.SetLocal(false); }},
+      {"pace", [&] { rig.line.SetPace(what.Number()); }},
+      {"pass", [&] { rig.pump.Pass(what.Number()); }},
+  };
+  kActions.at(what.name)();
 }
 
-const Case kCases[] = {
-    {"nothing wrong", Nothing, Nothing, {kAcknowledged, kAcknowledged}},
-    {"refused", [](LinkRig& rig) { Faults(rig).nak = 1; }, Nothing, {kRefused, kAcknowledged}},
-    {"nothing came", [](LinkRig& rig) { Faults(rig).drop = 1; }, Nothing, {kUnacknowledged, kAcknowledged}},
-    {"local mode",
-     [](LinkRig& rig) { rig.line.Unit().SetLocal(true); },
-     [](LinkRig& rig) { rig.line.Unit().SetLocal(false); },
-     {kRefused, kAcknowledged}},
-    {"refused, and a stray Ack in the wait",
-     [](LinkRig& rig) {
-       Faults(rig).nak = 1;
-       Say(rig, {kAck}, 99);
-     },
-     Nothing,
-     {kUncertain, kAcknowledged}},
-    {"refused two times over",
-     [](LinkRig& rig) { Faults(rig).nak = Faults(rig).twice = 1; },
-     Nothing,
-     {kRefused, kAcknowledged}},
-    {"an Ack too many", [](LinkRig& rig) { Faults(rig).twice = 1; }, Nothing, {kUncertain, kAcknowledged}},
-    {"an Ack and a Nak in one piece",
-     [](LinkRig& rig) {
-       Faults(rig).drop = 1;
-       Say(rig, {kAck, kNak}, 10);
-     },
-     Nothing,
-     {kUncertain, kAcknowledged}},
-    {"an Ack hidden behind a frame",
-     [](LinkRig& rig) {
-       Faults(rig).drop = 1;
-       Bytes bytes = EncodeFrame(Bytes{2, 8, 48});
-       bytes.push_back(kAck);
-       Say(rig, bytes, 10);
-     },
-     Nothing,
-     {kUncertain, kAcknowledged}},
-    {"a second answer behind the wait",
-     Nothing,
-     [](LinkRig& rig) { rig.Receive({kNak}); },
-     {kUncertain, kAcknowledged}},
-    {"a refusal, and an Ack behind its wait",
-     [](LinkRig& rig) { Faults(rig).nak = 1; },
-     [](LinkRig& rig) { rig.Receive({kAck}); },
-     {kUncertain, kAcknowledged}},
-    {"an Ack behind its wait is not the next one's",
-     [](LinkRig& rig) { Faults(rig).drop = 2; },
-     [](LinkRig& rig) { rig.Receive({kAck}); },
-     {kUnacknowledged, kUnacknowledged}},
-    {"an Ack in the next one's wait, which is refused",
-     [](LinkRig& rig) { Faults(rig).lateAcks = 150ms; },
-     [](LinkRig& rig) { Faults(rig).nak = 1; },
-     {kUnacknowledged, kUncertain}},
-    {"an Ack in the next one's wait, and that one's own behind it",
-     [](LinkRig& rig) { Faults(rig).lateAcks = 150ms; },
-     [](LinkRig& rig) { rig.pump.At(160, [&rig] { rig.pump.Pass(100); }); },
-     {kUnacknowledged, kUncertain}},
-    {"an Ack while the next one leaves",
-     Nothing,
-     [](LinkRig& rig) {
-       rig.line.SetPace(1200);
-       Say(rig, {kAck}, 20);
-     },
-     {kUncertain, kUncertain}},
-    {"another message in the middle of the wait",
-     [](LinkRig& rig) {
-       Faults(rig).lateAcks = 50ms;
-       rig.pump.At(10, [&rig] { rig.form.bSend.Press(); });
-     },
-     Nothing,
-     {kUncertain, kAcknowledged}},
-    {"one setting in the middle of the other's wait",
-     [](LinkRig& rig) {
-       Faults(rig).drop = 1;
-       rig.pump.At(10, [&rig] { rig.commands.Send(CommandId::kVitcOn, Sender::kPanel); });
-     },
-     Nothing,
-     {kUncertain, kAcknowledged}},
-    {"an Ack behind a query",
-     Nothing,
-     [](LinkRig& rig) {
-       Say(rig, {kAck}, 10);
-       Faults(rig).lateFrames = 20ms;
-       rig.comms.ReplyWait({15, 0, 52});
-     },
-     {kUncertain, kAcknowledged}},
-    {"a Nak behind a query",
-     Nothing,
-     [](LinkRig& rig) {
-       Say(rig, {kNak}, 10);
-       Faults(rig).lateFrames = 20ms;
-       rig.comms.ReplyWait({15, 0, 52});
-     },
-     {kUncertain, kAcknowledged}},
-    {"an Ack among noise",
-     [](LinkRig& rig) {
-       Faults(rig).drop = 1;
-       Say(rig, {0xFF, kNak}, 1);
-       Say(rig, {kAck}, 35);
-     },
-     Nothing,
-     {kUncertain, kAcknowledged}},
-    {"half a frame that hides a Nak",
-     [](LinkRig& rig) {
-       Faults(rig).drop = 1;
-       Say(rig, {kStartMark, 4, 15, kNak}, 1);
-       Say(rig, {kAck}, 60);
-     },
-     Nothing,
-     {kUncertain, kAcknowledged}},
-    {"a query in local mode",
-     Nothing,
-     [](LinkRig& rig) {
-       rig.line.Unit().SetLocal(true);
-       rig.comms.ReplyWait({15, 0, 52});
-       rig.pump.Pass(1);  // the query was sent twice
-       rig.line.Unit().SetLocal(false);
-     },
-     {kAcknowledged, kAcknowledged}},
-    {"the Ack of what needs none",
-     Nothing,
-     [](LinkRig& rig) { rig.commands.Send(CommandId::kManualSelection, Sender::kPanel); },
-     {kAcknowledged, kAcknowledged}},
-};
+void HappenAll(LinkRig& rig, const std::string& words) {
+  std::istringstream text(words);
+  for (std::string word; text >> word;) {
+    const Happening what(word);
+    if (what.inMs == 0 || what.name == "say") {
+      Happen(rig, what);
+    } else {
+      rig.pump.At(rig.pump.Now() + what.inMs, [&rig, what] { Happen(rig, what); });
+    }
+  }
+}
 
 TEST(Verdict, SaysWhatTheAnswersAreWorth) {
-  for (const Case& c : kCases) {
-    SCOPED_TRACE(c.what);
+  for (const TableRow& row : TableOf("answers")) {
+    SCOPED_TRACE(row[0]);
     LinkRig rig;
     rig.OpenIdentified();
     std::vector<std::pair<int, Verdict>> told;
@@ -166,15 +86,15 @@ TEST(Verdict, SaysWhatTheAnswersAreWorth) {
     rig.commands.MessageSent.Connect([&](const SentMessage& message) {
       if (message.meaning.starts_with("Number of")) told.emplace_back(message.number, *message.verdict);
     });
-    c.first(rig);
+    HappenAll(rig, row[1]);
     rig.commands.Send(CommandId::kVitcSource, Sender::kWholeSend);
-    c.between(rig);
+    HappenAll(rig, row[2]);
     const bool counted = told.size() == 1;
     rig.commands.Send(CommandId::kVitcSource, Sender::kWholeSend);
     rig.pump.Pass(300);
     ASSERT_TRUE(counted && told.size() == 2);
-    EXPECT_STREQ(NameOf(told[0].second), NameOf(c.verdicts[0]));
-    EXPECT_STREQ(NameOf(told[1].second), NameOf(c.verdicts[1]));
+    EXPECT_EQ(NameOf(told[0].second), row[3]);
+    EXPECT_EQ(NameOf(told[1].second), row[4]);
   }
 }
 

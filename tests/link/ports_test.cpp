@@ -70,6 +70,11 @@ TEST(Ports, OpenAndCloseAndShowIt) {
   rig.Open();
   rig.line.Vanish();
   EXPECT_EQ(rig.Panel(2), "Offline");
+  rig.form.mnuInter.SetChecked(true);
+  rig.form.mnuOff.SetChecked(false);
+  rig.form.InterTime.SetEnabled(true);
+  rig.ports.ClosePort();
+  EXPECT_TRUE(rig.form.mnuOff.Checked() && !rig.form.mnuInter.Checked() && !rig.form.InterTime.Enabled());
 }
 
 const char* const kTimeout = "CTS Timeout Transfer aborted";
@@ -118,15 +123,6 @@ TEST(Ports, LeaveInteractiveModeBeforeTheyClose) {
     EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
     EXPECT_EQ(rig.form.StatBar(3).Picture(), "Image2(2)");
   }
-}
-
-TEST(Ports, AreOffLineOnceClosedWhateverWasTicked) {
-  LinkRig rig;
-  rig.form.mnuInter.SetChecked(true);
-  rig.form.mnuOff.SetChecked(false);
-  rig.form.InterTime.SetEnabled(true);
-  rig.ports.ClosePort();
-  EXPECT_TRUE(rig.form.mnuOff.Checked() && !rig.form.mnuInter.Checked() && !rig.form.InterTime.Enabled());
 }
 
 TEST(Ports, TellOnceWhyOneCannotBeOpened) {

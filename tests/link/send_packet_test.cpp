@@ -9,13 +9,8 @@ namespace {
 
 using testing::ElementsAre;
 
-struct Vector {
-  std::vector<PacketField> fields;
-  const char* frame;
-};
-
 TEST(SendPacket, PutsTheFramesOnTheLineThatUnitsKnow) {
-  const Vector kVectors[] = {
+  const std::pair<std::vector<PacketField>, const char*> kVectors[] = {
       {{15, 0, 33}, "02 03 0F 00 21 CD"},
       {{15, 0, 54, 1}, "02 04 0F 00 36 01 B6"},
       // 9 + 15 + 192 + 7 + 2 + 44 + 1 = 270, low byte 14, complement 242
@@ -30,10 +25,10 @@ TEST(SendPacket, PutsTheFramesOnTheLineThatUnitsKnow) {
   };
   LinkRig rig;
   rig.Open();
-  for (const Vector& vector : kVectors) {
+  for (const auto& [fields, frame] : kVectors) {
     rig.line.ClearSent();
-    rig.comms.SendPacket(vector.fields);
-    EXPECT_EQ(ToHex(rig.line.Sent().at(0)), vector.frame);
+    rig.comms.SendPacket(fields);
+    EXPECT_EQ(ToHex(rig.line.Sent().at(0)), frame);
   }
   EXPECT_THROW(rig.comms.SendPacket({2, 8, 33, 256}), RuntimeError) << "it does not fit a byte";
   EXPECT_EQ(rig.line.Sent().size(), 1U);

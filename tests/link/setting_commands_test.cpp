@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "tests/support/link_rig.h"
+#include "tests/support/table.h"
 
 namespace marlinset {
 namespace {
@@ -12,69 +13,27 @@ using enum CommandId;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// What a panel's handler sends with the sample configuration, and what happens when the unit is silent.
-struct PanelCase {
-  CommandId command;
-  const char* fields;
-  const char* failure;  ///< none where no answer is awaited, only the line comes to rest
-  int lastsMs = 100;
-  bool locks = false;  ///< other panels send nothing meanwhile
-};
-
-const char* const kRouting = "Slate Mode Assignment error";
-
-const PanelCase kPanelCases[] = {
-    {kSetVideoStandard, "15 0 36 4", "", 25},
-    {kAutoSelection, "15 0 192 0 0 0 0 0 0", "", 25},
-    {kManualSelection, "15 0 192 0 0 1 0 0 0", "", 25},
-    {kSetParameter, "15 0 192 5 1 77 0 0 0", "Problem with parameter."},
-    {kVitcOn, "1 5 46", "VITC Enable error 46"},
-    {kVitcOff, "1 5 47", "VITC Enable error 47"},
-    {kWhiteFlagOn, "1 5 56", "White Flag Enable error 56"},
-    {kWhiteFlagOff, "1 5 57", "White Flag Enable error 57"},
-    {kVitcSource, "1 5 138 0", "Problem setting VITC."},
-    {kAssignTC, "1 5 160 32 1", kRouting},
-    {kAssignUB, "1 5 160 33 3", kRouting},
-    {kAssignLTB, "1 5 160 48 12", kRouting},
-    {kAssignLUB, "1 5 160 49 9", kRouting},
-    {kAssignVTB, "1 5 160 50 9", kRouting},
-    {kAssignVUB, "1 5 160 51 3", kRouting},
-    {kAssignV2, "1 5 160 52 12", kRouting},
-    {kAssignV3TB, "1 5 160 53 0", kRouting},
-    {kAssignV3UB, "1 5 160 54 1", kRouting},
-    {kVitcLines, "1 5 163 14 34 15 35 16 36", "Input assignment VUB error"},
-    {kWhiteFlagLine, "1 5 169 21 21", "White FlagLine Set error 169"},
-    {kCharSize, "2 8 32 2", "Char Size Assignment error", 10000, true},
-    {kWindow, "2 8 33 1 114 20 5 13", "Window Assignment error"},
-    {kCharOff, "2 8 34 0", "Char Off error"},
-    {kCharOn, "2 8 34 1", "Char On error"},
-    {kCharOffForSize, "2 8 34 0", "Char On error", 10000, true},
-    {kCharOnForSize, "2 8 34 1", "Char On error", 100, true},
-    {kCharStyle, "2 8 35 3", "Char Style Assignment error", 10000, true},
-    {kSlateDuration, "2 8 36 1 44", "Slate Duration Assignment error"},
-    {kSlateMode, "2 8 37 4", "Slate Mode Assignment error", 100, true},
-    {kSlatePreview, "2 8 37 1", "Slate On error"},
-    {kText, "2 8 40 14 84 65 75 69 32 51 32 201", "Text Assignment error"},
-    {kDownConverter, "2 8 43 5", "Down Converter Assignment error", 10000},
-    {kDownConverterControl, "2 8 45 6 9 1", "HD Down Converter Control Assignment error", 10000, true},
-    {kSdiProgramOut, "2 8 46 7", "SDI Program Out Assignment error", 10000, true},
-};
+CommandId CommandOfMeaning(const std::string& meaning) {
+  int id = 0;
+  while (CommandOf(static_cast<CommandId>(id)).meaning != meaning) ++id;
+  return static_cast<CommandId>(id);
+}
 
 TEST(SettingCommands, SayWaitAndFailAsThePanelsDo) {
-  for (const PanelCase& c : kPanelCases) {
-    SCOPED_TRACE(c.fields);
+  for (const TableRow& row : TableOf("panel_commands")) {
+    SCOPED_TRACE(row[0]);
     LinkRig rig;
     rig.OpenIdentified();
     rig.line.Unit().Faults().mute = true;
     rig.form.StatBar(1).SetText("Ack In");  // of the exchange before
     bool locked = false;
     rig.pump.At(20, [&] { locked = rig.vars.UnitLocalMode; });
-    const bool silent = *c.failure == 0;
-    EXPECT_EQ(rig.commands.Send(c.command, Sender::kPanel), silent);
-    EXPECT_THAT(rig.Sent(), ElementsAre(c.fields));
-    EXPECT_EQ(rig.dialogs.Texts(), std::vector<std::string>(silent ? 0 : 1, c.failure));
-    EXPECT_EQ(rig.pump.Now(), c.lastsMs);
-    EXPECT_EQ(locked, c.locks);
+    const bool silent = row[2].empty();
+    EXPECT_EQ(rig.commands.Send(CommandOfMeaning(row[0]), Sender::kPanel), silent);
+    EXPECT_THAT(rig.Sent(), ElementsAre(row[1]));
+    EXPECT_EQ(rig.dialogs.Texts(), std::vector<std::string>(silent ? 0 : 1, row[2]));
+    EXPECT_EQ(std::to_string(rig.pump.Now()), row[3]);
+    EXPECT_EQ(locked, row[4] == "locks");
     EXPECT_FALSE(rig.vars.UnitLocalMode);
     EXPECT_EQ(rig.form.dPause.Interval(), 100);
   }

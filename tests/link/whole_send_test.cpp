@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "tests/support/link_rig.h"
+#include "tests/support/table.h"
 
 namespace marlinset {
 namespace {
@@ -16,72 +17,23 @@ using Texts = std::vector<std::string>;
 
 const char* const kSense = "15 0 52";
 
-/// When a message of the sequence goes out.
-enum class When { kAlways, kModelQ, kCharOn, kCharOff };
-
-/// The whole send of the sample configuration, message by message: its fields, what is yellow meanwhile, and
-/// what the operator reads when its acknowledgement is missing (nothing for the highlights).
+/// The whole send of the sample configuration, message by message.
 struct Row {
-  const char* fields;
-  const char* marks;
-  const char* failure;
-  When when = When::kAlways;
-  int waitMs = 100;
-};
-
-const Row kSequence[] = {
-    {"15 0 192 7 2 44 1 0 0", "lDesc(1)", "Problem with parameter."},
-    {"15 0 192 2 3 255 255 255 255", "lDesc(1) lDesc(2)", "Problem with parameter."},
-    {"1 5 138 2", "oVITC(0) oVITC(1) oVITC(2)", "Problem setting VITC."},
-    {"1 5 160 32 1", "comTB(0)", "Input assignment TC error"},
-    {"1 5 160 33 3", "ComUB(0)", "Input assignment UB error"},
-    {"1 5 160 34 0", "", "Input assignment AT error"},
-    {"1 5 160 35 0", "", "Input assignment AU error"},
-    {"1 5 160 37 0", "", "Input assignment LI error"},
-    {"1 5 160 36 0", "", "Input assignment LK error"},
-    {"1 5 160 48 12", "comTB(1)", "Input assignment LTB error"},
-    {"1 5 160 49 9", "ComUB(1)", "Input assignment LUB error"},
-    {"1 5 46", "chVITC", "VITC Enable error 46"},
-    {"1 5 56", "chEnable", "White Flag Enable error 56"},
-    {"1 5 169 21 21", "tLineNumber(0)", "White FlagLine Set error 21"},
-    {"1 5 160 50 9", "comTB(2)", "Input assignment VTB error"},
-    {"1 5 160 51 3", "ComUB(2)", "Input assignment VUB error"},
-    {"1 5 160 52 12", "comTB(3)", "Input assignment V2 error"},
-    {"1 5 160 53 0", "comTB(4)", "Input assignment V3TB error"},
-    {"1 5 160 54 1", "ComUB(4)", "Input assignment V3UB error"},
-    {"1 5 163 14 34 15 35 16 36",
-     "tLineNumber(1) tLineNumber(2) tLineNumber(3) tLineNumber(5) tLineNumber(6) tLineNumber(7) "
-     "upVitc1(1) upVitc1(2) upVitc1(3) upVitc1(5) upVitc1(6) upVitc1(7)",
-     "Input assignment VUB error"},
-    {"2 8 35 3", "ComWin(2)", "Char Style Assignment error", When::kAlways, 10000},
-    {"2 8 34 0", "", "Char On error", When::kCharOn},
-    {"2 8 32 2", "ComWin(3)", "Char Size Assignment error", When::kAlways, 10000},
-    {"2 8 34 1", "", "Char On error", When::kCharOn},
-    {"2 8 36 1 44", "tLineNumber(4)", "Slate Duration Assignment error"},
-    {"2 8 37 4", "ComWin(1)", "Slate Mode Assignment error"},
-    {"2 8 46 7", "ComWin(4)", "SDI Program Out Assignment error", When::kModelQ},
-    {"2 8 43 5", "ComWin(0)", "Down Converter Assignment error"},
-    {"2 8 45 6 9 1", "ComWin(0)", "HD Downconverter Control Assignment error", When::kModelQ},
-    {"2 8 33 1 114 20 5 13", "", ""},
-    {"2 8 33 14 68 100 6 17", "", ""},
-    {"2 8 33 1 114 20 5 13", "lName(0)", "Window Assignment error"},
-    {"2 8 33 3 0 18 0 20", "lName(1)", "Window Assignment error"},
-    {"2 8 40 14 84 65 75 69 32 51 32 201", "lName(2)", "Text Assignment error"},
-    {"2 8 33 14 68 100 6 17", "lName(2)", "Window Assignment error"},
-    {"2 8 37 4", "", "Slate Mode Assignment error"},
-    {"2 8 34 0", "", "Char Off error", When::kCharOff},
-    {"2 8 34 1", "", "Char On error", When::kCharOn},
+  std::string fields;
+  std::string marks;    ///< what is yellow meanwhile
+  std::string failure;  ///< what the operator reads when its acknowledgement is missing
+  std::string when;     ///< always, for model Q, with the inserter on or off
+  std::int64_t waitMs;
 };
 
 /// The fields of the whole send from the query for the standard at its beginning to that at its end.
 struct Sequence {
   explicit Sequence(bool modelQ = false, bool charOn = true) {
-    for (const Row& row : kSequence) {
-      const bool goes = row.when == When::kAlways || (row.when == When::kModelQ && modelQ) ||
-                        row.when == (charOn ? When::kCharOn : When::kCharOff);
-      if (!goes) continue;
-      rows.push_back(row);
-      fields.emplace_back(row.fields);
+    for (const TableRow& row : TableOf("whole_send")) {
+      const std::string& when = row[3];
+      if (when == (charOn ? "off" : "on") || (when == "model Q" && !modelQ)) continue;
+      rows.push_back({row[0], row[1], row[2], when, row[4].empty() ? 100 : std::stoi(row[4])});
+      fields.push_back(row[0]);
     }
   }
   Texts Framed() const {
@@ -197,13 +149,13 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
 
     // An inserter that did not go off is not switched on again.
     Sequence expected = sequence;
-    const bool inserter = row.when == When::kCharOn && lost + 1 < sequence.rows.size();
+    const bool inserter = row.when == "on" && lost + 1 < sequence.rows.size();
     std::size_t index = 0;
     std::erase_if(expected.fields, [&](const std::string& fields) {
       return index++ > lost && inserter && fields.starts_with("2 8 34");
     });
     EXPECT_EQ(rig.Sent(), expected.Framed());
-    EXPECT_EQ(rig.dialogs.Texts(), Texts(*row.failure == 0 ? 0 : 1, row.failure));
+    EXPECT_EQ(rig.dialogs.Texts(), Texts(row.failure.empty() ? 0 : 1, row.failure));
     EXPECT_EQ(rig.pump.Now(), row.waitMs);
     EXPECT_EQ(rig.form.dPause.Interval(), 100);
     EXPECT_EQ(rig.form.mnuCharOn.Checked(), !inserter);
@@ -265,47 +217,25 @@ TEST(WholeSend, NamesWhatANakInOneReadWithTheClosingReplyBelongsTo) {
 }
 
 const char* const kSilent = "Video Standard not detected. Verify communications.";
-const char* const kChange = "Video Standard will be changed!";
 const char* const kMismatch = "Video Standard Mismatch, Switch to Manual Mode?";
-const char* const kAdvice = "Change Input Source Video, or select the appropriate Video Standard.";
-const char* const kManual = "15 0 192 0 0 1 0 0 0";
-
-/// A unit that sees 1080i/60 and a configuration for another standard: what the operator is asked and what
-/// goes out before the sequence.
-struct StandardCase {
-  const char* configuration;
-  bool byCommand;  ///< the unit takes its standard by command, not from its input
-  bool agreed;
-  SendEnd end;
-  Texts boxes;
-  Texts sent;
-};
 
 TEST(WholeSend, BringsTheStandardsOfUnitAndConfigurationTogether) {
-  const StandardCase kCases[] = {
-      {"525i/60", true, false, kRefused, {kChange}, {}},
-      {"525i/60", true, true, kComplete, {kChange}, {"15 0 36 6", kSense}},
-      {"720p/60", true, true, kNoCode, {kChange}, {}},
-      {"2160p", true, true, kNoCode, {kChange}, {}},
-      {"", true, true, kNoCode, {kChange}, {}},
-      {"525i/60", false, false, kRefused, {kMismatch, kAdvice}, {}},
-      {"525i/60", false, true, kComplete, {kMismatch}, {kManual, "15 0 36 6", kSense}},
-      {"720p/60", false, true, kComplete, {kMismatch}, {kManual, "15 0 36 8", kSense}},
-      {"2160p", false, true, kNoCode, {kMismatch}, {kManual}},
-  };
-  for (const StandardCase& c : kCases) {
-    SCOPED_TRACE(std::string(c.configuration) + " " + c.boxes.back());
+  for (const TableRow& row : TableOf("standards")) {
+    SCOPED_TRACE(row[0] + " " + row[4]);
+    const bool byCommand = row[1] == "command";
+    const Texts sent = Split(row[5], ';');
     LinkRig rig;
-    rig.line.Unit().SetManual(c.byCommand);
-    SelectText(rig.form.comVS, c.configuration);
-    rig.dialogs.answers = {c.agreed ? BoxAnswer::kYes : BoxAnswer::kNo};
+    rig.line.Unit().SetManual(byCommand);
+    SelectText(rig.form.comVS, row[0]);
+    rig.dialogs.answers = {row[2] == "yes" ? BoxAnswer::kYes : BoxAnswer::kNo};
     rig.form.bSConfig.OperatorClick();
-    EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
-    EXPECT_EQ(rig.Panel(3) == "Changed to Manual Mode", c.end == kNoCode && !c.byCommand);
-    EXPECT_EQ(rig.wholeSend.Result().end, c.end);
+    EXPECT_EQ(rig.dialogs.Texts(), Split(row[4], ';'));
+    EXPECT_EQ(rig.Panel(3) == "Changed to Manual Mode", row[3] == "failed" && !byCommand);
+    EXPECT_EQ(NameOf(rig.wholeSend.Result().end), row[3]);
+    EXPECT_EQ(rig.wholeSend.Result().end == kNoCode, row[3] == "failed");
     Texts expected = Sequence().Framed();
-    expected.insert(expected.begin() + 2, c.sent.begin(), c.sent.end());
-    if (c.end != kComplete) expected.resize(2 + c.sent.size());
+    expected.insert(expected.begin() + 2, sent.begin(), sent.end());
+    if (row[3] != "complete") expected.resize(2 + sent.size());
     EXPECT_EQ(rig.Sent(), expected);
     ExpectIdle(rig);
   }

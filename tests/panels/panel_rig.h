@@ -3,11 +3,13 @@
 
 #include <gmock/gmock.h>
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "tests/support/link_rig.h"
+#include "tests/support/table.h"
 #include "tests/support/tool_rig.h"
 
 namespace marlinset {
@@ -46,8 +48,15 @@ struct PanelRig : ToolRig {
     return texts;
   }
 
+  /// What an operator does, as lines of a script: "check chDups 1; spin UDDur 9".
+  void Do(const std::string& actions);
+
   FrmStart& form = tool.form;
   Variables& vars = tool.variables;
+
+ private:
+  struct Hand;
+  std::shared_ptr<Hand> hand_;
 };
 
 }  // namespace marlinset

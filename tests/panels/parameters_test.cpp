@@ -8,8 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Parameters : public testing::Test {
- protected:
+struct Parameters : testing::Test {
   void Take(std::vector<SystemParameterRec> list) {
     vars.SystemParameters = std::move(list);
     form.bClass.OperatorClick();
@@ -23,11 +22,11 @@ class Parameters : public testing::Test {
     }
     return all;
   }
-  void Add(const char* classText, const char* parameter, const char* value) {
+  void Add(const std::string& classText, const std::string& parameter, const char* value) {
     form.mnuAddParameter.OperatorClick();
     edit.txtClass.OperatorType(classText);
     edit.txtParameter.OperatorType(parameter);
-    edit.txtDescription.OperatorType(std::string("Added ") + classText);
+    edit.txtDescription.OperatorType("Added " + classText);
     edit.txtValue.OperatorType(value);
     edit.cmdUpdate.OperatorClick();
   }
@@ -35,7 +34,6 @@ class Parameters : public testing::Test {
   FrmStart& form = rig.form;
   Variables& vars = rig.vars;
   FrmEditParameters& edit = rig.tool.parameterDialogs.frmEditParameters;
-  FrmDeleteParameter& remove = rig.tool.parameterDialogs.frmDeleteParameter;
 };
 
 TEST_F(Parameters, SortBothWaysHideTheInternalClassesAndFitTheirSheet) {
@@ -101,38 +99,14 @@ TEST_F(Parameters, GoToTheUnitAlsoInLocalModeAndByASort) {
   EXPECT_THAT(rig.Sent(), ElementsAre("15 0 192 7 2 2 0 0 0", "15 0 192 200 3 255 255 255 255"));
 }
 
-TEST_F(Parameters, AreTypedInDigitsOnly) {
-  form.mnuAddParameter.OperatorClick();
-  for (const char key : std::string("/:- aZ\r09\b")) {
-    for (TextBox* box : {&edit.txtClass, &edit.txtParameter, &edit.txtValue, &edit.txtDescription}) {
-      box->OperatorKey(static_cast<char32_t>(key));
-    }
-  }
-  EXPECT_EQ(edit.txtClass.Text() + " " + edit.txtParameter.Text() + " " + edit.txtValue.Text(), "0 0 -0");
-  EXPECT_EQ(edit.txtDescription.Text(), "/:- aZ0") << "Enter types nothing";
-  EXPECT_EQ(rig.Told(), std::vector<std::string>(20, "Invalid input.\rPlease enter digits only (0-9)"));
-}
-
 TEST_F(Parameters, AreRefusedInOrder) {
-  const char* badClass = "Inavlid Class input, Enter a number between 0 and 64";
-  const char* badParameter = "Inavlid Parameter input, Enter a number between 0 and 64";
   const auto count = vars.SystemParameters.size();
-  for (const auto& [classText, parameter, text] : {std::tuple{"40", "40", badClass},
-                                                   {"-1", "0", badClass},
-                                                   {"39.6", "0", badClass},
-                                                   {"99999999999", "0", badClass},
-                                                   {"25", "40", "Invalid Class input"},
-                                                   {"24.7", "0", "Invalid Class input"},
-                                                   {"39", "40", badParameter},
-                                                   {"nan", "40", badParameter},
-                                                   {"1", "-3", badParameter},
-                                                   {"2", "0", "Entry already found in parameters list"},
-                                                   {"2", "9", "Entry is invalid, retired parameter"}}) {
-    SCOPED_TRACE(std::string(classText) + "/" + parameter);
-    Add(classText, parameter, "1");
+  for (const TableRow& row : TableOf("parameters_refused")) {
+    SCOPED_TRACE(row[0] + "/" + row[1]);
+    Add(row[0], row[1], "1");
     EXPECT_EQ(rig.dialogs.shown.at(0).buttons, BoxButtons::kOkCancel);
     EXPECT_EQ(rig.dialogs.shown.at(0).icon, BoxIcon::kCritical);
-    EXPECT_THAT(rig.Told(), ElementsAre(text));
+    EXPECT_THAT(rig.Told(), ElementsAre(row[2]));
     EXPECT_EQ(edit.txtValue.Text(), "1");
     EXPECT_TRUE(edit.Visible() && vars.ConfigSaved);
   }
@@ -140,51 +114,6 @@ TEST_F(Parameters, AreRefusedInOrder) {
   EXPECT_THAT(rig.Told(), ElementsAre("6  Overflow"));
   EXPECT_TRUE(edit.Visible() && vars.ConfigSaved);
   EXPECT_EQ(vars.SystemParameters.size(), count);
-}
-
-TEST_F(Parameters, ComeAndGo) {
-  const std::string added = "The new parameter has been added to this configuration.";
-  form.mnuRemoveParameter.OperatorClick();
-  EXPECT_EQ(remove.lstParameter.Count(), 0) << "the system's own parameters stay";
-  remove.Command2.OperatorClick();
-  remove.Command1.OperatorClick();
-  EXPECT_FALSE(remove.Visible());
-  EXPECT_THAT(rig.Told(), IsEmpty());
-
-  const std::vector<std::string> before = Rows();
-  const int next = vars.NextParameterClass;
-  Add("39", "39", "-300");
-  EXPECT_FALSE(edit.Visible() || vars.ConfigSaved);
-  EXPECT_EQ(rig.dialogs.shown.at(0).icon, BoxIcon::kInformation);
-  EXPECT_EQ(Rows().back(), "Added 39=-300");
-  EXPECT_EQ(vars.NextParameterClass, next + 1);
-  Add("1", "30", "Info");
-  EXPECT_EQ(At(vars.SystemParameters, 3).Parameter, 30) << "taken and hidden; what is no number is 0";
-  form.mnuAddParameter.OperatorClick();
-  EXPECT_EQ(edit.txtClass.Text() + edit.txtDescription.Text() + edit.txtValue.Text(), "");
-  edit.cmdDone.OperatorClick();
-  EXPECT_THAT(rig.Told(), ElementsAre(added, added));
-
-  form.mnuRemoveParameter.OperatorClick();
-  EXPECT_THAT(remove.lstParameter.Columns(),
-              ElementsAre("Class", "Parameter", "Description", "Value", "Index"));
-  EXPECT_THAT(remove.lstParameter.Rows(), ElementsAre(ElementsAre("1", "30", "Added 1", "0", "0"),
-                                                      ElementsAre("39", "39", "Added 39", "-300", "1")));
-  vars.ConfigSaved = true;
-  remove.Command2.OperatorClick();
-  EXPECT_TRUE(vars.ConfigSaved);
-  remove.lstParameter.OperatorSelect(1);
-  remove.Command2.OperatorClick();
-  EXPECT_EQ(remove.lstParameter.Selected(), 0);
-  EXPECT_FALSE(vars.ConfigSaved);
-  remove.Command2.OperatorClick();
-  EXPECT_EQ(remove.lstParameter.Selected(), -1);
-  EXPECT_THAT(rig.Told(), ElementsAre("Select a parameter to delete", "The Parameter entry has been deleted",
-                                      "The Parameter entry has been deleted"));
-  EXPECT_EQ(Rows(), before);
-  const int surplus = UBound(vars.SystemParameters) + 1;
-  EXPECT_EQ(form.lDesc(surplus).Caption(), "");
-  EXPECT_FALSE(form.lClass(surplus).Visible());
 }
 
 }  // namespace

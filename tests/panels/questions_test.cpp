@@ -23,9 +23,6 @@ struct Question {
   bool aboutTheUnit = false;
 };
 
-void Edit(ToolRig& rig) {
-  rig.tool.variables.ConfigSaved = false;
-}
 void SendToUnit(ToolRig& rig, bool manual) {
   rig.line.Unit().SetManual(manual);
   rig.line.Unit().SetStandard(5);
@@ -54,7 +51,7 @@ TEST(Questions, CarryTheirFactsAndLoseTheirReasonWithTheUnit) {
       {"Save changes before opening a new configuration?",
        [](ToolRig& rig) {
          rig.tool.form.mnuInter.OperatorClick();
-         Edit(rig);
+         rig.tool.variables.ConfigSaved = false;
          rig.tool.fileCommands.OpenNamed("/shelf/b.qcf");
        },
        std::string("Not saved: ") + kShipped +
@@ -62,7 +59,7 @@ TEST(Questions, CarryTheirFactsAndLoseTheirReasonWithTheUnit) {
       {"Save Changes before Exit?",
        [](ToolRig& rig) {
          rig.fileDialog.FileName.clear();
-         Edit(rig);
+         rig.tool.variables.ConfigSaved = false;
          rig.tool.form.mnuExit.OperatorClick();
        },
        "Not saved: \"System Default Video\", in no file yet"},

@@ -49,24 +49,20 @@ class FakeKeeper : public WorkKeeper {
 };
 
 struct OneRun : ToolRig {
-  explicit OneRun(WorkKeeper& keeper) : ToolRig({}, SHIPPED_DATABASE_FOLDER) { tool.platform.work = &keeper; }
   /// Starts and answers the questions about left work in turn.
-  void Start(std::deque<BoxAnswer> answers = {}, bool resume = true) {
+  explicit OneRun(WorkKeeper& keeper, std::deque<BoxAnswer> answers = {}, bool resume = true)
+      : ToolRig({}, SHIPPED_DATABASE_FOLDER) {
+    tool.platform.work = &keeper;
     dialogs.answers = std::move(answers);
     tool.Start("", resume);
   }
   void Edit(const std::string& message) { form.tWinMess.OperatorType(message); }
-  void SaveTo(const std::string& path) {
-    fileDialog.choices = {path};
-    form.mnuSave.OperatorClick();
-  }
 
   FrmStart& form = tool.form;
   static constexpr int kHalfMinute = 30000;
 };
 
-class RecoveryTest : public testing::Test {
- protected:
+struct RecoveryTest : testing::Test {
   TempFolder folder_;
   FakeKeeper keeper_;
 };
@@ -74,8 +70,8 @@ class RecoveryTest : public testing::Test {
 TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
   {
     OneRun run(keeper_);
-    run.Start();
-    run.SaveTo(folder_.File("show.qcf"));
+    run.fileDialog.choices = {folder_.File("show.qcf")};
+    run.form.mnuSave.OperatorClick();
     run.pump.Pass(2 * OneRun::kHalfMinute);
     EXPECT_EQ(keeper_.keepings, 0) << "nothing is unsaved";
     run.Edit("TAKE 7");
@@ -83,8 +79,7 @@ TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
     EXPECT_EQ(keeper_.keepings, 1) << "the same is kept once";
   }
   keeper_.Leave();
-  OneRun run(keeper_);
-  run.Start({BoxAnswer::kYes});
+  OneRun run(keeper_, {BoxAnswer::kYes});
   EXPECT_THAT(run.Boxes(), ElementsAre("Unsaved changes to \"show\" of noon were kept when the program "
                                        "ended. Restore them?"));
   EXPECT_EQ(run.form.tWinMess.Text(), "TAKE 7");
@@ -113,12 +108,12 @@ TEST_F(RecoveryTest, ASaveAfterARestoreAsksAsItWouldHaveBefore) {
         Case{File::kGone, false, false}, Case{File::kNew, false, true}, Case{File::kChanged, true, false}}) {
     {
       OneRun run(keeper_);
-      run.Start();
       if (file == File::kNew) {
         run.settings.SaveSetting("Load", folder_.Path() + "/");
         run.form.mnuNew.OperatorClick();
       } else {
-        run.SaveTo(folder_.File("New.qcf"));
+        run.fileDialog.choices = {folder_.File("New.qcf")};
+        run.form.mnuSave.OperatorClick();
       }
       run.Edit("TAKE 7");
       run.tool.recovery.Leave();
@@ -127,8 +122,7 @@ TEST_F(RecoveryTest, ASaveAfterARestoreAsksAsItWouldHaveBefore) {
     if (file == File::kChanged || file == File::kNew) folder_.Write("New.qcf", "somebody's");
     if (file == File::kGone) std::filesystem::remove(folder_.File("New.qcf"));
     for (const int crash : {1, 2}) {
-      OneRun run(keeper_);
-      run.Start({BoxAnswer::kYes});
+      OneRun run(keeper_, {BoxAnswer::kYes});
       run.dialogs.shown.clear();
       run.form.mnuSav.OperatorClick();
       EXPECT_EQ(run.Boxes().size(), asked ? 1U : 0U) << static_cast<int>(file) << ", crash " << crash;
@@ -143,7 +137,6 @@ TEST_F(RecoveryTest, ASaveAfterARestoreAsksAsItWouldHaveBefore) {
 
 TEST_F(RecoveryTest, KeepsAnEditThatNobodyContinuesButNotWhileTheUnitIsWaitedFor) {
   OneRun run(keeper_);
-  run.Start();
   run.Edit("ONE");
   run.pump.Pass(2000);
   EXPECT_EQ(keeper_.keepings, 1);
@@ -174,15 +167,13 @@ TEST_F(RecoveryTest, AsksForEachUntilTheOperatorTakesOneThatCanBeRead) {
   for (const char* message : {"FIRST", "SECOND", "THIRD", "FOURTH"}) {
     FakeKeeper own;
     OneRun run(own);
-    run.Start();
     run.Edit(message);
     run.pump.Pass(OneRun::kHalfMinute);
     keeper_.kept = own.kept;
     keeper_.Leave();
   }
   keeper_.left[1].file = folder_.Write("cut.qcf", "damaged");
-  OneRun run(keeper_);
-  run.Start({BoxAnswer::kNo, BoxAnswer::kYes, BoxAnswer::kOk, BoxAnswer::kYes}, false);
+  OneRun run(keeper_, {BoxAnswer::kNo, BoxAnswer::kYes, BoxAnswer::kOk, BoxAnswer::kYes}, false);
   EXPECT_THAT(run.Boxes(), SizeIs(4)) << "three offers, and what is wrong with the second";
   EXPECT_EQ(run.form.tWinMess.Text(), "SECOND");
   EXPECT_TRUE(run.tool.recovery.Restored()) << "no file of the desktop's takes its place";
@@ -200,13 +191,11 @@ TEST_F(RecoveryTest, KeepsWhatAFailedSaveHasNotStored) {
   };
   {
     OneRun run(keeper_);
-    run.Start();
     run.Edit("AT THE END");
     failToSave(run, run.form.mnuExit);
   }
   keeper_.Leave();
-  OneRun run(keeper_);
-  run.Start({BoxAnswer::kYes});
+  OneRun run(keeper_, {BoxAnswer::kYes});
   EXPECT_EQ(run.form.tWinMess.Text(), "AT THE END");
   failToSave(run, run.form.mnuNew);
   EXPECT_EQ(run.form.tWinMess.Text(), "");
@@ -219,7 +208,6 @@ TEST_F(RecoveryTest, LeavesNothingThatWasStoredOrIsNotWanted) {
                                                               {&FrmStart::mnuNew, BoxAnswer::kNo}};
   for (const auto& [command, answer] : kWays) {
     OneRun run(keeper_);
-    run.Start();
     EXPECT_FALSE(run.tool.recovery.Restored());
     run.form.comVS.OperatorSelect(1);  // which no question counts
     EXPECT_TRUE(run.tool.variables.ConfigSaved);
@@ -236,7 +224,6 @@ TEST_F(RecoveryTest, LeavesNothingThatWasStoredOrIsNotWanted) {
 
 TEST_F(RecoveryTest, KeepsNothingOfAConfigurationThatIsHalfRead) {
   OneRun run(keeper_);
-  run.Start();
   const std::string file = folder_.Write("damaged.qcf", "no configuration");
   run.dialogs.onShow = [&](const MessageBox&) {
     run.Edit("BETWEEN");
@@ -249,7 +236,6 @@ TEST_F(RecoveryTest, KeepsNothingOfAConfigurationThatIsHalfRead) {
 
 TEST_F(RecoveryTest, SaysOnceThatNothingCanBeKept) {
   OneRun run(keeper_);
-  run.Start();
   keeper_.full = true;
   run.Edit("X");
   run.pump.Pass(2000);

@@ -2,9 +2,6 @@
 // How a run of the tool begins and ends.
 #include <gmock/gmock.h>
 
-#include <array>
-#include <filesystem>
-
 #include "core/frm_splash.h"
 #include "panels/splash.h"
 #include "tests/support/temp_folder.h"
@@ -13,80 +10,15 @@
 namespace marlinset {
 namespace {
 
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr const char* kShipped = SHIPPED_DATABASE_FOLDER "System Default Video.qcf";
-
-TEST(StartUp, WithoutSettingsOpensTheShippedConfiguration) {
+TEST(StartUp, TheCommandTextNamesAMode) {
   ToolRig rig;
-  ASSERT_TRUE(rig.tool.Start(""));
-  const FrmStart& form = rig.tool.form;
-  EXPECT_EQ(form.Caption(), "7340 Marlinset - System Default Video");
-  EXPECT_EQ(rig.Panel(4), "File System Default Video Loaded ");
-  EXPECT_TRUE(rig.tool.variables.ConfigSaved && rig.tool.variables.MainFormActive);
-  EXPECT_EQ(form.StatBar(3).Picture(), "Image2(1)");
-  EXPECT_FALSE(form.mnuContents.Enabled() || form.bGetID.Enabled());
-  for (const int view : form.oView.Indices()) EXPECT_EQ(form.oView(view).Visible(), view != 4) << view;
-  EXPECT_EQ(rig.tool.variables.PortList, "1234");
-  EXPECT_TRUE(form.mnuCom1.Checked() && form.mnuOff.Checked() && !form.mnuInter.Checked());
-  EXPECT_TRUE(form.mnuCharOn.Checked() && !form.mnuCharOff.Checked());
-}
-
-TEST(StartUp, RestoresSettingsAndFallsBackWhereTheyAreNoUse) {
-  struct Case {
-    const char *page, *timer, *model, *port, *tools;
-    int view;
-    const char* timeOut;
-    bool modelQ;
-    int portUsed;
-    bool toolsShown;
-  };
-  for (const Case& c : {Case{"3", "4", "HD7340Q", "3", "1", 3, "60000 mnu60", true, 3, true},
-                        Case{"5", "5", "HD7340", "2", "0", 5, "0 mnuNever", false, 2, false},
-                        Case{"1", "2", "HD7340", "1", "0", 1, "20000 mnu20", false, 1, false},
-                        Case{"2", "3", "HD7340", "1", "0", 2, "30000 mnu30", false, 1, false},
-                        Case{"6", "0", "SD7340", "COM2", "yes", 0, "10000 mnu10", false, 1, false}}) {
-    SCOPED_TRACE(c.page);
-    ToolRig rig;
-    rig.settings.values = {
-        {"Page", c.page}, {"Timer", c.timer}, {"HardwareType", c.model}, {"Comm", c.port}, {"comd", c.tools}};
-    ASSERT_TRUE(rig.tool.Start(""));
-    FrmStart& form = rig.tool.form;
-    const std::array<const Frame*, 6> panels = {&form.fCodes,      &form.fOutputs, &form.fWindows,
-                                                &form.fParameters, &form.fOptions, &form.fDownConverter};
-    for (int view = 0; view < 6; ++view) EXPECT_EQ(At(panels, view)->Visible(), view == c.view) << view;
-    std::string timeOut = form.tClearStat.Enabled() ? std::to_string(form.tClearStat.Interval()) : "0";
-    for (const MenuItem* item : {&form.mnu10, &form.mnu20, &form.mnu30, &form.mnu60, &form.mnuNever}) {
-      if (item->Checked()) timeOut += " " + item->Name();
-    }
-    EXPECT_EQ(timeOut, c.timeOut);
-    EXPECT_TRUE((c.modelQ ? form.mnuHD7340Q : form.mnuHD7340).Checked());
-    for (const Frame* frame : {&form.fFilters, &form.fProcessingMode, &form.fSDIProgramOut}) {
-      EXPECT_EQ(frame->Visible(), c.modelQ) << frame->Name();
-    }
-    EXPECT_EQ(rig.tool.variables.ComPortNumber, c.portUsed);
-    for (const bool shown : {c.toolsShown, !c.toolsShown}) {
-      EXPECT_TRUE(form.mnuCommD.Checked() == shown && form.tInput.Visible() == shown);
-      for (const Button* tool : {&form.bGetID, &form.bSend, &form.bBroad}) {
-        EXPECT_TRUE(tool->Visible() == shown && tool->Enabled() == shown) << tool->Name();
-      }
-      form.mnuCommD.OperatorClick();
-    }
-  }
-}
-
-TEST(StartUp, TheCommandTextNamesAModeByNameOrId) {
-  for (const std::string text : {"KeyKode Accuracy Test", "KEYK", "keyk"}) {
-    ToolRig rig;
-    rig.settings.SaveSetting("Default", "/nowhere/Stage 4.qcf");
-    ASSERT_TRUE(rig.tool.Start(text)) << text;
-    EXPECT_EQ(rig.tool.variables.OperatingMode,
-              text == "keyk" ? "HD Video Downconvert" : "KeyKode Accuracy Test");
-    EXPECT_EQ(rig.tool.variables.CurrentFile, "Unsaved") << "and no file is opened";
-    EXPECT_THAT(rig.Boxes(), IsEmpty());
-  }
+  rig.settings.SaveSetting("Default", "/nowhere/Stage 4.qcf");
+  ASSERT_TRUE(rig.tool.Start("KeyKode Accuracy Test"));
+  EXPECT_EQ(rig.tool.variables.OperatingMode, "KeyKode Accuracy Test");
+  EXPECT_THAT(rig.Boxes(), IsEmpty()) << "and no file is opened";
 }
 
 TEST(Splash, StandsFourSecondsAfterTheLoadOrUntilItIsSkipped) {
@@ -124,27 +56,6 @@ TEST(StatusTimeOut, ClearsThePanelsOffLineOnly) {
   form.mnuInter.SetChecked(true);
   rig.pump.Pass(20000);
   EXPECT_EQ(rig.Panel(4), "HD7340");
-}
-
-TEST(DefaultFile, ThatIsMissingIsAskedForAndLeavesAnUnsavedConfiguration) {
-  const std::string name = "/nowhere/Stage 4.qcf";
-  for (const BoxAnswer answer : {BoxAnswer::kNo, BoxAnswer::kYes}) {
-    ToolRig rig;
-    rig.settings.SaveSetting("Default", name);
-    rig.dialogs.answers = {answer};
-    rig.fileDialog.choices = {kShipped};
-    ASSERT_TRUE(rig.tool.Start(""));
-    EXPECT_THAT(
-        rig.Boxes(),
-        ElementsAre("Default file " + name +
-                    " was not found.\r\nClick 'Yes' to browse for a file to load, or click 'No' to load the "
-                    "default settings from the database?"));
-    EXPECT_EQ(rig.fileDialog.shown.size(), answer == BoxAnswer::kYes ? 1U : 0U);
-    EXPECT_FALSE(rig.tool.variables.ConfigSaved);
-    rig.tool.form.mnuExit.OperatorClick();
-    const bool asked = testing::Value(rig.Boxes(), Contains("Restart next time with this configuration?"));
-    EXPECT_EQ(asked, answer == BoxAnswer::kYes) << "the name stays when nothing was opened";
-  }
 }
 
 TEST(InteractiveMode, IsOfferedAgainAfterARunThatHadIt) {

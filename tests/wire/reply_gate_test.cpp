@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "tests/support/hex.h"
+#include "tests/support/table.h"
 #include "wire/frame.h"
 
 namespace marlinset {
@@ -16,36 +17,19 @@ using Bytes = std::vector<std::uint8_t>;
 static_assert(ReplyGate::kLongestReply == kLongestFrame);
 
 TEST(ReplyGate, ReleasesWhatIsWholeAndHoldsTheRestUntilTheLineIsQuiet) {
-  const struct {
-    const char* what;
-    std::vector<std::string_view> arrivals;
-    bool whole;  ///< the last arrival releases everything
-  } rows[] = {
-      {"lone answers", {"04"}, true},
-      {"lone answers", {"05"}, true},
-      {"lone answers", {"06"}, true},
-      {"the receiver ignores what stands behind one", {"04 02 11"}, true},
-      {"a frame at once", {"02 03 0F 00 35 B9"}, true},
-      {"a frame cut anywhere", {"02", "03 0F 00", "35", "B9"}, true},
-      {"length 0: nothing but start mark, length and checksum", {"02 00", "99"}, true},
-      {"never split, the receiver rejects it as one message", {"02 03 0F 00 35", "B9 02 11"}, true},
-      {"neither of them", {"00"}, false},
-      {"neither of them", {"07"}, false},
-      {"a frame without its end", {"02 03 0F", "00 35"}, false},
-      {"a lone answer behind noise is noise", {"03", "04"}, false},
-      {"and so is a frame", {"FF 02", "03 0F 00 35 B9"}, false},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.what);
+  for (const TableRow& row : TableOf("reply_gate")) {
+    SCOPED_TRACE(row[0]);
+    const bool whole = row[2] == "at once";
     ReplyGate gate;
     Bytes all;
-    for (const auto arrival : row.arrivals) {
+    const auto arrivals = Split(row[1], ',');
+    for (const std::string& arrival : arrivals) {
       EXPECT_TRUE(gate.Take().empty());
       const Bytes bytes = FromHex(arrival);
       all.insert(all.end(), bytes.begin(), bytes.end());
-      EXPECT_EQ(gate.Feed(bytes), row.whole && arrival == row.arrivals.back());
+      EXPECT_EQ(gate.Feed(bytes), whole && &arrival == &arrivals.back());
     }
-    EXPECT_EQ(gate.Holding(), !row.whole);
+    EXPECT_EQ(gate.Holding(), !whole);
     gate.Quiet();
     EXPECT_EQ(gate.Take(), all);
     EXPECT_TRUE(gate.Feed(FromHex("04"))) << "starts afresh";

@@ -28,27 +28,22 @@ void RunUntil(const std::function<void()>& end) {
 
 TEST(OutsideEnds, LeaveInOrderAndTellTheReasonByTheStatus) {
   testing::GTEST_FLAG(death_test_style) = "threadsafe";
+  constexpr auto kLeft = "^left once\n$";
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    EXPECT_EXIT(RunUntil([&] { std::raise(number); }), testing::KilledBySignal(number), "^left once\n$");
+    EXPECT_EXIT(RunUntil([&] { std::raise(number); }), testing::KilledBySignal(number), kLeft);
   }
-  EXPECT_EXIT(RunUntil([] { std::exit(1); }), testing::ExitedWithCode(1), "^left once\n$")
-      << "what Qt does when the display is lost";
-  EXPECT_EXIT(RunUntil([] {
-                QEvent quit(QEvent::Quit);
-                QCoreApplication::sendEvent(QCoreApplication::instance(), &quit);
-              }),
-              testing::ExitedWithCode(0), "^left once\n$")
-      << "the session manager's last word";
-  EXPECT_EXIT(
-      {
-        std::signal(SIGHUP, SIG_IGN);
-        RunUntil([] {
-          std::raise(SIGHUP);
-          std::raise(SIGTERM);
-        });
-      },
-      testing::KilledBySignal(SIGTERM), "^left once\n$")
-      << "started by nohup";
+  const auto displayLost = [] { std::exit(1); };  // as Qt does
+  EXPECT_EXIT(RunUntil(displayLost), testing::ExitedWithCode(1), kLeft);
+  const auto sessionEnds = [] {
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(QCoreApplication::instance(), &quit);
+  };
+  EXPECT_EXIT(RunUntil(sessionEnds), testing::ExitedWithCode(0), kLeft);
+  const auto hangUpUnderNohup = [] {
+    std::signal(SIGHUP, SIG_IGN);
+    RunUntil([] { std::raise(SIGHUP), std::raise(SIGTERM); });
+  };
+  EXPECT_EXIT(hangUpUnderNohup(), testing::KilledBySignal(SIGTERM), kLeft);
 }
 
 }  // namespace

@@ -31,31 +31,23 @@ TEST(QtPump, TicksOtherTimersWhileAHandlerPumps) {
   EXPECT_GE(bench.pump.Now() - start, 10);
 }
 
-TEST(QtPump, DoesNotSleepOverWhatIsDueAlready) {
+TEST(QtPump, SleepsNeitherOverWhatIsDueNorOnceTheProgramEnds) {
   QtBench bench;
   QObject receiver;
   std::vector<int> order;
-  QMetaObject::invokeMethod(
-      &receiver,
-      [&] {
-        order.push_back(1);
-        QMetaObject::invokeMethod(
-            &receiver, [&] { order.push_back(2); }, Qt::QueuedConnection);
-      },
-      Qt::QueuedConnection);
+  const auto post = [&](auto&& action) {
+    QMetaObject::invokeMethod(&receiver, action, Qt::QueuedConnection);
+  };
+  post([&] {
+    order.push_back(1);
+    post([&] { order.push_back(2); });
+  });
   bench.pump.Pump();  // nothing else would ever wake it
   EXPECT_EQ(order, (std::vector<int>{1, 2}));
-  bench.pump.HandleDue();
-}
-
-TEST(QtPump, NeverSleepsOnceTheProgramEnds) {
-  QtBench bench;
-  QObject receiver;
-  QMetaObject::invokeMethod(
-      &receiver, [&] { bench.pump.End(); }, Qt::QueuedConnection);
+  post([&] { bench.pump.End(); });
   while (!bench.pump.Ending()) bench.pump.Pump();
-  bench.pump.Pump();
-  bench.pump.Pump();
+  for (int twice = 0; twice < 2; ++twice) bench.pump.Pump();
+  bench.pump.HandleDue();
   EXPECT_TRUE(bench.pump.Ending());
 }
 

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/panels/panel_rig.h"
+
+#include <sstream>
+
+#include "cli/queued_dialogs.h"
+#include "cli/script.h"
+
+namespace marlinset {
+
+/// The script's own boxes and line stay unused: those of the tool are the rig's.
+struct PanelRig::Hand {
+  explicit Hand(Tool& tool) : script(tool, dialogs, files, line) {}
+
+  QueuedDialogs dialogs;
+  QueuedFileDialog files{dialogs};
+  VirtualPump still;
+  UnitLine unused{still};
+  RecordingLine line{unused, still};
+  Script script;
+};
+
+void PanelRig::Do(const std::string& actions) {
+  if (!hand_) hand_ = std::make_shared<Hand>(tool);
+  std::istringstream text(actions);
+  for (std::string action; std::getline(text, action, ';');) {
+    const std::string answer = hand_->script.Execute(std::string(Trim(action)));
+    EXPECT_TRUE(answer.empty() || Json::parse(answer).value("ok", false)) << action << answer;
+  }
+}
+
+}  // namespace marlinset
