@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
@@ -74,8 +75,8 @@ TEST_F(BindingsTest, ATickIsTheModelsWord) {
   form_.chDups.OnClick([&] {
     if (refuses) form_.chDups.SetValue(0);
   });
-  form_.oVITC.OnClick([&](int i) {
-    if (refuses) form_.oVITC(i).SetValue(false);
+  form_.oVITC.OnClick([&](int) {
+    if (refuses) form_.oVITC(2).SetValue(true);
   });
   form_.mnuCom2.OnClick([&] { form_.mnuCom2.SetEnabled(false); });
   option.click();
@@ -85,6 +86,7 @@ TEST_F(BindingsTest, ATickIsTheModelsWord) {
   EXPECT_TRUE(box.isChecked() && option.isChecked() && entry.isEnabled());
   Settle();
   EXPECT_FALSE(box.isChecked() || option.isChecked() || entry.isChecked() || entry.isEnabled());
+  EXPECT_TRUE(other.isChecked());
   refuses = false;
   for (const bool on : {true, false}) {
     form_.chDups.SetValue(on ? 1 : 0);
@@ -93,6 +95,17 @@ TEST_F(BindingsTest, ATickIsTheModelsWord) {
     EXPECT_TRUE(box.isChecked() == on && option.isChecked() == on && entry.isChecked() == on);
     EXPECT_FALSE(other.isChecked()) << "none of a choice is a state, too";
   }
+}
+
+TEST_F(BindingsTest, TheCursorStaysWhenARuleWritesTheText) {
+  QLineEdit widget;
+  Bind(widget, form_.tWinMess);
+  QTest::keyClicks(&widget, "ABC");
+  widget.setCursorPosition(1);
+  Settle();
+  form_.tWinMess.SetText("abc");
+  EXPECT_EQ(widget.text(), "abc");
+  EXPECT_EQ(widget.cursorPosition(), 1);
 }
 
 TEST_F(BindingsTest, WidgetAndControlOutliveEachOther) {
