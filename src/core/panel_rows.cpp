@@ -8,6 +8,7 @@
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
 #include "core/variables.h"
+#include "core/window_ticks.h"
 
 namespace marlinset {
 namespace {
@@ -18,10 +19,6 @@ constexpr int kRowsInView = 16;
 /// The windows that units show in mode "HD Video Downconvert".
 constexpr std::array<std::string_view, 7> kDownconvertWindows = {
     "Video Timecode", "Video User Bits", "Text", "PullDown", "Debug", "Debug2", "Debug3"};
-
-int CheckValue(bool on) {
-  return on ? 1 : 0;
-}
 
 /// The value as it is when it is at most `max`; 0 below 0; otherwise `max`.
 int WithinMax(int value, int max) {
@@ -43,20 +40,16 @@ void PanelSetup::BuildWindowRows() {
   for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
     if (row > 0) form_.ForWindowRow([row](auto& array) { array.Load(row); });
     form_.lName(row).SetCaption(At(vars_.CharWindows, row).Name);
-    CheckWindowDefaults(row);
+    TickDefaults(row);
     form_.udVer(row).SetValue(At(vars_.CharWindows, row).DefaultVertPosn);
     form_.udHor(row).SetValue(At(vars_.CharWindows, row).DefaultHorPosn);
     echoes_.ShowWindowRow(row);
   }
 }
 
-void PanelSetup::CheckWindowDefaults(int row) {
-  const CharWindowRec window = At(vars_.CharWindows, row);
-  form_.chSlate(row).SetValue(CheckValue(window.DefaultSlateOnOff));
-  form_.chOnOff(row).SetValue(CheckValue(window.DefaultOnOff));
-  form_.chField(row).SetValue(CheckValue(window.DefaultFieldOnOff));
-  form_.chSym(row).SetValue(CheckValue(window.DefaultSymbolOnOff));
-  form_.chDblSize(row).SetValue(CheckValue(window.DoubleHeight));
+void PanelSetup::TickDefaults(int row) {
+  const CharWindowRec window = At(vars_.CharWindows, row);  // a click may lead to other records
+  SetWindowTicks(form_, row, window);
 }
 
 void PanelSetup::SetPositionLimits(int row) {
@@ -79,10 +72,7 @@ void PanelSetup::SettlePositionLimits() {
   };
   for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
     if (!form_.HasWindowRow(row)) continue;
-    const CharWindowRec& window = At(vars_.CharWindows, row);
-    int width = window.Length;
-    if (form_.chField(row).On()) width += window.FieldLength;
-    if (form_.chSym(row).On()) width += window.SymbolLength;
+    const int width = TickedLength(form_, row, At(vars_.CharWindows, row));
     settle(form_.udVer(row), limits.MaxVertPosn, limits.MinVertPosn);
     settle(form_.udHor(row), limits.MinHorPosn, limits.MaxHorPosn - width);
   }
@@ -92,7 +82,7 @@ void PanelSetup::DefaultWindow(int row) {
   const CharMaxPosRec& limits = At(vars_.CharMaxPositions, vars_.CurCharMaxRow);
   form_.lName(row).SetCaption(At(vars_.CharWindows, row).Name);
   SetPositionLimits(row);
-  CheckWindowDefaults(row);
+  TickDefaults(row);
   // A tick that changed just now has lowered the limit already; it counts once.
   form_.udHor(row).SetMax(limits.MaxHorPosn - At(vars_.CharWindows, row).Length);
   LimitForField(row);

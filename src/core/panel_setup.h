@@ -65,7 +65,7 @@ class PanelSetup {
   void FillFontSizes();
   void BuildWindowRows();
   void BuildParameterRows();
-  void CheckWindowDefaults(int row);
+  void TickDefaults(int row);
   void DefaultWindow(int row);
   void LimitForField(int row);
   bool WindowIsShown(int row) const;

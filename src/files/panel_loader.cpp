@@ -10,6 +10,7 @@
 #include "core/panel_setup.h"
 #include "core/variables.h"
 #include "core/vertical_step.h"
+#include "core/window_ticks.h"
 #include "files/old_names.h"
 #include "platform/platform.h"
 
@@ -33,19 +34,13 @@ std::int64_t NumberOf(const QcfEntry& entry) {
 }
 
 CharWindowRec WindowOf(const QcfRecord& record) {
-  constexpr std::pair<std::string_view, bool CharWindowRec::*> kFlags[] = {
-      {"chSlate", &CharWindowRec::DefaultSlateOnOff},
-      {"chOnOff", &CharWindowRec::DefaultOnOff},
-      {"chField", &CharWindowRec::DefaultFieldOnOff},
-      {"chSym", &CharWindowRec::DefaultSymbolOnOff},
-      {"chDblSize", &CharWindowRec::DoubleHeight}};
   constexpr std::pair<std::string_view, std::int16_t CharWindowRec::*> kPositions[] = {
       {"udVer", &CharWindowRec::DefaultVertPosn}, {"udHor", &CharWindowRec::DefaultHorPosn}};
   CharWindowRec window;
   for (const QcfEntry& entry : record) {
     if (entry.field->encoding == QcfEncoding::kText) window.Name = std::get<std::string>(entry.value);
-    for (const auto& [control, flag] : kFlags) {
-      if (control == entry.field->control) window.*flag = NumberOf(entry) != 0;
+    for (const WindowTick& tick : kWindowTicks) {
+      if (tick.control == entry.field->control) window.*tick.preset = NumberOf(entry) != 0;
     }
     for (const auto& [control, position] : kPositions) {
       if (control == entry.field->control) window.*position = static_cast<std::int16_t>(NumberOf(entry));

@@ -5,6 +5,7 @@
 
 #include "base/runtime_error.h"
 #include "core/choices.h"
+#include "core/window_ticks.h"
 
 namespace marlinset {
 namespace {
@@ -47,11 +48,15 @@ constexpr QcfField Part(std::string_view name, QcfEncoding encoding, std::string
   return {.name = name, .encoding = encoding, .control = control};
 }
 
+constexpr QcfField Tick(std::string_view name, TickId tick) {
+  return Part(name, kByte, TickOf(tick).control);
+}
+
 // The position is a byte although limits of windows may go beyond it.
 constexpr QcfField kWindow[] = {
-    Part("Name", kText, "lName"),     Part("Slate", kByte, "chSlate"),
-    Part("On", kByte, "chOnOff"),     Part("Field", kByte, "chField"),
-    Part("Symbol", kByte, "chSym"),   Since(2, Part("Double Height", kByte, "chDblSize")),
+    Part("Name", kText, "lName"),     Tick("Slate", TickId::kSlate),
+    Tick("On", TickId::kOn),          Tick("Field", TickId::kField),
+    Tick("Symbol", TickId::kSymbol),  Since(2, Tick("Double Height", TickId::kDoubleHeight)),
     Part("Vertical", kByte, "udVer"), Part("Horizontal", kByte, "udHor"),
 };
 

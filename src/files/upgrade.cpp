@@ -9,6 +9,7 @@
 #include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/panel_setup.h"
+#include "core/window_ticks.h"
 #include "platform/platform.h"
 
 namespace marlinset {
@@ -113,11 +114,7 @@ void Upgrade::RebuildWindowRows() {
   for (int row = 0; row <= UBound(vars_.CharWindows); ++row) {
     const CharWindowRec window = At(vars_.CharWindows, row);
     form_.lName(row).SetCaption(window.Name);
-    form_.chSlate(row).SetValue(window.DefaultSlateOnOff ? 1 : 0);
-    form_.chOnOff(row).SetValue(window.DefaultOnOff ? 1 : 0);
-    form_.chField(row).SetValue(window.DefaultFieldOnOff ? 1 : 0);
-    form_.chSym(row).SetValue(window.DefaultSymbolOnOff ? 1 : 0);
-    form_.chDblSize(row).SetValue(window.DoubleHeight ? 1 : 0);
+    SetWindowTicks(form_, row, window);
     SpinControl& vertical = form_.udVer(row);
     vertical.SetMin(kLowestRow);
     vertical.SetMax(0);

@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "core/choices.h"
+#include "core/window_ticks.h"
 #include "link/replies.h"
 
 namespace marlinset {
@@ -30,13 +31,13 @@ int VerticalRow(int top, std::string_view fontSize) {
 }
 
 int WindowFlags(const MessageSource& source) {
-  const FrmStart& form = source.form;
-  const int i = source.index;
-  const CheckBox& slate = form.chSlate(i);
-  const bool slateCounts = source.sender == Sender::kPanel || slate.Visible();
-  return source.flagBase + (form.chField(i).On() ? 2 : 0) + (form.chSym(i).On() ? 4 : 0) +
-         (form.chDblSize(i).On() ? 16 : 0) + (slate.On() && slateCounts ? 32 : 0) +
-         (form.chOnOff(i).On() ? 64 : 0);
+  int flags = source.flagBase;
+  for (const WindowTick& tick : kWindowTicks) {
+    const CheckBox& box = (source.form.*tick.boxes)(source.index);
+    const bool counts = tick.id != TickId::kSlate || source.sender == Sender::kPanel || box.Visible();
+    if (box.On() && counts) flags += tick.flag;
+  }
+  return flags;
 }
 
 }  // namespace
@@ -122,8 +123,7 @@ void AddWindow(const MessageSource& source, Message& message) {
   message.fields.emplace_back(WindowFlags(source));
   message.fields.emplace_back(VerticalRow(window.Top, BoxOf(form, ChoiceId::kFontSize).Text()));
   message.fields.emplace_back(window.Left);
-  message.fields.emplace_back(window.Length + (form.chField(i).On() ? window.FieldLength : 0) +
-                              (form.chSym(i).On() ? window.SymbolLength : 0));
+  message.fields.emplace_back(TickedLength(form, i, window));
   message.meaning += " " + std::to_string(window.Number) + " '" + window.Name + "'";
 }
 

@@ -4,6 +4,7 @@
 #include "base/finally.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
+#include "core/window_ticks.h"
 #include "link/setting_commands.h"
 
 namespace marlinset {
@@ -26,9 +27,7 @@ void WindowHighlight::ConnectRows() {
     surface.OnMouseMove([this](int row) { Highlight(row); });
     surface.OnLostFocus([this](int row) { Leave(row); });
   };
-  for (auto* boxes : {&form_.chOnOff, &form_.chSlate, &form_.chDblSize, &form_.chSym, &form_.chField}) {
-    connect(*boxes);
-  }
+  for (const WindowTick& tick : kWindowTicks) connect(form_.*tick.boxes);
   for (auto* echoes : {&form_.tHor, &form_.tVert}) connect(*echoes);
   for (auto* spins : {&form_.udHor, &form_.udVer}) connect(*spins);
 }
