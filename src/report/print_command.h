@@ -7,7 +7,6 @@
 
 namespace marlinset {
 
-class FrmPrint;
 class FrmStart;
 struct Platform;
 struct Variables;
@@ -18,7 +17,7 @@ class PrintCommand {
  public:
   PrintCommand(Platform& platform, const Variables& variables, FrmStart& form);
 
-  /// Fills the two pages from the panels and hands them over as one job. Failures of the device go to the
+  /// Lays out the two pages from the panels and hands them over as one job. Failures of the device go to the
   /// caller.
   void PrintConfig(PrintRequest request);
 
@@ -32,13 +31,8 @@ class PrintCommand {
   /// Runs `action` with polling at rest, and takes it up again also when `action` fails.
   template <class Action>
   void Undisturbed(const Action& action);
-  void FillPage1(FrmPrint& page) const;
-  void FillPage2(FrmPrint& page) const;
-  void CopyVitcLines(FrmPrint& page) const;
-  void CopyPort(FrmPrint& page) const;
-  void CopyAttributes(FrmPrint& page) const;
-  void CopyDownConverter(FrmPrint& page) const;
-  void CopyWindows(FrmPrint& page) const;
+  /// The port that is ticked in the menu, otherwise the one that would be opened.
+  std::string Port() const;
 
   Platform& platform_;
   const Variables& vars_;
