@@ -25,7 +25,8 @@ Group* MakeSingle(Frame& frame, char mnemonic, ComboBox& combo, QWidget* parent)
 QWidget* MakeDownConverterPanel(FrmStart& form, QWidget* parent) {
   auto* page = new QWidget(parent);
   auto* filters = new Group(form.fFilters, page);
-  for (const auto& [i, mnemonic] : {std::pair{1, 't'}, std::pair{2, 'z'}}) {
+  for (const auto& [i, mnemonic] :
+       {std::pair{FrmStart::kVerticalFilter, 't'}, std::pair{FrmStart::kHorizontalFilter, 'z'}}) {
     ComboBox& combo = form.ComDownConv(i);
     filters->AddRow(MakeLabelFor(combo, filters, mnemonic), new ComboField(combo, kModeCharacters, filters));
   }
