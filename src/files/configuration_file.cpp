@@ -132,7 +132,8 @@ void ConfigurationFile::EnterFolder() {
   try {
     platform_.files.ChangeDirectory(vars_.LoadFolder);
   } catch (const RuntimeError& failure) {
-    platform_.settings.SaveSetting(kFolderKey, vars_.LoadFolder == vars_.AppPath ? "" : vars_.AppPath);
+    platform_.settings.SaveSetting(kFolderKey,
+                                   vars_.LoadFolder == vars_.AppPath ? "" : vars_.AppPath);
     throw RuntimeError(failure.Number(), failure.Description(),
                        vars_.LoadFolder + "\nThe folder last used is not there any more.");
   }
@@ -320,35 +321,25 @@ bool ConfigurationFile::LocateFile(const RuntimeError& failure) {
 }
 
 ReadEnd ConfigurationFile::ParsingStage(const std::vector<std::uint8_t>& bytes) {
-  // A damaged file: the defaults are set. A failure of panels or database once the windows are in place: what
-  // was taken stays.
-  const auto parse = [this](const std::function<void()>& step) {
-    try {
-      step();
-      return true;
-    } catch (const QcfError& failure) {
-      ResetPanels(std::string(failure.Which() == QcfError::Fault::kHeader ? kHeaderFault : kNoModelFault));
-    } catch (const RuntimeError&) {
+  using enum LoadOutcome::End;
+  LoadOutcome outcome = loader_.Load(bytes);
+  switch (outcome.end) {
+    case kLoaded:
+      return ReadEnd::kLoaded;
+    case kIncomplete:
+      platform_.dialogs.Tell(std::move(outcome.failure));
+      return ReadEnd::kIncomplete;
+    case kForeignHeader:
+      ResetPanels(std::string(kHeaderFault));
+      break;
+    case kNoModel:
+      ResetPanels(std::string(kNoModelFault));
+      break;
+    case kDamaged:
       ResetPanels(std::string(kCorrupt));
-    }
-    return false;
-  };
-  const auto take = [this](const std::function<void()>& step) {
-    try {
-      step();
-      return true;
-    } catch (const RuntimeError& failure) {
-      platform_.dialogs.Tell(std::to_string(failure.Number()) + "    " + failure.Description());
-      return false;
-    }
-  };
-  std::optional<QcfReader> reader;
-  std::vector<SystemParameterRec> parameters;
-  if (!parse([&] { loader_.LoadPanels(reader.emplace(bytes)); })) return ReadEnd::kNotReadable;
-  if (!take([&] { loader_.UnloadParameterRows(); })) return ReadEnd::kIncomplete;
-  if (!parse([&] { parameters = PanelLoader::ReadParameters(*reader); })) return ReadEnd::kNotReadable;
-  if (!take([&] { loader_.TakeParameters(std::move(parameters)); })) return ReadEnd::kIncomplete;
-  return ReadEnd::kLoaded;
+      break;
+  }
+  return ReadEnd::kNotReadable;
 }
 
 void ConfigurationFile::ResetPanels(std::string message) {

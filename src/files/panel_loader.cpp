@@ -12,6 +12,7 @@
 #include "core/vertical_step.h"
 #include "core/window_ticks.h"
 #include "files/old_names.h"
+#include "files/qcf_reader.h"
 #include "platform/platform.h"
 
 namespace marlinset {
@@ -49,6 +50,18 @@ CharWindowRec WindowOf(const QcfRecord& record) {
   return window;
 }
 
+std::vector<SystemParameterRec> ReadParameters(QcfReader& reader) {
+  std::vector<SystemParameterRec> parameters;
+  const QcfValue value = reader.Read(QcfFieldOf(QcfUse::kParameters));
+  for (const QcfRecord& record : std::get<std::vector<QcfRecord>>(value)) {
+    parameters.push_back({.Class = static_cast<std::int16_t>(NumberOf(record[0])),
+                          .Parameter = static_cast<std::int16_t>(NumberOf(record[1])),
+                          .Description = std::get<std::string>(record[2].value),
+                          .Value = LoadedParameterValue(NumberOf(record[3]))});
+  }
+  return parameters;
+}
+
 }  // namespace
 
 PanelLoader::PanelLoader(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels)
@@ -58,6 +71,35 @@ PanelLoader::PanelLoader(Platform& platform, Variables& variables, FrmStart& for
       panels_(panels),
       upgrade_(platform, variables, form, panels) {}
 
+LoadOutcome PanelLoader::Load(std::span<const std::uint8_t> bytes) {
+  using enum LoadOutcome::End;
+  // Once the windows are in place a failure of panels or database says nothing of the file.
+  LoadOutcome incomplete{kIncomplete};
+  const auto take = [&incomplete](const auto& step) {
+    try {
+      step();
+      return true;
+    } catch (const RuntimeError& failure) {
+      incomplete.failure = std::to_string(failure.Number()) + "    " + failure.Description();
+      return false;
+    }
+  };
+  std::vector<SystemParameterRec> parameters;
+  try {
+    QcfReader reader(bytes);
+    LoadPanels(reader);
+    if (!take([this] { UnloadParameterRows(); })) return incomplete;
+    parameters = ReadParameters(reader);
+  } catch (const QcfError& failure) {
+    return {failure.Which() == QcfError::Fault::kHeader ? kForeignHeader : kNoModel};
+  } catch (const RuntimeError&) {
+    return {kDamaged};
+  }
+  if (!take([&] { TakeParameters(std::move(parameters)); })) return incomplete;
+  return {kLoaded};
+}
+
+/// The file up to the character windows, which are in place and arranged after it.
 void PanelLoader::LoadPanels(QcfReader& reader) {
   for (const QcfField& field : QcfFields()) {
     if (field.use == QcfUse::kVersion || field.since > reader.FormatVersion()) continue;
@@ -178,24 +220,15 @@ void PanelLoader::TakeWindows(const std::vector<QcfRecord>& records, int version
   panels_.ArrangeWindowRows();
 }
 
-std::vector<SystemParameterRec> PanelLoader::ReadParameters(QcfReader& reader) {
-  std::vector<SystemParameterRec> parameters;
-  const QcfValue value = reader.Read(QcfFieldOf(QcfUse::kParameters));
-  for (const QcfRecord& record : std::get<std::vector<QcfRecord>>(value)) {
-    parameters.push_back({.Class = static_cast<std::int16_t>(NumberOf(record[0])),
-                          .Parameter = static_cast<std::int16_t>(NumberOf(record[1])),
-                          .Description = std::get<std::string>(record[2].value),
-                          .Value = LoadedParameterValue(NumberOf(record[3]))});
-  }
-  return parameters;
-}
-
+/// The rows of the parameter list but the first go.
 void PanelLoader::UnloadParameterRows() {
   for (const int row : form_.lClass.Indices()) {
     if (row > 0) form_.ForParameterRow([row](auto& column) { column.Unload(row); });
   }
 }
 
+/// Makes `parameters` the working list, merged with the reference database and sorted by class.
+///
 /// A row's spin writes every parameter of its description, here as under the operator's hand: of two
 /// parameters with one description both take the value of the first. Sent and saved configurations have
 /// always come out so.

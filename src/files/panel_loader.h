@@ -6,36 +6,44 @@
 #include <string>
 #include <vector>
 
-#include "files/qcf_reader.h"
+#include "files/qcf_document.h"
 #include "files/upgrade.h"
 
 namespace marlinset {
 
 class ComboBox;
+class QcfReader;
 class SpinControl;
 
+/// How a load ended. The caller tells the operator, and decides what the panels hold after a file that could
+/// not be read.
+struct LoadOutcome {
+  enum class End {
+    kLoaded,
+    kForeignHeader,  ///< signature or format version is another one
+    kNoModel,        ///< the configurations in the file are for other models
+    kDamaged,
+    kIncomplete,  ///< panels or database refused the parameters; all that came before is in place
+  };
+  End end = End::kLoaded;
+  std::string failure = {};  ///< of kIncomplete: number and text
+};
+
 /// Puts the bytes of a configuration file into the panels, field by field in file order, as if an operator
-/// did it: every assignment acts as a change of its control. A text that its box does not offer is told and
-/// replaced; the load goes on.
+/// did it: every assignment acts as a change of its control. If a box does not offer a text, the operator is
+/// told at once, the fallback is selected and loading continues.
 class PanelLoader {
  public:
   PanelLoader(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels);
 
-  /// The file up to the character windows, which are in place and arranged after it. The panels have the
-  /// defaults of the file's operating mode from that field on. Failures: QcfError, or any other for a damaged
-  /// file; what was set by then stays.
-  void LoadPanels(QcfReader& reader);
-
-  /// The parameters of the file. They become the working list with TakeParameters.
-  static std::vector<SystemParameterRec> ReadParameters(QcfReader& reader);
-
-  /// Takes away the rows of the parameter list but the first.
-  void UnloadParameterRows();
-
-  /// Makes `parameters` the working list, merged with the reference database and sorted by class.
-  void TakeParameters(std::vector<SystemParameterRec> parameters);
+  /// Loads a whole file. The panels have the defaults of the file's operating mode from that field on. What
+  /// was set before a failure stays.
+  LoadOutcome Load(std::span<const std::uint8_t> bytes);
 
  private:
+  void LoadPanels(QcfReader& reader);
+  void UnloadParameterRows();
+  void TakeParameters(std::vector<SystemParameterRec> parameters);
   void Apply(const QcfField& field, const QcfValue& value, int version);
   void ApplyNumber(const QcfField& field, std::int64_t number);
   void ApplyText(const QcfField& field, const std::string& text);
