@@ -145,35 +145,35 @@ WindowTable::WindowTable(FrmStart& form, QWidget* parent)
   rows->addWidget(header);
   rows->addWidget(area_, 1);
   form.ForWindowRow([this](auto& array) { Watch(array); });
-  for (const int i : form.lName.Indices()) AddRow(i);
+  for (const int row : form.lName.Indices()) AddRow(row);
 }
 
 WindowTable::~WindowTable() = default;
 
-QWidget* WindowTable::Row(int index) const {
-  const auto found = rows_.find(index);
+QWidget* WindowTable::Row(int row) const {
+  const auto found = rows_.find(row);
   return found == rows_.end() ? nullptr : found->second;
 }
 
 template <class T>
 void WindowTable::Watch(ControlArray<T>& array) {
-  listening_.emplace_back(array.Loaded, [this](int index) { AddRow(index); });
-  listening_.emplace_back(array.Unloading, [this](int index) { RemoveRow(index); });
+  listening_.emplace_back(array.Loaded, [this](int row) { AddRow(row); });
+  listening_.emplace_back(array.Unloading, [this](int row) { RemoveRow(row); });
 }
 
-void WindowTable::AddRow(int index) {
-  if (!form_.HasWindowRow(index) || rows_.contains(index)) return;
-  auto* row = new RowStrip(form_.lName(index), *this, area_->widget());
-  FillRow(*row, index);
-  const auto place = rows_.emplace(index, row).first;
-  rowStack_->insertWidget(static_cast<int>(std::distance(rows_.begin(), place)), row);
-  ArrangeTabs(index);
-  row->FollowName();
+void WindowTable::AddRow(int row) {
+  if (!form_.HasWindowRow(row) || rows_.contains(row)) return;
+  auto* strip = new RowStrip(form_.lName(row), *this, area_->widget());
+  FillRow(*strip, row);
+  const auto place = rows_.emplace(row, strip).first;
+  rowStack_->insertWidget(static_cast<int>(std::distance(rows_.begin(), place)), strip);
+  ArrangeTabs(row);
+  strip->FollowName();
 }
 
 /// A row may come at any time, but the Tab key reads the table from the top.
-void WindowTable::ArrangeTabs(int index) {
-  const auto place = rows_.find(index);
+void WindowTable::ArrangeTabs(int row) {
+  const auto place = rows_.find(row);
   QWidget* last = place == rows_.begin() ? gate_ : std::prev(place)->second->Fields().back();
   for (QWidget* field : place->second->Fields()) {
     QWidget::setTabOrder(last, field);
@@ -181,8 +181,8 @@ void WindowTable::ArrangeTabs(int index) {
   }
 }
 
-void WindowTable::RemoveRow(int index) {
-  const auto found = rows_.find(index);
+void WindowTable::RemoveRow(int row) {
+  const auto found = rows_.find(row);
   if (found == rows_.end()) return;
   rowStack_->removeWidget(found->second);
   found->second->Release();
@@ -225,34 +225,34 @@ QWidget* WindowTable::MakeHeader() {
   return strip;
 }
 
-void WindowTable::FillRow(RowStrip& row, int index) {
+void WindowTable::FillRow(RowStrip& strip, int row) {
   const std::vector<Button*> heads = Heads(form_);
-  auto* name = new QLabel(&row);
+  auto* name = new QLabel(&strip);
   name->setMinimumWidth(widths_.front());
   // The gaps between the cells count as the name, so that the pointer can cross a row without a message.
-  row.AddName(name);
-  Binding& binding = Bind(*name, form_.lName(index));
-  for (QWidget* around : {name->parentWidget(), static_cast<QWidget*>(&row)}) binding.AddSurface(*around);
+  strip.AddName(name);
+  Binding& binding = Bind(*name, form_.lName(row));
+  for (QWidget* around : {name->parentWidget(), static_cast<QWidget*>(&strip)}) binding.AddSurface(*around);
   std::size_t column = 1;
   const auto add = [&](QWidget* field) {
-    row.AddField(field, Shown(heads[column]->Caption()), widths_[column]);
+    strip.AddField(field, Shown(heads[column]->Caption()), widths_[column]);
     ++column;
   };
   for (ControlArray<CheckBox>* boxes : Boxes(form_)) {
-    auto* box = new QCheckBox(&row);
-    Bind(*box, (*boxes)(index));
+    auto* box = new QCheckBox(&strip);
+    Bind(*box, (*boxes)(row));
     add(box);
   }
-  const std::pair<SpinControl*, TextBox*> positions[] = {{&form_.udVer(index), &form_.tVert(index)},
-                                                         {&form_.udHor(index), &form_.tHor(index)}};
-  for (const auto& [spin, echo] : positions) add(new SpinField(*spin, *echo, &row));
+  const std::pair<SpinControl*, TextBox*> positions[] = {{&form_.udVer(row), &form_.tVert(row)},
+                                                         {&form_.udHor(row), &form_.tHor(row)}};
+  for (const auto& [spin, echo] : positions) add(new SpinField(*spin, *echo, &strip));
 }
 
 /// A wait for the unit may come between a row that is entered and the one that is left: the last one counts.
-void WindowTable::Tint(RowStrip* row, bool on) {
-  if (on == (tinted_ == row)) return;
+void WindowTable::Tint(RowStrip* strip, bool on) {
+  if (on == (tinted_ == strip)) return;
   if (tinted_) tinted_->update();
-  tinted_ = on ? row : nullptr;
+  tinted_ = on ? strip : nullptr;
   if (tinted_) tinted_->update();
 }
 

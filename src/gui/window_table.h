@@ -21,8 +21,8 @@ class WindowTable : public QWidget {
  public:
   WindowTable(FrmStart& form, QWidget* parent);
   ~WindowTable() override;
-  /// The row of window `index`, null when there is none.
-  QWidget* Row(int index) const;
+  /// The strip of a row, null when there is none.
+  QWidget* Row(int row) const;
   /// By how much the table may be wider than it needs to be before its columns drift apart.
   int RoomForNames() const;
 
@@ -34,13 +34,13 @@ class WindowTable : public QWidget {
 
   template <class T>
   void Watch(ControlArray<T>& array);
-  void AddRow(int index);
-  void RemoveRow(int index);
-  void ArrangeTabs(int index);
+  void AddRow(int row);
+  void RemoveRow(int row);
+  void ArrangeTabs(int row);
   void MeasureColumns();
   QWidget* MakeHeader();
-  void FillRow(RowStrip& row, int index);
-  void Tint(RowStrip* row, bool on);
+  void FillRow(RowStrip& strip, int row);
+  void Tint(RowStrip* strip, bool on);
 
   FrmStart& form_;
   std::vector<int> widths_;  ///< of the columns in pixels; the first one grows
@@ -48,7 +48,7 @@ class WindowTable : public QWidget {
   QHBoxLayout* headerCells_ = nullptr;
   QScrollArea* area_;
   QVBoxLayout* rowStack_;
-  RowStrip* tinted_ = nullptr;  ///< the row under the pointer
+  RowStrip* tinted_ = nullptr;  ///< the one under the pointer
   std::map<int, RowStrip*> rows_;
   std::vector<Listening<int>> listening_;
 };

@@ -28,7 +28,7 @@ enum class CommandId {
   kGetFirmware,
   kAutoSelection,    ///< the unit follows the standard of its input
   kManualSelection,  ///< the unit takes its standard by command
-  kSetParameter,     ///< row `index` of SystemParameters
+  kSetParameter,     ///< `row` of SystemParameters
   kVitcOn,
   kVitcOff,
   kWhiteFlagOn,
@@ -50,7 +50,7 @@ enum class CommandId {
   kVitcLines,
   kWhiteFlagLine,
   kCharSize,
-  kWindow,   ///< row `index` of CharWindows
+  kWindow,   ///< `row` of CharWindows
   kCharOff,  ///< the character inserter
   kCharOn,
   kCharOffForSize,  ///< off and on again around a change of the font size
@@ -95,7 +95,7 @@ struct MessageSource {
   const FrmStart& form;
   const Variables& vars;
   Sender sender = Sender::kWholeSend;
-  int index = 0;     ///< row of a window or parameter
+  int row = 0;       ///< of a window or parameter
   int flagBase = 0;  ///< base of a window's flag byte: 128 highlights the window on the unit's output
 };
 

@@ -33,7 +33,7 @@ int VerticalRow(int top, std::string_view fontSize) {
 int WindowFlags(const MessageSource& source) {
   int flags = source.flagBase;
   for (const WindowTick& tick : kWindowTicks) {
-    const CheckBox& box = (source.form.*tick.boxes)(source.index);
+    const CheckBox& box = (source.form.*tick.boxes)(source.row);
     const bool counts = tick.id != TickId::kSlate || source.sender == Sender::kPanel || box.Visible();
     if (box.On() && counts) flags += tick.flag;
   }
@@ -54,7 +54,7 @@ void AddStandard(const MessageSource& source, Message& message) {
 }
 
 void AddParameter(const MessageSource& source, Message& message) {
-  const SystemParameterRec& row = At(source.vars.SystemParameters, source.index);
+  const SystemParameterRec& row = At(source.vars.SystemParameters, source.row);
   message.fields.emplace_back(row.Parameter);
   message.fields.emplace_back(row.Class);
   const auto bits = static_cast<std::uint32_t>(std::int32_t{row.Value});
@@ -117,13 +117,13 @@ void AddDownConverterControl(const MessageSource& source, Message& message) {
 
 void AddWindow(const MessageSource& source, Message& message) {
   const FrmStart& form = source.form;
-  const int i = source.index;
-  const CharWindowRec& window = At(source.vars.CharWindows, i);
+  const int row = source.row;
+  const CharWindowRec& window = At(source.vars.CharWindows, row);
   message.fields.emplace_back(window.Number);
   message.fields.emplace_back(WindowFlags(source));
   message.fields.emplace_back(VerticalRow(window.Top, BoxOf(form, ChoiceId::kFontSize).Text()));
   message.fields.emplace_back(window.Left);
-  message.fields.emplace_back(TickedLength(form, i, window));
+  message.fields.emplace_back(TickedLength(form, row, window));
   message.meaning += " " + std::to_string(window.Number) + " '" + window.Name + "'";
 }
 

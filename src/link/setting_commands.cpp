@@ -42,9 +42,9 @@ SettingCommands::SettingCommands(Platform& platform, Variables& variables, FrmSt
   comms_.answers.Belied.Connect([this](Verdict before) { Belie(before); });
 }
 
-bool SettingCommands::Send(CommandId id, Sender sender, int index, int flagBase) {
+bool SettingCommands::Send(CommandId id, Sender sender, int row, int flagBase) {
   const SettingCommand& command = CommandOf(id);
-  return Exchange(command.name, MessageOf(command, {form_, vars_, sender, index, flagBase}),
+  return Exchange(command.name, MessageOf(command, {form_, vars_, sender, row, flagBase}),
                   command.MannerOf(sender));
 }
 
@@ -119,9 +119,9 @@ bool SettingCommands::LongAckWait() {
   return acknowledged;
 }
 
-void SettingCommands::SendParameter(int index) {
-  if (index < 0 || index >= static_cast<int>(vars_.SystemParameters.size())) return;
-  if (IsSendable(At(vars_.SystemParameters, index))) Send(CommandId::kSetParameter, Sender::kPanel, index);
+void SettingCommands::SendParameter(int row) {
+  if (row < 0 || row >= static_cast<int>(vars_.SystemParameters.size())) return;
+  if (IsSendable(At(vars_.SystemParameters, row))) Send(CommandId::kSetParameter, Sender::kPanel, row);
 }
 
 bool SettingCommands::Live() const {
@@ -134,27 +134,27 @@ void SettingCommands::SendSlate() {
   Send(form_.chPrev.On() ? CommandId::kSlatePreview : CommandId::kSlateMode, Sender::kWholeSend);
 }
 
-bool SettingCommands::HasWindow(int index) const {
-  return form_.HasWindowRow(index) && index <= UBound(vars_.CharWindows);
+bool SettingCommands::HasWindow(int row) const {
+  return form_.HasWindowRow(row) && row <= UBound(vars_.CharWindows);
 }
 
-void SettingCommands::SendWindowAll(int index) {
-  if (!HasWindow(index)) return;
-  Send(CommandId::kWindow, Sender::kPanel, index, kHighlightOn);
+void SettingCommands::SendWindowAll(int row) {
+  if (!HasWindow(row)) return;
+  Send(CommandId::kWindow, Sender::kPanel, row, kHighlightOn);
   if (form_.mnuInter.Checked()) SendSlate();
 }
 
-bool SettingCommands::Highlights(int index) const {
-  return !vars_.UnitLocalMode && HasWindow(index) && form_.lName(index).Visible();
+bool SettingCommands::Highlights(int row) const {
+  return !vars_.UnitLocalMode && HasWindow(row) && form_.lName(row).Visible();
 }
 
-void SettingCommands::SendWindowInteractive(int index, int onBit) {
-  if (!Highlights(index)) return;
+void SettingCommands::SendWindowInteractive(int row, int onBit) {
+  if (!Highlights(row)) return;
   const SettingCommand& command = CommandOf(CommandId::kWindow);
-  Message message = MessageOf(command, {form_, vars_, Sender::kPanel, index, onBit});
+  Message message = MessageOf(command, {form_, vars_, Sender::kPanel, row, onBit});
   message.meaning += onBit == kHighlightOn ? ", highlighted" : ", not highlighted";
   Exchange(command.name, std::move(message), {Ack::kStandard, "ACK LOST"}, Failure::kPanel);
-  if (HasWindow(index)) At(vars_.CharWindows, index).Highlighted = onBit == kHighlightOn;
+  if (HasWindow(row)) At(vars_.CharWindows, row).Highlighted = onBit == kHighlightOn;
 }
 
 bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn) {

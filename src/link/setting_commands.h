@@ -46,9 +46,9 @@ class SettingCommands {
   bool Live() const;
 
   /// Sends one command in the manner of `sender`. Returns whether it was acknowledged, for a query whether
-  /// it was answered; True for what needs no answer. `index` is the row of a window or parameter, and
+  /// it was answered; True for what needs no answer. `row` is that of a window or parameter, and
   /// `flagBase` the base of a window's flag byte. A value that does not fit its byte is failure 6.
-  bool Send(CommandId id, Sender sender, int index = 0, int flagBase = 0);
+  bool Send(CommandId id, Sender sender, int row = 0, int flagBase = 0);
 
   /// Sends the message of the previous sending once more, with the routing panels' failure text; nothing when
   /// none was sent yet.
@@ -56,21 +56,21 @@ class SettingCommands {
 
   /// Sends a row of SystemParameters, if its class goes to the unit. Always lasts the whole interval of
   /// dPause.
-  void SendParameter(int index);
+  void SendParameter(int row);
 
   /// In interactive mode, and unless the unit is in local mode: the slate's preview while it is ticked,
   /// otherwise its mode.
   void SendSlate();
 
   /// Whether a window has its record and its row of controls; one without is passed over.
-  bool HasWindow(int index) const;
+  bool HasWindow(int row) const;
   /// Sends a window's state, highlighted; in interactive mode the slate's after it.
-  void SendWindowAll(int index);
+  void SendWindowAll(int row);
   /// Whether a window's highlight can be sent: not in local mode, nor of a window that is not shown.
-  bool Highlights(int index) const;
+  bool Highlights(int row) const;
   /// Highlights a window on the unit's output (`onBit` kHighlightOn) or ends that (kHighlightOff). A missing
   /// acknowledgement shows as "ACK LOST" in panel 1 only. Does nothing where Highlights says so.
-  void SendWindowInteractive(int index, int onBit);
+  void SendWindowInteractive(int row, int onBit);
 
   /// Switches the character inserter by one of the commands for it and shows the outcome: acknowledged, the
   /// menu's ticks show `showOn`; otherwise, after the box, the indicator is red and neither is ticked.

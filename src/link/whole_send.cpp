@@ -313,9 +313,9 @@ int WholeSend::StillToSend() const {
   }
   count += StillIn(StepsBeforeWindows(), progress_.step) + StillIn(StepsAfterWindows(), progress_.lateStep);
   const int windows = static_cast<int>(vars_.CharWindows.size());
-  for (int i = progress_.highlight; i < windows; ++i) count += commands_.Highlights(i) ? 1 : 0;
-  for (int i = progress_.window; i < windows; ++i) {
-    if (commands_.HasWindow(i)) count += IsTextWindow(i) ? 2 : 1;
+  for (int row = progress_.highlight; row < windows; ++row) count += commands_.Highlights(row) ? 1 : 0;
+  for (int row = progress_.window; row < windows; ++row) {
+    if (commands_.HasWindow(row)) count += IsTextWindow(row) ? 2 : 1;
   }
   return count + (!progress_.slate && commands_.Live() ? 1 : 0);
 }
@@ -330,26 +330,26 @@ void WholeSend::EndHighlights() {
 
 void WholeSend::SendWindows() {
   while (progress_.window < static_cast<int>(vars_.CharWindows.size()) && GoesOn()) {
-    const int i = progress_.window++;
-    if (!commands_.HasWindow(i)) continue;
-    const ControlName row[] = {{"lName", i}};
-    Marked(form_, row, [&] { SendWindow(i); });
+    const int row = progress_.window++;
+    if (!commands_.HasWindow(row)) continue;
+    const ControlName name[] = {{"lName", row}};
+    Marked(form_, name, [&] { SendWindow(row); });
   }
 }
 
-bool WholeSend::IsTextWindow(int index) const {
-  return At(vars_.CharWindows, index).Name == kTextWindow;
+bool WholeSend::IsTextWindow(int row) const {
+  return At(vars_.CharWindows, row).Name == kTextWindow;
 }
 
-void WholeSend::SendWindow(int index) {
-  if (IsTextWindow(index)) {
+void WholeSend::SendWindow(int row) {
+  if (IsTextWindow(row)) {
     form_.tWinMess.SetText(MessageText(form_.tWinMess.Text()));
     progress_.behindText = true;
     commands_.Send(kText, Sender::kWholeSend);
     if (!GoesOn()) return;
     progress_.behindText = false;
   }
-  commands_.Send(kWindow, Sender::kWholeSend, index);
+  commands_.Send(kWindow, Sender::kWholeSend, row);
 }
 
 }  // namespace marlinset

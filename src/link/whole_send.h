@@ -79,7 +79,7 @@ class WholeSend {
   void Plan();
   int StillToSend() const;
   int StillIn(std::span<const SendStep> steps, std::size_t place) const;
-  bool IsTextWindow(int index) const;
+  bool IsTextWindow(int row) const;
   SendEnd SendOverPort();
   SendEnd SendConfiguration();
   std::optional<SendEnd> AgreeOnStandard(bool& agreed);
@@ -94,7 +94,7 @@ class WholeSend {
   void RunStep(const SendStep& step);
   void EndHighlights();
   void SendWindows();
-  void SendWindow(int index);
+  void SendWindow(int row);
   bool GoesOn();
 
   Platform& platform_;

@@ -75,8 +75,8 @@ void WindowHighlight::Leave(int row) {
 /// All but `row`; kNoIndex for really all. The windows may become others while a message is on its way.
 void WindowHighlight::ClearOthers(int row) {
   if (!form_.mnuInter.Checked()) return;
-  for (int i = 0; i < static_cast<int>(vars_.CharWindows.size()); ++i) {
-    if (i != row && IsHighlighted(i)) commands_.SendWindowInteractive(i, kHighlightOff);
+  for (int other = 0; other < static_cast<int>(vars_.CharWindows.size()); ++other) {
+    if (other != row && IsHighlighted(other)) commands_.SendWindowInteractive(other, kHighlightOff);
   }
 }
 
