@@ -17,15 +17,13 @@
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 #include "platform/work_keeper.h"
 
 namespace marlinset {
 namespace {
 
 constexpr std::string_view kFilter = "Brandal Marlinset File|*.qcf";
-constexpr std::string_view kFolderKey = "Load";
-constexpr std::string_view kDefaultFileKey = "Default";
 constexpr std::string_view kBackupExtension = ".bak";
 constexpr std::string_view kHeaderFault = "Data Process Error, file header corrupt or unreadable";
 constexpr std::string_view kNoModelFault = "No 7340 Configuration found in file, using Default.";
@@ -87,7 +85,7 @@ SaveEnd ConfigurationFile::SaveConfig(std::string_view flow) {
   SaveEnd end = SaveEnd::kCancelled;
   if (!named && flow != "Save") return end;
   platform_.fileDialog.CancelError = true;
-  vars_.LoadFolder = platform_.settings.GetSetting(kFolderKey, vars_.AppPath);
+  vars_.LoadFolder = LastFolder(platform_.settings, vars_.AppPath);
   const bool failed = WithDialog(platform_, "Error during save, save aborted!", [&] {
     OfferConfigurations();
     if (named) {
@@ -132,7 +130,7 @@ void ConfigurationFile::EnterFolder() {
   try {
     platform_.files.ChangeDirectory(vars_.LoadFolder);
   } catch (const RuntimeError& failure) {
-    platform_.settings.SaveSetting(kFolderKey,
+    platform_.settings.SaveSetting(kFolderSetting.key,
                                    vars_.LoadFolder == vars_.AppPath ? "" : vars_.AppPath);
     throw RuntimeError(failure.Number(), failure.Description(),
                        vars_.LoadFolder + "\nThe folder last used is not there any more.");
@@ -197,7 +195,7 @@ void ConfigurationFile::UpdateFileTitle() {
     vars_.CurrentFile = path.substr(name, dot - name);
     folder = path.substr(0, name);
   }
-  platform_.settings.SaveSetting(kFolderKey, folder);
+  platform_.settings.SaveSetting(kFolderSetting.key, folder);
   form_.SetCaption(TitleOf(vars_.CurrentFile));
 }
 
@@ -219,7 +217,7 @@ void ConfigurationFile::WriteConfigFile() {
 void ConfigurationFile::LoadConfig() {
   FileDialog& dialog = platform_.fileDialog;
   dialog.CancelError = true;
-  vars_.ConfigFolder = platform_.settings.GetSetting(kFolderKey, vars_.AppPath);
+  vars_.ConfigFolder = LastFolder(platform_.settings, vars_.AppPath);
   ShowStatus("Getting Saved Data ");
   WithDialog(platform_, "Error during load, load aborted!", [&] {
     OfferConfigurations();
@@ -279,7 +277,7 @@ ConfigurationFile::Content ConfigurationFile::OpeningStage() {
       located = true;
       continue;
     }
-    if (located) platform_.settings.SaveSetting(kDefaultFileKey, platform_.fileDialog.FileName);
+    if (located) platform_.settings.SaveSetting(kStartFileSetting.key, platform_.fileDialog.FileName);
   }
   lastRead_ = ReadEnd::kEmpty;
   const std::string& name = platform_.fileDialog.FileName;

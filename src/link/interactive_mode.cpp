@@ -16,7 +16,7 @@
 #include "platform/event_pump.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
 namespace {
@@ -92,7 +92,7 @@ void InteractiveMode::setChecks(std::string_view mode) {
   if (mode == "off") LeaveInteractiveMode(form_);
   if (mode != "inter") return;
   if (!form_.mnuInter.Checked()) Enter();
-  platform_.settings.SaveSetting("InMode", "On");
+  platform_.settings.SaveSetting(kInteractiveSetting.key, kInteractiveOn);
 }
 
 void InteractiveMode::Enter() {
@@ -117,7 +117,7 @@ void InteractiveMode::Enter() {
 
 void InteractiveMode::mnuOff_Click() {
   setChecks("off");
-  platform_.settings.SaveSetting("InMode", "Off");
+  platform_.settings.SaveSetting(kInteractiveSetting.key, kInteractiveOff);
 }
 
 /// The mode's heartbeat. A tick stands aside while a send awaits its answer and while a question or a dialog

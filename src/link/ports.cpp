@@ -9,7 +9,7 @@
 #include "link/interactive_mode.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
 
@@ -145,7 +145,7 @@ void Ports::SetUpCom() {
     At(present_, port) = PresentDevice(port);
   }
   if (first != 0) UsePort(first);
-  const std::string remembered = platform_.settings.GetSetting("Comm", "1");
+  const std::string remembered = SettingText(platform_.settings, kPortSetting);
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     if (remembered != std::to_string(port) || !form_.ComMenu(port).Enabled()) continue;
     UsePort(port);
@@ -175,7 +175,7 @@ void Ports::SetComMenu(int port, bool alreadyChecked) {
   }
   if (alreadyChecked) return;
   UsePort(port);
-  platform_.settings.SaveSetting("Comm", std::to_string(port));
+  platform_.settings.SaveSetting(kPortSetting.key, std::to_string(port));
 }
 
 }  // namespace marlinset

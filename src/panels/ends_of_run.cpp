@@ -17,17 +17,17 @@
 #include "platform/file_system.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
 namespace {
 
-constexpr std::string_view kNoDefault = "None";
 constexpr std::string_view kShippedConfiguration = "System Default Video.qcf";
 
 /// The configuration of a start, by what the settings say of it.
 std::string StartsWith(const std::string& setting, const Variables& variables) {
-  return setting == kNoDefault ? variables.AppPath + std::string(kShippedConfiguration) : setting;
+  return setting == kStartFileSetting.byDefault ? variables.AppPath + std::string(kShippedConfiguration)
+                                                : setting;
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ EndsOfRun::EndsOfRun(Platform& platform, Variables& variables, FrmStart& form, c
 }
 
 bool EndsOfRun::OpenDefaultConfiguration(const std::string& commandText) {
-  const std::string name = StartsWith(platform_.settings.GetSetting("Default", kNoDefault), vars_);
+  const std::string name = StartsWith(SettingText(platform_.settings, kStartFileSetting), vars_);
   if (!commandText.empty()) return true;
   if (platform_.files.FileExists(name)) {
     platform_.fileDialog.FileName = name;
@@ -58,7 +58,7 @@ bool EndsOfRun::OpenDefaultConfiguration(const std::string& commandText) {
 }
 
 void EndsOfRun::OfferInteractiveMode() {
-  if (platform_.settings.GetSetting("InMode", "Off") != "On") return;
+  if (SettingText(platform_.settings, kInteractiveSetting) != kInteractiveOn) return;
   const int port = vars_.ComPortNumber;
   const bool plugged = platform_.ComP1.DeviceIsThere(port);
   if (platform_.dialogs.Ask("Go Interactive? ",
@@ -101,12 +101,12 @@ void EndsOfRun::AskToSave() {
 
 void EndsOfRun::AskForNextStart() {
   const std::string& name = platform_.fileDialog.FileName;
-  const std::string wanted = platform_.settings.GetSetting("Default", kNoDefault);
+  const std::string wanted = SettingText(platform_.settings, kStartFileSetting);
   if (name.empty() || wanted.empty() || name == wanted) return;
   const std::string facts =
       Facts({FileFact("Next start", name), FileFact("So far", StartsWith(wanted, vars_))});
   if (platform_.dialogs.Ask("Restart next time with this configuration?", facts)) {
-    platform_.settings.SaveSetting("Default", name);
+    platform_.settings.SaveSetting(kStartFileSetting.key, name);
   }
 }
 

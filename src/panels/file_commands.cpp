@@ -14,7 +14,7 @@
 #include "panels/unsaved_changes.h"
 #include "platform/file_dialog.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
 
@@ -41,7 +41,7 @@ void FileCommands::mnuNew_Click() {
   });
   vars_.ConfigSaved = true;
   platform_.fileDialog.FileName =
-      platform_.settings.GetSetting("Load", vars_.AppPath) + "New" + std::string(kConfigurationExtension);
+      LastFolder(platform_.settings, vars_.AppPath) + "New" + std::string(kConfigurationExtension);
   vars_.CurrentFile = platform_.fileDialog.FileName;
   file_.UpdateFileTitle();
 }

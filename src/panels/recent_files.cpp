@@ -9,21 +9,13 @@
 #include "panels/file_commands.h"
 #include "platform/file_system.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
-namespace {
-
-std::string KeyOf(int index) {
-  return "Recent" + std::to_string(index);
-}
-
-}  // namespace
-
 RecentFiles::RecentFiles(Platform& platform, FrmStart& form, ConfigurationFile& file, FileCommands& commands)
     : mnuRecent(form, "mnuRecent", {1, 2, 3, 4, 5, 6, 7, 8}), platform_(platform), commands_(commands) {
   for (const int i : mnuRecent.Indices()) {
-    std::string name = platform_.settings.GetSetting(KeyOf(i), "");
+    std::string name = platform_.settings.GetSetting(RecentFileKey(i), "");
     // Two windows that wrote in turn may have left one file twice.
     const bool listed = std::find(names_.begin(), names_.end(), name) != names_.end();
     if (!name.empty() && !listed) names_.push_back(std::move(name));
@@ -60,7 +52,8 @@ void RecentFiles::Keep() {
   for (const int i : mnuRecent.Indices()) {
     const auto place = static_cast<std::size_t>(i - 1);
     const std::string name = place < names_.size() ? names_[place] : std::string();
-    if (name != platform_.settings.GetSetting(KeyOf(i), "")) platform_.settings.SaveSetting(KeyOf(i), name);
+    if (name != platform_.settings.GetSetting(RecentFileKey(i), ""))
+      platform_.settings.SaveSetting(RecentFileKey(i), name);
   }
   Show();
 }

@@ -12,7 +12,7 @@
 #include "panels/unsaved_changes.h"
 #include "panels/window_settings.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
 namespace {
@@ -83,7 +83,7 @@ void StartUp::SetControls() {
 }
 
 void StartUp::RestoreHardwareType() {
-  vars_.HardwareType = platform_.settings.GetSetting("HardwareType", "HD7340");
+  vars_.HardwareType = SettingText(platform_.settings, kModelSetting);
   (vars_.HardwareType == "HD7340Q" ? form_.mnuHD7340Q : form_.mnuHD7340).Press();
 }
 

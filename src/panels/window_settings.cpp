@@ -8,7 +8,7 @@
 #include "core/load_arrays.h"
 #include "core/variables.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
 namespace {
@@ -41,57 +41,53 @@ WindowSettings::WindowSettings(Platform& platform, Variables& variables, FrmStar
   form_.tClearStat.OnTick([this] { ClearStatus(); });
 }
 
-int WindowSettings::Number(std::string_view key, int defaultValue) const {
-  return SettingNumber(platform_.settings, key, std::to_string(defaultValue));
-}
-
 void WindowSettings::SetFromReg() {
   RestorePlace();
-  form_.mnuCommD.SetChecked(Number("ComD", 0) == 0);
+  form_.mnuCommD.SetChecked(SettingNumber(platform_.settings, kLinkToolsSetting) == 0);
   setCommD();
-  const int page = Number("Page", 0);
+  const int page = SettingNumber(platform_.settings, kViewSetting);
   form_.oView(page >= 0 && page <= kLastView ? page : 0).SetValue(true);
-  SetTimer(Number("Timer", 1));
+  SetTimer(SettingNumber(platform_.settings, kTimeOutSetting));
 }
 
 void WindowSettings::RestorePlace() {
   const WindowMeasures& sizes = form_.measures;
   WindowPlace place;
-  const auto measure = [this](std::string_view key, int defaultValue) {
-    return std::max(0, Number(key, defaultValue));
+  const auto measure = [this](const Setting& setting, int byDefault) {
+    return std::max(0, SettingNumber(platform_.settings, setting.key, std::to_string(byDefault)));
   };
   place.height =
-      measure("Height", sizes.menuBarHeight + sizes.statusBarHeight + sizes.windowsHeight + kRoomBelow);
-  place.width = measure("Width", sizes.windowsWidth + kRoomBeside);
-  place.top = measure("Top", (sizes.screenHeight - place.height) / 2);
-  place.left = measure("Left", (sizes.screenWidth - place.width) / 2);
+      measure(kHeightSetting, sizes.menuBarHeight + sizes.statusBarHeight + sizes.windowsHeight + kRoomBelow);
+  place.width = measure(kWidthSetting, sizes.windowsWidth + kRoomBeside);
+  place.top = measure(kTopSetting, (sizes.screenHeight - place.height) / 2);
+  place.left = measure(kLeftSetting, (sizes.screenWidth - place.width) / 2);
   form_.SetPlace(place);
 }
 
 void WindowSettings::PutToReg() {
-  const auto save = [this](std::string_view key, const std::string& value) {
-    platform_.settings.SaveSetting(key, value);
+  const auto save = [this](const Setting& setting, std::string_view value) {
+    platform_.settings.SaveSetting(setting.key, value);
   };
   const WindowPlace& place = form_.Place();
-  save("Height", std::to_string(place.height));
-  save("Width", std::to_string(place.width));
-  save("Top", std::to_string(place.top));
-  save("Left", std::to_string(place.left));
-  save("AppPath", vars_.AppPath);
+  save(kHeightSetting, std::to_string(place.height));
+  save(kWidthSetting, std::to_string(place.width));
+  save(kTopSetting, std::to_string(place.top));
+  save(kLeftSetting, std::to_string(place.left));
+  save(kProgramFolderSetting, vars_.AppPath);
   try {
-    save("DBVersion", database_.DatabaseVersion());
+    save(kDatabaseVersionSetting, database_.DatabaseVersion());
   } catch (const RuntimeError&) {
     // The database went away during the run, which must not keep the program from ending.
   }
-  save("AppVersion", MARLINSET_VERSION);
-  save("ComD", form_.mnuCommD.Checked() ? "1" : "0");
+  save(kProgramVersionSetting, MARLINSET_VERSION);
+  save(kLinkToolsSetting, form_.mnuCommD.Checked() ? "1" : "0");
   for (int view = 1; view <= kLastRememberedView; ++view) {
-    if (form_.oView(view).Value()) save("Page", std::to_string(view));
+    if (form_.oView(view).Value()) save(kViewSetting, std::to_string(view));
   }
   for (int i = 0; i < static_cast<int>(kTimeOuts.size()); ++i) {
-    if ((form_.*At(kTimeOuts, i).menu).Checked()) save("Timer", std::to_string(i + 1));
+    if ((form_.*At(kTimeOuts, i).menu).Checked()) save(kTimeOutSetting, std::to_string(i + 1));
   }
-  save("HardwareType", vars_.HardwareType);
+  save(kModelSetting, vars_.HardwareType);
 }
 
 void WindowSettings::setCommD() {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <string_view>
 
 namespace marlinset {
 
@@ -31,7 +30,6 @@ class WindowSettings {
   void KeepStatusWhile(std::function<bool()> busy) { busy_ = std::move(busy); }
 
  private:
-  int Number(std::string_view key, int defaultValue) const;
   void RestorePlace();
   void ClearStatus();
 

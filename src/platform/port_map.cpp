@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/settings_keys.h"
+
 namespace marlinset {
 namespace {
 
@@ -41,7 +43,7 @@ PortMap::PortMap(const Paths& explicitPaths, const SettingsStore& settings, Find
     : chosen_(explicitPaths), finder_(std::move(finder)) {
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     std::string& path = chosen_[static_cast<std::size_t>(port - kLowestPort)];
-    if (path.empty()) path = settings.GetSetting("Port" + std::to_string(port), "");
+    if (path.empty()) path = settings.GetSetting(DeviceKey(port), "");
   }
   Refresh();
 }
@@ -93,7 +95,7 @@ RuntimeError NoDeviceBehind(int port) {
   const std::string number = std::to_string(port);
   return {kErrPort, "No device stands behind port " + number +
                         ". Plug in a serial adapter, or name its device with --com" + number +
-                        "=PATH or the setting Port" + number + "."};
+                        "=PATH or the setting " + DeviceKey(port) + "."};
 }
 
 }  // namespace marlinset

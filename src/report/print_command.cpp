@@ -14,7 +14,7 @@
 #include "platform/file_system.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
-#include "platform/settings_store.h"
+#include "platform/settings_keys.h"
 #include "report/print_layout.h"
 
 namespace marlinset {
@@ -93,7 +93,7 @@ std::string PrintCommand::AskForName() const {
                     .Filter = "PDF document|*.pdf",
                     .Flags = kOverwritePrompt | kHideReadOnly,
                     .FileName = PdfNameOf(before.FileName.empty() ? vars_.CurrentFile : before.FileName),
-                    .InitDir = folder.empty() ? platform_.settings.GetSetting("Load", vars_.AppPath) : folder,
+                    .InitDir = folder.empty() ? LastFolder(platform_.settings, vars_.AppPath) : folder,
                     .DialogTitle = "Export as PDF"};
   std::string file;
   const auto ask = [&] {
