@@ -3,7 +3,7 @@
 
 namespace marlinset {
 
-/// Runs `body`, then `cleanup` whichever way `body` ends; a failure of `body` goes on to the caller.
+/// Runs `body`, then `cleanup` however `body` ends; passes a failure of `body` on to the caller.
 template <class Body, class Cleanup>
 void Finally(const Body& body, const Cleanup& cleanup) {
   try {

@@ -13,8 +13,8 @@ struct LeadingNumber {
   bool aloneInText = false;  ///< nothing but blanks follows
 };
 
-/// Reads a number at the beginning of a text, with a point as the decimal sign whatever the user's locale is.
-/// Blanks before it are skipped; "inf" and "nan" are no numbers.
+/// Reads a number at the beginning of a text, after any blanks, with a point as the decimal sign in every
+/// locale. "inf" and "nan" are not numbers.
 std::optional<LeadingNumber> ReadLeadingNumber(std::string_view text);
 /// The number at the beginning of the text, 0 when there is none.
 double LeadingNumberOf(std::string_view text);

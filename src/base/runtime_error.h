@@ -8,8 +8,8 @@
 namespace marlinset {
 
 /// A failure of a statement, with the stable number that operators quote to the service desk. A routine that
-/// does not handle it hands it to its caller; the guard at the edge (see guard.h) shows number and
-/// description, and below them the remedy: what the operator can do about it, often nothing to tell.
+/// does not handle it passes it on to its caller; the guard (see guard.h) shows number and description, and
+/// below them the remedy, which is often empty: what the operator can do.
 class RuntimeError : public std::exception {
  public:
   RuntimeError(int number, std::string description, std::string remedy = {})
@@ -50,14 +50,14 @@ constexpr int kErrNoColumn = 3265;
 constexpr int kErrBadDatabase = 3343;
 constexpr int kErrPort = 8002;
 
-/// "Overflow": a number does not fit where it is to go, for example 256 into a byte of a message.
+/// "Overflow": a number does not fit where it is to go, for example 256 in a byte of a message.
 RuntimeError Overflow();
 /// "Subscript out of range": an index beyond an array, or an array that was never filled.
 RuntimeError SubscriptOutOfRange();
-/// "Type mismatch": a value that cannot be read as what is wanted, for example a database's text as a number.
+/// "Type mismatch": a value cannot be read as the type wanted, for example a database's text as a number.
 RuntimeError TypeMismatch();
-/// "Invalid property value": a control was given what it cannot take, for example a list index that is not
-/// there.
+/// "Invalid property value": a control was given a value that it cannot take, for example the index of a list
+/// entry that does not exist.
 RuntimeError InvalidPropertyValue();
 /// "Object doesn't support this property or method": a control was asked for what its kind cannot do.
 RuntimeError NotSupported();
@@ -66,8 +66,8 @@ RuntimeError NoSuchElement(int index);
 /// "Printer error": a device that cannot be printed on.
 RuntimeError PrinterError(std::string remedy = {});
 
-/// Thrown where the program has to end at once, without a question and without saving (a reference database
-/// that is of no use). Only `app`, at the edge of a program, catches it.
+/// Thrown to end the program at once, without a question and without saving, for example because the
+/// reference database is unusable. Only `app`, at the edge of a program, catches it.
 struct ProgramEnd {
   int status;
 };

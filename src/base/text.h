@@ -21,20 +21,20 @@ std::string TextOfCode(char32_t code);
 std::string LeftOf(std::string_view text, std::size_t count);
 /// The last `count` characters, or all when there are fewer.
 std::string RightOf(std::string_view text, std::size_t count);
-/// Each character's capital, one to one: a character without a single capital stays ("ß").
+/// Replaces each character by its capital; a character without a single capital stays ("ß").
 std::string UpperOf(std::string_view text);
-/// Without blanks (U+0020) at both ends.
+/// The text without the blanks (U+0020) at both ends.
 std::string Trim(std::string_view text);
-/// Compares without regard to the case of the letters A to Z; for names of controls, keys and columns.
+/// Compares names of controls, keys and columns without regard to the case of the letters A to Z.
 bool EqualNoCase(std::string_view a, std::string_view b);
 
-/// One byte a character in Windows code page 1252, as the unit and the files in the field have it. A
-/// character that the page does not hold becomes "?".
+/// One byte for each character in Windows code page 1252, as the unit and the files in the field use it. A
+/// character that the code page does not have becomes "?".
 std::vector<std::uint8_t> ToCodePage(std::string_view text);
-/// Back again; all 256 bytes make the round trip.
+/// The reverse; all 256 bytes survive the round trip.
 std::string FromCodePage(const std::vector<std::uint8_t>& bytes);
 
-/// Decimal text with a leading blank in the place of the sign of a number that is not negative: 46 is " 46".
+/// Decimal text. A blank takes the place of the sign if the number is not negative: 46 is " 46".
 std::string SignedText(std::int64_t number);
 /// Capital hexadecimal digits without leading zeros: 15 is "F".
 std::string HexText(std::uint64_t number);

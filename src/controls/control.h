@@ -46,11 +46,11 @@ struct KeyPress {
 };
 
 /// What a control, or all elements of a control array together, can report to the rules behind the panel. The
-/// number is the index of the element, kNoIndex for a single control.
+/// number is the element's index, kNoIndex for a single control.
 struct ControlEvents {
   Signal<int> click;
   Signal<int> change;
-  Signal<int> moved;   ///< a spin's value is another one, for whatever reason; before `change`
+  Signal<int> moved;   ///< a spin's value changed, for whatever reason; raised before `change`
   Signal<int> pulled;  ///< new limits have moved a spin's value; no `change` follows
   Signal<int> settle;  ///< the operator is about to move a spin whose limits are provisional
   Signal<int> mouseMove;
@@ -70,11 +70,11 @@ class EventSource {
   void OnClick(Handler handler) { events_->click.Connect(Plain(std::move(handler))); }
   void OnChange(IndexHandler handler) { events_->change.Connect(std::move(handler)); }
   void OnChange(Handler handler) { events_->change.Connect(Plain(std::move(handler))); }
-  /// A spin's value moved, by a change or a pull: echo and stored position follow here.
+  /// A spin's value moved, by a change or a pull: the handler updates echo and stored position.
   void OnMoved(IndexHandler handler) { events_->moved.Connect(std::move(handler)); }
-  /// New limits moved a spin's value, which is no change: no rules run, nothing is sent.
+  /// New limits moved a spin's value. That is not a change: no rules run, nothing is sent.
   void OnPulled(IndexHandler handler) { events_->pulled.Connect(std::move(handler)); }
-  /// The operator is about to move a spin whose limits are provisional: the real ones are set here.
+  /// The operator is about to move a spin whose limits are provisional: the handler sets the real ones.
   void OnSettle(IndexHandler handler) { events_->settle.Connect(std::move(handler)); }
   void OnMouseMove(IndexHandler handler) { events_->mouseMove.Connect(std::move(handler)); }
   void OnMouseMove(Handler handler) { events_->mouseMove.Connect(Plain(std::move(handler))); }
@@ -94,8 +94,8 @@ class EventSource {
 
 /// A control of a form: the part that rules, files and senders see. A widget shows it, repaints on `Changed`
 /// and calls only the operator's entry points (Operator...). They run under the guard, do nothing while the
-/// control is disabled or hidden, and return whether the control took the action. An action that a kind of
-/// control does not know at all is failure 438.
+/// control is disabled or hidden, and return whether the control took the action. They throw NotSupported if
+/// that kind of control does not know the action.
 class Control : public EventSource {
  public:
   /// A single control.
@@ -120,7 +120,7 @@ class Control : public EventSource {
   void SetVisible(bool visible) { Store(visible_, visible); }
   Color BackColor() const { return backColor_; }
   void SetBackColor(Color color) { Store(backColor_, color); }
-  /// What stands on or beside the control; "&" marks no mnemonic here.
+  /// The text on or beside the control; "&" does not mark a mnemonic here.
   const std::string& Caption() const { return caption_; }
   void SetCaption(std::string caption) { Store(caption_, std::move(caption)); }
   const std::string& ToolTip() const { return toolTip_; }
@@ -128,7 +128,7 @@ class Control : public EventSource {
 
   /// The mouse moves over the control, which may be disabled.
   void OperatorHover();
-  /// The control loses the focus, as it does also by being disabled or hidden.
+  /// The control loses the focus; being disabled or hidden also takes it away.
   void OperatorLeave();
   /// Each kind says what these do to it.
   virtual bool OperatorClick();
@@ -139,14 +139,14 @@ class Control : public EventSource {
   virtual bool OperatorSpin(int value);
   virtual bool OperatorStep(bool up, int times);
   virtual bool OperatorScroll(int value);
-  /// What there is to select, as texts by which an operator tells the entries apart.
+  /// The texts of the entries that an operator can select.
   virtual std::vector<std::string> Entries() const;
 
-  /// Something that a screen shows is another one now.
+  /// Something that a screen shows has changed.
   Signal<> Changed;
 
-  /// Expires with the control. What an operator starts can wait for the unit, and a file that is opened
-  /// meanwhile takes the rows of its predecessor away.
+  /// Expires with the control. An operator's action can wait for the unit, and opening a file meanwhile
+  /// removes the rows of the previous one.
   std::weak_ptr<const void> Life() const { return life_; }
 
  protected:
@@ -156,10 +156,10 @@ class Control : public EventSource {
     field = std::move(value);
     NoteChange();
   }
-  /// Tells the screen and the form.
+  /// Notifies the screen and the form.
   void NoteChange();
   void Raise(Signal<int> ControlEvents::*event) const;
-  /// Runs an operator's action under the form's guard; false when the control does not take it now.
+  /// Runs an operator's action under the form's guard; returns false if the control does not take it now.
   bool AsOperator(const std::function<void()>& action);
   bool TakesInput() const { return enabled_ && visible_; }
 

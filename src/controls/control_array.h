@@ -12,8 +12,8 @@
 
 namespace marlinset {
 
-/// Like controls under one name, told apart by an index that may have gaps. One handler serves all and gets
-/// the index. Elements can be loaded and unloaded while the tool runs; a loaded element is hidden at first.
+/// Controls of one kind under one name, distinguished by an index that may have gaps. One handler serves all
+/// and gets the index. Elements can be loaded and unloaded at run time; a loaded element is hidden at first.
 template <class T>
 class ControlArray : public EventSource {
  public:
@@ -26,13 +26,13 @@ class ControlArray : public EventSource {
 
   const std::string& Name() const { return name_; }
   bool Has(int index) const { return elements_.contains(index); }
-  /// Failure 340 for an index that has no element.
+  /// Throws NoSuchElement for an index without an element.
   T& operator()(int index) const {
     const auto found = elements_.find(index);
     if (found == elements_.end()) throw NoSuchElement(index);
     return *found->second;
   }
-  /// Highest index; failure 340 when the array is empty.
+  /// Highest index; throws NoSuchElement if the array is empty.
   int UBound() const {
     if (elements_.empty()) throw NoSuchElement(0);
     return elements_.rbegin()->first;
@@ -43,7 +43,7 @@ class ControlArray : public EventSource {
     return all;
   }
 
-  /// Adds an element, hidden. Failure 360 when it is there already.
+  /// Adds an element, hidden. Throws kErrElementLoaded if it exists already.
   T& Load(int index) {
     if (Has(index)) throw RuntimeError(kErrElementLoaded, "Object already loaded");
     T& element = Make(index);
@@ -51,7 +51,7 @@ class ControlArray : public EventSource {
     Loaded.Emit(index);
     return element;
   }
-  /// Takes an element away. Failure 340 when there is none.
+  /// Removes an element. Throws NoSuchElement if there is none.
   void Unload(int index) {
     if (!Has(index)) throw NoSuchElement(index);
     Unloading.Emit(index);

@@ -10,10 +10,10 @@
 
 namespace marlinset {
 
-/// The order in which a button's column stands, where the button heads a table that it sorts.
+/// The order of a button's column, if the button heads a table that it sorts.
 enum class SortArrow { kNone, kRising, kFalling };
 
-/// A button. From code, Press runs its handler at once, also when it is disabled or hidden.
+/// A button. Press, for code, runs the handler at once, even if the button is disabled or hidden.
 class Button : public Control {
  public:
   using Control::Control;
@@ -49,9 +49,9 @@ class CheckBox : public Control {
   ControlKind Kind() const override { return ControlKind::kCheckBox; }
   int Value() const { return value_; }
   bool On() const { return value_ == 1; }
-  /// Runs Click when the value really changes. Another value than 0, 1, 2 is failure 380.
+  /// Runs Click if the value really changes. Throws InvalidPropertyValue for a value other than 0, 1, 2.
   void SetValue(int value);
-  /// Ticks or unticks the box; nothing happens when it is so already.
+  /// Ticks or unticks the box; does nothing if it is so already.
   bool OperatorCheck(bool on) override;
 
  private:
@@ -63,7 +63,7 @@ class OptionButton;
 /// The option buttons of one choice: at most one of them is on.
 class OptionGroup {
  public:
-  /// The index of the one that is on, kNoIndex when none is.
+  /// The index of the button that is on, kNoIndex if none is.
   int Selected() const;
 
  private:
@@ -77,10 +77,10 @@ class OptionButton : public Control {
   using Control::Control;
   ControlKind Kind() const override { return ControlKind::kOptionButton; }
   ~OptionButton() override;
-  /// Makes the button part of a choice; until then it stands alone.
+  /// Makes the button part of a choice; until then it belongs to none.
   void Join(OptionGroup& group);
   bool Value() const { return value_; }
-  /// True clears the others of the choice without a word and runs Click of this one, when it was not set yet.
+  /// True clears the others of the choice without an event; if this one was not set yet, it runs its Click.
   void SetValue(bool value);
   bool OperatorClick() override;
 
@@ -102,19 +102,19 @@ class ComboBox : public Control {
   /// Empties list and text; no event.
   void Clear();
   void AddItem(std::string item);
-  /// Selects an entry and runs Click, also when it is selected already; -1 selects none. Any other index that
-  /// the list does not have is failure 380.
+  /// Selects an entry and runs Click, even if it is selected already; -1 selects none. Throws
+  /// InvalidPropertyValue for any other index that the list does not have.
   void SetListIndex(int index);
-  /// Selects an entry without Click, for a list that comes up with a selection that nobody made.
+  /// Selects an entry without Click, for a list that opens with a selection that nobody made.
   void Preselect(int index);
-  /// Takes typing back: the entry's text stands again. Silent when `index` is the selected entry already, a
-  /// selection otherwise.
+  /// Undoes typing: the box shows the entry's text again. Raises no event if `index` is selected already;
+  /// otherwise selects it.
   void PutBack(int index);
   /// The operator chooses an entry from the list.
   bool OperatorSelect(int index) override;
   /// The operator changes the text of the box; the selected entry stays.
   bool OperatorType(std::string text) override;
-  /// One key press; unless a handler cancels it, it then types into the text.
+  /// One key press; types into the text unless a handler cancels it.
   bool OperatorKey(char32_t code) override;
   std::vector<std::string> Entries() const override { return list_; }
 
@@ -138,9 +138,9 @@ class ListView : public Control {
   /// Empties the list and names its columns.
   void SetColumns(std::vector<std::string> columns);
   void AddRow(Row row);
-  /// Takes a row away; none is selected then. A row that the list does not have is failure 380.
+  /// Removes a row; then none is selected. Throws InvalidPropertyValue for a row that the list does not have.
   void RemoveRow(int row);
-  /// -1 selects none. Any other row that the list does not have is failure 380.
+  /// -1 selects none. Throws InvalidPropertyValue for any other row that the list does not have.
   void Select(int row);
   bool OperatorSelect(int row) override;
   /// The texts of the first column.
@@ -163,18 +163,18 @@ class SpinControl : public Control {
   int Increment() const { return increment_; }
   int Lowest() const;
   int Highest() const;
-  /// Takes any value, also outside the limits; Change runs on a real change.
+  /// Takes any value, even outside the limits; runs Change on a real change.
   void SetValue(int value);
-  /// New limits pull the value inside. A pull is no Change, but is announced (OnMoved).
+  /// Sets a limit and pulls the value inside. A pull runs no Change, but OnMoved reports it.
   void SetMin(int min);
   void SetMax(int max);
-  /// New limits that leave the value where it is, also outside.
+  /// Sets limits and leaves the value as it is, even outside.
   void SetLimitsAround(int min, int max);
-  /// The limits stand for want of better ones: before the operator's next move OnSettle is raised.
+  /// The limits are placeholders: OnSettle is raised before the operator's next move.
   bool Provisional() const { return provisional_; }
   void SetProvisional(bool provisional) { Store(provisional_, provisional); }
   void SetIncrement(int increment) { Store(increment_, increment); }
-  /// Announces the present value again, for a row that was just built.
+  /// Reports the present value again (OnMoved), for a row that was just built.
   void Announce();
   /// `times` clicks on an arrow: up goes towards Max, down towards Min; each click that moves is a change of
   /// its own.
@@ -202,10 +202,10 @@ class TextBox : public Control {
   void SetText(std::string text);
   /// The operator replaces the text; one change.
   bool OperatorType(std::string text) override;
-  /// One key press; unless a handler cancels it, it is typed at the end of the text.
+  /// One key press; types at the end of the text unless a handler cancels it.
   bool OperatorKey(char32_t code) override;
-  /// Whether the key handlers let a key press pass: for a widget that types by itself, where its cursor
-  /// stands.
+  /// Whether the key handlers let a key press pass: for a widget that types by itself, at its own
+  /// cursor.
   bool TakesKey(char32_t code);
 
  private:
@@ -213,7 +213,7 @@ class TextBox : public Control {
   std::string text_;
 };
 
-/// A fixed text; its caption is what it shows.
+/// A fixed text, which is its caption.
 class Label : public Control {
  public:
   using Control::Control;
@@ -264,7 +264,7 @@ class ScrollBar : public Control {
   int max_ = 0;
 };
 
-/// One panel of the status bar: a text and the picture beside it, named by its control ("Image2(1)").
+/// One panel of the status bar: a text and the picture beside it, identified by its control ("Image2(1)").
 class StatusPanel : public Control {
  public:
   using Control::Control;

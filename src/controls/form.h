@@ -12,7 +12,7 @@ namespace marlinset {
 
 class Guard;
 
-/// A window of the tool without a screen: its caption and its controls, each found by name and index.
+/// A window of the tool, independent of any screen: its caption and its controls, found by name and index.
 class Form : public EventSource {
  public:
   Form(std::string name, Guard& guard);
@@ -27,20 +27,20 @@ class Form : public EventSource {
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
 
-  /// The control of that name ("comVS") or element of that array ("chOnOff", 3); null when there is none.
+  /// The control of that name ("comVS") or element of that array ("chOnOff", 3); null if there is none.
   Control* Find(std::string_view name, int index = kNoIndex) const;
   /// All controls by full name, in alphabetical order.
   std::vector<Control*> Controls() const;
 
-  /// The mouse moves over the form beside its controls.
+  /// The mouse moves over the form itself, not over a control.
   void OperatorHover();
 
   Signal<> Changed;
-  /// The operator closes the window while something waits: the wait gives up, the close request follows.
+  /// The operator closes the window while something waits: the wait gives up, then the close request follows.
   Signal<> Closing;
 
-  /// A control looks or holds otherwise than before, was added or has gone. Told once; after that not again
-  /// until ListenAgain.
+  /// A control's look or value changed, or a control was added or removed. Raised once, then not again until
+  /// ListenAgain.
   Signal<> Touched;
   void ListenAgain() { touched_ = false; }
 

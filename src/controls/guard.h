@@ -9,18 +9,18 @@ namespace marlinset {
 
 class Dialogs;
 
-/// The one edge at which failures stop. Every handler of an operator's action, of a timer and of the line
-/// runs in Run: a failure that no routine handled is shown as its number, two blanks and its description, the
-/// remedy below; the handler ends there, the program lives and the configuration stays as it is.
+/// The one place where failures stop. Run executes every handler of an operator's action, a timer or the
+/// line. If a routine fails and none catches it, Run shows number, two blanks and description, with the
+/// remedy below; that handler ends, while the program and the configuration live on.
 class Guard {
  public:
   explicit Guard(Dialogs& dialogs) : dialogs_(dialogs) {}
-  /// Returns whether `body` came to its end.
+  /// Returns whether `body` completed.
   bool Run(const std::function<void()>& body);
-  /// How many handlers are at work: more than one when a handler pumps and another runs in that wait.
+  /// How many handlers are running: more than one if a handler pumps and another runs in that wait.
   int AtWork() const { return atWork_; }
 
-  /// A handler has ended, its box included.
+  /// A handler has ended, and its box is closed.
   Signal<> Ended;
 
  private:

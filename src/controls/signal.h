@@ -10,7 +10,7 @@
 namespace marlinset {
 
 /// A list of listeners, called in the order in which they were connected. A listener may connect or
-/// disconnect listeners, itself included, while it is being called; the change counts from the next Emit on.
+/// disconnect listeners, even itself, while it is being called; the change takes effect with the next Emit.
 template <class... Args>
 class Signal {
  public:
@@ -39,7 +39,7 @@ class Signal {
   Id lastId_ = 0;
 };
 
-/// Listens to a signal for as long as it lives; the signal must outlive it.
+/// Listens to a signal during its own lifetime; the signal must outlive it.
 template <class... Args>
 class Listening {
  public:

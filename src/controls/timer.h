@@ -20,12 +20,12 @@ class TimerQueue {
   TimerQueue(const TimerQueue&) = delete;
   TimerQueue& operator=(const TimerQueue&) = delete;
 
-  /// Milliseconds of a clock that never goes back.
+  /// Milliseconds of a clock that never runs backwards.
   virtual std::int64_t Now() const = 0;
-  /// The moment at which the next timer falls due, if any runs. Timers inside their own handler don't count.
+  /// When the next timer is due, if any runs. Timers inside their own handler don't count.
   std::optional<std::int64_t> NextDue() const;
-  /// Runs each timer that is due now, earliest first. A tick that falls due while its own handler still runs
-  /// is dropped, and so are ticks that were missed: a timer ticks once, however late.
+  /// Runs each timer that is due now, earliest first. Drops a tick that falls due while its own handler still
+  /// runs, and missed ticks: a timer ticks once, however late.
   void RunDueTimers();
 
  protected:
@@ -48,14 +48,14 @@ class Timer {
 
   const std::string& Name() const { return name_; }
   bool Enabled() const { return enabled_; }
-  /// Enabling a timer that runs already changes nothing.
+  /// Enabling a running timer changes nothing.
   void SetEnabled(bool enabled);
-  /// Its handler is running: it will not tick before that ends.
+  /// Whether its handler is running; it does not tick before that ends.
   bool InHandler() const { return inHandler_; }
   int Interval() const { return intervalMs_; }
-  /// A new interval restarts a running timer; 0 never ticks.
+  /// A new interval restarts a running timer; with 0 it never ticks.
   void SetInterval(int milliseconds);
-  /// The whole interval starts now.
+  /// Starts the full interval now.
   void Restart();
   void OnTick(std::function<void()> handler) { handler_ = std::move(handler); }
 

@@ -8,10 +8,10 @@
 
 namespace marlinset {
 
-/// Reference databases in the two formats that lie beside the tool under one name: Access files, as units
-/// were delivered with, and SQLite files, as the tool is shipped with. The first bytes of a file tell which
-/// engine opens it. What is neither is refused by the SQLite engine (3343), and so is what is not there
-/// (3024).
+/// Opens reference databases in the two formats that lie beside the tool under one name: Access files, as
+/// delivered with units, and SQLite files, as shipped with the tool. The first bytes of a file decide which
+/// engine opens it. The SQLite engine refuses any other file (kErrBadDatabase) and a missing one
+/// (kErrNoDatabase).
 class FileEngine : public DataEngine {
  public:
   FileEngine(DataEngine& sqlite, DataEngine& access) : sqlite_(sqlite), access_(access) {}
@@ -22,8 +22,8 @@ class FileEngine : public DataEngine {
   DataEngine& access_;
 };
 
-/// Whether a file begins as Access files of all versions up to 2003 do. False for what cannot be read and for
-/// what is no file (a pipe is not waited for).
+/// Whether a file begins as Access files of all versions up to 2003 do. False if it cannot be read or is not
+/// a file (this does not wait for a pipe).
 bool IsAccessFile(const std::string& path);
 
 }  // namespace marlinset

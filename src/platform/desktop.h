@@ -16,10 +16,10 @@ class Desktop {
   virtual ~Desktop() = default;
   /// Now, in the short format of the operator's locale.
   virtual std::string DateAndTime() const = 0;
-  /// A named value of a key of the machine's registry; none where it is missing, or where a system has no
+  /// A named value of a key of the machine's registry; none if it is missing, or if the system has no
   /// registry.
   virtual RegistryValue Registry(const std::string& key, const std::string& name) const = 0;
-  /// Starts a program and leaves it alone. False when it can't be started.
+  /// Starts a program and does not wait for it. Returns false if it can't be started.
   virtual bool Run(const std::string& program) = 0;
 };
 

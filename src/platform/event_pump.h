@@ -11,17 +11,17 @@ class EventPump : public TimerQueue {
  public:
   /// Handles what is due now: bytes on the line, timer ticks, operator input, repaints. Never sleeps.
   virtual void HandleDue() = 0;
-  /// Handles what is due; when nothing is, sleeps until something is and handles that. A wait loop calls this
-  /// only after it has looked whether what it waits for is there already.
+  /// Handles what is due; if nothing is, sleeps until something is and handles that. A wait loop must first
+  /// check whether it already has what it waits for.
   virtual void Pump() = 0;
 
-  /// Lets `milliseconds` pass with everything that falls due in them; less when the program ends.
+  /// Lets `milliseconds` pass and handles everything due in them; returns early if the program ends.
   virtual void Pass(std::int64_t milliseconds) = 0;
 
-  /// The program ends: every wait that stands gives up (see Ending).
+  /// The program ends: every pending wait gives up (see Ending).
   virtual void End() { ending_ = true; }
-  /// True from the moment at which the window was closed or the program was told to stop; wait and drain
-  /// loops end.
+  /// True once the window was closed or the program was asked to stop; wait and drain loops
+  /// end.
   bool Ending() const { return ending_; }
 
  private:

@@ -10,23 +10,23 @@ namespace marlinset {
 inline constexpr int kErrDialogCancelled = 32755;
 
 /// Flags of a file dialog.
-inline constexpr int kOverwritePrompt = 2;  ///< asks before an existing file is chosen for saving
+inline constexpr int kOverwritePrompt = 2;  ///< asks before it accepts an existing file for saving
 inline constexpr int kHideReadOnly = 4;
 
-/// What a file dialog is told before it opens.
+/// What a caller sets before it opens a file dialog.
 struct FileDialogState {
-  bool CancelError = false;  ///< a cancelled dialog is failure 32755 instead of nothing
+  bool CancelError = false;  ///< a cancelled dialog throws kErrDialogCancelled
   std::string Filter;        ///< description and pattern, "Text files|*.txt"
   int FilterIndex = 1;       ///< pattern in force, from 1
   int Flags = 0;
-  std::string FileName;     ///< full path; what is offered before a dialog, what was chosen after it
+  std::string FileName;     ///< full path; the offer before a dialog, the choice after it
   std::string InitDir;      ///< folder that the dialog opens in
   std::string DialogTitle;  ///< empty: the dialog's own
 };
 
-/// The tool's one file dialog. It also carries the name of the file in work between dialogs: whoever saves or
-/// loads a configuration does so under `FileName`. One implementation shows a window, one answers from a
-/// queue (script, tests).
+/// The tool's one file dialog. Between dialogs it also carries the name of the current file: a configuration
+/// is saved and loaded under `FileName`. One implementation shows a window, another answers from a queue
+/// (script, tests).
 class FileDialog : public FileDialogState {
  public:
   virtual ~FileDialog() = default;
@@ -34,18 +34,18 @@ class FileDialog : public FileDialogState {
   FileDialog(const FileDialog&) = delete;
   FileDialog& operator=(const FileDialog&) = delete;
 
-  /// All of it at once: for whoever borrows the dialog and gives it back as it was.
+  /// All of its state, for callers that borrow the dialog and restore it.
   FileDialogState& State() { return *this; }
 
-  /// Asks for a file to open; stores the choice in FileName. Cancelled: FileName stays.
+  /// Asks for a file to open and stores the choice in FileName; if cancelled, FileName stays.
   void ShowOpen() { Take(AskOpen()); }
-  /// Asks for a file to save to; stores the choice in FileName. Cancelled: FileName stays.
+  /// Asks for a file to save to and stores the choice in FileName; if cancelled, FileName stays.
   void ShowSave() { Take(AskSave()); }
-  /// With kOverwritePrompt an existing file is chosen for saving only once the operator has confirmed it.
+  /// Whether kOverwritePrompt makes the operator confirm an existing file before it is chosen for saving.
   virtual bool ConfirmsOverwriting() const { return false; }
 
  protected:
-  /// The full path chosen; nothing when the operator cancelled.
+  /// The full path chosen; nothing if the operator cancelled.
   virtual std::optional<std::string> AskOpen() = 0;
   virtual std::optional<std::string> AskSave() = 0;
 

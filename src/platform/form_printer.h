@@ -13,7 +13,7 @@ constexpr double kSheetWidth = 184;
 constexpr double kSheetHeight = 254;
 
 enum class PrintKind {
-  kText,   ///< one line; a text that is too long is narrowed, then cut
+  kText,   ///< one line; narrowed, then cut, if it is too long
   kCheck,  ///< a small box, crossed when `on`
   kFrame,  ///< the outline of a group
   kRule,   ///< a line from side to side
@@ -32,13 +32,13 @@ struct PrintItem {
   PrintLook look = PrintLook::kPlain;
   PrintAlign align = PrintAlign::kLeft;
   bool on = false;
-  /// Stands on this sheet again because a page goes on here (the head of a table).
+  /// Repeated on this sheet because a page continues here (the head of a table).
   bool repeated = false;
 };
 
 using PrintSheet = std::vector<PrintItem>;
 
-/// A form as it goes to paper: usually one sheet, more when its rows do not fit on one.
+/// A form as it goes to paper: usually one sheet, more if its rows do not fit on one.
 struct PrintedForm {
   std::vector<PrintSheet> sheets;
 
@@ -54,8 +54,8 @@ struct PrintRequest {
   std::string file = {};   ///< kFile: full path of the PDF document to write
 };
 
-/// A job on its way. Its forms come out when it is finished; one that goes away unfinished leaves nothing
-/// behind, where the device allows that.
+/// A print job. Finish prints its forms; a job destroyed before that leaves nothing behind, if the device
+/// allows that.
 class PrintJob {
  public:
   virtual ~PrintJob() = default;
@@ -63,12 +63,12 @@ class PrintJob {
   virtual void Finish() = 0;
 };
 
-/// Brings forms to paper, to the screen or into a document.
+/// Prints forms to paper, to the screen or into a document.
 class FormPrinter {
  public:
   virtual ~FormPrinter() = default;
-  /// Failure 482 when there is no such printer or it can't print, 75 when the file can't be written; the
-  /// job's routines fail likewise.
+  /// Throws PrinterError if there is no such printer or it can't print, kErrFileAccess if the file can't be
+  /// written; the job's routines throw the same.
   virtual std::unique_ptr<PrintJob> Begin(const PrintRequest& request) = 0;
 };
 

@@ -24,8 +24,8 @@ constexpr int kHighestPort = 4;
 /// Size of the port's receive buffer in bytes, as the tool has always run it.
 constexpr std::size_t kInBufferSize = 1024;
 
-/// The serial line as the tool uses it: 57600 bit/s, 8 data bits, no parity, 1 stop bit, no handshake.
-/// Bytes become readable (InBufferCount) when they make sense as a reply: see reply_gate.h.
+/// The tool's serial line: 57600 bit/s, 8 data bits, no parity, 1 stop bit, no handshake. Bytes become
+/// readable (InBufferCount) once they make sense as a reply: see reply_gate.h.
 class MSComm {
  public:
   virtual ~MSComm() = default;
@@ -33,31 +33,31 @@ class MSComm {
   MSComm(const MSComm&) = delete;
   MSComm& operator=(const MSComm&) = delete;
 
-  /// The port that the next opening takes, 1 to 4.
+  /// The port that SetPortOpen opens next, 1 to 4.
   virtual int CommPort() const = 0;
   virtual void SetCommPort(int port) = 0;
   virtual bool PortOpen() const = 0;
-  /// Opens or closes. An opening that fails throws RuntimeError kErrPort whose description says which device,
-  /// why and the remedy; the port is closed then. Closing never fails and throws away what lies in both
+  /// Opens or closes the port. If it can't be opened, it stays closed and this throws kErrPort with a
+  /// description that names the device, the reason and the remedy. Closing never fails and discards both
   /// buffers.
   virtual void SetPortOpen(bool open) = 0;
 
   /// Queues bytes for sending; does not wait for the line. Does nothing on a closed port.
   virtual void Output(std::span<const std::uint8_t> bytes) = 0;
-  /// Bytes queued and not gone yet.
+  /// Bytes queued but not sent yet.
   virtual std::size_t OutBufferCount() const = 0;
-  /// Bytes received and not read.
+  /// Bytes received but not read.
   virtual std::size_t InBufferCount() const = 0;
-  /// Throws away what is waiting.
+  /// Discards the bytes that wait to be read.
   virtual void DiscardInput() = 0;
-  /// Removes one byte and returns it; an empty buffer is failure 9.
+  /// Removes one byte and returns it; throws SubscriptOutOfRange if the buffer is empty.
   virtual std::uint8_t Input() = 0;
-  /// Takes in what has arrived and lies with the system still; otherwise a pump brings it. A device that has
-  /// gone is not noticed here.
+  /// Takes in bytes that have arrived but that the system still holds; otherwise a pump delivers them. Does
+  /// not notice a device that has gone.
   virtual void LookForInput() {}
 
-  /// The device went away while its port was open; until the next opening. kCommDeviceGone may be yet to
-  /// come.
+  /// Whether the device went away while its port was open; true until the next opening. kCommDeviceGone may
+  /// follow later.
   virtual bool DeviceGone() const { return false; }
 
   /// Code of the event that OnComm is reporting.
@@ -65,12 +65,12 @@ class MSComm {
   /// Raised on the one thread, from a pump. One listener: the tool's communications.
   void OnComm(std::function<void()> handler) { onComm_ = std::move(handler); }
 
-  /// Looks for devices that have come since the last look; without it port numbers keep what they have. Takes
-  /// the system up to 20 ms.
+  /// Looks for devices that have appeared since the last call; otherwise port numbers keep their devices.
+  /// Takes the system up to 20 ms.
   virtual void LookForDevices() {}
-  /// The device behind a port number ("/dev/ttyUSB0"), empty when there is none.
+  /// The device behind a port number ("/dev/ttyUSB0"), empty if there is none.
   virtual std::string DeviceName(int port) const = 0;
-  /// Whether it is there now; a device that was named need not be.
+  /// Whether that device is present now; a device that the user named need not be.
   virtual bool DeviceIsThere(int port) const = 0;
 
  protected:

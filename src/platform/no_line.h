@@ -6,8 +6,8 @@
 
 namespace marlinset {
 
-/// The line of a tool that runs on a virtual clock: there is none, since a real unit takes real time. Every
-/// opening fails as that of a port without a device.
+/// The line of a tool on a virtual clock: it has none, because a real unit takes real time. Opening it always
+/// fails as for a port without a device.
 class NoLine : public MSComm {
  public:
   int CommPort() const override { return port_; }

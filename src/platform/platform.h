@@ -17,7 +17,7 @@ class FormPrinter;
 class Desktop;
 class WorkKeeper;
 
-/// What the computer offers, as the tool sees it. Put together in app/ (or in a test) and handed down by
+/// What the computer offers to the tool. app/ (or a test) puts it together and passes it down by
 /// reference.
 struct Platform {
   EventPump& pump;
@@ -30,9 +30,9 @@ struct Platform {
   FileSystem& files;
   FormPrinter& printer;
   Desktop& desktop;
-  /// Folder of the program: reference database and default configuration lie here.
+  /// Folder of the program, with reference database and default configuration.
   std::string programFolder;
-  /// Keeps unsaved work for the next run; none where no operator composes.
+  /// Keeps unsaved work for the next run; null if no operator composes.
   WorkKeeper* work = nullptr;
 };
 

@@ -6,10 +6,10 @@
 
 namespace marlinset {
 
-/// The per-user settings of the tool: application "7340-Marlinset", section "Window", text values. Keys are
-/// found without regard to case; an empty value is a value. Several runs share one store: each reads what it
-/// wrote itself, else what stood there when it started, so that another window's folder or list never comes
-/// into it, and writes its own keys without touching those of the others.
+/// The per-user settings of the tool: application "7340-Marlinset", section "Window", text values. Keys
+/// ignore case; an empty value is a value. Several runs share one store. Each reads what it wrote itself,
+/// otherwise what was there when it started, so that it never picks up another window's folder or list; it
+/// writes its own keys without touching those of the others.
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
@@ -17,7 +17,7 @@ class SettingsStore {
   virtual void SaveSetting(std::string_view key, std::string_view value) = 0;
 };
 
-/// A setting as a whole number; what is no number reads 0.
+/// A setting as an integer; a text that is not a number reads as 0.
 int SettingNumber(const SettingsStore& settings, std::string_view key, std::string_view defaultValue);
 
 }  // namespace marlinset

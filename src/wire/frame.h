@@ -18,7 +18,7 @@ namespace marlinset {
 //   offset 5      data, N - 3 bytes
 //   offset N + 2  checksum: two's complement of the low byte of the sum of offsets 1 to N + 1
 //
-// Besides frames the unit answers with a lone byte: 4 acknowledged, 5 not acknowledged, 6 in local mode.
+// The unit also answers with a lone byte: 4 acknowledged, 5 not acknowledged, 6 in local mode.
 
 constexpr std::uint8_t kStartMark = 0x02;
 constexpr std::uint8_t kAck = 0x04;
@@ -33,13 +33,13 @@ constexpr std::size_t kLongestFrame = 255 + kFrameOverhead;
 /// (256 - (sum and 255)) and 255 over `bytes`.
 std::uint8_t Checksum(std::span<const std::uint8_t> bytes);
 
-/// The frame of a message. More than 255 fields is failure 6.
+/// The frame of a message. Throws Overflow above 255 fields.
 std::vector<std::uint8_t> EncodeFrame(std::span<const std::uint8_t> fields);
 
 enum class FrameCheck { kGood, kWrongLength, kWrongChecksum };
 
-/// Checks what was received as one frame: the length byte against the number of bytes, then the checksum.
-/// Expects the start mark at offset 0 and at least two bytes.
+/// Checks one received frame: its length byte against the number of bytes, then its checksum. Expects the
+/// start mark at offset 0 and at least two bytes.
 FrameCheck CheckFrame(std::span<const std::uint8_t> bytes);
 
 }  // namespace marlinset

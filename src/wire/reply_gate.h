@@ -8,33 +8,33 @@
 
 namespace marlinset {
 
-/// Holds received bytes back until they make sense as a reply. Real lines hand a reply over in pieces, while
-/// the receiver takes what is there at one moment for one message; so what arrives is held until
+/// Holds received bytes back until they make sense as a reply. Real lines deliver a reply in pieces, while
+/// the receiver takes whatever is there at one moment for one message; so the gate holds bytes until
 ///
-///   first byte 4, 5 or 6   at once: the unit's lone answers
-///   first byte 2           a whole frame is there: as many bytes as its length byte (offset 1) says, plus 3
+///   first byte 4, 5 or 6   at once, they are the unit's lone answers
+///   first byte 2           the frame is complete: as many bytes as its length byte (offset 1) says, plus 3
 ///   anything else          the line was quiet for kQuietGapMs
-///   whatever it is         more is held than the longest frame, so it is a flood
+///   whatever it is         more bytes are held than the longest frame has, so it is a flood
 ///
-/// The gate only delays. It releases all that it holds in one piece and in order, so it never splits, never
-/// drops, and never adds later arrivals to what was handed out. It has no clock: its owner restarts a timer
+/// The gate only delays. It releases all bytes that it holds in one piece and in order: it never splits,
+/// never drops, and never adds later arrivals to released bytes. It has no clock: its owner restarts a timer
 /// of kQuietGapMs after each Feed that leaves bytes held, and calls Quiet when that timer ends.
 class ReplyGate {
  public:
-  /// How long the line is quiet before pieces count as all there is. Adapters deliver every 16 ms.
+  /// After so much quiet, held pieces count as complete. Adapters deliver every 16 ms.
   static constexpr int kQuietGapMs = 25;
   /// 255 fields, start mark, length and checksum.
   static constexpr std::size_t kLongestReply = 258;
 
-  /// Takes an arrival; true when bytes are ready to be taken.
+  /// Takes in arriving bytes; returns whether bytes are ready to be taken.
   bool Feed(std::span<const std::uint8_t> bytes);
-  /// The line was quiet: what is held is all there is, and is released.
+  /// The line was quiet: the held bytes are complete, so releases them.
   void Quiet();
   /// The bytes released since the last call; empty when there are none.
   std::vector<std::uint8_t> Take();
-  /// Bytes wait for their rest or for a quiet line.
+  /// Whether bytes wait for their rest or for a quiet line.
   bool Holding() const { return !held_.empty(); }
-  /// Forgets everything, as a port that closes does.
+  /// Forgets everything; for a port that closes.
   void Clear();
 
  private:

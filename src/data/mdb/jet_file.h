@@ -12,9 +12,9 @@
 
 namespace marlinset {
 
-/// An Access file, open for reading, page by page. The library takes numbers in the file on trust and runs
-/// past its buffers, or for ever, when they are wrong. So everything that it is going to use of a page is
-/// looked at here and in jet_table.h before it is called. Every doubt is failure 3343.
+/// An Access file, open for reading page by page. The library trusts the numbers in the file and, if they are
+/// wrong, runs past its buffers or for ever. So JetFile and jet_table.h check everything on a page that the
+/// library is going to use, before it is called. Any doubt throws kErrBadDatabase.
 class JetFile {
  public:
   static constexpr int kPageSize = 4096;  ///< of Access 2000 to 2003
@@ -23,18 +23,18 @@ class JetFile {
 
   MdbHandle* Handle() const { return handle_.get(); }
 
-  /// Makes `page` the library's current one. Failure 3343 beyond the end of the file.
+  /// Makes `page` the library's current one. Throws kErrBadDatabase beyond the end of the file.
   void ReadPage(std::uint32_t page);
-  /// Failure 3343 for a number that is no page of the file; the first page is the header.
+  /// Throws kErrBadDatabase if the file has no such page; the first page is the header.
   void CheckPage(std::uint32_t page) const;
 
-  /// The current page and little-endian numbers in it. Failure 3343 outside the page.
+  /// The current page and little-endian numbers in it. Throws kErrBadDatabase outside the page.
   std::span<const std::uint8_t> Page() const { return {Handle()->pg_buf, kPageSize}; }
   int Byte(int offset) const;
   int Int16(int offset) const;
   std::uint32_t Int32(int offset) const;
 
-  /// Failure 3343 unless `holds`; `reason` is told to the operator.
+  /// Throws kErrBadDatabase unless `holds`; the operator sees `reason`.
   void Check(bool holds, std::string_view reason) const;
 
  private:

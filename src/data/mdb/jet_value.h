@@ -6,11 +6,11 @@
 
 namespace marlinset {
 
-/// What a column holds where a row has nothing: NULL, and False for a yes or no, which has no NULL.
+/// The value of a column that a row lacks: NULL, but False for yes/no, which has no NULL.
 FieldValue NullOf(const MdbColumn& column);
 
-/// The value of a field that is not NULL and lies inside the current page: a number or a text. A kind that
-/// the tool reads nowhere (dates, pictures) is NULL. Failure 3343 for a number that has not all its bytes.
+/// The value of a field that is not NULL and lies inside the current page: a number or a text. Types that the
+/// tool never reads (dates, pictures) give NULL. Throws kErrBadDatabase for a number without all its bytes.
 FieldValue JetValue(const JetFile& file, const MdbColumn& column, const MdbField& field);
 
 }  // namespace marlinset

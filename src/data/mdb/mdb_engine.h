@@ -8,13 +8,13 @@
 
 namespace marlinset {
 
-/// Reference databases as the units were delivered with: Access files (Jet 4, Access 2000 to 2003), opened
-/// for reading only. Opening looks at header and catalog, opening a table reads all of it; what does not hang
-/// together is refused (3343) instead of giving wrong rows.
+/// Reference databases as delivered with units: Access files (Jet 4, Access 2000 to 2003), opened for reading
+/// only. Opening a database checks header and catalog, opening a table reads all of it; an inconsistent file
+/// is refused (kErrBadDatabase) instead of giving wrong rows.
 ///
-/// Tables and columns are found without regard to case; rows come in the order in which the table holds them.
-/// Queries have the form of row_query.h. Yes or no is 1 or 0; a column of another kind than numbers, texts
-/// and yes or no reads as NULL.
+/// Finds tables and columns without regard to case; rows come in the order in which the table holds them.
+/// Queries have the form of row_query.h. Yes/no reads as 1 or 0; a column that holds neither numbers nor
+/// texts nor yes/no reads as NULL.
 class MdbEngine : public DataEngine {
  public:
   std::unique_ptr<Database> OpenDatabase(const std::string& path) override;

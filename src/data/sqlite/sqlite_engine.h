@@ -13,7 +13,7 @@
 
 namespace marlinset {
 
-/// What a reference database may cost. One that wants more is refused (3343) with a message.
+/// What a reference database may cost. The engine refuses one that costs more (kErrBadDatabase).
 struct SqliteLimits {
   std::chrono::milliseconds time{2000};  ///< for the check of a file, and for each table or query
   std::size_t rows = kMostRows;          ///< of a table or query
@@ -21,21 +21,21 @@ struct SqliteLimits {
   std::size_t bytes = 64 << 20;          ///< of the file, and of the values of a table or query
 };
 
-/// Reference databases as SQLite files. They belong to somebody: a file is taken into memory as it is when it
-/// is opened (sqlite_snapshot.h), and nothing that somebody put into it is carried out. Only tables are read;
-/// views and virtual tables are none, and a table with computed columns is refused (3343).
+/// Reference databases as SQLite files. A file is a stranger's: the engine copies it into memory when it
+/// opens it (sqlite_snapshot.h) and executes nothing that it contains. It reads only tables, ignores views
+/// and virtual tables, and refuses tables with computed columns (kErrBadDatabase).
 ///
-/// An opening checks the whole file, so that a damaged one is refused (3343) instead of giving wrong rows. A
-/// file that was found whole is not checked again until it was written to. Whoever brings a new one can put
-/// it in its place while the tool runs.
+/// Opening checks all of the file, so that a damaged one is refused (kErrBadDatabase) instead of giving wrong
+/// rows. An intact file is not checked again until it is written to. A new file can replace it while the tool
+/// runs.
 ///
-/// A text that begins with "select" is a query and is run as it stands; any other is the name of a table,
-/// found without regard to case, whose rows come in the order in which they were put in. Queries compare
-/// texts without regard to case, and NULL is neither equal nor unequal to anything: as the units' databases
-/// have always done.
+/// A text that begins with "select" is a query and runs unchanged; any other text is the name of a
+/// table, found without regard to case, whose rows come in the order of insertion. Queries compare texts
+/// without regard to case, and NULL is neither equal nor unequal to anything, as in the units'
+/// databases.
 ///
-/// A recordset holds all its rows; it needs neither file nor database any more. A query that names a column
-/// that is not there is failure 3265, one that is no query is failure 51.
+/// A recordset holds all its rows and no longer needs file or database. A query that names an unknown column
+/// throws kErrNoColumn, a text that is not a valid query throws kErrInternal.
 class SqliteEngine : public DataEngine {
  public:
   SqliteEngine() = default;
@@ -45,7 +45,7 @@ class SqliteEngine : public DataEngine {
 
  private:
   SqliteLimits limits_;
-  std::map<std::string, SqliteStamp> whole_;  ///< files found whole, by path
+  std::map<std::string, SqliteStamp> whole_;  ///< stamps of intact files, by path
 };
 
 }  // namespace marlinset

@@ -15,8 +15,8 @@ struct CloseSqlite {
 };
 using SqliteHandle = std::unique_ptr<sqlite3, CloseSqlite>;
 
-/// Tells one content of a database from another without reading it: size and time of its file, and of the
-/// log in which changes may wait that are not in the file yet.
+/// Distinguishes contents of a database without reading it: size and time of its file, and of the log that
+/// may hold changes which are not in the file yet.
 struct SqliteStamp {
   std::uintmax_t size = 0;
   std::uintmax_t logSize = 0;
@@ -24,21 +24,21 @@ struct SqliteStamp {
   std::filesystem::file_time_type logWritten;
 
   bool operator==(const SqliteStamp&) const = default;
-  /// False when it was written to just now, or its times can't be told: another write within the same tick
-  /// of the file system's clock would leave no trace.
+  /// False if it was written to just now, or its times are unknown: another write within the same tick of the
+  /// file system's clock would leave no trace.
   bool Settled() const;
 };
 
-/// A database in this program's own memory, and which content of the file it is.
+/// A database in this program's own memory, and the stamp of the file content that it holds.
 struct SqliteSnapshot {
   SqliteHandle handle;
   SqliteStamp stamp;
 };
 
-/// Takes a file of up to `mostBytes` into memory. It belongs to somebody: nothing is written beside it, so
-/// that its folder may be one that can't be written, and nobody is kept from changing it for longer than that
-/// takes. Changes that are finished but wait in the log count. Failure 3343 when it is no database, or
-/// somebody is changing it all the while; `path` is how messages name it.
+/// Copies a file of up to `mostBytes` into memory. The file is a stranger's: this writes nothing beside it,
+/// so its folder may be read-only, and keeps others from changing it only while it copies. Finished changes
+/// that wait in the log count. Throws kErrBadDatabase if it is not a database, or somebody keeps changing it;
+/// messages name it by `path`.
 SqliteSnapshot TakeSnapshot(const std::string& path, std::uintmax_t mostBytes);
 
 }  // namespace marlinset

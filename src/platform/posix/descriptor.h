@@ -9,7 +9,7 @@
 
 namespace marlinset {
 
-/// An open file of the system, closed with its owner.
+/// A file descriptor, closed with its owner.
 class Descriptor {
  public:
   explicit Descriptor(int number = -1) : number_(number) {}
@@ -28,14 +28,14 @@ class Descriptor {
   int number_;
 };
 
-/// What may pass through a descriptor, see WaitFor.
+/// Which way bytes pass through a descriptor, see WaitFor.
 enum class Direction { kIn, kOut };
 inline constexpr int kForEver = -1;
-/// Whether bytes (or the end) can be read, or written, within that time; also one that never waits itself,
-/// as whoever opened it may have made it, is waited for so.
+/// Whether bytes (or the end) can be read, or bytes written, within that time. Also waits for a descriptor
+/// that is non-blocking, as whoever opened it may have made it.
 bool WaitFor(int descriptor, Direction direction, int milliseconds = kForEver);
 
-/// Writes all of it, however many steps that takes. False with errno when it can't be done.
+/// Writes all bytes, in as many steps as that takes. Returns false with errno if it can't.
 bool WriteAll(int descriptor, std::span<const std::uint8_t> bytes);
 
 }  // namespace marlinset

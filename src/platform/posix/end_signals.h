@@ -6,7 +6,7 @@
 
 namespace marlinset {
 
-/// Signals by which somebody asks a program to end: Ctrl-C, kill, a terminal or a session that has gone.
+/// Signals that ask a program to end: Ctrl-C, kill, a terminal or a session that has gone.
 inline constexpr std::array<int, 3> kEndSignals{SIGINT, SIGTERM, SIGHUP};
 
 }  // namespace marlinset

@@ -9,18 +9,18 @@
 
 namespace marlinset {
 
-/// What an error number of the system means for reading a file: failure 53 when it is not there, else 75. The
-/// remedy names the file and, in a line below, the reason.
+/// The failure of reading a file for an errno: kErrFileNotFound if it is not there, otherwise kErrFileAccess.
+/// The remedy names the file and, on a line below, the reason.
 RuntimeError ReadFailure(const std::string& path, int error);
-/// The same for writing: failure 61 when there is no room, else 75.
+/// The same for writing: kErrDiskFull if there is no room, otherwise kErrFileAccess.
 RuntimeError WriteFailure(const std::string& path, int error);
-/// Failure 75 for a reason in the tool's own words.
+/// kErrFileAccess for a reason in the tool's own words.
 RuntimeError FileRefused(const std::string& path, const std::string& reason);
 
-/// Failure 75 unless it is a regular file: a folder, a device, a pipe or a socket holds nothing of its own.
+/// Throws kErrFileAccess unless it is a regular file; folders, devices, pipes and sockets hold no content.
 void RequireRegular(const std::string& path, const struct stat& status);
 
-/// A failure of a file in one line, for a terminal: the file, and why.
+/// A file's failure in one line, for a terminal: the file and the reason.
 std::string InOneLine(const RuntimeError& failure);
 
 }  // namespace marlinset

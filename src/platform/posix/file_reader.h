@@ -8,11 +8,11 @@
 
 namespace marlinset {
 
-/// No setup, store, script or text of ours comes near; what is larger is something else.
+/// No setup, settings file, script or text of the tool comes near this size; a larger file is something else.
 inline constexpr std::size_t kMostFileBytes = std::size_t{64} * 1024 * 1024;
 
-/// A regular file of at most kMostFileBytes. Failure 53 or 75 for anything else, without opening it: a pipe
-/// would wait for its other end, and a device may do something.
+/// A regular file of at most kMostFileBytes. For anything else it throws kErrFileNotFound or kErrFileAccess
+/// and does not open it: a pipe would wait for its other end, and a device may act.
 class FileReader : public InputFile {
  public:
   explicit FileReader(const std::string& path);
@@ -25,9 +25,9 @@ class FileReader : public InputFile {
   std::size_t length_ = 0;
 };
 
-/// All of such a file, as text.
+/// All of such a file as text.
 std::string ReadText(const std::string& path);
-/// All that comes through a stream of the program's own, at most as much, as text; waits for its end. `path`
+/// Everything from an open stream of this program up to the same limit, as text; waits for its end. `path`
 /// names it in failures.
 std::string ReadStream(int stream, const std::string& path);
 

@@ -13,17 +13,17 @@
 
 namespace marlinset {
 
-/// Who may read a file that was not there before; one that was keeps its mode and owner.
+/// Who may read a new file; an existing one keeps its mode and owner.
 enum class NewFile {
-  kShared,   ///< as the user's mask has it
-  kPrivate,  ///< its owner alone
+  kShared,   ///< as the user's umask says
+  kPrivate,  ///< its owner only
 };
 
-/// The one way in which files are written: the content grows in a file without a name, or with one that
-/// nobody can foresee, in the folder of the target, and takes the target's place in one step when it is
-/// whole and on the disk. Until then, and after any failure, the old file stands untouched. A symbolic link
-/// goes on leading to its file. Failures: 61 when there is no room, else 75; also for a target that is no
-/// regular file, or one that may not be written.
+/// The only way in which the tool writes files: the content grows in a file without a name, or with an
+/// unpredictable one, in the target's folder, and replaces the target in one step when it is complete and on
+/// the disk. Until then, and after any failure, the old file stays untouched. A symbolic link keeps leading
+/// to its file. Throws kErrDiskFull if there is no room, otherwise kErrFileAccess, also if the target is not
+/// a regular file or may not be written.
 class FileWriter : public OutputFile {
  public:
   explicit FileWriter(const std::string& path, NewFile access = NewFile::kShared);
@@ -39,19 +39,19 @@ class FileWriter : public OutputFile {
   void OpenFolder();
   void Create(mode_t mode);
   void TakeOver(const struct stat& like) const;
-  /// Tries names until `make` has made something of one, which is the temporary name then.
+  /// Tries names until `make` succeeds with one, which becomes the temporary name.
   template <class Make>
   bool UnderANewName(Make make);
   void Place();
 
-  std::string path_;       ///< as it was asked for, for messages
-  std::string name_;       ///< of the target, in its folder
+  std::string path_;       ///< as requested, for messages
+  std::string name_;       ///< the target's, in its folder
   std::string temporary_;  ///< empty while the growing file has no name
   Descriptor folder_;
   Descriptor file_;
 };
 
-/// A whole file at one stroke.
+/// Writes a complete file at once.
 void WriteFile(const std::string& path, std::span<const std::uint8_t> content,
                NewFile access = NewFile::kShared);
 void WriteFile(const std::string& path, std::string_view content, NewFile access = NewFile::kShared);

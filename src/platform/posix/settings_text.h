@@ -7,18 +7,18 @@
 
 namespace marlinset {
 
-// The text of a settings file: sections in brackets, in them KEY=VALUE lines, comments behind ";" or in lines
-// with "#". A value with blanks at its ends or one of ;,=" stands in double quotes; \" \\ \n \r \t \x0A
-// escape; a comma outside of quotes separates the entries of a list. All in UTF-8. Keys and sections are
-// found without regard to the case of the letters A to Z; of a key that stands there twice the last counts.
+// The text of a settings file: sections in brackets with KEY=VALUE lines, comments after ";" or in lines with
+// "#". A value is in double quotes if it has blanks at its ends or one of ;,= in it; \" \\ \n \r \t \x0A are
+// escapes; a comma outside quotes separates the entries of a list. All in UTF-8. Keys and sections ignore the
+// case of the letters A to Z; if a key occurs twice, the last one counts.
 
-/// The letters A to Z made small, for a look-up.
+/// The key with the letters A to Z in lower case, for a look-up.
 std::string LookUpKey(std::string_view key);
 
 /// The values of a section by their look-up keys. A list reads as one text, its entries separated by ", ".
 std::map<std::string, std::string> ReadSettings(std::string_view text, std::string_view section);
 
-/// The text with one value of a section changed or added, and everything else as it was.
+/// The text with one value of a section changed or added, and everything else unchanged.
 std::string WithSetting(std::string_view text, std::string_view section, std::string_view key,
                         std::string_view value);
 

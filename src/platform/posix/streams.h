@@ -7,14 +7,14 @@
 
 namespace marlinset {
 
-/// To be called first. A standard stream that the program was started without would become the first file
-/// that it opens. /dev/null takes its place: nothing comes from it, and it refuses what is written, so that
+/// Call this first. If a program starts without one of the standard streams, the first file that it opens
+/// would become that stream. /dev/null takes its place: it delivers nothing and refuses writes, so that
 /// whoever prints notices.
 void HoldStandardStreams();
 
-/// Writes to what takes bytes and is no file: a stream that this program was given open (/dev/stdout, to
-/// wherever it is redirected), a pipe, which waits for its reader, the null device. False when the path leads
-/// to none of them. Failure 61 or 75 when the bytes do not get through.
+/// Writes to a path that takes bytes but is not a file: an open stream of this program (/dev/stdout, wherever
+/// it is redirected), a pipe, which waits for its reader, or the null device. Returns false if the path is
+/// none of them. Throws kErrDiskFull or kErrFileAccess if the bytes do not get through.
 bool WriteStraight(const std::string& path, std::span<const std::uint8_t> bytes);
 
 }  // namespace marlinset

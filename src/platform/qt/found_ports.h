@@ -6,7 +6,7 @@
 
 namespace marlinset {
 
-/// The paths of the serial devices that are present, in no order. Pseudo terminals are never among them.
+/// The paths of the serial devices that are present, in no particular order, never pseudo terminals.
 std::vector<std::string> FoundPorts();
 
 }  // namespace marlinset

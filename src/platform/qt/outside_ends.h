@@ -8,21 +8,21 @@
 
 namespace marlinset {
 
-/// Ends of a program that come from outside, when nobody can be asked anything: SIGINT, SIGTERM and SIGHUP,
-/// a display that is lost (Qt calls exit() then), and the end of the user's session. They also come while a
-/// box or a file dialog stands and while the tool waits for the unit: all that is needed is an event loop.
+/// Ends a program from outside, when it can ask nobody anything: SIGINT, SIGTERM and SIGHUP, a lost display
+/// (Qt calls exit() then), and the end of the user's session. These also arrive while a box or a file dialog
+/// is open and while the tool waits for the unit; all they need is an event loop.
 ///
-/// A signal ends the program by that signal, so that whoever started it sees it in the exit status. A signal
-/// that was ignored when the program was started (nohup) stays ignored, and the second one ends the program
-/// at once, as if nobody listened. One object of a program at a time; it needs Qt's application object.
+/// A signal ends the program by that signal, so that the exit status shows it to whoever started the program.
+/// A signal that was ignored at the start (nohup) stays ignored; a second one ends the program at once, as if
+/// nobody listened. A program has one such object at a time; it needs Qt's application object.
 class OutsideEnds : public QObject {
  public:
   struct Duties {
-    /// The session may end. It may also go on, and questions to the user would hold it up.
+    /// The session may end, but it may also go on; questions to the user would hold it up.
     std::function<void()> keep = [] {};
-    /// The program ends when this returns. Runs once.
+    /// Runs once; the program ends when this returns.
     std::function<void()> leave;
-    /// The program has been ended by its operator: what comes now is no end from outside.
+    /// Whether the operator has already ended the program; then nothing counts as an end from outside.
     std::function<bool()> over = [] { return false; };
   };
   explicit OutsideEnds(Duties duties);

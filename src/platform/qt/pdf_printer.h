@@ -5,10 +5,10 @@
 
 namespace marlinset {
 
-/// Prints into PDF documents, on A4 paper, or Letter where the locale measures in inches. A document is
-/// written whole or not at all; what stood in its place stays until then. Needs a QGuiApplication, on any
-/// screen or none, and a font; without them, and for other targets, failure 482. Where no file can be
-/// written, failure 75 or 61.
+/// Prints into PDF documents, on A4 paper, or Letter if the locale measures in inches. It writes a document
+/// completely or not at all; an old file stays until then. Needs a QGuiApplication, on any screen or none,
+/// and a font; without them, and for other targets, throws PrinterError. Throws kErrFileAccess or
+/// kErrDiskFull if it cannot write the file.
 class PdfPrinter : public FormPrinter {
  public:
   std::unique_ptr<PrintJob> Begin(const PrintRequest& request) override;

@@ -5,7 +5,7 @@
 
 namespace marlinset {
 
-/// The desktop as Qt knows it. It has no registry.
+/// The desktop through Qt. It has no registry.
 class QtDesktop : public Desktop {
  public:
   std::string DateAndTime() const override;

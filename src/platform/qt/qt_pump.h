@@ -9,15 +9,15 @@
 namespace marlinset {
 
 /// The event pump of the real programs, on Qt's event loop. Needs a QCoreApplication that outlives it, and
-/// lives on its thread. Its timers also tick while a loop of Qt's own runs (the program's, a message box's).
+/// lives on its thread. Its timers also tick while one of Qt's own loops runs (a message box's).
 class QtPump : public EventPump {
  public:
   QtPump();
 
   std::int64_t Now() const override;
   void HandleDue() override;
-  /// Sleeps without a limit when nothing is due and no timer runs; End wakes it, and from then on it never
-  /// sleeps again.
+  /// Sleeps indefinitely if nothing is due and no timer runs; End wakes it, and after that it never sleeps
+  /// again.
   void Pump() override;
   void Pass(std::int64_t milliseconds) override;
   void End() override;
@@ -29,8 +29,8 @@ class QtPump : public EventPump {
   void HandleEvents(bool sleep);
 
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
-  /// Wakes Qt's loop when the next of our timers is due. A one-shot: Qt does not deliver a periodic timer
-  /// again while its handler pumps, and handlers of ours do.
+  /// Wakes Qt's loop when the next of our timers is due. A single shot: Qt does not deliver a periodic timer
+  /// again while its handler pumps, and our handlers do pump.
   QTimer alarm_;
 };
 

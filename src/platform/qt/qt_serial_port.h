@@ -13,22 +13,22 @@
 
 namespace marlinset {
 
-/// The serial line on QSerialPort, for ports and for pseudo terminals given by path. Events come from Qt's
-/// loop, each on its own and under the guard, so their handlers may pump, show boxes, and open and close the
+/// The serial line on QSerialPort, for ports and for pseudo terminals by path. Qt's loop delivers each
+/// event separately and under the guard, so handlers may pump, show boxes, and open and close the
 /// port.
 ///
-/// A line that takes no bytes (its far end has stopped it) stays open: what it does not take within a second
-/// is thrown away, so that whoever sent it does not wait for ever.
+/// A line that takes no bytes (its far end has stopped it) stays open. Bytes that it does not take within a
+/// second are discarded, so that their sender does not wait for ever.
 ///
-/// The receive buffer holds 1024 bytes. What does not fit is lost, and kCommOverflow says so once until the
-/// tool has read or thrown away some of it.
+/// The receive buffer holds 1024 bytes. Further bytes are lost, and kCommOverflow reports that once until the
+/// tool has read or discarded some bytes.
 class QtSerialPort : public MSComm {
  public:
   QtSerialPort(Guard& guard, PortMap& ports);
   ~QtSerialPort() override;
 
   int CommPort() const override { return port_; }
-  /// Failure 380 outside 1 to 4.
+  /// Throws InvalidPropertyValue outside 1 to 4.
   void SetCommPort(int port) override;
   bool PortOpen() const override;
   void SetPortOpen(bool open) override;
@@ -63,17 +63,17 @@ class QtSerialPort : public MSComm {
   PortMap& ports_;
   int port_ = kLowestPort;
   int event_ = 0;
-  bool closePending_ = false;  ///< the device has gone, and the close that follows is on its way
-  bool deviceGone_ = false;    ///< it has gone since the port was opened last; stays so when that is closed
+  bool closePending_ = false;  ///< the device has gone, and the close that follows is pending
+  bool deviceGone_ = false;    ///< it has gone since the port was last opened; closing does not reset it
   bool overflowing_ = false;   ///< bytes were lost since the tool last made room
   ReplyGate gate_;
   std::deque<std::uint8_t> received_;
   QSerialPort serial_;
-  QTimer gap_;          ///< ends when the line was quiet for long enough
+  QTimer gap_;          ///< ends when the line has been quiet for long enough
   QTimer retry_;        ///< runs while bytes wait for a line that takes none
-  int retries_ = 0;     ///< in a row that moved nothing
+  int retries_ = 0;     ///< in a row that sent nothing
   qint64 waiting_ = 0;  ///< bytes, at the last of them
-  QObject listener_;    ///< receives everything that comes from Qt; goes first, and pending events with it
+  QObject listener_;    ///< receives everything from Qt; destroyed first, with its pending events
 };
 
 }  // namespace marlinset

@@ -12,10 +12,10 @@
 
 namespace marlinset {
 
-/// Keeps unsaved work in a folder of the user's own. Each run has NUMBER.qcf, its NUMBER.name (title, full
-/// path and mark of the file it belongs to, a line each) and, as long as the run lives, a lock on
-/// NUMBER.lock: two tools never take each other's work, and work without a lock is left. Declined work is
-/// declinedNUMBER.qcf.bak, the latest with the highest number; of more than twenty the oldest goes.
+/// Keeps unsaved work in a folder of the user. Each run has NUMBER.qcf, its NUMBER.name (title, full path and
+/// mark of the file to which it belongs, one on each line) and, as long as the run lives, a lock on
+/// NUMBER.lock: two tools never take each other's work, and work without a lock was left behind. Declined
+/// work is declinedNUMBER.qcf.bak, the latest with the highest number; only the last twenty are kept.
 class QtWorkKeeper : public WorkKeeper {
  public:
   /// The folder of this user's desktop.

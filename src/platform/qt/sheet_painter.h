@@ -10,11 +10,11 @@ class QPageLayout;
 
 namespace marlinset {
 
-/// Margins and orientation of the record on a device's own paper.
+/// The record's margins and orientation on a device's own paper.
 QPageLayout RecordLayout(const QPagedPaintDevice& device);
 
-/// Paints forms onto a device with pages, a sheet a page; the same for printer, preview and document. Failure
-/// 482 when the device does not take them.
+/// Paints forms onto a paged device, one sheet on each page; used for printer, preview and document. Throws
+/// PrinterError if the device does not take them.
 void PaintForms(QPagedPaintDevice& device, const std::vector<PrintedForm>& forms);
 
 }  // namespace marlinset
