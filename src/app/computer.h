@@ -26,28 +26,28 @@ class App;
 
 namespace marlinset {
 
-/// What every program of the tool can be told on its command line.
+/// The options that all programs of the tool share.
 struct CommonOptions {
-  std::string programFolder;  ///< empty: that of the program, or of its installed data
-  std::string settingsFile;   ///< empty: the user's own store
+  std::string programFolder;  ///< empty: the program's folder, or that of its installed data
+  std::string settingsFile;   ///< empty: the user's own settings
   std::string commandText;    ///< names an operating mode
-  PortMap::Paths ports;       ///< device behind each port number, empty: chosen by the settings or found
+  PortMap::Paths ports;       ///< device behind each port number; empty: from the settings or the search
 };
 
-/// A path as the command line has it, counted from the folder in which the program was started: file dialogs
-/// take the tool to other folders. A path that has no whole form stays as it is, and whoever opens it tells
-/// what is wrong.
+/// Makes a path of the command line absolute, relative to the folder in which the program was started,
+/// because file dialogs take the tool to other folders. A path that has no absolute form stays as it is;
+/// opening it reports what is wrong.
 std::string WholePath(const std::string& path);
 
-/// Where the documents that come with the program lie, as docs/user-guide.md and beside it.
+/// The folder of the program's documents, with docs/user-guide.md and its neighbours.
 std::string DocumentsFolder();
 
 /// Adds --program-folder, --settings, --command and --com1 to --com4.
 void AddCommonOptions(CLI::App& app, CommonOptions& options);
 
 /// The real computer, or one whose clock jumps and that has no serial line. Needs Qt's application object.
-/// Failures of the settings file: 75 when it may not be read, is no regular file or is too large, 57 when the
-/// disk fails on the way, 7 when memory does not hold it. One that is not there is an empty one.
+/// Throws kErrFileAccess if the settings file may not be read, is not a regular file or is too large,
+/// kErrDevice if the disk fails, kErrMemory if memory cannot hold it. A missing one counts as empty.
 class Computer {
  public:
   enum class ClockKind { kReal, kVirtual };
@@ -58,9 +58,9 @@ class Computer {
   MSComm& Line() { return *line_; }
   /// Writes PDF documents.
   FormPrinter& Printer() { return pdfPrinter_; }
-  /// A printer in place of the computer's own, which writes PDF documents and nothing else.
+  /// Uses a printer instead of the computer's own, which only writes PDF documents.
   void UsePrinter(FormPrinter& printer) { printer_ = &printer; }
-  /// With another line in place of the computer's own, if one is given.
+  /// Uses another line instead of the computer's own, if one is given.
   Platform MakePlatform() { return MakePlatform(*line_); }
   Platform MakePlatform(MSComm& line);
 

@@ -11,24 +11,24 @@
 
 namespace marlinset {
 
-/// The line, with a record of what passes: every frame sent, and every byte as the tool takes it, those taken
-/// at one moment together.
+/// Records the traffic of a line: every frame sent and every byte that the tool takes; bytes taken at one
+/// moment form one entry.
 class RecordingLine : public MSComm {
  public:
   struct Entry {
     std::int64_t milliseconds;  ///< of the tool's clock
     bool sent;
     std::vector<std::uint8_t> bytes;
-    int number = 0;            ///< of the message, once it is judged
-    std::string verdict = {};  ///< what the answers to it were worth; empty: none awaited, or not known yet
+    int number = 0;            ///< of the message, once it has a verdict
+    std::string verdict = {};  ///< on the message; empty: none expected, or not known yet
   };
 
   RecordingLine(MSComm& line, const TimerQueue& clock);
 
-  /// Begins or ends recording; what was recorded stays until it is taken.
+  /// Begins or ends recording; recorded entries stay until they are taken.
   void Record(bool on) { recording_ = on; }
   std::vector<Entry> TakeEntries();
-  /// Notes with the frame what the answers to its message were worth; once more when that has changed.
+  /// Adds the verdict on a message to its frame's entry, and adds it again when it changes.
   void NoteVerdict(int number, std::span<const std::uint8_t> frame, const std::string& verdict);
 
   int CommPort() const override { return line_.CommPort(); }
@@ -53,7 +53,7 @@ class RecordingLine : public MSComm {
   MSComm& line_;
   const TimerQueue& clock_;
   bool recording_ = false;
-  bool goesOn_ = false;  ///< the next byte taken belongs to the entry last noted
+  bool goesOn_ = false;  ///< the next byte taken belongs to the latest entry
   std::vector<Entry> entries_;
 };
 

@@ -35,20 +35,20 @@
 
 namespace marlinset {
 
-/// The whole tool without a screen, put together on a platform: the panel model and every module connected to
-/// it. Several can live in one process.
+/// The complete tool without a screen, built on a platform: the panel model and every module connected to it.
+/// Several can live in one process.
 class Tool {
  public:
   explicit Tool(const Platform& platform);
 
-  /// Brings the tool up in the operating mode that `commandText` names (empty: the default) and shows the
-  /// main window. False when the start failed; what went wrong has been told. `resume` off: with the
-  /// defaults, whatever configuration the last run asked for; only the work of a run that died is offered.
+  /// Starts the tool in the operating mode that `commandText` names (empty: the default) and shows the main
+  /// window. Returns false if the start failed, after telling the operator why. Without `resume` it loads the
+  /// defaults, whatever configuration the last run asked for, and offers only the work of a run that died.
   bool Start(const std::string& commandText, bool resume = true);
-  /// The two halves of the start, for a window that shows a splash in between.
+  /// The two halves of the start, so that a window can show a splash in between.
   bool Load(const std::string& commandText, bool resume = true);
   void Show();
-  /// Another program takes the focus, or the tool gets it back; the main window has it then unless the About
+  /// Another program takes the focus, or the tool gets it back; then the main window has it, unless the About
   /// box is open.
   void SetActive(bool active) { variables.MainFormActive = active && !about.Open(); }
 

@@ -3,7 +3,7 @@
 
 namespace marlinset {
 
-/// To be called before Qt's application object is made: where no display can be reached the program ends with
+/// Call this before creating Qt's application object: if no display can be reached, it ends the program with
 /// a message and exit status 1. Qt alone would abort.
 void EndInWordsWithoutDisplay();
 

@@ -8,30 +8,30 @@
 
 namespace marlinset {
 
-/// Exit statuses of the command line twin.
+/// Exit statuses of marlinset-cli.
 enum ExitStatus : int {
   kExitDone = 0,
-  kExitNotDone = 1,         ///< the operator's answers, or the configuration, kept it from being done
+  kExitNotDone = 1,         ///< the operator's answers, or the configuration, prevented it
   kExitUsage = 2,           ///< options or script lines that can't be understood
   kExitStart = 3,           ///< the tool did not start
   kExitPort = 4,            ///< the port can't be opened, or went away
-  kExitReply = 5,           ///< no reply, or none that makes sense
+  kExitReply = 5,           ///< no reply, or no valid one
   kExitUnacknowledged = 6,  ///< sent, but some messages were refused or not acknowledged
-  kExitUncertain = 7,  ///< sent and answered, but of some messages it is uncertain whether they were taken
-  kExitSignal = 128,   ///< and the number of the signal that ended it, as shells tell it
+  kExitUncertain = 7,       ///< sent and answered, but it is uncertain whether all messages were taken
+  kExitSignal = 128,        ///< plus the number of the signal that ended it, as in shells
 };
 
-/// What a run of the command line twin was asked for.
+/// The options of a run of marlinset-cli.
 struct CliOptions {
   CommonOptions common;
-  std::vector<std::string> answers;  ///< for the boxes to come: yes, no, ok, cancel
-  std::vector<std::string> files;    ///< for the file dialogs to come: a path, or cancel
+  std::vector<std::string> answers;  ///< for later boxes: yes, no, ok, cancel
+  std::vector<std::string> files;    ///< for later file dialogs: a path, or cancel
   bool virtualClock = false;
   std::string scriptFile;                   ///< empty: standard input
   std::vector<std::string> configurations;  ///< configuration files; compose: the JSON text
   std::string output;                       ///< file to write: compose a configuration, print a PDF document
   bool json = false;                        ///< show: as JSON
-  bool all = false;                         ///< diff: also what is equal
+  bool all = false;                         ///< diff: also equal values
   bool verbose = false;                     ///< send: print each message
 };
 
@@ -40,11 +40,11 @@ int RunSend(const CliOptions& options);
 int RunIdentify(const CliOptions& options);
 /// Prints a configuration, or the defaults, into a PDF document. Needs a QGuiApplication.
 int RunPrint(const CliOptions& options);
-/// Lists configuration files. kExitNotDone when one can't be read.
+/// Lists configuration files. kExitNotDone if one can't be read.
 int RunShow(const CliOptions& options);
-/// Compares two configuration files. kExitNotDone when they differ, kExitUsage when one can't be read.
+/// Compares two configuration files. kExitNotDone if they differ, kExitUsage if one can't be read.
 int RunDiff(const CliOptions& options);
-/// Writes a configuration file from what show --json printed.
+/// Writes a configuration file from the output of show --json.
 int RunCompose(const CliOptions& options);
 
 }  // namespace marlinset

@@ -6,8 +6,8 @@
 
 namespace marlinset {
 
-/// The state of a control as the script shows it: name, kind, and what its kind has of text, index, list,
-/// value, min, max, increment, checked, enabled, visible, color and picture. A caption comes as text.
+/// The state of a control as a script shows it: name, kind, and whichever its kind has of text, index, list,
+/// value, min, max, increment, checked, enabled, visible, color and picture. A caption appears as text.
 Json ControlJson(const Control& control);
 
 }  // namespace marlinset

@@ -6,18 +6,18 @@
 
 namespace marlinset {
 
-/// A configuration as JSON: its fields by their names, in file order. "identification" holds model, title and
-/// version of the tool that wrote it (as hexadecimal when it is written in another way), "tail" the bytes
-/// behind the configuration as hexadecimal, if there are any. A parameter whose value loads as another number
-/// says so in "loaded as", null when it can't be loaded.
+/// A configuration as JSON: its fields by name, in file order. "identification" holds model, title and
+/// version of the tool that wrote it (in hexadecimal if it is not written as usual), "tail" the bytes after
+/// the configuration in hexadecimal, if there are any. If a parameter's value loads as another number,
+/// "loaded as" holds that number, or null if it can't be loaded.
 Json DocumentJson(const QcfDocument& document);
 
-/// Reads JSON text. Throws std::runtime_error for what is none, for a key that stands twice in an object, of
-/// which readers take one or the other, and for objects of more keys than a configuration could have.
+/// Reads JSON text. Throws std::runtime_error if it is not JSON, if a key occurs twice in an object, because
+/// readers disagree on which one counts, or if objects have more keys than a configuration could have.
 Json ParseJson(const std::string& text);
 
-/// Back again, byte for byte. Throws std::runtime_error with what is wrong where, also for a text
-/// with a character that the code page of the files does not have.
+/// The reverse, byte for byte. Throws std::runtime_error that says what is wrong and where, also for a text
+/// with a character that the files' code page does not have.
 QcfDocument DocumentOfJson(const Json& json);
 
 }  // namespace marlinset

@@ -9,16 +9,16 @@ namespace marlinset {
 
 class EventPump;
 
-/// Lines of a script, from a file or as they come through standard input. While a line is awaited there the
+/// Lines of a script, from a file or from standard input as they arrive. While it waits for a line there, the
 /// tool's events and timers run.
 class LineInput {
  public:
-  /// Empty file name: standard input. Throws std::runtime_error for a file that can't be read: one that is
-  /// not there, no regular file or larger than 64 MiB.
+  /// Empty file name: standard input. Throws std::runtime_error if the file can't be read: it is missing, not
+  /// a regular file or larger than 64 MiB.
   LineInput(const std::string& file, EventPump& pump, bool pumpWhileWaiting);
 
-  /// The next line without its end, of one beyond kMostLine enough to see that it is; nothing at the end of
-  /// the input or of the program. Throws std::runtime_error when the input can't be read.
+  /// The next line without its end; of a line longer than kMostLine, enough to see that it is too long;
+  /// nothing at the end of the input or the program. Throws std::runtime_error if the input can't be read.
   std::optional<std::string> Next();
 
  private:
@@ -27,8 +27,8 @@ class LineInput {
 
   EventPump& pump_;
   bool pumpWhileWaiting_;
-  std::optional<int> stream_;  ///< nothing: the whole file is in `text_`
-  std::string text_;           ///< what was read last, and from where on it is not used up
+  std::optional<int> stream_;  ///< nothing: `text_` holds all of the file
+  std::string text_;           ///< what was read last, and where the unused part begins
   std::size_t at_ = 0;
 };
 

@@ -15,8 +15,8 @@
 namespace marlinset {
 
 /// Boxes of a tool without a screen: answered from a queue, and kept as JSON for the next answer line. A box
-/// takes the first answer in the queue that it has a button for; without one a box with OK is answered OK
-/// and a question No.
+/// takes the first answer in the queue for which it has a button; if there is none, a box with OK gets OK, a
+/// question No.
 class QueuedDialogs : public Dialogs {
  public:
   BoxAnswer Present(const MessageBox& box) override;
@@ -24,14 +24,14 @@ class QueuedDialogs : public Dialogs {
 
   /// "yes", "no", "ok" or "cancel".
   static bool IsAnswer(std::string_view word);
-  /// Queues one of these words; any other is passed over.
+  /// Queues one of these words; ignores any other.
   void QueueAnswer(std::string_view word);
-  /// Called for each box with its answer, for whoever prints them.
+  /// Called for each box and its answer, so that they can be printed.
   std::function<void(const MessageBox&, BoxAnswer)> onShown;
 
-  /// Notes something else that came up: a file dialog.
+  /// Records another event: a file dialog.
   void Note(Json message) { messages_.push_back(std::move(message)); }
-  /// What came up since the last call, in order.
+  /// The events since the last call, in order.
   Json TakeMessages();
 
  private:
@@ -41,18 +41,18 @@ class QueuedDialogs : public Dialogs {
   Json messages_ = Json::array();
 };
 
-/// The file dialog of a tool without a screen: answered from a queue, noted with the boxes. With an empty
-/// queue it is cancelled.
+/// The file dialog of a tool without a screen: answered from a queue and recorded with the boxes. With an
+/// empty queue it is cancelled.
 class QueuedFileDialog : public FileDialog {
  public:
   explicit QueuedFileDialog(QueuedDialogs& messages);
 
-  /// Queues a path, or "cancel". A path that is not full counts from the folder in which the program was
-  /// started, whatever folder the tool has gone to since.
+  /// Queues a path, or "cancel". A relative path starts at the folder in which the program was started,
+  /// whatever folder the tool has changed to since.
   void QueueFile(const std::string& path);
 
-  /// Runs `action`; the first dialog to open a file (or to save to one) that it brings up is answered with
-  /// `path`, past the queue. When none comes up the path is dropped.
+  /// Runs `action`; answers the first dialog of this kind (open or save) that it brings up with `path`, past
+  /// the queue. If none comes up, the path is dropped.
   void AnswerOpen(const std::string& path, const std::function<void()>& action);
   void AnswerSave(const std::string& path, const std::function<void()>& action);
 

@@ -7,8 +7,8 @@ namespace marlinset {
 
 class QueuedDialogs;
 
-/// The printer of a tool without a screen: notes the texts of each page with the boxes. A document is written
-/// by the computer's own printer besides, which says so where it can't.
+/// The printer of a tool without a screen: records the texts of each page with the boxes. The computer's own
+/// printer also writes documents, and reports when it can't.
 class QueuedPrinter : public FormPrinter {
  public:
   QueuedPrinter(QueuedDialogs& messages, FormPrinter& documents)

@@ -22,29 +22,29 @@ class Script {
  public:
   Script(Tool& tool, QueuedDialogs& dialogs, QueuedFileDialog& fileDialog, RecordingLine& line);
 
-  /// Answer to the start itself.
+  /// The answer to the start itself.
   std::string StartAnswer(bool started);
   /// Executes one line; the answer is one line of JSON, empty for an empty line or a comment.
   std::string Execute(const std::string& line);
 
   /// Whether every action so far was understood.
   bool AllUnderstood() const { return allUnderstood_; }
-  /// The script asked for its end.
+  /// Whether the script asked to end.
   bool Ended() const { return ended_; }
 
  private:
   struct Action {
     std::string_view name;
-    std::size_t least;  ///< words behind the name
+    std::size_t least;  ///< words after the name
     std::size_t most;
     Json (Script::*run)(const ScriptLine& line);
   };
-  /// Null when no action has that name.
+  /// Null if no action has that name.
   static const Action* FindAction(std::string_view name);
   std::string Answer(Json answer);
   Form& FindForm(const std::string& name) const;
   Control& FindControl(const std::string& text) const;
-  /// A control that an operator could act upon: its window is open.
+  /// A control on which an operator could act: its window is open.
   Control& ShownControl(const std::string& text) const;
 
   Json Get(const ScriptLine& line);

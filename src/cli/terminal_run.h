@@ -10,18 +10,18 @@
 
 namespace marlinset {
 
-/// Starts a tool with what the command line names; `resume` as in Tool::Start. False when the start failed,
-/// which has been told.
+/// Starts a tool with the options of the command line; `resume` as in Tool::Start. Returns false if the start
+/// failed, after telling the user why.
 bool StartTool(Tool& tool, const CommonOptions& options, bool resume);
 
-/// A tool at a terminal, started and with its port chosen: the one of the lowest number that was named on the
-/// command line, otherwise the one that the settings remember. Boxes go to standard error.
+/// A tool at a terminal, started and with its port chosen: the lowest number that the command line names,
+/// otherwise the port in the settings. Boxes go to standard error.
 class TerminalRun {
  public:
   explicit TerminalRun(const CliOptions& options);
   bool Started() const { return started_; }
   bool PortOpen() { return computer_.Line().PortOpen(); }
-  /// Loads the configuration that was named, if one was. False when it can't be read, which has been told.
+  /// Loads the configuration that was named, if any. Returns false, after telling the user, if it can't.
   bool LoadConfiguration(const CliOptions& options);
 
  private:

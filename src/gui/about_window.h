@@ -8,7 +8,7 @@
 
 namespace marlinset {
 
-/// The window of the About box. Its texts can be selected, for a mail to the service desk.
+/// The window of the About box. Its texts can be selected, to mail them to the service desk.
 std::unique_ptr<QDialog> MakeAboutWindow(FrmAbout& form, QWidget* parent);
 
 }  // namespace marlinset

@@ -15,13 +15,13 @@ namespace marlinset {
 /// A frame that leaves for the unit.
 using FrameSignal = Signal<std::span<const std::uint8_t>>;
 
-/// What passes on the line, a line of the log for each change of direction. The control `tInput` holds
-/// received bytes only, and few of them; the log shows those as they come, and keeps them after the control
-/// was emptied.
+/// The traffic on the line, a line of the log for each change of direction. The control `tInput` holds only
+/// received bytes, and few of them; the log shows them as they arrive and keeps them after the control is
+/// emptied.
 class ByteLog : public QPlainTextEdit {
   Q_OBJECT
  public:
-  /// `sent`: null where nobody tells what is sent.
+  /// `sent`: null if nobody reports sent frames.
   ByteLog(FrmStart& form, FrameSignal* sent, QWidget* parent);
 
  private:
@@ -31,7 +31,7 @@ class ByteLog : public QPlainTextEdit {
   void Append(const std::string& bytes);
 
   const TextBox& received_;
-  std::string known_;  ///< what the control held when it was last looked at
+  std::string known_;  ///< what the control held at the last look
   Direction direction_ = Direction::kNone;
   Listening<> listening_;
   std::optional<Listening<std::span<const std::uint8_t>>> sent_;

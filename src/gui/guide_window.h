@@ -10,15 +10,15 @@ namespace marlinset {
 class DocumentView;
 class FrmStart;
 
-/// The user guide beside the main window. It takes no part in what the tool does, so it can be read during a
-/// send as well. Closing it hides it.
+/// The user guide beside the main window. It does not affect the tool, so it can be read even during a send.
+/// Closing it hides it.
 class GuideWindow : public QDialog {
   Q_OBJECT
  public:
-  /// `folder` holds the documents as they are installed: docs/user-guide.md and what it leads to.
+  /// `folder` holds the documents as installed: docs/user-guide.md and those to which it links.
   explicit GuideWindow(const std::string& folder);
 
-  /// Comes to the front with the section about the panel in view, or the guide's beginning where a panel has
+  /// Comes to the front with the section about the panel in view, or the guide's beginning if the panel has
   /// none.
   void ShowFor(const FrmStart& form);
 

@@ -9,9 +9,9 @@
 
 namespace marlinset {
 
-/// The traffic indicator: the colour of `pComBut`, and because colour is never the only sign also a shape. In
-/// interactive mode the visible one of the five pictures `Image1` lies on it, a heart with a dot that goes
-/// round with each good poll.
+/// The traffic indicator: the colour of `pComBut`, and also a shape, because colour must not be the only
+/// sign. In interactive mode it shows the visible one of the five pictures `Image1`, a heart with a dot that
+/// moves round with each good poll.
 class Indicator : public QWidget {
   Q_OBJECT
  public:
@@ -20,7 +20,7 @@ class Indicator : public QWidget {
   Indicator(FrmStart& form, QWidget* parent);
 
   State Shown() const;
-  /// Which frame of the heartbeat is seen, 0 to 4.
+  /// The visible frame of the heartbeat, 0 to 4.
   std::optional<int> Heartbeat() const;
   QSize sizeHint() const override;
 

@@ -11,14 +11,14 @@
 
 namespace marlinset {
 
-/// The word LIVE with the unit's model and its port, there while interactive mode is on: whatever is changed
-/// then goes on air at once.
+/// The word LIVE with the unit's model and its port, shown while interactive mode is on: every change then
+/// goes on air at once.
 class LiveSign : public QWidget {
   Q_OBJECT
  public:
   /// `deviceName`: the device behind a port number; may be empty.
   LiveSign(FrmStart& form, std::function<std::string(int)> deviceName, QWidget* parent);
-  /// What stands behind the word: "HD7340Q, Com 1 (ttyUSB0)".
+  /// The text after the word: "HD7340Q, Com 1 (ttyUSB0)".
   QString Unit() const { return unit_; }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -37,7 +37,7 @@ class LiveSign : public QWidget {
 
   FrmStart& form_;
   std::function<std::string(int)> deviceName_;
-  QString model_;  ///< the status bar also tells other things where the model stands
+  QString model_;  ///< the status bar also shows other texts in place of the model
   QString unit_;
   std::vector<Listening<>> listening_;
 };

@@ -15,9 +15,9 @@ namespace marlinset {
 
 class ToolArea;
 
-/// The main window: shows FrmStart and hands every action of the operator to it. It comes up and goes with
-/// the form's Visible flag, and stands where the form says, but never beyond the screen, its frame included.
-/// Its close box is the form's Exit. The form has to outlive it.
+/// The main window: shows FrmStart and passes every action of the operator to it. It opens and closes with
+/// the form's Visible flag, at the place that the form says, but never beyond the screen, its frame included.
+/// Its close box is the form's Exit. The form must outlive it.
 class MainWindow : public QMainWindow {
   Q_OBJECT
  public:
@@ -36,7 +36,7 @@ class MainWindow : public QMainWindow {
   void ShowModified();
   void Measure();
   void TakePlace();
-  /// It can be moved and sized: up, and not as large as the screen by the operator's wish.
+  /// Whether it can be moved and sized: it is visible, and the operator has not maximised it.
   bool Stands() const;
   void NotePlace();
   void FitFrame();
@@ -46,8 +46,8 @@ class MainWindow : public QMainWindow {
   WindowHooks hooks_;
   ToolArea* tools_ = nullptr;
   bool formVisible_ = false;
-  bool frameFits_ = false;  ///< the window manager's frame has been seen and allowed for
-  WindowPlace place_;       ///< the form's, as it was last taken
+  bool frameFits_ = false;  ///< the window manager's frame is known and allowed for
+  WindowPlace place_;       ///< the form's, as last applied
   Listening<> listening_;
   Listening<> toolAtRest_;
   std::optional<Listening<>> changesListening_;

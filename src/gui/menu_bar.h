@@ -9,8 +9,8 @@ namespace marlinset {
 
 struct WindowHooks;
 
-/// The menus File, Mode, Options, Parameters and Help. `hooks`: the devices behind the ports, looked for each
-/// time Options opens, and the files last in use.
+/// The menus File, Mode, Options, Parameters and Help. `hooks` supplies the devices behind the ports,
+/// searched each time Options opens, and the files last in use.
 void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks);
 
 }  // namespace marlinset

@@ -9,7 +9,7 @@
 
 namespace marlinset {
 
-/// Shows the panel whose frame is visible. Each panel scrolls as a whole when the window is too small for it.
+/// Shows the panel whose frame is visible. Each panel scrolls if the window is too small for it.
 class PanelHost : public QStackedWidget {
   Q_OBJECT
  public:

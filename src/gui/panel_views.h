@@ -15,7 +15,7 @@ QWidget* MakeWindowsPanel(FrmStart& form, QWidget* parent);
 QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent);
 QWidget* MakeDownConverterPanel(FrmStart& form, QWidget* parent);
 
-/// Letters of a source's name that a routing field shows ("RP188 VITC1 Ancillary Data Reader").
+/// How many letters of a source's name a routing field shows ("RP188 VITC1 Ancillary Data Reader").
 constexpr int kSourceCharacters = 28;
 
 }  // namespace marlinset

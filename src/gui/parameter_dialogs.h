@@ -7,7 +7,7 @@ class FrmDeleteParameter;
 class FrmEditParameters;
 class QtDialogs;
 
-/// Tells how the two windows that add and delete parameters look on the screen.
+/// Defines the look of the two windows that add and delete parameters.
 void AddParameterWindows(QtDialogs& dialogs, FrmEditParameters& edit, FrmDeleteParameter& remove);
 
 }  // namespace marlinset

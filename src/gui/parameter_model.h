@@ -12,28 +12,28 @@
 
 namespace marlinset {
 
-/// A parameter as the list shows it. After a sort other controls stand for it: what the operator does is
-/// meant for the parameter, and lapses with it.
+/// A parameter as the list shows it. After a sort other controls represent it: the operator's actions are
+/// meant for the parameter, and lapse with it.
 class ParameterRecord : public Subject {
  public:
   ParameterRecord(FrmStart& form, int row);
   /// The spin of the value.
   Control* Find() const override;
   bool StandsAt(int row) const;
-  /// Takes over the value that the controls hold, unless the operator sees a newer one.
+  /// Adopts the value of the controls, unless the operator sees a newer one.
   void Read();
 
-  const std::array<QString, 3> names;  ///< class, parameter, description, by which it is known
-  int row;                             ///< the controls that stood for it when the list was arranged last
+  const std::array<QString, 3> names;  ///< class, parameter and description identify it
+  int row;                             ///< the controls that represented it when the list was last arranged
   bool gone = false;                   ///< another list was loaded
 
  private:
   FrmStart& form_;
 };
 
-/// The rows of the parameter list that are visible, as a table of class, parameter, description and value.
-/// Rows may number hundreds, so they are painted and have no widgets; a change repaints its own row. While
-/// the rules fill the list anew, which in interactive mode takes a message for each row, the table stays as
+/// The visible rows of the parameter list, as a table of class, parameter, description and value. There
+/// may be hundreds of rows, so they are painted and have no widgets; a change repaints only its row. While
+/// the rules refill the list, which in interactive mode takes a message for each row, the table stays as
 /// it is.
 class ParameterModel : public QAbstractTableModel {
   Q_OBJECT
@@ -57,7 +57,7 @@ class ParameterModel : public QAbstractTableModel {
  signals:
   /// The parameter of this cell is being sent now.
   void Marked(const QModelIndex& cell);
-  /// The list is in order: rows may stand elsewhere.
+  /// The list is in order: rows may have moved.
   void Arranged();
   /// The controls of the list are about to go.
   void Going();
@@ -85,8 +85,8 @@ class ParameterModel : public QAbstractTableModel {
   FrmStart& form_;
   std::vector<Row> rows_;  ///< by ascending index of their controls
   bool arranging_ = false;
-  bool putOff_ = false;      ///< until the list has been filled
-  int underWay_ = kNoIndex;  ///< the row that was marked last; the send leaves marks behind it
+  bool putOff_ = false;      ///< until the list is filled
+  int underWay_ = kNoIndex;  ///< the row marked last; the send leaves its marks on earlier rows
   std::vector<Listening<int>> arrays_;
   std::vector<Listening<>> heads_;
   Listening<> rulesEnded_;

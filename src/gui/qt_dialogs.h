@@ -10,16 +10,16 @@
 
 namespace marlinset {
 
-/// The tool's boxes on the screen, over the window in use. The tool's text stands as it is, the remedy in
-/// the informative line below. The default button is the safe one, Esc and the cross answer No or Cancel.
+/// The tool's boxes on the screen, over the window in use. A box shows the tool's text unchanged, the remedy
+/// in the informative line. The default button is the safe one; Esc and the cross answer No or Cancel.
 class QtDialogs : public Dialogs {
  public:
   BoxAnswer Present(const MessageBox& box) override;
   void PresentForm(Form& form) override;
 
-  /// Makes the window that shows a form, over a parent that may be null.
+  /// Creates the window that shows a form, over a parent that may be null.
   using WindowMaker = std::function<std::unique_ptr<QDialog>(QWidget*)>;
-  /// Tells how a form is shown; one that nobody has told about is not shown.
+  /// Sets how a form is shown; a form without this is not shown.
   void AddWindow(const Form& form, WindowMaker maker);
 
  private:

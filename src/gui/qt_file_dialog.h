@@ -8,9 +8,9 @@ class QString;
 
 namespace marlinset {
 
-/// The tool's file dialog on the screen, over the window in use. Saving begins in the documents of the
-/// operator when nothing can be written into the folder that the tool asks for. A name that was typed without
-/// an extension gets that of the filter.
+/// The tool's file dialog on the screen, over the window in use. If the folder that the tool asks for is
+/// not writable, saving begins in the operator's documents. A name typed without an extension gets the
+/// filter's.
 class QtFileDialog : public FileDialog {
  public:
   bool ConfirmsOverwriting() const override { return true; }

@@ -10,15 +10,15 @@ class QPageLayout;
 
 namespace marlinset {
 
-/// How forms get onto a device with pages: the one way of printer, preview and document.
+/// How forms get onto a paged device: the same for printer, preview and document.
 struct SheetPainter {
   /// Margins and orientation on the device's own paper.
   QPageLayout (*layout)(const QPagedPaintDevice& device);
-  /// A sheet a page. Failure 482 when the device does not take them.
+  /// One sheet on each page. Throws PrinterError if the device does not take them.
   void (*paint)(QPagedPaintDevice& device, const std::vector<PrintedForm>& forms);
 };
 
-/// Prints on the desktop's default printer, shows a preview, and hands documents to another printer.
+/// Prints on the desktop's default printer, shows a preview, and passes documents to another printer.
 class QtFormPrinter : public FormPrinter {
  public:
   QtFormPrinter(FormPrinter& documents, const SheetPainter& painter)

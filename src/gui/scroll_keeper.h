@@ -11,8 +11,8 @@ class QAbstractScrollArea;
 
 namespace marlinset {
 
-/// The send of a whole setup scrolls to what is on its way; at its end the area stands where it stood before,
-/// unless the operator has scrolled it meanwhile. Belongs to the area.
+/// A whole send scrolls the area to what is being sent. At its end this scrolls the area back to its former
+/// place, unless the operator has scrolled it meanwhile. Belongs to the area.
 class ScrollKeeper : public QObject {
   Q_OBJECT
  public:

@@ -10,7 +10,7 @@
 namespace marlinset {
 
 /// Shows FrmSplash: icon, title and version, a quarter of the screen from its top left corner, painted before
-/// anything is loaded. A click or a key asks to go on. The form has to outlive it.
+/// anything is loaded. A click or a key closes it early. The form must outlive it.
 class SplashWindow : public QWidget {
   Q_OBJECT
  public:

@@ -10,13 +10,13 @@
 
 namespace marlinset {
 
-/// One panel of the status bar: its text, cut with an ellipsis when it does not fit and always whole in the
-/// tool tip, behind its picture.
+/// One panel of the status bar: its picture, then its text, which is cut with an ellipsis if it does not fit
+/// and always complete in the tool tip.
 class StatusPanelView : public QWidget {
   Q_OBJECT
  public:
   StatusPanelView(FrmStart& form, StatusPanel& panel, QWidget* parent);
-  /// What can be read of the text at the present width.
+  /// The part of the text that fits the present width.
   QString ReadableText() const;
   std::optional<VideoPicture> Picture() const { return picture_; }
   QSize sizeHint() const override;
@@ -34,7 +34,7 @@ class StatusPanelView : public QWidget {
   std::optional<VideoPicture> picture_;
 };
 
-/// The status bar: four panels of equal and steady width.
+/// The status bar: four panels of equal and constant width.
 class StatusBarView : public QStatusBar {
   Q_OBJECT
  public:

@@ -9,7 +9,7 @@ class QBoxLayout;
 
 namespace marlinset {
 
-/// What stands above the panels. First row: indicator, video standard, VITC mode, Open, Close and the main
+/// The area above the panels. First row: indicator, video standard, VITC mode, Open, Close and the main
 /// action; second row: the choice of the panel (Alt+1 to Alt+5) and the service buttons.
 class ToolArea : public QWidget {
   Q_OBJECT

@@ -12,23 +12,23 @@ namespace marlinset {
 
 class UnsavedChanges;
 
-/// What the window asks of whoever put it together.
+/// What the window needs from the program that creates it.
 struct WindowHooks {
-  /// The device behind a port number, empty when there is none.
+  /// The device behind a port number, empty if there is none.
   std::function<std::string(int)> deviceName = {};
-  /// Whether the port that is ticked is open.
+  /// Whether the ticked port is open.
   std::function<bool()> portOpen = {};
-  /// The port menu opens: devices may have come.
+  /// The port menu opens: there may be new devices.
   std::function<void()> lookForDevices = {};
-  /// Opens a configuration that the operator has dropped on the window.
+  /// Opens a configuration dropped on the window.
   std::function<void(const std::string&)> openFile = {};
-  /// Shows the user guide. At once, also while the tool waits for a unit: it changes nothing there.
+  /// Shows the user guide at once, even while the tool waits for a unit, because that changes nothing there.
   std::function<void()> showGuide = {};
-  /// Entries of the File menu: the files last in use. Null without.
+  /// The files last in use, for the File menu. May be null.
   ControlArray<MenuItem>* recentFiles = nullptr;
-  /// Tells the byte log what goes out. Null without.
+  /// Reports sent frames to the byte log. May be null.
   FrameSignal* frameSent = nullptr;
-  /// What the window's modified mark goes by. Null without.
+  /// Decides the window's modified mark. May be null.
   UnsavedChanges* changes = nullptr;
 };
 

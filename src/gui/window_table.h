@@ -14,16 +14,16 @@ class QVBoxLayout;
 
 namespace marlinset {
 
-/// The table of the character windows: fixed headers over rows that come and go with the elements of the row
-/// controls. A row is shown while its name is.
+/// The table of the character windows: fixed headers over rows that are added and removed with the elements
+/// of the row controls. A row is visible while its name is.
 class WindowTable : public QWidget {
   Q_OBJECT
  public:
   WindowTable(FrmStart& form, QWidget* parent);
   ~WindowTable() override;
-  /// The strip of a row, null when there is none.
+  /// The strip of a row, null if there is none.
   QWidget* Row(int row) const;
-  /// By how much the table may be wider than it needs to be before its columns drift apart.
+  /// How much wider than necessary the table may be before its columns drift apart.
   int RoomForNames() const;
 
  protected:
@@ -43,8 +43,8 @@ class WindowTable : public QWidget {
   void Tint(RowStrip* strip, bool on);
 
   FrmStart& form_;
-  std::vector<int> widths_;  ///< of the columns in pixels; the first one grows
-  QWidget* gate_;            ///< never seen: the place of the rows in the tab order
+  std::vector<int> widths_;  ///< of the columns in pixels; the first grows
+  QWidget* gate_;            ///< invisible: the place of the rows in the tab order
   QHBoxLayout* headerCells_ = nullptr;
   QScrollArea* area_;
   QVBoxLayout* rowStack_;

@@ -10,16 +10,16 @@ namespace marlinset {
 
 /// What the unit does with a command.
 enum class UnitAction : std::uint8_t {
-  kSelect,       ///< speaks only when spoken to from now on
-  kBroadcast,    ///< speaks on its own from now on
-  kSetStandard,  ///< takes a video standard while the selection is manual; no answer
+  kSelect,       ///< answers only when asked from now on
+  kBroadcast,    ///< sends unasked from now on
+  kSetStandard,  ///< takes a video standard if the selection is manual; no answer
   kVideoSense,   ///< answers with its video status
   kIdentify,     ///< answers with its model
   kFirmware,     ///< answers with its firmware text
-  kSetting,      ///< keeps what it was told and acknowledges
+  kSetting,      ///< stores the setting and acknowledges it
 };
 
-/// What tells one setting of a command from another of the same command.
+/// What distinguishes the settings of one command.
 enum class SettingKey : std::uint8_t {
   kNone,            ///< the command is one setting
   kFirst,           ///< by the first data byte: a window's number, a selector
@@ -37,11 +37,11 @@ struct UnitCommand {
   UnitAction action;
   SettingKey key = SettingKey::kNone;
   bool onlyHd7340Q = false;        ///< other models don't know the command
-  std::string_view opposite = {};  ///< setting that this one takes the place of: on for off
+  std::string_view opposite = {};  ///< setting that this one replaces: on replaces off
 };
 
-/// The command of a message, by address, packet id and command; nullptr when there is none or when the number
-/// of fields is not one that the command can have.
+/// The command of a message, by address, packet id and command; nullptr if there is none, or if the command
+/// cannot have that number of fields.
 const UnitCommand* FindUnitCommand(std::span<const std::uint8_t> fields);
 
 /// All commands, in the order of their numbers.

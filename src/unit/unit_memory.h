@@ -29,7 +29,7 @@ struct UnitWindow {
   bool operator==(const UnitWindow&) const = default;
 };
 
-/// The lines that carry VITC; a duplicate of 0 is not in use.
+/// The lines that carry VITC; a duplicate of 0 is unused.
 struct UnitVitcLines {
   std::array<int, 3> line{};
   std::array<int, 3> duplicate{};
@@ -37,23 +37,23 @@ struct UnitVitcLines {
   bool operator==(const UnitVitcLines&) const = default;
 };
 
-/// Everything that the unit was told and keeps: the last fields of each setting, and what they mean. A
-/// setting that never came has no value.
+/// All settings that the unit has received: the last fields of each, and what they mean. A setting that never
+/// arrived has no value.
 class UnitMemory {
  public:
   /// Window number or selector and 0; class and parameter; 0 and 0 for a command that is one setting.
   using Key = std::pair<int, int>;
 
-  /// Keeps the fields of a setting command, from the address on; forgets the command's opposite.
+  /// Stores the fields of a setting command, from the address on; forgets the command's opposite.
   void Keep(const UnitCommand& command, std::span<const std::uint8_t> fields);
 
-  /// The last fields of a setting, from the address on; nullptr when it never came.
+  /// The last fields of a setting, from the address on; nullptr if it never arrived.
   const Bytes* Held(std::string_view command, Key key = {}) const;
   const std::map<std::string_view, std::map<Key, Bytes>>& All() const { return held_; }
 
-  /// By class and parameter. Without 0/0, which is no parameter but switches the selection of the standard.
+  /// By class and parameter. Without 0/0, which is not a parameter but selects how the standard is chosen.
   std::map<Key, std::int32_t> Parameters() const;
-  /// Code of the source by selector.
+  /// Source codes by selector.
   std::map<int, int> Routing() const;
   /// By window number.
   std::map<int, UnitWindow> Windows() const;

@@ -15,16 +15,16 @@
 
 namespace marlinset {
 
-/// What the unit tells about its firmware.
+/// The unit's firmware as it reports it.
 struct UnitFirmware {
   std::string text = "MARLIN40";  ///< eight characters; shorter texts are filled with blanks
   std::array<std::uint8_t, 3> version{2, 14, 0};
-  char marker = 'R';  ///< R for a release; any other letter makes `build` count
+  char marker = 'R';  ///< R for a release; with any other letter `build` is valid
   std::array<std::uint8_t, 3> build{};
 };
 
-/// Reads what the tool's About box shows of a firmware: "MARLIN40", "MARLIN40 020E00" or
-/// "MARLIN40 020E00 B 000017". Nothing when the text has none of these forms.
+/// Reads a firmware as the tool's About box shows it: "MARLIN40", "MARLIN40 020E00" or "MARLIN40 020E00 B
+/// 000017". Returns nothing if the text has none of these forms.
 std::optional<UnitFirmware> ParseFirmware(std::string_view text);
 
 constexpr int kModelHd7340 = 2;
@@ -32,30 +32,30 @@ constexpr int kModelHd7340Old = 8;
 constexpr int kModelHdSd7340 = 10;
 constexpr int kModelHd7340Q = 32;
 
-/// What a unit is when it is switched on.
+/// The unit's state when it is switched on.
 struct UnitSettings {
   int model = kModelHdSd7340;
   int standard = 4;     ///< code of its video standard: 1 to 8, 0 for none; six bits
-  bool manual = false;  ///< the standard is set by command, not taken from the input
-  bool video = true;    ///< there is video at the input
+  bool manual = false;  ///< commands set the standard, the input does not
+  bool video = true;    ///< the input has video
   UnitFirmware firmware{};
-  LineTime ackTime{};  ///< from the last byte of a setting to its acknowledgement
-  /// Settings that take another time, by address and command.
+  LineTime ackTime{};  ///< between the last byte of a setting and its acknowledgement
+  /// Settings with a different time, by address and command.
   std::map<std::pair<int, int>, LineTime> ackTimes{};
 };
 
-/// What goes wrong on demand. The counts go down as they are used.
+/// Faults on demand. Each use lowers a count by one.
 struct UnitFaults {
-  int drop = 0;     ///< acknowledgements to lose; the setting is taken
+  int drop = 0;     ///< acknowledgements to lose; the unit takes the setting
   int nak = 0;      ///< settings to refuse with a Nak
   int corrupt = 0;  ///< frames to send with a wrong checksum
-  int twice = 0;    ///< answers to send two times in a row
-  /// So long after the next setting an Ack goes out that answers nothing, whatever its own answer is.
+  int twice = 0;    ///< answers to send twice in a row
+  /// So long after the next setting an Ack goes out that answers nothing, besides the setting's own answer.
   std::optional<LineTime> stray = {};
   LineTime lateAcks{};    ///< added to every acknowledgement
   LineTime lateFrames{};  ///< added to every answer that is a frame
-  bool mute = false;      ///< takes everything and answers nothing
-  /// Answers leave in pieces of so many bytes, 0: whole.
+  bool mute = false;      ///< accepts everything and answers nothing
+  /// Answers leave in pieces of so many bytes; 0: in one piece.
   std::size_t pieceBytes = 0;
   LineTime pieceGap = std::chrono::milliseconds{2};
 };
@@ -66,35 +66,35 @@ struct ReceivedFrame {
   Bytes bytes;
 };
 
-/// The unit at the far end of the line: takes the tool's bytes, keeps what it was told, and says which bytes
-/// go out when. It does no input or output and has no clock.
+/// The unit at the far end of the line: takes the tool's bytes, stores its settings, and says which bytes go
+/// out when. It does no input or output and has no clock.
 ///
-/// A setting is acknowledged with a lone 4, a frame that is unknown, ill-formed or damaged is refused with a
-/// lone 5, and in local mode everything is answered with a lone 6 and nothing is taken. Selecting the
-/// reporting mode and setting the video standard have no answer; queries are answered by frames.
+/// It acknowledges a setting with a lone 4 and refuses an unknown, ill-formed or damaged frame with a lone 5;
+/// in local mode it answers everything with a lone 6 and takes nothing. It does not answer the selection of
+/// the reporting mode and of the video standard; it answers queries with frames.
 class UnitModel {
  public:
   explicit UnitModel(UnitSettings settings = {});
 
   /// Takes bytes that arrived at `now`; portions may cut frames anywhere.
   void Receive(std::span<const std::uint8_t> bytes, LineTime now);
-  /// At least so many more bytes must arrive before anything can come of them.
+  /// At least so many more bytes must arrive before they have any effect.
   std::size_t BytesToGo() const { return reader_.BytesToGo(); }
-  /// When the next bytes go out; nothing when none are to.
+  /// When the next bytes go out; nothing if there are none.
   std::optional<LineTime> NextReplyAt() const;
-  /// The bytes that are to go out by `now`, one element for each answer or piece of one, in their order.
+  /// The bytes due by `now`, one element for each answer or piece of one, in order.
   std::vector<Bytes> TakeReplies(LineTime now);
 
-  /// What happens at the unit's front panel and inputs.
+  /// Events at the unit's front panel and inputs.
   void SetLocal(bool local) { local_ = local; }
   void SetStandard(int code) { standard_ = inputStandard_ = code; }
   void SetManual(bool manual);
   void SetVideo(bool video) { video_ = video; }
-  /// Goes to Broadcast mode: sends its notice at once and then every second, until the tool selects it.
+  /// Enters Broadcast mode: sends its notice at once and then every second, until the tool selects it.
   void StartBroadcast(LineTime now);
-  /// Sends `count` bytes that are no answer to anything.
+  /// Sends `count` bytes that answer nothing.
   void Flood(std::size_t count, LineTime now);
-  /// The line is cut: what was on its way in either direction is lost.
+  /// The line is cut: bytes in transit in either direction are lost.
   void LoseLine();
   /// Sends any bytes.
   void Say(const Bytes& bytes, LineTime now);

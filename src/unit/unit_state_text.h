@@ -7,7 +7,7 @@
 
 namespace marlinset {
 
-/// What the unit is and holds, for people: a line for each setting that came, with its name in front. Codes
+/// The unit's state and settings for people: a line for each setting received, beginning with its name. Codes
 /// are those of the reference database, which the unit does not know.
 std::string StateText(const UnitModel& unit);
 

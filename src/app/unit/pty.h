@@ -9,9 +9,9 @@
 
 namespace marlinset {
 
-/// A pseudo terminal in raw mode: the tool opens its far end like a serial port. The far end is kept open on
-/// this side too, so that a tool may close it and open it again. Whatever the system refuses is a
-/// std::system_error.
+/// A pseudo terminal in raw mode: the tool opens its far end like a serial port. This side also keeps the far
+/// end open, so that a tool may close it and open it again. Throws std::system_error if the system refuses a
+/// call.
 class Pty {
  public:
   Pty();
@@ -21,20 +21,20 @@ class Pty {
 
   /// The far end's device, "/dev/pts/3".
   const std::string& Device() const { return device_; }
-  /// Makes `path` a symbolic link to the device. A link to a terminal device that stands there, of an
-  /// earlier unit perhaps and leading nowhere by now, is replaced, anything else is not: failure 75.
+  /// Makes `path` a symbolic link to the device. It may replace a link to a terminal device, such as an
+  /// earlier unit's that now leads nowhere. If anything else is there, throws kErrFileAccess.
   void Link(const std::filesystem::path& path);
-  /// Pulls the cable: the tool sees its device vanish, and the link goes too.
+  /// Pulls the cable: the tool sees its device vanish, and the link is removed.
   void Close();
-  /// Puts it in again, if it was pulled: another device under the same link.
+  /// Plugs the cable in again, if it was pulled: another device under the same link.
   void Reopen();
 
   bool IsOpen() const { return near_ >= 0; }
-  /// To wait on for input; -1 when closed.
+  /// Descriptor to wait on for input; -1 when closed.
   int Descriptor() const { return near_; }
-  /// What has arrived; never waits.
+  /// Returns the bytes that have arrived; never waits.
   Bytes Read();
-  /// Never waits: what finds no room is lost, as on a line without a handshake.
+  /// Writes without waiting: bytes that find no room are lost, as on a line without a handshake.
   void Write(std::span<const std::uint8_t> bytes);
 
  private:
@@ -43,8 +43,8 @@ class Pty {
   int near_ = -1;
   int far_ = -1;
   std::string device_;
-  std::filesystem::path link_;    ///< that stands, whole
-  std::filesystem::path wanted_;  ///< that was asked for, whole
+  std::filesystem::path link_;    ///< the present one, as a full path
+  std::filesystem::path wanted_;  ///< the requested one, as a full path
 };
 
 }  // namespace marlinset

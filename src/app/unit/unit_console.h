@@ -17,15 +17,15 @@ struct UnitCable {
   std::function<std::string()> plug;  ///< returns the device
 };
 
-/// The lines on standard input that steer the unit: one word, most with one argument. What `state`, `trace`
-/// and `plug` answer goes to `out`; a line that is not understood is reported on `errors`.
+/// Carries out the lines on standard input that control the unit: one word, most with one argument. The
+/// answers of `state`, `trace` and `plug` go to `out`, complaints about unknown lines to `errors`.
 class UnitConsole {
  public:
-  /// `readable`: who asks for the state reads it himself.
+  /// `readable`: a person reads the state.
   UnitConsole(UnitModel& unit, UnitCable cable, bool readable, std::ostream& out, std::ostream& errors);
 
   void Execute(std::string_view line, LineTime now);
-  /// Keeps a frame for the next `trace`; the oldest go when nobody asks. The cable may be pulled behind it.
+  /// Keeps a frame for the next `trace`, dropping the oldest if nobody asks. May pull the cable after it.
   void Remember(const Bytes& frame);
 
  private:
@@ -39,7 +39,7 @@ class UnitConsole {
   UnitModel& unit_;
   UnitCable cable_;
   bool readable_;
-  int unplugIn_ = 0;  ///< messages until the cable is pulled, 0: nobody wants to
+  int unplugIn_ = 0;  ///< messages until the cable is pulled; 0: never
   std::ostream& out_;
   std::ostream& errors_;
   std::deque<Bytes> frames_;

@@ -7,7 +7,7 @@
 
 namespace marlinset {
 
-/// What the unit is and holds, as one line of JSON:
+/// The unit's state and settings as one line of JSON:
 ///
 ///   model, standard, manual, video, local, broadcast   the unit itself
 ///   held         the last fields of every setting that came, from the address on, by command; a command

@@ -11,10 +11,10 @@
 
 namespace marlinset {
 
-/// Joins the model of the unit to a pseudo terminal and to the clock: carries bytes both ways at the pace of
-/// the line and sleeps whenever nothing is due. It reckons with the moments at which a byte would have been
-/// through on the line, not with those at which it woke up, and it learns how late it usually wakes up, so
-/// that its answers are on time on average.
+/// Connects the model of the unit to a pseudo terminal and the clock: carries bytes both ways at the pace of
+/// the line and sleeps whenever nothing is due. It calculates with the moments at which a byte would have
+/// passed the line, not with those at which it woke up, and learns how late it usually wakes up, so that its
+/// answers are on time on average.
 class UnitServer {
  public:
   enum class Direction { kReceived, kSent };
@@ -23,16 +23,16 @@ class UnitServer {
   /// `bitsPerSecond` 0: bytes take no time.
   UnitServer(UnitModel& unit, Pty& line, int bitsPerSecond);
 
-  /// Hears of every undamaged frame received and of every answer sent.
+  /// Called for every undamaged frame received and for every answer sent.
   void OnFrame(FrameListener listener) { listener_ = std::move(listener); }
 
-  /// Nanoseconds since the server was made.
+  /// Nanoseconds since the server was created.
   LineTime Now() const;
-  /// The line was cut: what was on its way is lost.
+  /// The line was cut: bytes in transit are lost.
   void LoseLine();
-  /// Takes what lies on the line. Call when the line's descriptor is readable.
+  /// Takes the bytes that wait on the line. Call it when the line's descriptor is readable.
   void ReadLine();
-  /// Does what is due by now; returns how long nothing more is due, nothing for ever.
+  /// Does what is due by now; returns the time until more is due, nothing if nothing is.
   std::optional<LineTime> RunDue();
 
  private:

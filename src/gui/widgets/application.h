@@ -7,8 +7,8 @@
 
 namespace marlinset {
 
-/// The application of every program with a window. It keeps the operator's actions, and knows when no event
-/// handler of a widget is at work, so that they can be carried out.
+/// The application of every program with a window. It owns the queue of the operator's actions, and knows
+/// when no event handler of a widget is running, so that the queue can carry them out.
 class Application : public QApplication {
   Q_OBJECT
  public:
@@ -20,7 +20,7 @@ class Application : public QApplication {
   bool Deliver(QObject* receiver, QEvent* event);
 
   OperatorQueue operator_;
-  bool keyRepeats_ = false;  ///< the key that may be a shortcut is held down
+  bool keyRepeats_ = false;  ///< a key that may be a shortcut is held down
 };
 
 }  // namespace marlinset

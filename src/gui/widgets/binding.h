@@ -16,37 +16,37 @@ class QWidget;
 
 namespace marlinset {
 
-/// The focus goes to another field, and not only for a while to a box, a menu or another program.
+/// Whether the focus goes to another field, and not just temporarily to a box, a menu or another program.
 bool GoesForGood(const QFocusEvent& event);
 
-/// A number as the operator sees it, and how many of his actions on it are still to be carried out.
+/// A number as the operator sees it, and how many of the operator's actions on it are still pending.
 struct Awaited {
   int actions = 0;
-  int value = 0;      ///< where those actions lead
-  QString text = {};  ///< how it is written
+  int value = 0;      ///< the result of those actions
+  QString text = {};  ///< the number as text
   Signal<> Changed = {};
 };
 
-/// What a widget stands for where that is not simply its control: the record of a row stands in another row
-/// once the list was sorted. What the operator does is meant for the record.
+/// What a widget represents, if that is not simply its control: a sort moves a record to another row, and the
+/// operator's actions are meant for the record.
 class Subject {
  public:
   Subject() = default;
   virtual ~Subject() = default;
   Subject(const Subject&) = delete;
   Subject& operator=(const Subject&) = delete;
-  /// The control that stands for it now, null while or when there is none.
+  /// The control that represents it now, null while there is none.
   virtual Control* Find() const = 0;
 
   Awaited awaited;
 };
 
-/// Ties one widget to one control of the panel model. The widget takes the control's full name as object name
-/// and follows its enabled and visible flags, tool tip and yellow mark; `show` paints the rest. What the
-/// operator does is connected with the binding as context object and goes through Act. Until that is carried
-/// out the widget shows what the operator did, and not what the control still holds.
+/// Binds one widget to one control of the panel model. The widget takes the control's full name as object
+/// name and follows its enabled and visible flags, tool tip and yellow mark; `show` paints the rest. The
+/// operator's signals are connected with the binding as context object and go through Act. Until an action is
+/// carried out, the widget shows what the operator did, not what the control still holds.
 ///
-/// The binding belongs to the widget. A control may go away before its widget does: Detach comes first then.
+/// The binding belongs to the widget. Call Detach before a control is destroyed earlier than its widget.
 class Binding : public QObject {
   Q_OBJECT
  public:
@@ -54,33 +54,33 @@ class Binding : public QObject {
           std::shared_ptr<Subject> subject = {});
   ~Binding() override;
 
-  /// One more control that the widget shows (the echo beside a spin): its mark, flags and changes count too.
-  /// `part` is the child widget that carries the control's name. Show comes after the last one.
+  /// Adds a control that the widget shows (the echo beside a spin): its mark, flags and changes count too.
+  /// `part` is the child widget that carries the control's name. Call Show after the last one.
   void Add(Control& control, QWidget* part = nullptr);
-  /// The mouse over `widget`, which lies around the control, counts as over the control.
+  /// Treats the mouse over `widget`, which surrounds the control, as over the control.
   void AddSurface(QWidget& widget);
   /// The binding of a widget, which must have one.
   static Binding& Of(QWidget& widget);
-  /// Takes the operator's action down for the control that names the widget. Once it was carried out, and
-  /// after `done`, the widget shows what the model made of it.
+  /// Queues the operator's action for the control that names the widget. After the action and `done`, the
+  /// widget shows what the model made of it.
   void Act(const OperatorAction& action, Turn turn = Turn::kInOrder, std::function<void()> done = {});
-  /// Whether an action is still to be carried out, or is at work.
+  /// Whether an action is pending or running.
   bool Pending() const { return awaited_->actions > 0; }
   Awaited& GetAwaited() { return *awaited_; }
-  /// Whether the control stands for what the widget shows.
+  /// Whether the control represents what the widget shows.
   bool Present() const { return !controls_.empty() && (!subject_ || subject_->Find() == controls_.front()); }
-  /// The subject has moved to other controls: the widget goes with it.
+  /// The subject has moved to other controls: the widget follows it.
   void Follow(const std::vector<Control*>& controls);
-  /// Paints the widget as the model is now.
+  /// Paints the model's present state.
   void Show();
   bool Detached() const { return controls_.empty(); }
-  /// The control is about to go; the widget keeps its last look and is deaf from now on.
+  /// The control is about to be destroyed; the widget keeps its last look and ignores everything from now on.
   void Detach();
 
-  /// Detaches all bindings of a widget and of the widgets in it, hides it and deletes it when it is safe.
+  /// Detaches all bindings of a widget and its children, hides it and deletes it when that is safe.
   static void Retire(QWidget& widget);
 
-  /// Why the widget is disabled; stands in its tool tip while it is.
+  /// Why the widget is disabled; its tool tip shows this while it is.
   void SetDisabledReason(const QString& reason);
 
  protected:
@@ -93,7 +93,7 @@ class Binding : public QObject {
   void ShowToolTip();
 
   QWidget& widget_;
-  std::vector<Control*> controls_;  ///< the first one names the widget; empty once detached
+  std::vector<Control*> controls_;  ///< the first names the widget; empty once detached
   std::vector<Listening<>> listening_;
   std::function<void()> show_;
   QString disabledReason_;

@@ -6,8 +6,8 @@
 
 namespace marlinset {
 
-/// A button of the tool bar. Space presses it; Enter, which completes numbers all over the window, does not
-/// on any desktop, so that one Enter too many sends nothing.
+/// A button of the tool bar. Space presses it. Enter, which completes numbers throughout the window, does
+/// not, on any desktop, so that one Enter too many sends nothing.
 class BarButton : public QPushButton {
   Q_OBJECT
  public:
@@ -28,7 +28,7 @@ class MainButton : public BarButton {
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// One segment of a row of choices of which one is on; neighbours share an edge.
+/// One segment in a row of choices, one of which is on; neighbours share an edge.
 class SegmentButton : public QToolButton {
   Q_OBJECT
  public:

@@ -8,21 +8,21 @@
 
 namespace marlinset {
 
-/// Shows the documents that come with the program: Markdown, with its pictures as wide as the window allows.
-/// Links lead to headings and to other documents; what is no document, or lies elsewhere, is the desktop's.
-/// A document that is missing is told in its place.
+/// Shows the program's documents: Markdown, with pictures as wide as the window allows. Links lead to
+/// headings and to other documents; the desktop opens everything else. If a document is missing, a message
+/// takes its place.
 class DocumentView : public QTextBrowser {
   Q_OBJECT
  public:
   explicit DocumentView(QWidget* parent);
 
-  /// How links name a heading: small letters, hyphens between words, no other signs.
+  /// A heading's name in links: lower case, hyphens between words, no other characters.
   static QString AnchorOf(const QString& heading);
 
   QVariant loadResource(int type, const QUrl& name) override;
 
  protected:
-  /// A heading that the document does not have counts as its beginning.
+  /// An unknown heading leads to the beginning of the document.
   void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -33,9 +33,9 @@ class DocumentView : public QTextBrowser {
   QImage Fitting(const QImage& picture) const;
   void FitPictures();
 
-  bool loaded_ = false;  ///< a document has come that has its plain look yet
+  bool loaded_ = false;  ///< a document has arrived but still has its plain look
   QSet<QString> anchors_;
-  QHash<QUrl, QImage> pictures_;  ///< of the document, in their own size
+  QHash<QUrl, QImage> pictures_;  ///< of the document, in their original size
 };
 
 }  // namespace marlinset

@@ -11,8 +11,8 @@
 
 namespace marlinset {
 
-/// A drop-down list for selection only. Letters typed on the closed list do nothing, so that a stray key
-/// never goes on air; the wheel turns it only while it has the focus.
+/// A drop-down list for selection only. Typing on the closed list does nothing, so that a stray key never
+/// goes on air; the wheel changes it only while it has the focus.
 class ComboField : public QComboBox {
   Q_OBJECT
  public:
@@ -29,22 +29,22 @@ class ComboField : public QComboBox {
   void ShowControl(const ComboBox& control);
 };
 
-/// A spin together with the text that echoes it. It shows the echo, which has the last word about what an
-/// operator sees, and steps and sets the spin. A typed number counts once it is complete: on Enter, when the
-/// focus goes to another field, or with the operator's next action; a box that comes up or another program
-/// leaves it half typed. Esc takes it back. A step shows at once where it leads. An arrow or key that is held
-/// down steps as fast as the steps are carried out, so that nothing runs on when it is let go.
+/// A spin together with its echo text. It shows the echo, which decides what an operator sees, and steps and
+/// sets the spin. A typed number takes effect once it is complete: on Enter, when the focus goes to another
+/// field, or with the operator's next action; a box that comes up or another program leaves it half typed.
+/// Esc discards it. A step shows its result at once. An arrow or key that is held down steps only as fast as
+/// the steps are carried out, so that nothing continues after its release.
 class SpinField : public QAbstractSpinBox {
   Q_OBJECT
  public:
-  /// `subject` where the number belongs to a record that may move to other controls.
+  /// `subject` if the number belongs to a record that may move to other controls.
   SpinField(SpinControl& spin, TextBox& echo, QWidget* parent, std::shared_ptr<Subject> subject = {});
   void Follow(SpinControl& spin, TextBox& echo);
-  /// The radix in which the echo stands and numbers are typed, 10 or 16; asked each time.
+  /// The radix of the echo and of typed numbers, 10 or 16; called each time.
   void SetRadix(std::function<int()> radix) { radix_ = std::move(radix); }
-  /// The number that is being typed counts as it stands.
+  /// Completes the number that is being typed.
   void Complete();
-  /// Forgets what was typed.
+  /// Discards what was typed.
   void TakeBack();
 
   void stepBy(int steps) override;
@@ -65,7 +65,7 @@ class SpinField : public QAbstractSpinBox {
   void KeepWhatIsTyped();
   void ShowAgain();
   int Radix() const { return radix_ ? radix_() : 10; }
-  /// The value as the operator sees it: where the steps lead that are still to be carried out.
+  /// The value as the operator sees it, after the steps that are still pending.
   int SeenValue() const;
   int WhereItStays(qlonglong value) const;
 
@@ -74,8 +74,8 @@ class SpinField : public QAbstractSpinBox {
   std::function<int()> radix_;
   Binding* binding_;
   bool typing_ = false;
-  bool heldDown_ = false;    ///< the step comes from a key or arrow that repeats
-  bool staysInUse_ = false;  ///< the focus goes for a while only
+  bool heldDown_ = false;    ///< the step comes from a repeating key or arrow
+  bool staysInUse_ = false;  ///< the focus leaves only temporarily
   QString echoShown_;
 };
 

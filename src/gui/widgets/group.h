@@ -11,18 +11,18 @@ class QBoxLayout;
 
 namespace marlinset {
 
-/// A group of fields under a bold title, which is the caption of its frame.
+/// A group of fields under a bold title, the caption of its frame.
 class Group : public QWidget {
   Q_OBJECT
  public:
   Group(Frame& frame, QWidget* parent);
-  /// Where the fields go: labels in column 0, fields in column 1, what is left over in column 2.
+  /// The fields' layout: labels in column 0, fields in column 1, the remaining space in column 2.
   QGridLayout& Grid() const { return *grid_; }
   /// Adds a row "label field". Labels are the mnemonic partners of their fields and name them.
   void AddRow(QLabel* label, QWidget* field);
-  /// Adds a field that the title itself names; `mnemonic` is the letter of the title that leads to it.
+  /// Adds a field that the title names; `mnemonic` is the letter of the title that leads to it.
   void AddTitled(QWidget* field, char mnemonic, int columns);
-  /// Names a field to a screen reader, which reads no group: "LTC, Time Bits".
+  /// Names a field for a screen reader, which does not read group titles: "LTC, Time Bits".
   void Name(QWidget& field, const QString& label) const;
 
  protected:
@@ -34,25 +34,25 @@ class Group : public QWidget {
   QGridLayout* grid_;
 };
 
-/// Gives the labels of groups that stand one under the other the same width, so that their fields align.
+/// Gives the labels of stacked groups the same width, so that their fields align.
 void AlignLabels(const QList<Group*>& groups);
 
-/// A label that is no control of its own.
+/// A label that is not a control itself.
 QLabel* MakeLabel(const QString& text, QWidget* parent);
-/// A label bound to its control; `mnemonic` is the letter that is underlined and leads to its buddy.
+/// A label bound to its control; `mnemonic` is the underlined letter that leads to its buddy.
 QLabel* MakeLabel(Label& control, QWidget* parent, char mnemonic = 0);
-/// A label that shows the caption of the field it stands before.
+/// A label that shows the caption of the field after it.
 QLabel* MakeLabelFor(const Control& field, QWidget* parent, char mnemonic = 0);
 
-/// Two areas side by side, the second one below the first when there is no room for both.
+/// Two areas side by side; without room for both, the second moves below the first.
 class SideBySide : public QWidget {
   Q_OBJECT
  public:
   SideBySide(QWidget* first, QWidget* second, QWidget* parent);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
-  /// The first area takes the width that is left over, up to `widest` while both stand side by side;
-  /// otherwise both stand at the left.
+  /// The first area takes the remaining width, up to `widest` while both are side by side; otherwise both are
+  /// aligned to the left.
   void LetFirstGrow(int widest = QWIDGETSIZE_MAX);
 
  protected:
@@ -66,10 +66,10 @@ class SideBySide : public QWidget {
   int widest_ = QWIDGETSIZE_MAX;
 };
 
-/// Stacks `widgets` from the top with two spacing units between groups; what is left over stays below.
+/// Stacks `widgets` from the top with two spacing units between groups; spare room stays below.
 QWidget* MakeColumn(const QList<QWidget*>& widgets, QWidget* parent);
 
-/// Makes `content` all there is on a page: the whole of it, or as large as it needs to be at `at`.
+/// Makes `content` the only item of a page: filling it, or as large as necessary at `at`.
 void FillPage(QWidget& page, QWidget* content, Qt::Alignment at = {});
 
 /// A horizontal line between two areas.

@@ -9,7 +9,7 @@ class QPainter;
 
 namespace marlinset {
 
-/// Presence of video on the unit's input, as the three pictures Image2(0..2) tell it.
+/// Presence of video on the unit's input, as the three pictures Image2(0..2) show it.
 enum class VideoPicture { kPresent, kNone, kNeutral };
 
 /// A small monitor: with a picture on it, crossed out, or faint. In the palette's text colour.

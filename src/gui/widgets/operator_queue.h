@@ -18,28 +18,28 @@ class Guard;
 struct OperatorAction {
   enum class Kind { kClick, kCheck, kSelect, kType, kSpin, kStep, kHover, kLeave };
   Kind kind;
-  int number = 0;         ///< kCheck: 0 or 1; kSelect: the entry; kSpin: the value; kStep: clicks, up above 0
+  int number = 0;  ///< kCheck: 0 or 1; kSelect: the entry; kSpin: the value; kStep: clicks, above 0 is up
   std::string text = {};  ///< kType: the text; kSelect: the entry as the operator read it
-  /// The control that stands by then for what the operator acts on, null when that has gone: the rows of a
-  /// list are filled with others while an action waits. Not set where a control stays what it is.
+  /// Finds the control that by then represents the operator's object, null if that has gone: a list may
+  /// refill its rows while an action waits. Empty if the control always represents the same object.
   std::function<Control*()> find = {};
 };
 
 /// When an action is carried out.
 enum class Turn {
   kInOrder,
-  kHover,    ///< in order, but only the latest hover is kept
-  kAtOnce,   ///< also while the tool waits for the unit: it ends such a wait
-  kClosing,  ///< in order, so that nothing that was done before is lost, but no wait goes on meanwhile
+  kHover,    ///< in order, but only the latest hover counts
+  kAtOnce,   ///< even while the tool waits for the unit: it ends such a wait
+  kClosing,  ///< in order, so that no earlier action is lost, but no wait continues meanwhile
 };
 
-/// The operator's actions on their way from the widgets to the controls. A widget takes an action down in its
-/// event handler and returns; the queue carries it out from the event pump, when no handler of a widget and
-/// no other handler of the tool is at work. So a rule may wait for the unit and pump events: no release of
-/// the mouse overtakes its press, no widget dies under its own feet, and what the operator does in the
-/// meantime is done when the wait is over, each action once and in order.
+/// Carries the operator's actions from the widgets to the controls. A widget queues an action in its event
+/// handler and returns; the queue carries it out from the event pump, when no handler of a widget and no
+/// other handler of the tool is running. So a rule may wait for the unit and pump events: no release of the
+/// mouse overtakes its press, no widget is destroyed in its own handler, and what the operator does in the
+/// meantime is carried out when the wait is over, each action once and in order.
 ///
-/// A program has one, as an operator has one pair of hands: see Application.
+/// A program has one queue, as an operator has one pair of hands: see Application.
 class OperatorQueue : public QObject {
   Q_OBJECT
  public:
@@ -47,29 +47,29 @@ class OperatorQueue : public QObject {
   ~OperatorQueue() override;
   static OperatorQueue& OfProgram();
 
-  /// Takes down an action on a control; it lapses if the control goes first. `done` runs when it was carried
-  /// out or has lapsed, unless `context` has gone by then.
+  /// Queues an action on a control; it lapses if the control is destroyed first. `done` runs when it was
+  /// carried out or has lapsed, unless `context` has gone by then.
   void Take(Control& control, const OperatorAction& action, Turn turn, QObject* context = nullptr,
             std::function<void()> done = {});
-  /// Takes down an action on the window that shows `form`; it lapses if the window goes first.
+  /// Queues an action on the window that shows `form`; it lapses if the window is destroyed first.
   void Take(const Form& form, QObject& window, std::function<void()> action);
-  /// The mouse moves over `form` beside its controls.
+  /// The mouse moves over `form` itself, not over a control.
   void TakeHover(Form& form, QObject& window);
 
-  /// `field` holds a number that is half typed. `complete` takes it down; it counts before whatever the
-  /// operator does next, wherever the focus is by then.
+  /// `field` holds a half-typed number. `complete` queues it, before the operator's next action, wherever the
+  /// focus is by then.
   void HoldTyping(QObject& field, std::function<void()> complete);
-  /// The number that is half typed counts as it stands.
+  /// Completes the half-typed number.
   void FinishTyping();
 
-  /// What the queue waits for may be over.
+  /// The condition for which the queue waits may have changed.
   void Wake();
-  /// An event handler of a widget begins, or ends.
+  /// An event handler of a widget begins or ends.
   void HandlerBegins() { ++handlers_; }
   void HandlerEnds();
 
-  /// Runs `show`, which opens a window of the tool over the others and returns when it has closed. Its
-  /// actions are carried out while the one that opened it waits, the last ones before this returns.
+  /// Runs `show`, which opens a window of the tool over the others and returns when it has closed. The queue
+  /// carries out that window's actions while the opening action waits, the last ones before this returns.
   void OpenOver(const Form& form, QWidget& window, const std::function<void()>& show);
 
  protected:
@@ -83,7 +83,7 @@ class OperatorQueue : public QObject {
     std::function<void()> action;
     std::function<void()> over = [] {};  ///< the action was carried out or has lapsed
   };
-  /// The actions on one level of windows, and what was at work when it began and waits for it to end.
+  /// The actions on one level of windows, and the handlers that wait for its end since it began.
   struct Level {
     const Guard* guard = nullptr;
     int handlersOfTool = 0;

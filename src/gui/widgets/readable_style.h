@@ -5,11 +5,11 @@
 
 namespace marlinset {
 
-/// The desktop's style, easier to read. Check boxes and option buttons grow with the text and get an edge
-/// that can be seen, a broad coloured one in the focus; on a dark palette and on a yellow mark fields too:
-/// the usual styles draw that edge faint, or darker than the background. What is selected stands out enough
-/// from its text. In tables figures end off the next column, and their heads end where they do, whether or
-/// not an arrow shows a sort. For QApplication::setStyle.
+/// The desktop's style, made easier to read, for QApplication::setStyle. Check boxes and option buttons grow
+/// with the text and get a visible edge, a broad coloured one in the focus; so do fields on a dark palette
+/// and on a yellow mark, because the usual styles draw that edge faint, or darker than the background. A
+/// selection contrasts enough with its text. In tables, numbers keep clear of the next column, and their
+/// heads end where they do, whether or not an arrow shows a sort.
 class ReadableStyle : public QProxyStyle {
   Q_OBJECT
  public:
