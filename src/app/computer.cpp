@@ -17,8 +17,8 @@
 namespace marlinset {
 namespace {
 
-/// The folder of the reference database: that of the programs, as in a build tree, or the one that an
-/// installation has for data. Where neither holds it, a message names the first.
+/// The folder of the reference database: that of the programs, as in a build tree, or an installation's
+/// folder for data. If neither holds it, a message names the first.
 std::string FolderOfDatabase() {
   const std::filesystem::path programs = QCoreApplication::applicationDirPath().toStdString();
   const auto data = (programs / MARLINSET_DATA_FOLDER).lexically_normal();
@@ -28,7 +28,7 @@ std::string FolderOfDatabase() {
   return installed ? data.string() : programs.string();
 }
 
-/// The user's own: 7340-Marlinset.ini in the folder for configuration ($XDG_CONFIG_HOME, ~/.config).
+/// The user's settings: 7340-Marlinset.ini in the folder for configuration ($XDG_CONFIG_HOME, ~/.config).
 std::string UsersSettings() {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
   return folder.toStdString() + "/7340-Marlinset.ini";
@@ -36,7 +36,7 @@ std::string UsersSettings() {
 
 std::unique_ptr<SettingsStore> OpenSettings(const std::string& file) try {
   auto settings = std::make_unique<SettingsFile>(file.empty() ? UsersSettings() : file);
-  // Nobody asked for it to be written just now, so no box, and no failure of what was asked for.
+  // Nobody asked for this write just now, so it raises no box and does not fail the current action.
   settings->onNotWritten = [](const RuntimeError& failure) {
     std::fprintf(stderr, "The settings cannot be kept.\n%s\n", failure.Remedy().c_str());
   };

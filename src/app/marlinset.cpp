@@ -34,29 +34,29 @@ constexpr int kExitUsage = 2;
 struct WindowOptions {
   CommonOptions common;
   bool send = false;
-  std::string file;  ///< to open, whole; empty: what the last run asked for
+  std::string file;  ///< to open, as a full path; empty: what the last run asked for
 };
 
-/// One run with the window: the splash, behind it the start of the tool, then the operator.
+/// One run with the window: the splash, meanwhile the start of the tool, then the operator.
 class WindowRun {
  public:
   explicit WindowRun(const WindowOptions& options);
-  /// Returns when the operator has left; the exit status.
+  /// Returns the exit status when the operator has left.
   int Run();
 
  private:
   Platform MakePlatform();
-  /// Behind the splash: the window, and the tool in it.
+  /// While the splash shows: creates the window, and the tool in it.
   void Load();
-  /// Leaves nothing behind but the unsaved work.
+  /// Leaves behind only the unsaved work.
   void Leave();
-  /// When the splash has gone: shows the window and does what the command line asks for.
+  /// After the splash: shows the window and does what the command line asks for.
   void Begin();
   void OpenFile(const std::string& name);
   void ShowGuide();
 
   const WindowOptions& options_;
-  // The tool lives on what stands before it, the window on the tool.
+  // The tool uses the members before it, the window uses the tool.
   QtDialogs dialogs_;
   QtFileDialog fileDialog_;
   Computer computer_;
@@ -66,8 +66,8 @@ class WindowRun {
   const OutsideEnds ends_{{.keep = [this] { tool_.recovery.KeepNow(); },
                            .leave = [this] { Leave(); },
                            .over = [this] { return computer_.Pump().Ending(); }}};
-  std::optional<MainWindow> window_;  // made behind the splash: it takes a while
-  std::optional<GuideWindow> guide_;  // made when it is wanted first
+  std::optional<MainWindow> window_;  // created while the splash shows: it takes a while
+  std::optional<GuideWindow> guide_;  // created on first use
 };
 
 WindowRun::WindowRun(const WindowOptions& options)
@@ -137,7 +137,7 @@ int WindowRun::Run() {
   return QApplication::exec();
 }
 
-/// Whoever started it from the desktop sees no standard error, but has given no settings file either.
+/// If started from the desktop, nobody sees standard error, but then no settings file was named either.
 int RunWindow(const WindowOptions& options) try {
   return WindowRun(options).Run();
 } catch (const RuntimeError& failure) {
@@ -161,7 +161,7 @@ int Main(int argc, char** argv) {
     QApplication::setStyle(new ReadableStyle);
     QGuiApplication::setDesktopFileName(QStringLiteral("marlinset"));
     app.allow_extras(false);
-    options.file.clear();  // it may have been the value of one of those
+    options.file.clear();  // it may be the value of one of those
     app.parse(argc, argv);
     options.file = WholePath(options.file);
     return RunWindow(options);
@@ -176,7 +176,7 @@ int Main(int argc, char** argv) {
 int main(int argc, char** argv) {
   marlinset::HoldStandardStreams();
   marlinset::EndInWordsWithoutDisplay();
-  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow further is a failed save
+  std::signal(SIGXFSZ, SIG_IGN);  // a file at its size limit is a failed save
   try {
     return marlinset::Main(argc, argv);
   } catch (const marlinset::ProgramEnd& end) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// marlinset-unit: a virtual unit behind a pseudo terminal, steered by lines on standard input.
+// marlinset-unit: a virtual unit behind a pseudo terminal, controlled by lines on standard input.
 
 #include <fcntl.h>
 #include <poll.h>
@@ -39,7 +39,7 @@ struct Options {
 constexpr int kUsageError = 2;
 constexpr int kSystemError = 1;
 
-// Returns the exit status when the program is to end here.
+// Returns the exit status if the program ends here.
 std::optional<int> ReadOptions(int argc, char** argv, Options& options) {
   CLI::App app{"A virtual 7340 unit behind a pseudo terminal."};
   bool noVideo = false;
@@ -76,7 +76,7 @@ std::optional<int> ReadOptions(int argc, char** argv, Options& options) {
   return std::nullopt;
 }
 
-// A descriptor that becomes readable when the program is asked to end, so that it ends in order.
+// A descriptor that becomes readable when the program is asked to end, so that it can clean up.
 int EndSignals() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -86,7 +86,7 @@ int EndSignals() {
   return signalfd(-1, &signals, SFD_CLOEXEC);
 }
 
-// The lines of standard input. Blocks only when there is nothing to read.
+// The lines of standard input. Blocks only if there is nothing to read.
 class InputLines {
  public:
   // False at the end of the input.
@@ -128,7 +128,7 @@ void Serve(UnitServer& server, Pty& line, UnitConsole& console) {
   }
 }
 
-/// Goes on behind what the file holds: it may be the record of an earlier run. Not open without a name.
+/// Appends to the file, which may be the record of an earlier run. Not open without a name.
 std::ofstream OpenTrace(const std::string& file) {
   std::ofstream trace;
   if (file.empty()) return trace;
@@ -180,7 +180,7 @@ int Run(const Options& options) {
 
 int main(int argc, char** argv) {
   marlinset::HoldStandardStreams();
-  signal(SIGXFSZ, SIG_IGN);  // a trace that may not grow further is told
+  signal(SIGXFSZ, SIG_IGN);  // a trace at its size limit is reported
   try {
     marlinset::Options options;
     if (const auto status = marlinset::ReadOptions(argc, argv, options)) return *status;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-/// The characters of bytes 0x80 to 0x9F; the five bytes without a character stand for themselves.
+/// The characters of bytes 0x80 to 0x9F; the five bytes without a character map to themselves.
 constexpr std::array<char32_t, 32> kPageUpperHalf = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -20,8 +20,8 @@ bool IsContinuation(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-/// Reads the character that begins at `position` and moves behind it; a damaged sequence is one character a
-/// byte.
+/// Reads the character that begins at `position` and moves past it; each byte of a damaged sequence counts as
+/// one character.
 char32_t NextCharacter(std::string_view text, std::size_t& position) {
   const auto first = static_cast<unsigned char>(text[position++]);
   if (first < 0x80) return first;

@@ -31,7 +31,7 @@ void AddList(Json& json, const ListView& list) {
   json["index"] = list.Selected();
 }
 
-/// Adds what the control's kind has; returns the kind's name.
+/// Adds the properties of the control's kind; returns the kind's name.
 const char* AddState(Json& json, const Control& control) {
   const auto caption = [&] { json["text"] = control.Caption(); };
   switch (control.Kind()) {

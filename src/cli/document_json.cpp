@@ -33,7 +33,7 @@ std::vector<std::uint8_t> BytesOf(std::string_view name, const Json& json) {
   return bytes;
 }
 
-/// Files have one byte a character.
+/// Files store one byte for each character.
 std::string TextOf(std::string_view name, const Json& json) {
   auto text = json.get<std::string>();
   const auto isHeld = [](const std::string& part) { return FromCodePage(ToCodePage(part)) == part; };
@@ -86,7 +86,7 @@ std::vector<std::uint8_t> IdentificationBytes(const Json& json) {
 
 void AddEntries(Json& json, const QcfRecord& entries);
 
-/// What a load makes of a parameter's value, when that is another number.
+/// The number for which a load takes a parameter's value, if it differs.
 void AddLoadedAs(Json& json, std::int64_t stored) {
   try {
     const std::int16_t loaded = LoadedParameterValue(stored);
@@ -132,7 +132,7 @@ std::int64_t NumberOf(const QcfField& field, const Json& json) {
   return isValue ? StoredOfShown(number) : number;
 }
 
-/// Reads the fields of one object; refuses keys that no field has.
+/// Reads the fields of one object; refuses unknown keys.
 class ObjectReader {
  public:
   ObjectReader(const Json& json, std::string_view name) : json_(json), name_(name) {
@@ -203,7 +203,7 @@ Json DocumentJson(const QcfDocument& document) {
 
 Json ParseJson(const std::string& text) {
   constexpr std::size_t kMostKeys = 100;
-  std::vector<std::set<std::string>> objects;  // the keys so far of those around the place that is being read
+  std::vector<std::set<std::string>> objects;  // the keys so far of the enclosing objects
   std::string wrong;
   const auto watch = [&](int /*depth*/, Json::parse_event_t event, const Json& parsed) {
     if (!wrong.empty()) return false;

@@ -43,7 +43,7 @@ void LineInput::AwaitInput() const {
   while (!WaitFor(*stream_, Direction::kIn, 0) && !pump_.Ending()) pump_.Pump();
 }
 
-/// More of a stream in place of what is used up. False at the end.
+/// Replaces the used part by more of the stream. Returns false at the end.
 bool LineInput::ReadMore() {
   text_.clear();
   at_ = 0;

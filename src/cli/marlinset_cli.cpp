@@ -57,7 +57,7 @@ CLI::App* AddPrint(CLI::App& app, CliOptions& options) {
   return print;
 }
 
-/// Fonts need the desktop's library, but no desktop.
+/// Fonts need the desktop's library, but not a desktop.
 int PrintWithoutDisplay(int argc, char** argv, const CliOptions& options) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
@@ -120,7 +120,7 @@ int Main(int argc, char** argv) {
   return send->parsed() ? RunSend(options) : RunIdentify(options);
 }
 
-/// What was printed has to arrive somewhere.
+/// Fails if the output could not be written.
 int Printed(int status) {
   if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
   std::fputs("marlinset-cli: the output cannot be written\n", stderr);
@@ -132,7 +132,7 @@ int Printed(int status) {
 
 int main(int argc, char** argv) {
   marlinset::HoldStandardStreams();
-  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow further is a failed save
+  std::signal(SIGXFSZ, SIG_IGN);  // a file at its size limit is a failed save
   try {
     return marlinset::Printed(marlinset::Main(argc, argv));
   } catch (const marlinset::RuntimeError& failure) {

@@ -17,8 +17,8 @@ constexpr std::array<std::string_view, 3> kButtons = {"ok", "okcancel", "yesno"}
 constexpr std::array<std::string_view, 4> kIcons = {"none", "information", "critical", "question"};
 constexpr std::array<std::string_view, 4> kAnswers = {"ok", "cancel", "yes", "no"};
 
-/// What an answer is to a box with these buttons; nothing when it has no button for it. To cancel a question
-/// is No, as with Esc.
+/// What an answer means to a box with these buttons; nothing if it has no button for it. Cancelling a
+/// question means No, as with Esc.
 std::optional<BoxAnswer> Taken(BoxAnswer answer, BoxButtons buttons) {
   const bool question = buttons == BoxButtons::kYesNo;
   switch (answer) {

@@ -23,8 +23,8 @@ void PrintLine(const std::string& text) {
   std::putchar('\n');
 }
 
-/// Texts of other people's files neither steer the terminal nor leave their line: a control character is
-/// printed as \x and its two digits.
+/// Texts of other people's files must not control the terminal or leave their line: prints a control
+/// character as \x and its two digits.
 std::string Printable(const std::string& text) {
   constexpr char kFirstOfTwo = '\xC2';  // U+0080 to U+009F are controls too
   std::string printable;
@@ -47,7 +47,7 @@ void PrintJson(const Json& json) {
   PrintLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
-/// Throws std::runtime_error with what is wrong with the file.
+/// Throws std::runtime_error that says what is wrong with the file.
 QcfDocument ReadFile(const std::string& path) {
   LocalFiles files;
   std::vector<std::uint8_t> bytes;
@@ -71,7 +71,7 @@ void PrintError(const std::exception& error) {
   std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
 }
 
-/// What another program prints may come through a stream: /dev/stdin.
+/// Another program's output may arrive through a stream: /dev/stdin.
 Json ReadJson(const std::string& path) {
   const auto stream = OwnStream(path);
   try {
@@ -81,7 +81,7 @@ Json ReadJson(const std::string& path) {
   }
 }
 
-/// A file that stood there is kept beside the new one.
+/// Keeps an existing file beside the new one.
 void WriteConfiguration(const std::string& path, const std::vector<std::uint8_t>& bytes) {
   if (WriteStraight(path, bytes)) return;
   LocalFiles files;

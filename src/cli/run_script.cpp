@@ -15,7 +15,7 @@
 namespace marlinset {
 namespace {
 
-/// False when it does not arrive: nothing more is done then, because nobody would hear of it.
+/// Returns false if the output fails; the script then ends, because nobody would see its answers.
 bool Print(const std::string& answer) {
   if (answer.empty()) return true;
   return std::puts(answer.c_str()) >= 0 && std::fflush(stdout) == 0;
@@ -36,7 +36,7 @@ int RunScript(const CliOptions& options) {
   Platform platform = computer.MakePlatform(line);
   Tool tool(platform);
   Script script(tool, dialogs, fileDialog, line);
-  std::optional<OutsideEnds> ends;  // a script that runs on the virtual clock holds nothing that could stay
+  std::optional<OutsideEnds> ends;  // a script on the virtual clock holds nothing that it could leave behind
   if (!options.virtualClock)
     ends.emplace(OutsideEnds::Duties{.leave = [&] { computer.Line().SetPortOpen(false); }});
   try {

@@ -16,7 +16,7 @@ namespace {
 
 volatile std::sig_atomic_t interrupted = 0;  // the number of the signal
 
-/// What they did before.
+/// The previous handlers.
 std::array<struct sigaction, kEndSignals.size()> dispositions;
 
 /// Ctrl-C and the like ask the send to stop between two messages; a second one ends the program at once.
@@ -33,22 +33,22 @@ void CatchInterrupt() {
   }
 }
 
-/// The frame of a message as it went over the line.
+/// A message's frame as it went over the line.
 std::string FrameText(const SentMessage& message) {
   std::string text;
   for (const std::uint8_t byte : message.Frame()) text += (text.empty() ? "" : " ") + HexByte(byte);
   return text;
 }
 
-/// What is no plain success stands out.
+/// Makes everything except plain success stand out.
 const char* OutcomeOf(const SentMessage& message) {
   static constexpr const char* kOutcomes[kVerdicts] = {"acknowledged", "REFUSED", "NOT ACKNOWLEDGED",
                                                        "UNCERTAIN"};
   return message.verdict ? kOutcomes[static_cast<std::size_t>(*message.verdict)] : "sent";
 }
 
-/// Reports the messages of a send: all of them with their bytes, or one line that moves on a terminal. One
-/// whose verdict changes is told once more, under its number.
+/// Reports the messages of a send: all of them with their bytes, or one line that moves on a terminal.
+/// Reports a message again, under its number, if its verdict changes.
 class Progress {
  public:
   explicit Progress(bool verbose) : verbose_(verbose) {}
@@ -101,7 +101,7 @@ std::string DoubtText(const SendResult& result) {
   return text;
 }
 
-/// How it ended, what is wrong in the last line.
+/// Prints how it ended, with what is wrong in the last line.
 void Summarize(const SendResult& result, const std::string& doubts) {
   if (!doubts.empty()) {
     std::fprintf(stderr, "%d of %d messages were not acknowledged: %s.\n", result.Doubtful(), result.messages,

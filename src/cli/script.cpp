@@ -21,7 +21,7 @@
 namespace marlinset {
 namespace {
 
-/// In place of a number of words: what follows is a path as it stands.
+/// Instead of a number of words: the rest of the line is a path.
 constexpr std::size_t kPath = std::numeric_limits<std::size_t>::max();
 
 char32_t KeyCode(const std::string& text) {
@@ -43,7 +43,7 @@ std::string HexOf(const std::vector<std::uint8_t>& bytes) {
   return hex;
 }
 
-/// What no file can hold stays as it is.
+/// A text that no file can hold stays as it is.
 QcfDocument AsInAFile(QcfDocument document) {
   try {
     return ReadDocument(WriteDocument(document));
@@ -133,7 +133,7 @@ std::string Script::Execute(const std::string& text) {
   } catch (const ScriptError& error) {
     allUnderstood_ = false;
     answer = {{"ok", false}, {"error", error.what()}};
-  } catch (const RuntimeError&) {  // only this one: failures inside a handler never come as far
+  } catch (const RuntimeError&) {  // only this one: failures inside a handler never get here
     allUnderstood_ = false;
     answer = {{"ok", false}, {"error", "this control does not take that"}};
   }

@@ -10,7 +10,7 @@ namespace {
 
 /// Boxes of a run at a terminal go to standard error.
 void PrintBox(const MessageBox& box, BoxAnswer answer) {
-  if (::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");  // the progress stood there
+  if (::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");  // erases the progress line
   std::fprintf(stderr, "%s\n", box.text.c_str());
   if (!box.remedy.empty()) std::fprintf(stderr, "%s\n", box.remedy.c_str());
   if (box.buttons == BoxButtons::kYesNo) {

@@ -56,7 +56,7 @@ const std::map<std::string_view, Getter>& Getters() {
       {"WaitFullReply", Plain(&Variables::WaitFullReply)},
       {"ComPortPresent",
        [](const Variables& variables) {
-         const auto& present = variables.ComPortPresent;  // element 0 stands for no port
+         const auto& present = variables.ComPortPresent;  // element 0 means no port
          return Json(std::vector<bool>(present.begin() + 1, present.end()));
        }},
   };

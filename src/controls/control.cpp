@@ -56,7 +56,7 @@ bool Control::OperatorCheck(bool /*on*/) {
 bool Control::OperatorSelect(int /*entry*/) {
   throw NotSupported();
 }
-// Whoever overrides it takes the text over.
+// Overriding routines take the text over.
 bool Control::OperatorType(std::string /*text*/) {  // NOLINT(performance-unnecessary-value-param)
   throw NotSupported();
 }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr char32_t kBackspace = 8;
 
-/// The text after one key press at its end. Enter, Esc and their like type nothing.
+/// The text after one key press at its end. Enter, Esc and similar keys type nothing.
 std::string Typed(const std::string& text, char32_t code) {
   if (code == kBackspace) return LeftOf(text, LengthOf(text) - std::min<std::size_t>(LengthOf(text), 1));
   if (code < U' ') return text;
@@ -105,7 +105,7 @@ void ComboBox::PutBack(int index) {
     return;
   }
   text_ = index < 0 ? std::string() : list_[static_cast<std::size_t>(index)];
-  NoteChange();  // also when the text is as it was: a widget shows what was typed until it hears this
+  NoteChange();  // even if the text is the same: until then a widget shows what was typed
 }
 
 bool ComboBox::OperatorSelect(int index) {
@@ -208,7 +208,7 @@ void SpinControl::SetLimitsAround(int min, int max) {
 
 bool SpinControl::OperatorStep(bool up, int times) {
   const std::weak_ptr<const void> life = Life();
-  bool moves = true;  // until it is at the limit
+  bool moves = true;  // until it reaches the limit
   const auto click = [&] {
     Settle();
     const bool rising = up == (max_ >= min_);
@@ -217,7 +217,7 @@ bool SpinControl::OperatorStep(bool up, int times) {
     moves = value != value_;
     SetValue(value);
   };
-  // Each click by itself: one that fails takes none of the others along.
+  // Each click separately, so that a failing one does not affect the others.
   int clicks = 0;
   while (clicks < times && moves && !life.expired() && AsOperator(click)) ++clicks;
   return clicks > 0;

@@ -48,7 +48,7 @@ void Form::Unregister(const Control& control) {
   Touch();
 }
 
-/// A load touches hundreds of controls: all but the first cost next to nothing.
+/// A load touches hundreds of controls; only the first one costs anything.
 void Form::Touch() {
   if (std::exchange(touched_, true)) return;
   Touched.Emit();

@@ -73,7 +73,7 @@ void Timer::Drop(std::int64_t now) {
 void Timer::Fire(std::int64_t now) {
   Drop(now);
   inHandler_ = true;
-  queue_.DueChanged();  // the handler may pump, and the other timers tick meanwhile
+  queue_.DueChanged();  // the handler may pump, and other timers tick meanwhile
   guard_.Run([this] {
     if (handler_) handler_();
   });

@@ -16,7 +16,7 @@ RuntimeError BadQuery(std::string_view text) {
   return {kErrInternal, "Query failed: " + std::string(text)};
 }
 
-/// Walks the words, names and texts of a query.
+/// Iterates over the words, names and texts of a query.
 class QueryText {
  public:
   explicit QueryText(std::string_view text) : whole_(text), rest_(text) {}
@@ -66,7 +66,7 @@ class QueryText {
   std::string_view rest_;
 };
 
-/// NULL before numbers before texts.
+/// NULL sorts before numbers, numbers before texts.
 bool ComesBefore(const FieldValue& a, const FieldValue& b) {
   const auto kind = [](const FieldValue& value) {
     if (std::holds_alternative<std::monostate>(value)) return 0;

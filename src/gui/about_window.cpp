@@ -14,7 +14,7 @@ namespace marlinset {
 namespace {
 
 constexpr int kIconLines = 3;     ///< height of the icon in lines of text
-constexpr int kTextFigures = 48;  ///< width of the texts in figures
+constexpr int kTextFigures = 48;  ///< width of the texts in digits
 
 QLabel* AddText(QGridLayout& grid, Label& control, QWidget& window) {
   auto* label = new QLabel(&window);

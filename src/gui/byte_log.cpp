@@ -25,7 +25,7 @@ ByteLog::ByteLog(FrmStart& form, FrameSignal* sent, QWidget* parent)
   setMaximumBlockCount(kLinesKept);
   setFont(FixedFont());
   setFocusPolicy(Qt::ClickFocus);
-  // The last line is brought to the foot only where a margin more than needed is left below it.
+  // The last line moves to the foot only if the margin below it is larger than necessary.
   const int line = qCeil(QFontMetricsF(font()).lineSpacing());
   const int margins = 2 * frameWidth() + 3 * qCeil(document()->documentMargin()) + 2;
   setFixedHeight(kLinesShown * line + margins);
@@ -34,7 +34,7 @@ ByteLog::ByteLog(FrmStart& form, FrameSignal* sent, QWidget* parent)
   if (sent) sent_.emplace(*sent, [this](std::span<const std::uint8_t> frame) { NoteSent(frame); });
 }
 
-/// A log that is not shown begins with what happens after it was asked for, in both directions.
+/// A hidden log begins with the traffic after it is opened, in both directions.
 void ByteLog::NoteSent(std::span<const std::uint8_t> frame) {
   if (!received_.Visible()) return;
   std::string bytes = "Out  ";

@@ -18,7 +18,7 @@ namespace {
 constexpr int kLetters = 100;
 constexpr int kLines = 45;
 
-/// A section has the name of the panel that it tells about.
+/// A section has the name of the panel that it describes.
 QString SectionOf(const FrmStart& form) {
   const int view = form.views.Selected();
   return view == kNoIndex ? QString() : DocumentView::AnchorOf(Shown(form.oView(view).Caption()));

@@ -19,7 +19,7 @@ struct StateLook {
   const char* meaning;
 };
 
-/// The model's pure colours in shades that a dark room bears and the sign on them can be read on.
+/// Shades of the model's pure colours that suit a dark room and keep the sign on them readable.
 const StateLook& LookOf(Color color) {
   static const StateLook kLooks[] = {
       {Indicator::State::kClosed, kRed, {200, 38, 38}, Qt::white, "port closed"},

@@ -40,11 +40,11 @@ int Pixels(int twips) {
   return twips / kTwipsPerPixel;
 }
 
-/// Where the desktop puts its mark into a title; twice it stands for itself.
+/// Where the desktop puts its mark into a title; doubled it means itself.
 constexpr QLatin1String kModifiedPlace("[*]");
 constexpr QLatin1String kTheSameAsText("[*][*]");
 
-/// The one configuration among what is being dragged; empty for anything else.
+/// The single configuration that is being dragged; empty for anything else.
 QString DraggedConfiguration(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
   const QString name = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
@@ -76,7 +76,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   setCentralWidget(middle);
   setStatusBar(new StatusBarView(form, this));
   resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
-  // What lies between the controls passes the mouse on, up to the form itself.
+  // Everything between the controls passes the mouse on, up to the form itself.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
   setMouseTracking(true);
   setAcceptDrops(true);
@@ -86,7 +86,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   ShowModified();
 }
 
-/// By what is stored, not by ConfigSaved, which says only whether a command would ask.
+/// Depends on what is stored, not on ConfigSaved, which only says whether a command would ask.
 void MainWindow::ShowModified() {
   setWindowModified(hooks_.changes && hooks_.changes->Modified());
 }
@@ -120,7 +120,7 @@ void MainWindow::StandAt(QPoint corner, QSize size, QMargins frame) {
        qBound(desk.top(), corner.y(), desk.bottom() + 1 - whole.height()));
 }
 
-/// How much the window manager draws around the window is known some time after it has come up, if ever.
+/// The size of the window manager's frame is known only some time after the window is shown, if ever.
 void MainWindow::FitFrame() {
   if (frameFits_ || !Stands() || windowHandle()->frameMargins().isNull()) return;
   frameFits_ = true;
@@ -155,7 +155,7 @@ void MainWindow::ShowForm() {
   if (form_.Place() != place_) TakePlace();
   if (form_.Visible() == formVisible_) return;
   formVisible_ = form_.Visible();
-  // The wheel and the arrows do no harm there before anybody has chosen a field.
+  // There the wheel and the arrows do no harm before anybody has chosen a field.
   QAbstractButton* view = ChosenOption(*findChild<QWidget*>(Shown(form_.fView.FullName())));
   if (formVisible_ && view) view->setFocus();
   setVisible(formVisible_);
@@ -184,7 +184,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (!form_.Visible()) return;
-  event->ignore();  // the window goes with the form
+  event->ignore();  // the window closes with the form
   OperatorQueue::OfProgram().Take(form_.mnuExit, {OperatorAction::Kind::kClick}, Turn::kClosing);
 }
 

@@ -14,11 +14,11 @@
 namespace marlinset {
 namespace {
 
-/// What an entry shows in front of its text: nothing, a tick that comes and goes, or which one of a choice is
+/// What an entry shows before its text: nothing, a tick, or which one of a choice is
 /// on.
 enum class Mark { kNone, kTick, kChoice };
 
-/// One line of a menu; no item at all is a separator.
+/// One line of a menu; without an item it is a separator.
 struct MenuLine {
   MenuItem* item = nullptr;
   char mnemonic = 0;
@@ -27,8 +27,8 @@ struct MenuLine {
   Turn turn = Turn::kInOrder;
 };
 
-/// A menu whose choices look like choices. Groups of the toolkit's own would move the ticks by themselves,
-/// and none of a choice may be on here.
+/// A menu whose choices look like choices. The toolkit's own groups would move the ticks by themselves, but
+/// here it is possible that none of a choice is on.
 class Menu : public QMenu {
  public:
   using QMenu::QMenu;
@@ -75,7 +75,7 @@ void AddSubMenu(QMenu& menu, MenuItem& item, char mnemonic, const std::vector<Me
   AddLines(*sub, lines);
 }
 
-/// "Com 1" with the device behind it, and whether it is the one that is open.
+/// "Com 1" with the device behind it, and whether it is open.
 QString PortSuffix(const WindowHooks& hooks, int port, bool chosen) {
   const std::string device = hooks.deviceName ? hooks.deviceName(port) : std::string();
   QString suffix =
@@ -85,7 +85,7 @@ QString PortSuffix(const WindowHooks& hooks, int port, bool chosen) {
 }
 
 void AddPorts(Menu& menu, FrmStart& form, const WindowHooks& hooks) {
-  // Before the entries are bound, so that they tell what was found.
+  // Before the entries are bound, so that they show what was found.
   if (hooks.lookForDevices) QObject::connect(&menu, &QMenu::aboutToShow, &menu, hooks.lookForDevices);
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     Bind(*menu.AddEntry(Mark::kChoice), form.ComMenu(port),
@@ -99,7 +99,7 @@ void AddPorts(Menu& menu, FrmStart& form, const WindowHooks& hooks) {
 /// The files last in use, each with its number as mnemonic and cut in the middle: folder and name tell most.
 void AddRecent(QMenu& menu, ControlArray<MenuItem>& items) {
   constexpr int kLetters = 50;
-  QAction* end = menu.addSeparator();  // separators that have nothing between them are not drawn
+  QAction* end = menu.addSeparator();  // separators with nothing between them are not drawn
   menu.setToolTipsVisible(true);
   for (const int i : items.Indices()) {
     MenuItem& item = items(i);

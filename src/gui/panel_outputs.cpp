@@ -22,7 +22,7 @@ QCheckBox* MakeCheck(CheckBox& control, QWidget* parent, char mnemonic) {
   return box;
 }
 
-/// Time bits and user bits stand here four times: only the first pair has mnemonics.
+/// Time bits and user bits occur four times here: only the first pair has mnemonics.
 void AddRouting(Group& group, FrmStart& form, int output) {
   group.AddRow(MakeLabel(form.ltimeBits(output), &group, output == 1 ? 'T' : '\0'),
                new ComboField(form.comTB(output), kSourceCharacters, &group));

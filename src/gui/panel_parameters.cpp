@@ -45,12 +45,12 @@ class ValueDelegate : public QStyledItemDelegate {
                     const QModelIndex& /*cell*/) const override {}
 
  protected:
-  /// A row that is being sent shows its mark also when it is the chosen one.
+  /// A row that is being sent shows its mark even if it is selected.
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& cell) const override {
     QStyledItemDelegate::initStyleOption(option, cell);
     if (option->backgroundBrush.style() != Qt::NoBrush) option->state &= ~QStyle::State_Selected;
   }
-  /// The view closes the editor on Esc, and an editor that goes counts as left.
+  /// The view closes the editor on Esc, and a closed editor counts as left.
   bool eventFilter(QObject* editor, QEvent* event) override {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
       static_cast<SpinField*>(editor)->TakeBack();
@@ -63,7 +63,7 @@ class ValueDelegate : public QStyledItemDelegate {
   ParameterModel& model_;
 };
 
-/// A row is edited at its value, whichever of its cells the operator stands on.
+/// Edits a row at its value, whichever of its cells is current.
 class ParameterTable : public QTableView {
  public:
   using QTableView::QTableView;
@@ -103,7 +103,7 @@ void SetColumns(QTableView& table) {
 void SetUpTable(QTableView* table) {
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->setSelectionMode(QAbstractItemView::SingleSelection);
-  // Not by a click on the chosen row: the toolkit waits then for a second one and loses the keys meanwhile.
+  // Not by a click on the selected row: the toolkit then waits for a second one and loses keys meanwhile.
   table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
   table->setAlternatingRowColors(true);
   table->setShowGrid(false);
@@ -115,7 +115,7 @@ void SetUpTable(QTableView* table) {
   SetColumns(*table);
 }
 
-/// Heads, arrow and scrolling go with the list.
+/// Heads, arrow and scrolling follow the list.
 void FollowModel(QTableView* table, ParameterModel* model, FrmStart& form) {
   QObject::connect(
       table->horizontalHeader(), &QHeaderView::sectionClicked, model, [model, table](int column) {

@@ -41,7 +41,7 @@ Group* MakeSlate(FrmStart& form, QWidget* parent) {
   return group;
 }
 
-/// How many of the 32 characters are used; says so plainly when there are more.
+/// How many of the 32 characters are used, and whether there are too many.
 class CharacterCount : public QLabel {
  public:
   CharacterCount(const QLineEdit& line, QWidget* parent) : QLabel(parent) {

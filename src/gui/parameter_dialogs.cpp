@@ -100,7 +100,7 @@ QTreeWidget* MakeList(ListView& list, QWidget* parent) {
                        view->fontMetrics().lineSpacing() * (kRowsInView + 2));
   auto* binding = new Binding(*view, list, [view, &list] { ShowRows(*view, list); });
   binding->Show();
-  // The selection, not the current item: that one comes by itself when the list gets the focus.
+  // The selection, not the current item: the list sets that by itself when it gets the focus.
   QObject::connect(view, &QTreeWidget::itemSelectionChanged, binding, [view, binding] {
     for (QTreeWidgetItem* item : view->selectedItems()) {
       binding->Act({OperatorAction::Kind::kSelect, view->indexOfTopLevelItem(item), Typed(item->text(0))});

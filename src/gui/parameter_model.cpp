@@ -12,7 +12,7 @@ namespace marlinset {
 
 namespace {
 
-/// Numbers and their heads stand at the right.
+/// Numbers and their heads are aligned to the right.
 Qt::Alignment AlignmentOf(int column) {
   return Qt::AlignVCenter | (column == ParameterModel::kDescription ? Qt::AlignLeft : Qt::AlignRight);
 }
@@ -85,7 +85,7 @@ void ParameterModel::WatchRow(int index) {
   ArrangeSoon();
 }
 
-/// Rows go only when another list is loaded.
+/// Rows are removed only when another list is loaded.
 void ParameterModel::ForgetRow(int index) {
   if (controls_.erase(index) == 0) return;
   for (const Row& row : rows_) row.record->gone = true;
@@ -124,7 +124,7 @@ void ParameterModel::MarkChanged(int index) {
   }
 }
 
-/// A new list changes hundreds of rows in one go; the table is put in order once, when the rules are done.
+/// A new list changes hundreds of rows at once; the table is arranged once, when the rules are done.
 void ParameterModel::ArrangeSoon() {
   if (arranging_) return;
   arranging_ = true;

@@ -14,10 +14,10 @@
 namespace marlinset {
 namespace {
 
-/// How often a box looks whether its reason is still there: soon enough that nobody answers in between. What
-/// was unplugged before it was opened sends no event.
+/// How often a box checks whether its reason still exists: soon enough that nobody answers in between. A
+/// device unplugged before it was opened sends no event.
 constexpr int kWatchMs = 100;
-constexpr int kWidestFact = 64;  ///< in figures; a longer one is wrapped
+constexpr int kWidestFact = 64;  ///< in digits; a longer one is wrapped
 
 struct ButtonSet {
   QMessageBox::StandardButtons buttons;
@@ -63,7 +63,7 @@ BoxAnswer AnswerOf(int button) {
   }
 }
 
-/// The box is as wide as its own text, which is short; a fact below it stays on its line all the same.
+/// The box is as wide as its own text, which is short; a fact below it still stays on its line.
 void WidenForFacts(const QMessageBox& window) {
   auto* facts = window.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
   if (!facts) return;

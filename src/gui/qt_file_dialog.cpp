@@ -32,14 +32,14 @@ bool IsPattern(const std::string& name) {
   return name.find_first_of("*?") != std::string::npos;
 }
 
-/// The default configuration of an installation lies where only root writes; one's own begin elsewhere.
+/// An installation's default configuration lies where only root can write; the user's files begin elsewhere.
 QString SavingFolder(const QString& folder) {
   if (folder.isEmpty() || QFileInfo(folder).isWritable()) return folder;
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
   return QFileInfo(documents).isWritable() ? documents : QDir::homePath();
 }
 
-/// Whoever types over the proposed name keeps its extension. The desktop's own dialogs see to that
+/// A name typed over the proposed one keeps its extension. The desktop's own dialogs do that
 /// themselves.
 void SelectStem(QFileDialog& window) {
   QTimer::singleShot(0, &window, [&window] {
@@ -70,7 +70,7 @@ std::optional<std::string> QtFileDialog::Ask(QFileDialog& window, const QString&
   window.setNameFilter(NameFilter(Filter));
   const std::string name = FileNameOf(FileName);
   const QString own = QFileInfo(Shown(FileName)).path();
-  // A name that brings its folder along is meant to stay there.
+  // A name with a folder is meant for that folder.
   const QString first = name != FileName && QFileInfo(own).isDir() ? own : folder;
   if (!first.isEmpty()) window.setDirectory(first);
   if (!name.empty() && !IsPattern(name)) window.selectFile(Shown(name));

@@ -14,7 +14,7 @@
 namespace marlinset {
 namespace {
 
-/// Collects the forms; they are painted when the job is finished, so a job that fails on the way wastes no
+/// Collects the forms and paints them when the job is finished, so that a job that fails before wastes no
 /// paper.
 class QtJob : public PrintJob {
  public:
@@ -51,7 +51,7 @@ class PreviewJob : public QtJob {
     QPrintPreviewDialog window(&Printer(), QApplication::activeWindow());
     window.setWindowTitle(QStringLiteral("Print preview"));
     bool failed = false;
-    // No failure may fly through the window's own loop.
+    // No failure may pass through the window's own loop.
     QObject::connect(&window, &QPrintPreviewDialog::paintRequested, &window, [&](QPrinter* printer) {
       try {
         Paint(*printer);

@@ -10,11 +10,11 @@ ScrollKeeper::ScrollKeeper(QAbstractScrollArea& area, FrmStart& form)
     : QObject(&area),
       area_(area),
       listening_(form.bSConfig.Changed, [this, &form] { Follow(!form.bSConfig.Enabled()); }) {
-  // Wheel, handle and keys, but not what code sets.
+  // Wheel, handle and keys, but not changes by code.
   connect(area.verticalScrollBar(), &QAbstractSlider::actionTriggered, this, [this] { place_.reset(); });
 }
 
-/// The main action is disabled exactly while a setup is on its way.
+/// The main action is disabled exactly while a setup is being sent.
 void ScrollKeeper::Follow(bool sending) {
   if (sending == sending_) return;
   sending_ = sending;

@@ -29,8 +29,8 @@ struct Strip {
   QHBoxLayout* row;
 };
 
-/// Two strips at the ends of one line, or of two when the window is narrow: nothing is pushed off a small
-/// screen.
+/// Two strips at the ends of one line, or of two lines if the window is narrow: a small screen shows all of
+/// them.
 SideBySide* MakeLine(Strip& left, Strip& right, QWidget* parent) {
   left.row->addStretch(1);
   right.row->addStretch(1);
@@ -39,7 +39,7 @@ SideBySide* MakeLine(Strip& left, Strip& right, QWidget* parent) {
   return line;
 }
 
-/// A row of options. It hands the focus on to the one that is chosen.
+/// A row of options. It passes the focus on to the selected one.
 class ChoiceBand : public QWidget {
  public:
   explicit ChoiceBand(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::ClickFocus); }
@@ -50,7 +50,7 @@ class ChoiceBand : public QWidget {
   }
 };
 
-/// The buttons stand disabled only while a whole setup is on its way.
+/// The buttons are disabled only while a setup is being sent.
 void AddButton(QBoxLayout& row, BarButton* widget, Button& control, char mnemonic,
                Turn turn = Turn::kInOrder) {
   Binding& binding = Bind(*widget, control, mnemonic, turn);
@@ -100,7 +100,7 @@ QWidget* ToolArea::MakeVitcModes(FrmStart& form) {
   auto* row = new QHBoxLayout(band);
   SetSpaces(*row, *band);
   QLabel* label = MakeLabel(form.tVITC, band, 'L');
-  label->setBuddy(band);  // not an option: a label presses the button that it leads to, and that goes on air
+  label->setBuddy(band);  // not an option: a label presses its buddy, and that goes on air
   row->addWidget(label);
   for (const int i : form.oVITC.Indices()) {
     auto* option = new QRadioButton(band);

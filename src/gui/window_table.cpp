@@ -18,8 +18,8 @@
 namespace marlinset {
 namespace {
 
-// Letters of the name column: the least, and the most, so that on a wide screen a name and its boxes are read
-// in one glance.
+// Letters of the name column: the least, and the most, so that on a wide screen a name stays close to its
+// boxes.
 constexpr int kNameCharacters = 18;
 constexpr int kWidestName = 34;
 constexpr int kLeastRows = 6;
@@ -59,7 +59,7 @@ class WindowTable::RowStrip : public QWidget {
     nameCell_ = MakeCell(label, {}, this);
     cells_->addWidget(nameCell_, 1);
   }
-  /// Adds a field in the middle of a cell of fixed width, all of which is its control's to the mouse.
+  /// Adds a field in the middle of a cell of fixed width; to the mouse the whole cell is the control's.
   void AddField(QWidget* field, const QString& head, int width) {
     fields_.push_back(field);
     heads_ << head;
@@ -75,7 +75,7 @@ class WindowTable::RowStrip : public QWidget {
     if (!name_.Visible()) table_.Tint(this, false);
     if (Shown(name_.Caption()) != spoken_) SpeakName(Shown(name_.Caption()));
   }
-  /// The row's controls are about to go.
+  /// The row's controls are about to be destroyed.
   void Release() {
     listening_.clear();
     table_.Tint(this, false);
@@ -99,7 +99,7 @@ class WindowTable::RowStrip : public QWidget {
   }
 
  private:
-  /// A row comes before its name does; a screen reader says both for each field.
+  /// A row is created before it has its name; a screen reader says both for each field.
   void SpeakName(const QString& name) {
     spoken_ = name;
     nameCell_->setToolTip(
@@ -123,7 +123,7 @@ WindowTable::WindowTable(FrmStart& form, QWidget* parent)
     : QWidget(parent), form_(form), gate_(new QWidget(this)), area_(new QScrollArea(this)) {
   MeasureColumns();
   QWidget* header = MakeHeader();
-  gate_->setFocusPolicy(Qt::ClickFocus);  // one without any policy has no place in the order
+  gate_->setFocusPolicy(Qt::ClickFocus);  // without a policy it has no place in the order
   gate_->hide();
   auto* sheet = new QWidget;
   sheet->setBackgroundRole(QPalette::Base);
@@ -171,7 +171,7 @@ void WindowTable::AddRow(int row) {
   strip->FollowName();
 }
 
-/// A row may come at any time, but the Tab key reads the table from the top.
+/// A row may be added at any time, but the Tab key walks the table from the top.
 void WindowTable::ArrangeTabs(int row) {
   const auto place = rows_.find(row);
   QWidget* last = place == rows_.begin() ? gate_ : std::prev(place)->second->Fields().back();
@@ -195,7 +195,7 @@ void WindowTable::MeasureColumns() {
   for (const Button* head : Heads(form_)) {
     widths_.push_back(fontMetrics().horizontalAdvance(Shown(head->Caption())) + 2 * unit);
   }
-  // Not from the rows: their controls are hidden while they come.
+  // Not from the rows: their controls are hidden while they are added.
   area_->setMinimumHeight(kLeastRows * (spin.sizeHint().height() + 2 * (unit / 3)));
   widths_.front() = fontMetrics().averageCharWidth() * kNameCharacters;
   for (std::size_t i = widths_.size() - 2; i < widths_.size(); ++i) {
@@ -248,7 +248,7 @@ void WindowTable::FillRow(RowStrip& strip, int row) {
   for (const auto& [spin, echo] : positions) add(new SpinField(*spin, *echo, &strip));
 }
 
-/// A wait for the unit may come between a row that is entered and the one that is left: the last one counts.
+/// Between entering a row and leaving another there may be a wait for the unit: the last one counts.
 void WindowTable::Tint(RowStrip* strip, bool on) {
   if (on == (tinted_ == strip)) return;
   if (tinted_) tinted_->update();
@@ -262,7 +262,7 @@ int WindowTable::RoomForNames() const {
 
 bool WindowTable::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize) {
-    // The heads stand over their columns whether there is a scroll bar or not.
+    // The heads are above their columns with or without a scroll bar.
     const int unit = SpaceUnit(*this);
     const int frame = area_->frameWidth();
     headerCells_->setContentsMargins(unit + frame, 0, unit + width() - frame - area_->viewport()->width(),

@@ -27,7 +27,7 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// Cuts the digits off the front of a name; leading zeros don't count.
+/// Cuts leading digits off a name; zeros at their beginning don't count.
 std::string_view CutNumber(std::string_view& name) {
   const auto digits =
       static_cast<std::size_t>(std::find_if_not(name.begin(), name.end(), IsDigit) - name.begin());

@@ -10,7 +10,7 @@ namespace {
 using enum UnitAction;
 using enum SettingKey;
 
-// A text message holds 32 characters; a sender that cuts a longer text may leave empty bytes behind them.
+// A text message holds 32 characters; a sender that cuts a longer text may leave empty bytes after them.
 constexpr UnitCommand kCommands[] = {
     {"cmdSelect", 15, 0, 33, 3, 3, kSelect},
     {"cmdBroadcast", 15, 0, 34, 3, 3, kBroadcast},

@@ -14,7 +14,7 @@ constexpr std::size_t kMarkerAt = kVersionEnd + 1;
 constexpr std::size_t kBuildAt = kMarkerAt + 2;
 constexpr std::size_t kBuildEnd = kBuildAt + 6;
 
-// Six hexadecimal digits behind a blank.
+// Six hexadecimal digits after a blank.
 bool ReadThree(std::string_view text, std::size_t begin, std::array<std::uint8_t, 3>& out) {
   if (text[begin - 1] != ' ') return false;
   for (auto& byte : out) {
@@ -32,7 +32,7 @@ std::optional<UnitFirmware> ParseFirmware(std::string_view text) {
   UnitFirmware firmware;
   firmware.text = LeftOf(text, kTextLength);
   if (LengthOf(text) <= kTextLength) return firmware;
-  // Behind the name only ASCII counts; the name itself may take more bytes than characters.
+  // After the name only ASCII is valid; the name itself may have more bytes than characters.
   const std::string rest = std::string(kTextLength, ' ') + std::string(text.substr(firmware.text.size()));
   if (rest.size() != kVersionEnd && rest.size() != kBuildEnd) return std::nullopt;
   if (!ReadThree(rest, kVersionAt, firmware.version)) return std::nullopt;

@@ -34,7 +34,7 @@ std::string NameOf(const Named (&names)[kCount], int code) {
   return "code " + std::to_string(code);
 }
 
-/// Lines of a name and words, broken where they get too long.
+/// Lines of a name and words, wrapped if too long.
 class Lines {
  public:
   void Begin(const std::string& name) {
@@ -54,7 +54,7 @@ class Lines {
     return *this;
   }
   Lines& AddIf(bool holds, const std::string& word) { return holds ? Add(word) : *this; }
-  /// A value with its name in front; nothing where it never came.
+  /// A value after its name; nothing if it never arrived.
   Lines& AddValue(const std::string& name, const std::optional<int>& value) {
     return value ? Add(name + " " + std::to_string(*value)) : *this;
   }

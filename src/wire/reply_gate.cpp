@@ -6,7 +6,7 @@
 namespace marlinset {
 namespace {
 
-// First bytes of what a unit sends.
+// First bytes of a unit's messages.
 constexpr std::uint8_t kFrameStart = 2;
 constexpr std::uint8_t kLowestLoneAnswer = 4;
 constexpr std::uint8_t kHighestLoneAnswer = 6;

@@ -29,7 +29,7 @@ void MakeRaw(int descriptor) {
   Checked(tcsetattr(descriptor, TCSANOW, &mode), "tcsetattr");
 }
 
-/// By its name: an earlier unit's is gone, and a serial line that is opened moves its modem lines.
+/// Decides by name: an earlier unit's device is gone, and opening a serial line would switch its modem lines.
 bool IsTerminal(const std::string& place) {
   const std::string device = std::filesystem::path(place).lexically_normal();
   return device.starts_with("/dev/pts/") || device.starts_with("/dev/tty");

@@ -21,7 +21,7 @@ constexpr int kMostMilliseconds = 3600000;
 constexpr int kMostCount = 1000000;
 
 enum class Argument { kNone, kOnOff, kNumber, kMaybeNumber, kForm };
-/// How a state is printed; kAsSuits, when nothing was said, goes by who asks. A number, as arguments are.
+/// How to print a state; kAsSuits, the default, depends on who asks. A number, as all arguments are.
 enum StateForm : int { kAsSuits, kText, kJson };
 
 std::optional<int> ReadArgument(Argument kind, const std::string& word, int highest) {
@@ -109,7 +109,7 @@ void UnitConsole::Remember(const Bytes& frame) {
   if (unplugIn_ > 0 && --unplugIn_ == 0) cable_.unplug();
 }
 
-/// At once, or behind so many messages.
+/// At once, or after so many messages.
 void UnitConsole::Unplug(int messages) {
   unplugIn_ = messages;
   if (messages == 0) cable_.unplug();

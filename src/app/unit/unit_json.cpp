@@ -16,7 +16,7 @@ Json OrNull(const std::optional<T>& value) {
   return value ? Json(*value) : Json();
 }
 
-/// An object even when nothing is added to it.
+/// An object even if nothing is added to it.
 template <class Members, class KeyText, class Value>
 Json Object(const Members& members, KeyText keyText, Value value) {
   Json object = Json::object();
@@ -91,7 +91,7 @@ std::string StateJson(const UnitModel& unit) {
       {"converter",
        {{"aspect", OrNull(memory.DownConverter())}, {"control", OrNull(memory.DownConverterControl())}}},
       {"sdiProgramOut", OrNull(memory.SdiProgramOut())}};
-  // A message holds whatever came over the line.
+  // A message holds whatever arrived on the line.
   return state.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 

@@ -31,7 +31,7 @@ void UnitServer::LoseLine() {
   unit_.LoseLine();
 }
 
-// Bytes that cannot complete a frame need no wake-up of their own.
+// Bytes that cannot complete a frame need no wake-up.
 std::optional<LineTime> UnitServer::NextArrival() const {
   if (incoming_.empty()) return std::nullopt;
   return incoming_[std::min(unit_.BytesToGo(), incoming_.size()) - 1].at;
@@ -42,7 +42,7 @@ std::optional<LineTime> UnitServer::NextDeparture() const {
 }
 
 void UnitServer::LearnLateness() {
-  constexpr LineTime kMost = std::chrono::microseconds{100};  // beyond is a stall, which says nothing
+  constexpr LineTime kMost = std::chrono::microseconds{100};  // more is a stall, which proves nothing
   constexpr int kMemory = 16;
   if (!wakeUp_) return;
   const LineTime late = Now() - *wakeUp_;

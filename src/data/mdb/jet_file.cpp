@@ -16,7 +16,7 @@ namespace marlinset {
 namespace {
 
 constexpr int kVersionOffset = 0x14;
-constexpr int kAccess2000 = 1;  // 0 is Access 97, whose pages have another layout
+constexpr int kAccess2000 = 1;  // 0 is Access 97, whose pages have a different layout
 
 int VersionOf(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
@@ -24,7 +24,7 @@ int VersionOf(const std::string& path) {
   return in.get();
 }
 
-/// Variables of the user's environment would have the library give texts in other code pages than UTF-8.
+/// The user's environment variables could make the library return texts in code pages other than UTF-8.
 void KeepTextsInUtf8() {
   for (const char* variable : {"MDBICONV", "MDB_JET3_CHARSET"}) {
     if (std::getenv(variable) != nullptr) unsetenv(variable);
@@ -41,7 +41,7 @@ JetFile::JetFile(const std::string& path) : path_(path) {
   pages_ = static_cast<std::uint32_t>(
       std::min<std::uintmax_t>(size / kPageSize, std::numeric_limits<std::int32_t>::max()));
   KeepTextsInUtf8();
-  // Given a path without a folder, the library looks for it in other places as well.
+  // Given a path without a folder, the library also searches other places for it.
   const std::string absolute = std::filesystem::absolute(path, unknown).string();
   handle_.reset(mdb_open(absolute.c_str(), MDB_NOFLAGS));
   Check(handle_ != nullptr && handle_->fmt->pg_size == kPageSize, "the file cannot be read");

@@ -19,8 +19,8 @@ constexpr int kDeleted = 0x8000;
 constexpr int kMoved = 0x4000;  // four bytes that say where the row is now
 constexpr int kStartMask = 0x1fff;
 
-/// Walks the pages of a table in rising order, and the rows of each page in the order of its directory.
-/// The library's own walk gives rows that have grown and moved in a place that is not theirs.
+/// Walks the pages of a table in rising order, and the rows of each page in the order of its directory. The
+/// library's own walk returns rows that have grown and moved out of order.
 class RowWalk {
  public:
   RowWalk(JetFile& file, const JetTable& table) : file_(file), table_(table) {
@@ -81,7 +81,7 @@ class RowWalk {
     }
   }
 
-  /// Where a row of the current page stands.
+  /// The place of a row in the current page.
   Place Find(int row) const {
     const int count = file_.Int16(kRowCount);
     file_.Check(count <= kMostRowsOfAPage && row < count && kFirstRow + 2 * count <= JetFile::kPageSize,
@@ -99,7 +99,7 @@ class RowWalk {
     return place;
   }
 
-  /// Goes to the page that a moved row is on. There it is marked as deleted, so that a walk gives it once.
+  /// Goes to the page of a moved row. It is marked as deleted there, so that a walk returns it only once.
   Place Follow(Place place) {
     for (int moves = 0; (place.flags & kMoved) != 0; ++moves) {
       file_.Check(moves < kMostMoves, "a moved row is nowhere");
@@ -113,8 +113,8 @@ class RowWalk {
     return place;
   }
 
-  /// A column that was added after the row had been written is not in the row: its number is beyond the
-  /// row's own. One that was taken out of the table since is still in it.
+  /// A column that was added after the row was written is not in the row: its number is beyond the row's own.
+  /// A column that was removed since is still in the row.
   void ReadRow(const Place& place) {
     const Cells cells = FindCells(place);
     auto& row = set_.rows.emplace_back();
@@ -130,9 +130,9 @@ class RowWalk {
   /// starts and the last one ends (the first stands last), the number of texts, a bit for each column.
   struct Cells {
     int count;
-    int texts;     ///< 0 as well for a row from before the table had any
-    int starts;    ///< where the first text's start stands in the page
-    int nullMask;  ///< where the bits stand in the page
+    int texts;     ///< also 0 for a row written before the table had any
+    int starts;    ///< offset in the page of the first text's start
+    int nullMask;  ///< offset of the bits in the page
   };
 
   Cells FindCells(const Place& place) const {
@@ -156,7 +156,7 @@ class RowWalk {
     return cells;
   }
 
-  /// Where a value stands. Yes and no are in the bits and have no place.
+  /// The place of a value. Yes/no values are in the bits and have no place.
   MdbField FieldOf(const MdbColumn& column, const Place& place, const Cells& cells) const {
     MdbField field{};
     if (column.col_type == MDB_BOOL) return field;

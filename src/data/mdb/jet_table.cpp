@@ -14,7 +14,7 @@ constexpr std::size_t kLongestName = 128;
 constexpr int kMostDefinitionPages = 64;
 
 constexpr int kNextPage = 4;
-constexpr int kNextContent = 8;  // offset at which a further page of a definition goes on
+constexpr int kNextContent = 8;  // offset at which a definition continues on a further page
 constexpr int kCellCount = 41;
 constexpr int kColumnCount = 45;
 constexpr int kIndexCount = 47;

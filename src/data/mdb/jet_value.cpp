@@ -8,7 +8,7 @@
 namespace marlinset {
 namespace {
 
-/// Bytes of a number of this kind, 0 for all that is no number.
+/// Size in bytes of a number of this type, 0 for other types.
 int SizeOf(int kind) {
   switch (kind) {
     case MDB_BYTE:
@@ -27,8 +27,8 @@ int SizeOf(int kind) {
 
 std::string JetText(const JetFile& file, const MdbField& field) {
   if (field.siz == 0) return {};
-  // Stored with one byte a character, where that is enough, which becomes two of UTF-8, or with two that
-  // become three.
+  // Stored with one byte for each character, if that is enough, which becomes two in UTF-8, or with two
+  // bytes, which become three.
   std::string text(static_cast<std::size_t>(field.siz) * 3 + 1, '\0');
   const int length = mdb_unicode2ascii(file.Handle(), static_cast<const char*>(field.value),
                                        static_cast<std::size_t>(field.siz), text.data(), text.size());

@@ -26,7 +26,7 @@ struct CatalogEntry {
   std::uint32_t page;
 };
 
-/// The tables of a file without the system's own. The library's own reading of the catalog does not end on
+/// The tables of a file without the system's own. The library's own routine for the catalog never returns on
 /// some damaged files.
 std::vector<CatalogEntry> ReadCatalog(JetFile& file) {
   const RowSet objects = ReadRows(file, JetTable(file, kCatalogPage));
@@ -52,7 +52,7 @@ class MdbDatabase : public Database {
     try {
       tables_ = ReadCatalog(file_);
     } catch (const RuntimeError&) {
-      // Also when the catalog misses a column.
+      // Also thrown if the catalog lacks a column.
       file_.Check(false, "its list of tables is damaged");
     }
   }

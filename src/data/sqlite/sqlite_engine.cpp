@@ -18,7 +18,7 @@ namespace marlinset {
 namespace {
 
 constexpr int kLongestValue = 1 << 20;    // bytes
-constexpr int kStepsBetweenLooks = 1000;  // of the library, at the clock
+constexpr int kStepsBetweenLooks = 1000;  // of the library; then it looks at the clock
 
 struct FinalizeStatement {
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
@@ -46,7 +46,7 @@ std::size_t SizeOf(const FieldValue& value) {
   return sizeof value + (text == nullptr ? 0 : text->size());
 }
 
-/// A name in double quotes, with the quotes inside it doubled.
+/// A name in double quotes; quotes inside it are doubled.
 std::string Quoted(std::string_view text) {
   std::string quoted(1, '"');
   for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
@@ -67,7 +67,7 @@ class SqliteDatabase : public Database {
     Confine();
   }
 
-  /// Reads every page once; what does not hang together is refused here, before any row is taken from it.
+  /// Reads every page once; an inconsistent file is refused here, before any row is taken from it.
   void Check() {
     StartClock();
     const RowSet result = Query("PRAGMA quick_check(1)");
@@ -85,7 +85,7 @@ class SqliteDatabase : public Database {
   }
 
  private:
-  /// Nothing that the file brings along is carried out, and nothing takes for ever.
+  /// Nothing in the file is executed, and nothing takes for ever.
   void Confine() {
     sqlite3* handle = handle_.get();
     for (const auto& [what, on] : {std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1},
@@ -106,7 +106,7 @@ class SqliteDatabase : public Database {
     return std::chrono::steady_clock::now() >= static_cast<SqliteDatabase*>(database)->deadline_ ? 1 : 0;
   }
 
-  /// Lays a view of the same name over each table of the query, in which texts compare without regard to
+  /// Covers each table of the query with a view of the same name, in which texts compare without regard to
   /// case.
   void CompareWithoutCase(std::string_view query) {
     for (const auto& table : Query("SELECT name FROM main.sqlite_master WHERE type = 'table' AND "
@@ -123,7 +123,7 @@ class SqliteDatabase : public Database {
     }
   }
 
-  /// Virtual tables, which have no page of their own, are none.
+  /// Virtual tables, which have no page of their own, do not count.
   Statement PrepareTable(std::string_view name) {
     const Statement search = Prepare(
         "SELECT name FROM main.sqlite_master WHERE type = 'table' AND rootpage > 0 AND name = ? COLLATE "
@@ -138,11 +138,11 @@ class SqliteDatabase : public Database {
       return Prepare(all + " ORDER BY rowid");
     } catch (const RuntimeError& failure) {
       if (failure.Number() != kErrNoColumn) throw;
-      return Prepare(all);  // a table without row numbers keeps its rows by key
+      return Prepare(all);  // a table without row numbers orders its rows by key
     }
   }
 
-  /// Names of a table's columns. One that is computed would carry out what somebody wrote into the file.
+  /// Names of a table's columns. A computed one would execute what somebody wrote into the file.
   std::vector<std::string> StoredColumns(const std::string& table) {
     const RowSet columns = Query("PRAGMA main.table_xinfo(" + Quoted(table) + ")");
     const std::size_t name = columns.IndexOf("name");
@@ -183,7 +183,7 @@ class SqliteDatabase : public Database {
     return set;
   }
 
-  /// SQLite tells a missing table and column only in words.
+  /// SQLite reports a missing table or column only as text.
   RuntimeError Failure() const {
     const std::string message = sqlite3_errmsg(handle_.get());
     if (sqlite3_errcode(handle_.get()) == SQLITE_INTERRUPT) {

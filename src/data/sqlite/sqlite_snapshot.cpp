@@ -13,15 +13,15 @@
 namespace marlinset {
 namespace {
 
-// How long a file that is just being written may keep a reader waiting.
+// How long a reader waits for a file that is being written.
 constexpr int kBusyMilliseconds = 1000;
 constexpr int kMostTries = 5;
 
-/// How a file has to be opened that nobody must notice being read.
+/// How to open a file so that nobody notices that it is being read.
 enum class Access {
-  kLocked,     ///< as usual: nothing is made beside a file with a rollback journal
-  kImmutable,  ///< a file with a log, of which none is there: the usual way would make one
-  kLog,        ///< a file with changes in its log: their index is kept in memory instead of beside it
+  kLocked,     ///< as usual: creates nothing beside a file with a rollback journal
+  kImmutable,  ///< a file in log mode whose log is missing: the usual way would create one
+  kLog,        ///< a file with changes in its log: keeps their index in memory instead of beside it
 };
 
 std::uintmax_t SizeOf(const std::string& path) {
@@ -39,7 +39,7 @@ SqliteStamp StampOf(const std::string& path) {
           .logWritten = std::filesystem::last_write_time(log, unknown)};
 }
 
-/// The first bytes of every SQLite file. Looked at here because the library takes an empty file for an empty
+/// The first bytes of every SQLite file. Checked here because the library takes an empty file for an empty
 /// database.
 Access AccessTo(const std::string& path) {
   constexpr std::string_view kSignature("SQLite format 3\0", 16);
@@ -48,7 +48,7 @@ Access AccessTo(const std::string& path) {
   std::array<char, 20> start{};
   std::error_code ignored;
   std::ifstream in;
-  // A pipe would be waited for.
+  // Opening a pipe would wait for its writer.
   if (std::filesystem::is_regular_file(path, ignored)) in.open(path, std::ios::binary);
   if (!in.is_open()) throw BadDatabase(path, "the file cannot be read");
   in.read(start.data(), start.size());
@@ -59,7 +59,7 @@ Access AccessTo(const std::string& path) {
   return SizeOf(path + "-wal") > 0 ? Access::kLog : Access::kImmutable;
 }
 
-/// An absolute path, in which no character means anything.
+/// An absolute path in which no character has a special meaning.
 std::string UriOf(const std::string& path, Access access) {
   std::string uri = "file:";
   for (const char c : path) {
@@ -83,7 +83,7 @@ SqliteHandle OpenFile(const std::string& path, Access access) {
   return handle;
 }
 
-/// SQLITE_OK, or what kept it from being copied.
+/// SQLITE_OK, or the error that prevented the copy.
 int CopyInto(sqlite3* memory, const std::string& path, Access access) {
   const SqliteHandle file = OpenFile(path, access);
   if (!file) return SQLITE_CANTOPEN;
@@ -110,7 +110,7 @@ bool SqliteStamp::Settled() const {
 
 SqliteSnapshot TakeSnapshot(const std::string& path, std::uintmax_t mostBytes) {
   std::error_code unknown;
-  // The log of a linked file lies beside the file, not beside the link.
+  // The log of a linked file is beside the file, not beside the link.
   const std::string file = std::filesystem::canonical(path, unknown).string();
   if (unknown) throw BadDatabase(path, "the file cannot be read");
   for (int tries = 0; tries < kMostTries; ++tries) {

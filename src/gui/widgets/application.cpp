@@ -10,7 +10,7 @@
 namespace marlinset {
 namespace {
 
-/// The button whose mnemonic was pressed, if that is what happens.
+/// The button whose mnemonic this event presses, if any.
 QAbstractButton* ButtonOfMnemonic(QObject* receiver, QEvent* event) {
   if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous()) return nullptr;
   return qobject_cast<QAbstractButton*>(receiver);
@@ -27,8 +27,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
   return taken;
 }
 
-/// The toolkit lets a mnemonic hold its button down for a moment and clicks then. A second press in that time
-/// would be none, and a window that closes would take the click with it. A key held down is one press.
+/// For a mnemonic the toolkit holds the button down for a moment, then clicks. It would lose a second press
+/// in that time, and the click if the window closes. A key held down is one press.
 bool Application::Deliver(QObject* receiver, QEvent* event) {
   QAbstractButton* const button = ButtonOfMnemonic(receiver, event);
   if (!button) return QApplication::notify(receiver, event);

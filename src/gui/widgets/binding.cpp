@@ -12,7 +12,7 @@
 namespace marlinset {
 namespace {
 
-/// Scrolls what lies around the widget so that it can be seen; does nothing on a panel that is not shown.
+/// Scrolls the surrounding area so that the widget is visible; does nothing on a hidden panel.
 void BringIntoView(QWidget& widget) {
   if (!widget.isVisible()) return;
   for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
@@ -102,7 +102,7 @@ void Binding::Show() {
   };
   widget_.setEnabled(all(&Control::Enabled));
   const bool visible = controls_.front()->Visible();
-  // A widget that was never hidden needs no word: it comes up with its parent.
+  // A widget that was never hidden needs no call: it appears with its parent.
   if (!visible || widget_.testAttribute(Qt::WA_WState_ExplicitShowHide)) widget_.setVisible(visible);
   ShowToolTip();
   if (show_ && !Pending()) show_();
@@ -150,7 +150,7 @@ bool Binding::eventFilter(QObject* watched, QEvent* event) {
   }
   if (event->type() == QEvent::MouseMove && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
     Take({OperatorAction::Kind::kHover}, Turn::kHover);
-    return true;  // only the innermost surface is hovered, not also the sheet below it
+    return true;  // hovers only the innermost surface, not also the sheet below it
   }
   return QObject::eventFilter(watched, event);
 }

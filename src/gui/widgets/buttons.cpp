@@ -76,7 +76,7 @@ QColor SegmentButton::Ground() const {
 void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  // The outer corners are round: the rectangle reaches beyond the edges that a neighbour shares.
+  // The outer corners are round: the rectangle extends beyond the edges that a neighbour shares.
   QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
   QRectF shape = area;
   if (place_ != Place::kFirst) shape.setLeft(-2 * kRadius);

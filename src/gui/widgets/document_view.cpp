@@ -64,11 +64,11 @@ void DocumentView::doSetSource(const QUrl& name, QTextDocument::ResourceType /*t
     return;
   }
   QTextCursor whole(document());
-  whole.beginEditBlock();  // laid out once, and not after each word
+  whole.beginEditBlock();  // laid out once, not after each word
   QTextBrowser::doSetSource(url, QTextDocument::MarkdownResource);
   whole.endEditBlock();
   whole.beginEditBlock();
-  if (loaded_) Dress();  // there are no tables before the end of an edit
+  if (loaded_) Dress();  // tables exist only after the end of an edit
   whole.endEditBlock();
   if (anchors_.contains(url.fragment())) {
     scrollToAnchor(url.fragment());
@@ -113,7 +113,7 @@ void DocumentView::DressBlock(const QTextBlock& block) {
     return;
   }
   format.setForeground(LinkColor(palette()));
-  QList<QPair<int, int>> links;  // the block's parts are others after each change
+  QList<QPair<int, int>> links;  // each change replaces the block's parts
   for (auto part = block.begin(); !part.atEnd(); ++part) {
     const QTextFragment fragment = part.fragment();
     if (!fragment.charFormat().anchorHref().isEmpty()) links += {fragment.position(), fragment.length()};
@@ -125,7 +125,7 @@ void DocumentView::DressBlock(const QTextBlock& block) {
   }
 }
 
-/// The picture in its own size, or smaller where it would not go into the window.
+/// The picture in its original size, or smaller if it does not fit the window.
 QImage DocumentView::Fitting(const QImage& picture) const {
   const double scale = devicePixelRatioF();
   const double room = viewport()->width() - 2 * document()->documentMargin();
@@ -143,7 +143,7 @@ void DocumentView::FitPictures() {
   document()->markContentsDirty(0, document()->characterCount());
 }
 
-/// What stood at the top stays there.
+/// Keeps the top of the view in place.
 void DocumentView::resizeEvent(QResizeEvent* event) {
   const QTextCursor top = cursorForPosition({0, 0});
   QTextBrowser::resizeEvent(event);

@@ -54,7 +54,7 @@ void ComboField::ShowControl(const ComboBox& control) {
   const int index = control.ListIndex();
   const QString text = Shown(control.Text());
   const bool listed = index >= 0 && text == entries.at(index);
-  // What no entry stands for: a text that was typed from outside, or an empty list.
+  // A value without an entry: a text typed from outside, or an empty list.
   setPlaceholderText(listed ? QString() : entries.isEmpty() && text.isEmpty() ? QStringLiteral("–") : text);
   setCurrentIndex(listed ? index : -1);
 }
@@ -65,7 +65,7 @@ void ComboField::showPopup() {
   QComboBox::showPopup();
 }
 
-/// What no entry stands for is a value as well; desktops paint such texts half transparent or not at all.
+/// A text without an entry is a value too; desktops paint such texts half transparent or not at all.
 void ComboField::initStyleOption(QStyleOptionComboBox* option) const {
   QComboBox::initStyleOption(option);
   QPalette& colors = option->palette;
@@ -85,7 +85,7 @@ void ComboField::keyPressEvent(QKeyEvent* event) {
   if (TypesText(*event)) {
     event->ignore();
   } else if (event->isAutoRepeat() && Binding::Of(*this).Pending()) {
-    event->accept();  // a key that is held down turns the list as fast as the choices are carried out
+    event->accept();  // a key held down changes the list only as fast as the choices are carried out
   } else {
     QComboBox::keyPressEvent(event);
   }
@@ -125,7 +125,7 @@ void SpinField::ShowControl() {
   typing_ = false;
   echoShown_ = text;
   if (lineEdit()->text() != text) {
-    const bool selected = lineEdit()->hasSelectedText();  // typing goes on replacing the value
+    const bool selected = lineEdit()->hasSelectedText();  // typing continues to replace the value
     lineEdit()->setText(text);
     if (selected) lineEdit()->selectAll();
   }
@@ -174,12 +174,12 @@ void SpinField::stepBy(int steps) {
   if (hasFocus()) lineEdit()->selectAll();
 }
 
-/// What was typed behind an action is newer than what the action made.
+/// A number typed after an action is newer than the action's result.
 void SpinField::KeepWhatIsTyped() {
   if (typing_) echoShown_ = Shown(echo_->Text());
 }
 
-/// Provisional limits go before the first of the steps is made.
+/// Replaces provisional limits before the first step.
 int SpinField::WhereItStays(qlonglong value) const {
   const bool any = spin_->Provisional();
   return static_cast<int>(
@@ -190,8 +190,8 @@ int SpinField::SeenValue() const {
   return binding_->Pending() || !binding_->Present() ? binding_->GetAwaited().value : spin_->Value();
 }
 
-/// The echo of a value is for the rules to write. Until they have, it is written as they wrote the last one:
-/// some show no sign, but none in which a radix can be chosen.
+/// The rules write the echo of a value. Until they have, this writes it as they wrote the last one: some show
+/// no sign, but none of those has a choice of radix.
 void SpinField::NoteWhereItLeads(int value) {
   const bool signless = !radix_ && echo_->Text() == std::to_string(std::abs(spin_->Value()));
   Awaited& awaited = binding_->GetAwaited();

@@ -97,7 +97,7 @@ void SideBySide::LetFirstGrow(int widest) {
   widest_ = widest;
   first_->setMaximumWidth(widest);
   box_->setStretch(0, kNearlyAll);
-  box_->setStretch(2, widest < QWIDGETSIZE_MAX ? 1 : 0);  // what the first may not take stays empty
+  box_->setStretch(2, widest < QWIDGETSIZE_MAX ? 1 : 0);  // the first leaves the rest empty
 }
 
 int SideBySide::WidthForBoth() const {

@@ -20,7 +20,7 @@ QRectF FourByThree(const QRectF& area) {
 void PaintProgram(QPainter& painter, double size) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.scale(size / 64, size / 64);
-  painter.setPen(QPen(QColor(159, 173, 186), 2));  // the edge that a dark desktop shows
+  painter.setPen(QPen(QColor(159, 173, 186), 2));  // the edge that is visible on a dark desktop
   painter.setBrush(QColor(38, 50, 64));
   painter.drawRoundedRect(QRectF(3, 7, 58, 44), 6, 6);
   painter.drawRect(QRectF(22, 54, 20, 4));

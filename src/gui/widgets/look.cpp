@@ -22,7 +22,7 @@ double Luminance(const QColor& color) {
   return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) + 0.0722 * Linear(color.blueF());
 }
 
-/// `color`, darkened or lightened until it can be told from `other`.
+/// `color`, darkened or lightened until it contrasts with `other`.
 QColor SetOff(QColor color, const QColor& other) {
   const QColor away = Luminance(other) > Luminance(color) ? Qt::black : Qt::white;
   for (int i = 0; i < 50 && Contrast(color, other) < kLeastContrast; ++i) color = Blend(color, away, 0.06);

@@ -17,7 +17,7 @@
 namespace marlinset {
 namespace {
 
-/// The list may be another one than the operator read: the entry counts, not its place.
+/// The list may differ from the one that the operator read: the entry counts, not its place.
 void Select(Control& control, const OperatorAction& action) {
   const std::vector<std::string> entries = control.Entries();
   const auto place = static_cast<std::size_t>(action.number);
@@ -139,13 +139,13 @@ bool OperatorQueue::event(QEvent* event) {
   return true;
 }
 
-/// Nothing of the tool is at work but what waits for this level to end.
+/// No handler of the tool is running except those that wait for this level to end.
 bool OperatorQueue::ToolAtRest(const Level& level) const {
   const Guard& guard = level.entries.front().form->GetGuard();
   return !level.running && guard.AtWork() == (&guard == level.guard ? level.handlersOfTool : 0);
 }
 
-/// No widget is in the middle of an event, and no box stands in front of the windows.
+/// No widget is in the middle of an event, and no box is in front of the windows.
 bool OperatorQueue::OperatorAtRest(const Level& level) const {
   const QWidget* modal = QApplication::activeModalWidget();
   return handlers_ == level.handlersOfWidgets && (!modal || modal == level.window);
@@ -184,7 +184,7 @@ void OperatorQueue::CarryOutFirst(Level& level) {
   Finally([&] { Finally(carryOut, entry.over); }, [&] { level.running = within; });
 }
 
-/// Does what cannot wait for the end of the present wait.
+/// Carries out the actions that cannot wait for the end of the present wait.
 void OperatorQueue::Interrupt(Level& level) {
   const auto urgent = std::find_if(level.entries.begin(), level.entries.end(), [](const Entry& entry) {
     return entry.turn == Turn::kAtOnce || entry.turn == Turn::kClosing;

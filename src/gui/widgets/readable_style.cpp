@@ -11,7 +11,7 @@
 namespace marlinset {
 namespace {
 
-/// Whether a field's own edge can be seen on its ground.
+/// Whether a field's own edge is visible on its background.
 bool ShowsEdges(const QPalette& palette) {
   const QColor base = palette.color(QPalette::Base);
   return base.lightness() > palette.color(QPalette::Text).lightness() && base != MarkColor();
@@ -32,7 +32,7 @@ void PaintFrame(QPainter& painter, const QRect& rect, const QPen& pen, bool roun
   painter.restore();
 }
 
-/// A faint edge for what is disabled, a plain one for the rest.
+/// A faint edge for disabled widgets, a plain one for the rest.
 void PaintEdge(QPainter& painter, const QStyleOption& option, bool round) {
   const QPalette& palette = option.palette;
   const double strength = option.state & QStyle::State_Enabled ? 0.5 : 0.2;
@@ -41,8 +41,8 @@ void PaintEdge(QPainter& painter, const QStyleOption& option, bool round) {
              round);
 }
 
-/// A tick or a dot, and in the focus a frame: the usual styles show none before the Tab key was pressed, and
-/// a faint one then.
+/// A tick or a dot, and in the focus a frame: the usual styles show none before the Tab key is pressed, and
+/// then a faint one.
 void PaintIndicatorEdge(QPainter& painter, const QStyleOption& option, bool round) {
   constexpr int kFocusWidth = 2;
   if (option.state & QStyle::State_HasFocus) {
@@ -52,7 +52,7 @@ void PaintIndicatorEdge(QPainter& painter, const QStyleOption& option, bool roun
   }
 }
 
-/// The head of a column whose cells stand at the right; nothing for anything else.
+/// The head of a column whose cells are aligned to the right; nothing for anything else.
 const QStyleOptionHeader* RightHead(const QStyleOption* option) {
   const auto* head = qstyleoption_cast<const QStyleOptionHeader*>(option);
   return head && head->orientation == Qt::Horizontal && head->textAlignment & Qt::AlignRight ? head : nullptr;
@@ -63,7 +63,7 @@ bool IsRightCell(const QStyleOption* option) {
   return cell && cell->displayAlignment & Qt::AlignRight;
 }
 
-/// From the end of figures, and of their head, to the next column.
+/// The gap between numbers, and their head, and the next column.
 int ColumnGap(const QStyleOption& option) {
   return option.fontMetrics.height();
 }
@@ -84,7 +84,7 @@ void ReadableStyle::drawControl(ControlElement element, const QStyleOption* opti
                                 const QWidget* widget) const {
   const QStyleOptionHeader* head = element == CE_Header ? RightHead(option) : nullptr;
   if (!head) return QProxyStyle::drawControl(element, option, painter, widget);
-  // The desktop's arrow would stand behind the text and push it aside.
+  // The desktop's arrow would follow the text and push it aside.
   painter->save();
   painter->setClipRect(head->rect, Qt::IntersectClip);
   proxy()->drawControl(CE_HeaderSection, head, painter, widget);

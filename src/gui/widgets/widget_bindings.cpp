@@ -15,7 +15,7 @@
 namespace marlinset {
 namespace {
 
-/// Sets the tick exactly as told, also "none of the choice", which an exclusive button would refuse.
+/// Sets the tick exactly as given, even "none of the choice", which an exclusive button would refuse.
 void SetTick(QAbstractButton& button, bool on) {
   if (button.isChecked() == on) return;
   const bool exclusive = button.autoExclusive();
@@ -32,8 +32,8 @@ QList<QAbstractButton*> OptionsIn(const QWidget& band) {
   return options;
 }
 
-/// Tab, space and arrows begin at the option that is chosen: it alone is in the Tab key's way, and takes the
-/// focus from the one that was chosen before.
+/// Tab, space and arrows begin at the selected option: only that one is in the tab order, and it takes the
+/// focus from the previously selected one.
 void LeadKeysToChoice(const QWidget& band) {
   QAbstractButton* chosen = ChosenOption(band);
   for (QAbstractButton* option : OptionsIn(band)) {
@@ -44,7 +44,7 @@ void LeadKeysToChoice(const QWidget& band) {
   }
 }
 
-/// While one option of a band waits for its turn, the band shows it as chosen.
+/// While one option of a band waits for its turn, the band shows it as selected.
 bool IsChoicePending(const QWidget& band) {
   const auto options = OptionsIn(band);
   return std::any_of(options.begin(), options.end(),
@@ -61,7 +61,7 @@ Binding& Tie(QWidget& widget, Control& control, std::function<void()> show) {
   return *binding;
 }
 
-/// A menu entry's share of what Binding is for widgets.
+/// Does for a menu entry what Binding does for widgets.
 class ActionBinding : public QObject {
  public:
   using ShowText = std::function<void(const MenuItem&, QAction&)>;
@@ -96,7 +96,7 @@ class ActionBinding : public QObject {
 };
 
 /// Keeps keys that the rules cancel from a field. Shortcuts, pasting with the mouse and keys that type
-/// nothing are no key presses to them.
+/// nothing do not count as key presses.
 class KeyFilter : public QObject {
  public:
   KeyFilter(QLineEdit& widget, TextBox& control) : QObject(&widget), control_(control) {
@@ -183,7 +183,7 @@ Binding& Bind(QLabel& widget, Label& control, char mnemonic) {
 }
 
 Binding& Bind(QLineEdit& widget, TextBox& control) {
-  widget.setAcceptDrops(false);  // a configuration that is dropped here is to be opened, not typed
+  widget.setAcceptDrops(false);  // a configuration dropped here is opened, not typed
   new KeyFilter(widget, control);
   Binding& binding = Tie(widget, control, [&] {
     const QString text = Shown(control.Text());

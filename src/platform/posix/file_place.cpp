@@ -20,13 +20,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 40;  // as the kernel has it
+constexpr int kMostLinks = 40;  // the kernel's limit
 
 fs::path FolderOf(const fs::path& path) {
   return path.has_parent_path() ? path.parent_path() : fs::path(".");
 }
 
-/// One link on; nothing when `path` is none.
+/// Follows one link; nothing if `path` is not a link.
 std::optional<fs::path> NextLink(const fs::path& path) {
   std::error_code noLink;
   const fs::path target = fs::read_symlink(path, noLink);
@@ -40,7 +40,7 @@ bool IsNumber(const std::string& text) {
          std::all_of(text.begin(), text.end(), [](unsigned char letter) { return std::isdigit(letter); });
 }
 
-/// "~" and eight hexadecimal digits that differ with the name.
+/// "~" and eight hexadecimal digits that depend on the name.
 std::string MarkOf(std::string_view name) {
   const std::uint64_t hash = ContentHash({reinterpret_cast<const std::uint8_t*>(name.data()), name.size()});
   std::string mark = "~";
@@ -62,7 +62,7 @@ std::string BehindLinks(const std::string& path) {
 std::string RealPath(const std::string& path) {
   std::error_code unknown;
   fs::path end = path;
-  // A link that leads nowhere yet is followed, too.
+  // Follows a link that leads nowhere yet, too.
   for (int links = 0; links < kMostLinks; ++links) {
     const auto next = NextLink(end);
     if (!next) break;
@@ -98,7 +98,7 @@ std::string BackupOf(const std::string& path) {
   if (name.size() > room) {
     const std::string mark = MarkOf(name);
     std::size_t end = room - std::min(room, mark.size());
-    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;  // a whole character
+    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;  // whole letters
     name.replace(end, std::string::npos, mark);
   }
   return (place.parent_path() / name).string() + std::string(kExtension);

@@ -32,7 +32,7 @@ FileReader::FileReader(const std::string& path) : path_(path) {
   RequireRegular(path, status);
   file_ = Descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!file_.IsOpen() || ::fstat(file_.Number(), &status) != 0) throw ReadFailure(path, errno);
-  RequireRegular(path, status);  // it may have been another one a moment ago
+  RequireRegular(path, status);  // it may have been replaced since the first check
   if (static_cast<std::uint64_t>(status.st_size) > kMostFileBytes) throw TooLarge(path);
   length_ = static_cast<std::size_t>(status.st_size);
 }

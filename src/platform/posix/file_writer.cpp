@@ -19,7 +19,7 @@ namespace {
 constexpr mode_t kPermissions = 07777;
 constexpr int kGrowingFlags = O_WRONLY | O_CLOEXEC;
 
-/// What stands at a path, behind links; nothing when nothing does.
+/// The status of what a path leads to behind links; nothing if nothing is there.
 std::optional<struct stat> StatusOf(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) == 0) return status;
@@ -27,7 +27,7 @@ std::optional<struct stat> StatusOf(const std::string& path) {
   return std::nullopt;
 }
 
-/// A signal that ends the program comes before or after, not between.
+/// Holds back signals that end the program, so that none arrives in between.
 class SignalsHeld {
  public:
   SignalsHeld() {
@@ -79,7 +79,7 @@ void FileWriter::OpenFolder() {
   const std::string folder = target.has_parent_path() ? target.parent_path().string() : ".";
   constexpr int kFolder = O_DIRECTORY | O_CLOEXEC;
   folder_ = Descriptor(::open(folder.c_str(), O_RDONLY | kFolder));
-  // A folder may take files and not be listed.
+  // A folder may be writable but not readable.
   if (!folder_.IsOpen() && errno == EACCES) folder_ = Descriptor(::open(folder.c_str(), O_PATH | kFolder));
   if (!folder_.IsOpen()) throw WriteFailure(path_, errno);
 }
@@ -97,7 +97,7 @@ bool FileWriter::UnderANewName(Make make) {
   return false;
 }
 
-/// Without a name nothing stays behind when the program is killed. Not every file system can do that.
+/// A file without a name leaves nothing behind if the program is killed. Not every file system supports it.
 void FileWriter::Create(mode_t mode) {
   if (::access("/proc/self/fd", X_OK) == 0) {
     file_ = Descriptor(::openat(folder_.Number(), ".", O_TMPFILE | kGrowingFlags, mode));
@@ -110,7 +110,7 @@ void FileWriter::Create(mode_t mode) {
   if (!UnderANewName(create)) throw WriteFailure(path_, errno);
 }
 
-/// What may not be kept of owner and group is not: the new file is no less private for it.
+/// Keeps owner and group only as far as permitted; that never makes the new file less private.
 void FileWriter::TakeOver(const struct stat& like) const {
   mode_t mode = like.st_mode & kPermissions;
   const bool kept = ::fchown(file_.Number(), like.st_uid, like.st_gid) == 0 ||
@@ -126,11 +126,11 @@ void FileWriter::Write(std::span<const std::uint8_t> bytes) {
 void FileWriter::Commit() {
   if (::fsync(file_.Number()) != 0) throw WriteFailure(path_, errno);
   Place();
-  // The new name outlives a power cut from here on. Some file systems can't be asked for that.
+  // From here on the new name survives a power cut. Some file systems do not support this request.
   (void)::fsync(folder_.Number());
 }
 
-/// The content has a temporary name for as long as it takes to give it the final one.
+/// The content has a temporary name only until it gets the final one.
 void FileWriter::Place() {
   const SignalsHeld untilDone;
   const std::string nameless = "/proc/self/fd/" + std::to_string(file_.Number());

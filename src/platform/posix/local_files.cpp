@@ -41,7 +41,7 @@ void LocalFiles::Backup(const std::string& path) {
   if (::stat(path.c_str(), &status) != 0) throw ReadFailure(path, errno);
   const std::string backup = BackupOf(path);
   std::error_code unknown;
-  // The backup takes the place of a link: what that leads to is somebody else's.
+  // The backup replaces a link, because the file behind it belongs to somebody else.
   if (std::filesystem::is_symlink(backup, unknown)) std::filesystem::remove(backup, unknown);
   FileWriter kept(backup, status);
   kept.Write(file.ReadAll());

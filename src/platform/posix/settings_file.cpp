@@ -24,8 +24,8 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kSection = "Window";
 
-/// Holds other tools off while one reads, changes and writes. The file itself is replaced and can't be
-/// locked, so its folder is. Some file systems have no locks, and a lock that stays held is somebody else's.
+/// Keeps other tools out while one reads, changes and writes. Locks the folder, because the file itself is
+/// replaced. Some file systems have no locks, and a lock that is never released belongs to somebody else.
 class FolderLock {
  public:
   explicit FolderLock(const fs::path& folder)
@@ -42,7 +42,7 @@ class FolderLock {
   Descriptor folder_;
 };
 
-/// Empty when there is no file.
+/// Empty if there is no file.
 std::string TextOf(const std::string& path) {
   try {
     return ReadText(path);
@@ -57,7 +57,7 @@ std::string TextOf(const std::string& path) {
 SettingsFile::SettingsFile(const std::string& path) {
   if (IsNullDevice(path)) return;
   std::error_code unknown;
-  const fs::path whole = fs::absolute(path, unknown);  // the program goes to other folders
+  const fs::path whole = fs::absolute(path, unknown);  // the program changes its folder
   path_ = unknown ? path : whole.string();
   values_ = ReadSettings(TextOf(path_), kSection);
 }

@@ -14,18 +14,18 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-/// What stands behind a backslash, and what it means.
+/// The characters after a backslash and their meanings.
 constexpr std::string_view kEscaped = "abfnrtv\"?'\\";
 constexpr std::string_view kMeant = "\a\b\f\n\r\t\v\"?'\\";
-/// In front of a value that begins with one itself: programs that share the format mark types with it.
+/// Precedes a value that begins with one itself: programs that share the format use it to mark types.
 constexpr char kTypeMark = '@';
 
-/// A line, or several that quotes or a backslash at the end join.
+/// A line, or several joined by quotes or a backslash at the end.
 struct Line {
   std::size_t begin;
-  std::size_t end;  ///< behind the line break
+  std::size_t end;  ///< after the line break
   std::string_view key;
-  std::optional<std::string_view> value;  ///< of a KEY=VALUE line, as it is written
+  std::optional<std::string_view> value;  ///< of a KEY=VALUE line, as written
 };
 
 std::string_view Stripped(std::string_view text) {
@@ -34,7 +34,7 @@ std::string_view Stripped(std::string_view text) {
   return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
 }
 
-/// Position of the line break at or behind `at`, or the end of the text.
+/// Position of the line break at or after `at`, or the end of the text.
 std::size_t BreakBehind(std::string_view text, std::size_t at) {
   return std::min(text.find('\n', at), text.size());
 }
@@ -62,7 +62,7 @@ Line LineAt(std::string_view text, std::size_t begin) {
   return line;
 }
 
-/// Calls `take` with each line and whether it stands in the section.
+/// Calls `take` with each line and whether it belongs to the section.
 void WalkLines(std::string_view text, std::string_view section,
                const std::function<void(const Line&, bool)>& take) {
   bool inSection = false;
@@ -78,7 +78,7 @@ void WalkLines(std::string_view text, std::string_view section,
   }
 }
 
-/// A number in hexadecimal digits at the beginning of `text`, which it takes off.
+/// Removes a hexadecimal number from the beginning of `text` and returns it.
 char32_t TakeHex(std::string_view& text, std::size_t most) {
   std::uint32_t code = 0;
   const char* end = text.data() + std::min(text.size(), most);
@@ -87,7 +87,7 @@ char32_t TakeHex(std::string_view& text, std::size_t most) {
   return code;
 }
 
-/// Letters, digits and a few marks stand in a key as they are, others as %XX or %UXXXX.
+/// A key contains letters, digits and a few marks unchanged, other characters as %XX or %UXXXX.
 std::string ReadKey(std::string_view written) {
   std::string key;
   while (!written.empty()) {
@@ -116,7 +116,7 @@ std::string WrittenKey(std::string_view key) {
   return written;
 }
 
-/// The text behind a backslash; moves behind the escape.
+/// The text of an escape; moves past the escape.
 std::string TakeEscape(std::string_view& rest) {
   if (rest.empty()) return {};
   const char letter = rest.front();
@@ -127,12 +127,12 @@ std::string TakeEscape(std::string_view& rest) {
   return meaning == std::string_view::npos ? std::string() : std::string(1, kMeant[meaning]);
 }
 
-/// A value as it is written; nothing for the mark of a value that is none.
+/// Decodes a written value; nothing for the mark of an invalid value.
 std::optional<std::string> ReadValue(std::string_view written) {
   std::string value;
-  std::size_t entry = 0;  // where the present entry of a list begins in `value`
+  std::size_t entry = 0;  // where the current list entry begins in `value`
   bool quoted = false;
-  std::size_t solid = 0;  // blanks behind this are not of the value
+  std::size_t solid = 0;  // blanks after this do not belong to the value
   std::string_view rest = Stripped(written);
   const auto endEntry = [&] { value.resize(std::max(solid, entry)); };
   while (!rest.empty()) {
@@ -162,7 +162,7 @@ std::optional<std::string> ReadValue(std::string_view written) {
 
 std::string WrittenValue(std::string_view value) {
   std::string written = value.starts_with(kTypeMark) ? std::string(1, kTypeMark) : std::string();
-  bool afterHex = false;  // a hexadecimal digit would be taken for one of the escape
+  bool afterHex = false;  // a hexadecimal digit would count as part of the escape
   for (const char letter : value) {
     const auto byte = static_cast<std::uint8_t>(letter);
     const auto meaning = kMeant.find(letter);

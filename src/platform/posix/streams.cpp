@@ -23,7 +23,7 @@ bool IsPipe(const std::string& path) {
 
 void HoldStandardStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    // A new file gets the lowest number that is free, which is this one.
+    // A new file gets the lowest free number, which is this one.
     if (::fcntl(stream, F_GETFD) < 0) (void)::open("/dev/null", O_RDONLY);
   }
 }

@@ -7,8 +7,8 @@
 namespace marlinset {
 namespace {
 
-/// Kernels reserve nodes for built-in ports (ttyS0 to ttyS31) whether or not the hardware is there; one
-/// without hardware has the UART type 0. Adapters have no such type at all.
+/// Kernels reserve nodes for built-in ports (ttyS0 to ttyS31) whether or not the hardware is there; a node
+/// without hardware has the UART type 0. Adapters have no such type.
 bool HasHardware(const QSerialPortInfo& port) {
   QFile uart("/sys/class/tty/" + port.portName() + "/type");
   return !uart.open(QIODevice::ReadOnly) || uart.readAll().trimmed() != "0";

@@ -18,7 +18,7 @@
 namespace marlinset {
 namespace {
 
-/// A signal's handler may do next to nothing: it writes the number, and the event loop reads it.
+/// A signal handler may do almost nothing: it writes the number, and the event loop reads it.
 std::array<int, 2> pipeEnds{-1, -1};
 OutsideEnds* listening = nullptr;
 
@@ -57,8 +57,8 @@ OutsideEnds::~OutsideEnds() {
   for (int& end : pipeEnds) ::close(std::exchange(end, -1));
 }
 
-/// exit() destroys what is static under the feet of all that lives in the middle of the run, so it goes no
-/// further than here.
+/// exit() would destroy static objects while the rest of the program still uses them, so it ends
+/// here.
 void OutsideEnds::LeaveOnExit(int status, void* /*unused*/) {
   if (listening == nullptr) return;
   listening->Leave();
@@ -66,7 +66,7 @@ void OutsideEnds::LeaveOnExit(int status, void* /*unused*/) {
   std::_Exit(status);
 }
 
-/// Without a pipe signals end the program as they do any other.
+/// Without a pipe, signals end the program as they end any other.
 void OutsideEnds::Listen() {
   if (::pipe2(pipeEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
   notifier_ = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
@@ -106,7 +106,7 @@ void OutsideEnds::Leave() noexcept {
   try {
     std::exchange(duties_.leave, [] {})();
   } catch (...) {
-    // Nobody is left who could be told.
+    // There is nobody left to tell.
   }
 }
 

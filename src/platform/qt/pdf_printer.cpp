@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kDotsPerInch = 600;
 
-/// The paper in the printers around: a document has none of its own.
+/// The paper that printers here use, because a document has none of its own.
 QPageSize LocalPaper() {
   const bool american = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
   return QPageSize(american ? QPageSize::Letter : QPageSize::A4);
@@ -32,7 +32,7 @@ class PdfJob : public PrintJob {
  public:
   explicit PdfJob(const PrintRequest& request)
       : title_(QString::fromStdString(request.title)), path_(request.file) {
-    // From the beginning, so that a place that takes no document is told before the work.
+    // Opened first, so that an unwritable place is reported before the work.
     if (!OwnStream(path_)) file_.emplace(path_);
   }
   void PrintForm(const PrintedForm& form) override { forms_.push_back(form); }
@@ -64,7 +64,7 @@ class PdfJob : public PrintJob {
   }
   QString title_;
   std::string path_;
-  std::optional<FileWriter> file_;  // none for a stream of the program's own
+  std::optional<FileWriter> file_;  // none if it writes to an open stream of the program
   std::vector<PrintedForm> forms_;
 };
 
@@ -75,7 +75,7 @@ std::unique_ptr<PrintJob> PdfPrinter::Begin(const PrintRequest& request) {
   if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
     throw RuntimeError(kErrPrinter, "Printer error: this program has no fonts to print with");
   }
-  // Without fonts Qt has names of families all the same, and prints boxes.
+  // Even without fonts Qt has family names, and would print boxes.
   if (!QFontMetricsF(QFont()).inFont(u'A')) {
     throw PrinterError("This computer has no font to print with. Install one, such as fonts-dejavu-core.");
   }

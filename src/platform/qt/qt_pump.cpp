@@ -47,7 +47,7 @@ void QtPump::End() {
 void QtPump::HandleEvents(bool sleep) {
   QCoreApplication::processEvents(sleep ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents
                                         : QEventLoop::AllEvents);
-  // What the events brought about belongs to them: the line reports its bytes this way.
+  // Also handles what these events triggered: the line reports its bytes this way.
   QCoreApplication::sendPostedEvents();
 }
 

@@ -23,7 +23,7 @@ std::string InUse(const std::string& device) {
   return device + " is in use by another program. Close that program, or choose another port.";
 }
 
-/// What is wrong with a device that could not be opened, and what helps.
+/// Why a device could not be opened, and what helps.
 std::string Reason(const std::string& device, const QFileInfo& node, const QSerialPort& serial) {
   if (serial.error() == QSerialPort::DeviceNotFoundError) {
     return "there is no device " + device + ". Plug it in, or choose another port.";
@@ -45,15 +45,15 @@ std::string Reason(const std::string& device, const QFileInfo& node, const QSeri
          node.owner().toStdString() + ".";
 }
 
-/// Many terminal programs mark a port as theirs by an advisory lock alone, which keeps nobody from opening
-/// it: both would get a part of each reply. False when another program has done so; otherwise the port is
-/// marked as ours until it is closed.
+/// Many terminal programs claim a port only by an advisory lock, which does not keep others from opening it:
+/// then each would get a part of each reply. Returns false if another program has claimed the port; otherwise
+/// claims it until it is closed.
 bool Claim(const QSerialPort& serial) {
   return flock(serial.handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
-/// The path to open a device by. QSerialPort locks a device by its name, so of several names it gets the real
-/// one; a name alone is looked for in /dev as well.
+/// The path by which to open a device. QSerialPort locks a device by its name, so it gets the real one of
+/// several names; a name without a folder is also looked up in /dev.
 QString RealName(const std::string& device) {
   QString name = QString::fromStdString(device);
   for (const QString& path : {name, "/dev/" + name}) {
@@ -118,7 +118,7 @@ void QtSerialPort::Open() {
     serial_.close();
     throw RuntimeError(kErrPort, failure + InUse(device));
   }
-  serial_.clear(QSerialPort::Input);  // what came before the opening is nobody's reply
+  serial_.clear(QSerialPort::Input);  // bytes from before the opening are nobody's reply
 }
 
 void QtSerialPort::Close() {
@@ -176,8 +176,8 @@ void QtSerialPort::TakeArrivals() {
 }
 
 void QtSerialPort::LineWasQuiet() {
-  // After a stall of the program the gap is over and the rest is there as well: look before giving up on it.
-  // Bytes that come this way arrive at TakeArrivals, which starts the gap anew.
+  // After a stall of the program, the gap is over but the rest may have arrived: look before giving up on it.
+  // TakeArrivals receives such bytes and starts the gap anew.
   if (serial_.waitForReadyRead(0) || gap_.isActive() || !PortOpen()) return;
   gate_.Quiet();
   Deliver();
@@ -194,15 +194,15 @@ void QtSerialPort::Deliver() {
 }
 
 void QtSerialPort::NoteError(QSerialPort::SerialPortError error) {
-  // Others are harmless: none at all, raised at every opening; an operation that pseudo terminals lack; a
-  // look for bytes that finds none. A line that is full fails a write as a device does that has gone.
+  // Other errors are harmless: none at all, raised at every opening; an operation that pseudo terminals lack;
+  // a look for bytes that finds none. A write to a full line fails like one to a device that has gone.
   const bool deviceFailed = error == QSerialPort::WriteError || error == QSerialPort::ReadError ||
                             error == QSerialPort::ResourceError;
   if (!deviceFailed || !PortOpen() || !HungUp()) return;
   closePending_ = true;
   deviceGone_ = true;
   gap_.stop();
-  // Not from here: QSerialPort is in the middle of the read or write that failed.
+  // Not directly: QSerialPort is in the middle of the read or write that failed.
   QMetaObject::invokeMethod(
       &listener_, [this] { CloseLost(); }, Qt::QueuedConnection);
 }
@@ -213,7 +213,7 @@ bool QtSerialPort::HungUp() const {
   return gone || !QFileInfo::exists(RealName(serial_.portName().toStdString()));
 }
 
-/// QSerialPort does not try again by itself when a write has found the line full.
+/// QSerialPort does not retry by itself after a write has found the line full.
 void QtSerialPort::PressOn() {
   serial_.flush();
   const qint64 waiting = PortOpen() ? serial_.bytesToWrite() : 0;
@@ -228,14 +228,14 @@ void QtSerialPort::PressOn() {
 }
 
 void QtSerialPort::CloseLost() {
-  if (!closePending_) return;  // the tool was faster and has closed the port, or opened it again
+  if (!closePending_) return;  // meanwhile the tool has closed the port, or reopened it
   Close();
   Raise(kCommDeviceGone);
 }
 
 void QtSerialPort::RaiseLater(int event) {
-  // Not from here: QSerialPort reports no bytes while its report of bytes has not come back, and a handler
-  // may show a box.
+  // Not directly: QSerialPort reports no more bytes until this report has returned, and a handler may show a
+  // box.
   QMetaObject::invokeMethod(
       &listener_,
       [this, event] {

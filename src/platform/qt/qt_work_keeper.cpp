@@ -15,7 +15,7 @@
 namespace marlinset {
 namespace {
 
-/// More tools than this do not run at once; beyond it the folder is no place to keep anything.
+/// No more tools than this run at once; beyond it the folder is unusable.
 constexpr int kMostNumbers = 1000;
 
 constexpr std::string_view kDeclined = "declined";
@@ -34,14 +34,14 @@ QString QtWorkKeeper::PathOf(int number, const char* extension) const {
   return folder_.filePath(QString::number(number) + QLatin1String(extension));
 }
 
-/// The lock of a run that was killed counts as none.
+/// The lock of a killed run does not count.
 std::unique_ptr<QLockFile> QtWorkKeeper::Lock(const QString& path) {
   auto lock = std::make_unique<QLockFile>(path);
   lock->setStaleLockTime(0);
   return lock->tryLock() ? std::move(lock) : nullptr;
 }
 
-/// The first number that no living run has and under which nothing is left.
+/// The first number that no running tool has and that has no left work.
 void QtWorkKeeper::TakeNumber() {
   folder_.mkpath(QStringLiteral("."));
   for (int number = 1; number <= kMostNumbers; ++number) {
@@ -84,7 +84,7 @@ std::vector<LeftWork> QtWorkKeeper::Left() {
     const int number = info.completeBaseName().toInt();
     if (number == 0 || number == number_ || !Lock(PathOf(number, ".lock"))) continue;
     QFile name(PathOf(number, ".name"));
-    (void)name.open(QIODevice::ReadOnly);  // work without a name is work all the same
+    (void)name.open(QIODevice::ReadOnly);  // work without a name still counts
     const QList<QByteArray> lines = name.readAll().split('\n');
     all.push_back({info.filePath().toStdString(), lines.value(0).toStdString(), lines.value(1).toStdString(),
                    QLocale().toString(info.lastModified(), QLocale::ShortFormat).toStdString(),
@@ -119,7 +119,7 @@ QString QtWorkKeeper::DeclinedPath(int number) const {
 void QtWorkKeeper::DeclineLeft(const std::string& file) {
   const std::vector<int> present = Declined();
   int number = present.empty() ? 1 : present.back() + 1;
-  // A renamed file needs no room on a full disk. Another tool may take the same number.
+  // Renaming needs no room on a full disk. Another tool may take the same number.
   const QString left = QString::fromStdString(file);
   while (!QFile::rename(left, DeclinedPath(number)) && QFile::exists(DeclinedPath(number))) ++number;
   if (QFile::exists(left)) return;

@@ -17,11 +17,11 @@ constexpr double kMillimetresPerPoint = kMillimetresPerInch / 72;
 constexpr double kMarginMillimetres = 12;
 constexpr double kTextPoints = 9;
 constexpr double kTitlePoints = 13;
-/// Painting is done in hundredths of a millimetre, so that fonts keep whole sizes.
+/// Paints in hundredths of a millimetre, so that fonts keep integer sizes.
 constexpr double kUnits = 100;
-/// Qt takes less for no space at all.
+/// Qt treats anything less as no space.
 constexpr double kLetterSpace = 1;
-/// A text is narrowed to this before it is cut.
+/// A text is narrowed down to this before it is cut.
 constexpr double kNarrowest = 0.6;
 
 QFont FontOf(PrintLook look) {
@@ -30,8 +30,8 @@ QFont FontOf(PrintLook look) {
   const double points = look == PrintLook::kTitle ? kTitlePoints : kTextPoints;
   font.setPixelSize(static_cast<int>(points * kMillimetresPerPoint * kUnits));
   font.setBold(look == PrintLook::kBold || look == PrintLook::kTitle);
-  // Letters stay letters: a document in which "fi" is one glyph can't be searched for it. Spaced text has no
-  // ligatures.
+  // Keeps letters separate: a document in which "fi" is one glyph can't be searched for it. Spaced text has
+  // no ligatures.
   font.setLetterSpacing(QFont::AbsoluteSpacing, kLetterSpace);
   return font;
 }
@@ -52,7 +52,7 @@ void PaintText(QPainter& painter, const QRectF& area, const PrintItem& item) {
   painter.setFont(FontOf(item.look));
   painter.setPen(item.look == PrintLook::kFaint ? QColor(80, 80, 80) : QColor(Qt::black));
   const QFontMetricsF metrics(painter.font());
-  // What a line holds, whatever breaks of line the text came with.
+  // One line, whatever line breaks the text contained.
   QString text = QString::fromStdString(item.text).replace(QLatin1Char('\n'), QLatin1Char(' '));
   const double needed = metrics.horizontalAdvance(text);
   const double narrowed = needed <= area.width() ? 1 : std::max(kNarrowest, area.width() / needed);
@@ -67,7 +67,7 @@ void PaintText(QPainter& painter, const QRectF& area, const PrintItem& item) {
   painter.restore();
 }
 
-/// The cross is a letter, so that a document tells it too.
+/// The cross is a letter, so that a document's text contains it too.
 void PaintCheck(QPainter& painter, const QRectF& area, const PrintItem& item) {
   const double side = std::min(area.width(), area.height()) * 0.66;
   QRectF box(0, 0, side, side);
@@ -100,7 +100,7 @@ void PaintItem(QPainter& painter, const PrintItem& item) {
   }
 }
 
-/// Brings the sheet's own measure onto the device: as it is, or smaller where the paper is smaller.
+/// Maps the sheet's measure to the device: unchanged, or scaled down for smaller paper.
 void SetScale(QPainter& painter, const QPagedPaintDevice& device) {
   const QRectF paper = device.pageLayout().paintRect(QPageLayout::Millimeter);
   const double fit = std::min({1.0, paper.width() / kSheetWidth, paper.height() / kSheetHeight}) /
