@@ -10,6 +10,7 @@
 #include "gui/widgets/document_view.h"
 #include "gui/widgets/icons.h"
 #include "gui/widgets/look.h"
+#include "gui/widgets/screen_fit.h"
 
 namespace marlinset {
 namespace {
@@ -56,6 +57,7 @@ GuideWindow::GuideWindow(const std::string& folder)
   view_->setFocus();
   resize(QSize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines)
              .boundedTo(screen()->availableSize() * 0.9));
+  new ScreenFit(*this);
 }
 
 void GuideWindow::ShowFor(const FrmStart& form) {

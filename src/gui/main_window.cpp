@@ -22,6 +22,7 @@
 #include "gui/widgets/group.h"
 #include "gui/widgets/icons.h"
 #include "gui/widgets/look.h"
+#include "gui/widgets/screen_fit.h"
 #include "gui/widgets/widget_bindings.h"
 #include "panels/unsaved_changes.h"
 
@@ -106,25 +107,15 @@ void MainWindow::TakePlace() {
   place_ = form_.Place();
   const QSize kept(Pixels(place_.width), Pixels(place_.height));
   const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
-  StandAt({Pixels(place_.left), Pixels(place_.top)}, kept.expandedTo({tools_->sizeHint().width(), 0}), frame);
-}
-
-/// `corner` is the frame's, `size` what it encloses.
-void MainWindow::StandAt(QPoint corner, QSize size, QMargins frame) {
-  const QRect desk = screen()->availableGeometry();
-  size = size.boundedTo(desk.marginsRemoved(frame).size());
-  const QRect whole =
-      QRect(corner, size).marginsAdded({0, 0, frame.left() + frame.right(), frame.top() + frame.bottom()});
-  resize(size);
-  move(qBound(desk.left(), corner.x(), desk.right() + 1 - whole.width()),
-       qBound(desk.top(), corner.y(), desk.bottom() + 1 - whole.height()));
+  StandOnScreen(*this, {Pixels(place_.left), Pixels(place_.top)},
+                kept.expandedTo({tools_->sizeHint().width(), 0}), frame);
 }
 
 /// The size of the window manager's frame is known only some time after the window is shown, if ever.
 void MainWindow::FitFrame() {
   if (frameFits_ || !Stands() || windowHandle()->frameMargins().isNull()) return;
   frameFits_ = true;
-  StandAt(pos(), size(), windowHandle()->frameMargins());
+  StandOnScreen(*this, pos(), size(), windowHandle()->frameMargins());
   NotePlace();
 }
 

@@ -40,7 +40,6 @@ class MainWindow : public QMainWindow {
   bool Stands() const;
   void NotePlace();
   void FitFrame();
-  void StandAt(QPoint corner, QSize size, QMargins frame);
 
   FrmStart& form_;
   WindowHooks hooks_;

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <optional>
 
 #include "gui/panel_views.h"
 #include "gui/parameter_model.h"
@@ -63,15 +66,58 @@ class ValueDelegate : public QStyledItemDelegate {
   ParameterModel& model_;
 };
 
-/// Edits a row at its value, whichever of its cells is current.
+/// Edits a row at its value, whichever of its cells is current. A double click opens the editor with all of the
+/// number selected; a hand that clicks once more wants that as well.
 class ParameterTable : public QTableView {
  public:
   using QTableView::QTableView;
+  bool IsEdited() const { return state() == EditingState; }
 
  protected:
   bool edit(const QModelIndex& cell, EditTrigger trigger, QEvent* event) override {
-    return QTableView::edit(cell.siblingAtColumn(ParameterModel::kValue), trigger, event);
+    const QModelIndex value = cell.siblingAtColumn(ParameterModel::kValue);
+    if (!QTableView::edit(value, trigger, event)) return false;
+    if (trigger == DoubleClicked && indexWidget(value)) {
+      opened_ = static_cast<QMouseEvent*>(event)->timestamp();
+      WatchFurtherClicks(*indexWidget(value));
+    }
+    return true;
   }
+
+  /// The press has taken the focus from the editor, which closed.
+  void mousePressEvent(QMouseEvent* event) override {
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    if (IsFurtherClick(*event) && cell.row() == currentIndex().row()) {
+      QTableView::edit(cell.siblingAtColumn(ParameterModel::kValue));
+    } else {
+      QTableView::mousePressEvent(event);
+    }
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const QEvent::Type type = event->type();
+    const bool mouse =
+        type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick || type == QEvent::MouseMove;
+    auto* field = mouse ? indexWidget(currentIndex().siblingAtColumn(ParameterModel::kValue)) : nullptr;
+    const bool inEditor = field && (watched == field || watched->parent() == field);
+    if (!inEditor || !IsFurtherClick(*static_cast<QMouseEvent*>(event))) {
+      return QTableView::eventFilter(watched, event);
+    }
+    static_cast<SpinField*>(field)->selectAll();
+    return true;
+  }
+
+ private:
+  void WatchFurtherClicks(QWidget& field) {
+    field.installEventFilter(this);
+    for (auto* part : field.findChildren<QLineEdit*>()) part->installEventFilter(this);
+  }
+  bool IsFurtherClick(const QMouseEvent& event) const {
+    const auto interval = static_cast<quint64>(QApplication::doubleClickInterval());
+    return event.buttons() != Qt::NoButton && opened_ && event.timestamp() - *opened_ < interval;
+  }
+
+  std::optional<quint64> opened_;  ///< by a double click at this time of the desktop
 };
 
 /// An arrow on the head by which the list is sorted.
@@ -116,7 +162,7 @@ void SetUpTable(QTableView* table) {
 }
 
 /// Heads, arrow and scrolling follow the list.
-void FollowModel(QTableView* table, ParameterModel* model, FrmStart& form) {
+void FollowModel(ParameterTable* table, ParameterModel* model, FrmStart& form) {
   QObject::connect(
       table->horizontalHeader(), &QHeaderView::sectionClicked, model, [model, table](int column) {
         OperatorQueue::OfProgram().Take(model->Head(column), {OperatorAction::Kind::kClick}, Turn::kInOrder,
@@ -129,14 +175,17 @@ void FollowModel(QTableView* table, ParameterModel* model, FrmStart& form) {
   table->horizontalHeader()->setSortIndicatorShown(true);
   ShowSort(*table->horizontalHeader(), *model);
   QObject::connect(model, &ParameterModel::Arranged, table, [table, &form] {
-    if (table->findChild<SpinField*>()) {
+    if (table->IsEdited()) {
       table->scrollTo(table->currentIndex());
     } else if (form.bClass.Arrow() == SortArrow::kRising) {
       table->scrollToTop();
     }
   });
-  QObject::connect(model, &ParameterModel::Marked, table, [table](const QModelIndex& cell) {
-    if (table->isVisible()) table->scrollTo(cell);
+  auto* keeper = new ScrollKeeper(*table, form);
+  keeper->HeedHands();
+  QObject::connect(model, &ParameterModel::Marked, table, [table, keeper](const QModelIndex& cell) {
+    if (table->IsEdited()) keeper->LeaveToHands();
+    if (table->isVisible() && keeper->MayScroll()) table->scrollTo(cell);
   });
 }
 
@@ -150,7 +199,6 @@ QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent) {
   table->setItemDelegate(new ValueDelegate(form, *model, table));
   SetUpTable(table);
   FollowModel(table, model, form);
-  new ScrollKeeper(*table, form);
   BindFlags(*table, form.pParIn);
   // On a wide screen a value stays beside its description.
   table->setMaximumWidth(FiguresWidth(*table, kWidestFigures));

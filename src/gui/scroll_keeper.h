@@ -18,12 +18,23 @@ class ScrollKeeper : public QObject {
  public:
   ScrollKeeper(QAbstractScrollArea& area, FrmStart& form);
 
+  /// From a press, a key or a turn of the wheel in the area on, the rest of a send leaves it alone.
+  void HeedHands();
+  /// The operator is at work in the area.
+  void LeaveToHands() { place_.reset(); }
+  /// Whether what is sent may be brought into view.
+  bool MayScroll() const { return !sending_ || place_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void Follow(bool sending);
 
   QAbstractScrollArea& area_;
   bool sending_ = false;
-  std::optional<int> place_;  ///< of the vertical bar, before the send
+  std::optional<int>
+      place_;  ///< of the vertical bar before the send, while the operator leaves it to the send
   Listening<> listening_;
 };
 

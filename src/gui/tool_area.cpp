@@ -122,7 +122,8 @@ QWidget* ToolArea::MakeViews(FrmStart& form) {
   for (const int i : form.oView.Indices()) {
     auto* segment = new SegmentButton(band);
     segment->setFocusPolicy(Qt::TabFocus);
-    Bind(*segment, form.oView(i));
+    // It sends nothing, and what the operator does next is meant for the panel he has just chosen.
+    Bind(*segment, form.oView(i), Turn::kAtOnce);
     row->addWidget(segment);
     if (i == 0) segment->SetPlace(SegmentButton::Place::kFirst);
     if (i == form.oView.UBound()) segment->SetPlace(SegmentButton::Place::kLast);

@@ -110,6 +110,20 @@ TEST_F(LooksTest, ASendShowsWhereItIsAndLeavesTheListWhereItWas) {
   };
   EXPECT_EQ(send([&] { EXPECT_LT(bar.value(), 30); }), 30);
   EXPECT_EQ(send([&] { bar.triggerAction(QAbstractSlider::SliderToMaximum); }), bar.maximum());
+  for (const std::function<void()>& hand :
+       {std::function<void()>([&] { QTest::mouseClick(table.viewport(), Qt::LeftButton); }),
+        std::function<void()>([&] { QTest::keyClick(&table, Qt::Key_Down); }),
+        std::function<void()>([&] { table.edit(table.model()->index(1, 3)); })}) {
+    int place = 0;
+    const int left = send([&] {
+      hand();
+      place = bar.value();
+      form_.lDesc(99).SetBackColor(kYellow);
+      EXPECT_EQ(bar.value(), place) << "the list runs away under the operator's hand";
+      form_.lDesc(99).SetBackColor(kWhite);
+    });
+    EXPECT_EQ(left, place);
+  }
 }
 
 TEST_F(LooksTest, TheByteLogTellsTheDirectionAndForgetsNothingOfIt) {

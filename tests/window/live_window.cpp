@@ -74,21 +74,23 @@ void LiveWindow::Settle() {
   TurnQtsLoop();
 }
 
-void LiveWindow::Mouse(QWidget& widget, QPoint at, Qt::MouseButtons buttons, Qt::MouseButton button,
-                       int type) {
+void LiveWindow::Mouse(QWidget& widget, QPoint at, Qt::MouseButtons buttons, Qt::MouseButton button, int type,
+                       int moment) {
   QWindow* window = widget.window()->windowHandle();
   if (!window) return;
   qt_handleMouseEvent(window, widget.mapTo(widget.window(), at), widget.mapToGlobal(at), buttons, button,
-                      static_cast<QEvent::Type>(type), Qt::NoModifier, NextMoment());
+                      static_cast<QEvent::Type>(type), Qt::NoModifier, moment);
 }
 
 void LiveWindow::Move(QWidget& widget, QPoint at) {
-  Mouse(widget, at, Qt::NoButton, Qt::NoButton, QEvent::MouseMove);
+  Mouse(widget, at, Qt::NoButton, Qt::NoButton, QEvent::MouseMove, NextMoment());
 }
 
-void LiveWindow::Click(QWidget& widget, QPoint at) {
-  Mouse(widget, at, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress);
-  Mouse(widget, at, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease);
+void LiveWindow::Click(QWidget& widget, QPoint at, int times) {
+  for (const int moment = NextMoment(); times > 0; --times) {
+    Mouse(widget, at, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress, moment);
+    Mouse(widget, at, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease, moment);
+  }
 }
 
 void LiveWindow::ClickArrow(QWidget& spin, bool up) {

@@ -28,7 +28,8 @@ class LiveWindow {
   static void Settle();
 
   void Move(QWidget& widget, QPoint at);
-  void Click(QWidget& widget, QPoint at);
+  /// `times`: as quickly as double clicks are.
+  void Click(QWidget& widget, QPoint at, int times = 1);
   void Click(QWidget& widget) { Click(widget, widget.rect().center()); }
   /// The arrow of a spin.
   void ClickArrow(QWidget& spin, bool up);
@@ -41,7 +42,8 @@ class LiveWindow {
   std::vector<std::string> Disagreements() const;
 
  private:
-  void Mouse(QWidget& widget, QPoint at, Qt::MouseButtons buttons, Qt::MouseButton button, int type);
+  void Mouse(QWidget& widget, QPoint at, Qt::MouseButtons buttons, Qt::MouseButton button, int type,
+             int moment);
 
   ToolRig& rig_;
   std::unique_ptr<MainWindow> window_;

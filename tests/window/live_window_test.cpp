@@ -203,6 +203,24 @@ TEST_P(LiveWindowTest, OneClickIsOneStepAndOneMessage) {
   }
 }
 
+TEST_P(LiveWindowTest, AClickBeyondTheSecondKeepsTheNumberSelected) {
+  desk_.Show(3);
+  QTableView& table = Parameters(desk_);
+  const QRect name = table.visualRect(table.model()->index(0, 2));
+  const QRect value = table.visualRect(table.model()->index(0, 3));
+  int number = 80;
+  for (const QPoint at : {name.center(), value.center(), value.bottomRight() - QPoint(5, 5)}) {
+    for (const int times : {3, 4}) {
+      desk_.Click(*table.viewport(), at, times);
+      LiveWindow::Settle();
+      desk_.Type(std::to_string(++number).c_str());
+      desk_.Key(Qt::Key_Return);
+      LiveWindow::Settle();
+      EXPECT_EQ(FirstParameter(form_).Value(), number);
+    }
+  }
+}
+
 class LateAnswersTest : public LiveWindowTest {
  protected:
   /// Does something when the exchange that begins next has lasted a while.
@@ -235,6 +253,20 @@ TEST_P(LateAnswersTest, WhatFallsIntoAWaitIsDoneWhenItIsOver) {
         << "but the operator sees what he did";
   });
   EXPECT_EQ(std::abs(form_.udVer(14).Value() - before), 3 * form_.udVer(14).Increment());
+}
+
+/// Nothing goes to the unit, and what the operator does next is meant for the panel he has chosen.
+TEST_P(LateAnswersTest, APanelIsChosenInAWait) {
+  const bool preview = form_.chPrev.On();
+  TickInAWait([&] {
+    for (const auto& [key, panel] : {std::pair{Qt::Key_2, &form_.fOutputs}, {Qt::Key_3, &form_.fWindows}}) {
+      desk_.Key(key, Qt::AltModifier);
+      TurnQtsLoop();
+      EXPECT_TRUE(panel->Visible());
+    }
+    desk_.Key(Qt::Key_W, Qt::AltModifier);
+  });
+  EXPECT_NE(form_.chPrev.On(), preview);
 }
 
 /// In interactive mode a sort sends each parameter, so much can be done before it is over.

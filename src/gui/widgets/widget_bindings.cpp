@@ -144,7 +144,7 @@ QAbstractButton* ChosenOption(const QWidget& band) {
   return options.isEmpty() ? nullptr : options.constFirst();
 }
 
-Binding& Bind(QAbstractButton& widget, OptionButton& control) {
+Binding& Bind(QAbstractButton& widget, OptionButton& control, Turn turn) {
   widget.setCheckable(true);
   widget.setAutoExclusive(true);
   Binding& binding = Tie(widget, control, [&] {
@@ -154,8 +154,8 @@ Binding& Bind(QAbstractButton& widget, OptionButton& control) {
     SetTick(widget, control.Value());
     if (band) LeadKeysToChoice(*band);
   });
-  QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&widget, &binding] {
-    binding.Act({OperatorAction::Kind::kClick}, Turn::kInOrder, [&widget] {
+  QObject::connect(&widget, &QAbstractButton::clicked, &binding, [&widget, &binding, turn] {
+    binding.Act({OperatorAction::Kind::kClick}, turn, [&widget] {
       if (const QWidget* band = widget.parentWidget()) ShowOptions(*band);
     });
   });

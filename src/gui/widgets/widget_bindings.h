@@ -19,7 +19,7 @@ namespace marlinset {
 /// pending counts as the same press.
 Binding& Bind(QAbstractButton& widget, Button& control, char mnemonic = 0, Turn turn = Turn::kInOrder);
 /// Radio buttons and segments: the model decides which one of a choice is on.
-Binding& Bind(QAbstractButton& widget, OptionButton& control);
+Binding& Bind(QAbstractButton& widget, OptionButton& control, Turn turn = Turn::kInOrder);
 /// The option of a band that is on; the first if none is, nothing without options.
 QAbstractButton* ChosenOption(const QWidget& band);
 Binding& Bind(QCheckBox& widget, CheckBox& control, char mnemonic = 0);

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMargins>
+#include <QObject>
+#include <QPoint>
+#include <QSize>
+
+class QWidget;
+
+namespace marlinset {
+
+/// Makes the window `size`, at most as large as the screen has room for inside a frame of these margins, and
+/// puts the frame's corner where it stands whole on the screen, as near to `corner` as possible.
+void StandOnScreen(QWidget& window, QPoint corner, QSize size, QMargins frame);
+
+/// Brings a window onto the screen with its frame, once: how much the window manager draws around it is
+/// known only some time after it has come up. Belongs to the window.
+class ScreenFit : public QObject {
+  Q_OBJECT
+ public:
+  explicit ScreenFit(QWidget& window);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Fit();
+
+  QWidget& window_;
+};
+
+}  // namespace marlinset
