@@ -159,9 +159,16 @@ bool ConfigurationFile::MayWriteOver(const std::string& name, bool named) {
              {.text = name + what,
               .buttons = BoxButtons::kYesNo,
               .icon = BoxIcon::kQuestion,
-              .remedy = Facts({open, open.empty() ? "" : FileFact("To be written", name),
+              .remedy = Facts({open, open.empty() ? "" : ToBeWritten(name),
                                "No leaves the file alone; your changes stay unsaved. Save As... stores them "
                                "under another name."})}) == BoxAnswer::kYes;
+}
+
+/// A name that has become a link says nothing about the file behind it.
+std::string ConfigurationFile::ToBeWritten(const std::string& name) const {
+  const std::string linked = known_.BehindLink(name);
+  return linked.empty() ? FileFact("To be written", name)
+                        : FileFact("To be written, where the link leads", linked);
 }
 
 void ConfigurationFile::TakeName(const LeftWork& work) {

@@ -91,6 +91,7 @@ class ConfigurationFile {
   void AskForName();
   void EnterFolder();
   bool MayWriteOver(const std::string& name, bool named);
+  std::string ToBeWritten(const std::string& name) const;
   void NameWithoutAsking();
   void WriteConfigFile();
   void ChangeToConfigFolder();

@@ -70,6 +70,13 @@ bool KnownFiles::IsElsewhere(const std::string& name) const {
   return marks_.contains(openPlace_) && folder.IsThere() && folder.place != openFolder_;
 }
 
+std::string KnownFiles::BehindLink(const std::string& name) const {
+  const std::string place = files_.Identify(name).place;
+  const bool stays = FileNameOf(place) == FileNameOf(name) &&
+                     files_.Identify(FolderOf(name)).place == files_.Identify(FolderOf(place)).place;
+  return stays ? "" : place;
+}
+
 std::string KnownFiles::Mark(const std::string& name) const {
   return Find(name).value_or(kNever);
 }

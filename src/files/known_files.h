@@ -30,6 +30,8 @@ class KnownFiles {
   /// Another folder than that of the open file, if this run has read or written that one. A folder that does
   /// not exist is none: nothing can be written there.
   bool IsElsewhere(const std::string& name) const;
+  /// Where the name leads if it is a symbolic link itself, else empty.
+  std::string BehindLink(const std::string& name) const;
 
   /// What a file held then, as a line of text for a later run. One that this run has neither read nor written
   /// has a line, too.

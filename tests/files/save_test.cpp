@@ -127,6 +127,10 @@ TEST_F(Saving, AFileIsKnownByWhereItsNameLeads) {
     vars.CurrentFile = fs::path(c.name).stem();
     fileDialog.choices = {folder.File(c.name)};
     tool.configurationFile.SaveConfig(c.flow);
+    if (c.make == replace) {
+      EXPECT_THAT(dialogs.shown.back().remedy,
+                  testing::HasSubstr("\nTo be written, where the link leads: " + folder.File("alias.qcf")));
+    }
     EXPECT_EQ(TakeBoxes().size(), c.asked ? 1U : 0U) << c.what;
   }
 }
