@@ -66,8 +66,8 @@ class ValueDelegate : public QStyledItemDelegate {
   ParameterModel& model_;
 };
 
-/// Edits a row at its value, whichever of its cells is current. A double click opens the editor with all of the
-/// number selected; a hand that clicks once more wants that as well.
+/// Edits a row at its value, whichever of its cells is current. A double click opens the editor with all of
+/// the number selected; a hand that clicks once more wants that as well.
 class ParameterTable : public QTableView {
  public:
   using QTableView::QTableView;
