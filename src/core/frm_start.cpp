@@ -45,9 +45,9 @@ MenuItem& FrmStart::ComMenu(int port) {
   return *items[port - kLowestPort];
 }
 
-bool FrmStart::HasWindowRow(int row) {
+bool FrmStart::HasWindowRow(int row) const {
   bool whole = true;
-  ForWindowRow([&](const auto& array) { whole = whole && array.Has(row); });
+  ForWindowRowOf(*this, [&](const auto& array) { whole = whole && array.Has(row); });
   return whole;
 }
 

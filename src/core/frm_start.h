@@ -114,20 +114,10 @@ class FrmStart : public Form {
   /// Runs `action` with each array that has an element for a window's row.
   template <class Action>
   void ForWindowRow(Action action) {
-    action(lName);
-    action(chSlate);
-    action(chOnOff);
-    action(chField);
-    action(chSym);
-    action(tVert);
-    action(udVer);
-    action(tHor);
-    action(udHor);
-    action(chDblSize);
-    action(Line2);
+    ForWindowRowOf(*this, action);
   }
   /// Whether the row of a window is there, whole.
-  bool HasWindowRow(int row);
+  bool HasWindowRow(int row) const;
   ScrollBar VScroll1{*this, "VScroll1"};
   /// 0 aspect ratio, 1 slate mode, 2 character style, 3 font size, 4 SDI program output
   ControlArray<ComboBox> ComWin{*this, "ComWin", {0, 1, 2, 3, 4}};
@@ -215,6 +205,20 @@ class FrmStart : public Form {
   static constexpr int kVitcLineIndices[] = {1, 2, 3, 5, 6, 7};
 
  private:
+  template <class Form, class Action>
+  static void ForWindowRowOf(Form& form, Action action) {
+    action(form.lName);
+    action(form.chSlate);
+    action(form.chOnOff);
+    action(form.chField);
+    action(form.chSym);
+    action(form.tVert);
+    action(form.udVer);
+    action(form.tHor);
+    action(form.udHor);
+    action(form.chDblSize);
+    action(form.Line2);
+  }
   void SetCaptions();
   void SetStartState();
 

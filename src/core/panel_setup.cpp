@@ -7,6 +7,7 @@
 #include "base/program_title.h"
 #include "core/choices.h"
 #include "core/frm_start.h"
+#include "core/position_limits.h"
 #include "core/variables.h"
 #include "core/vertical_step.h"
 #include "core/vitc_frames.h"
@@ -17,9 +18,6 @@ namespace {
 /// The filter that both filter boxes stand at after the start.
 constexpr int kStartFilter = 9;
 constexpr int kLongestSlate = 200;
-/// Hardware whose rows of positions make a font size one that can be chosen.
-constexpr int kHdHardware = 1000;
-constexpr int kSdHardware = 200;
 
 using enum ChoiceId;
 
@@ -235,7 +233,7 @@ void PanelSetup::FillFontSizes() {
   for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
     const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
     if (limits.VideoStandard != form_.comVS.Text()) continue;
-    if (limits.HardwareID != kHdHardware && limits.HardwareID != kSdHardware) continue;
+    if (!IsOffered(limits)) continue;
     box.AddItem(limits.Description);
     vars_.CurCharMaxRow = i;
   }
@@ -243,12 +241,8 @@ void PanelSetup::FillFontSizes() {
 }
 
 void PanelSetup::FindCharMaxRow() {
-  for (int i = 0; i <= UBound(vars_.CharMaxPositions); ++i) {
-    const CharMaxPosRec& limits = At(vars_.CharMaxPositions, i);
-    if (limits.VideoStandard == form_.comVS.Text() && limits.Description == BoxOf(form_, kFontSize).Text()) {
-      vars_.CurCharMaxRow = i;
-    }
-  }
+  UBound(vars_.CharMaxPositions);  // fails if the table was never read
+  vars_.CurCharMaxRow = PositionLimitsRow(form_, vars_);
 }
 
 }  // namespace marlinset

@@ -1,34 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/message_data.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
 #include "base/text.h"
 #include "core/choices.h"
+#include "core/font_sizes.h"
 #include "core/window_ticks.h"
 #include "link/replies.h"
 
 namespace marlinset {
 namespace {
-
-/// How positions count in one font size: lines of video to a row of characters, and the highest row that is
-/// still on the screen.
-struct FontSize {
-  std::string_view text;
-  int divisor;
-  int minimum;
-};
-constexpr FontSize kFontSizes[] = {{"Large (32 lines/field)", 4, 8}, {"Small (16 lines/field)", 2, 18}};
-constexpr FontSize kOtherFontSize{"", 1, 37};
-
-int VerticalRow(int top, std::string_view fontSize) {
-  const auto* found = std::find_if(std::begin(kFontSizes), std::end(kFontSizes),
-                                   [fontSize](const FontSize& size) { return size.text == fontSize; });
-  const FontSize& size = found == std::end(kFontSizes) ? kOtherFontSize : *found;
-  return std::max(top / size.divisor, size.minimum);
-}
 
 int WindowFlags(const MessageSource& source) {
   int flags = source.flagBase;
@@ -121,7 +104,7 @@ void AddWindow(const MessageSource& source, Message& message) {
   const CharWindowRec& window = At(source.vars.CharWindows, row);
   message.fields.emplace_back(window.Number);
   message.fields.emplace_back(WindowFlags(source));
-  message.fields.emplace_back(VerticalRow(window.Top, BoxOf(form, ChoiceId::kFontSize).Text()));
+  message.fields.emplace_back(FontSizeOf(BoxOf(form, ChoiceId::kFontSize).Text()).RowOf(window.Top));
   message.fields.emplace_back(window.Left);
   message.fields.emplace_back(TickedLength(form, row, window));
   message.meaning += " " + std::to_string(window.Number) + " '" + window.Name + "'";

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "picture/geometry.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/text.h"
+#include "core/choices.h"
+#include "core/font_sizes.h"
+#include "core/frm_start.h"
+#include "core/position_limits.h"
+#include "core/variables.h"
+#include "core/window_ticks.h"
+#include "link/command_table.h"
+#include "picture/samples.h"
+
+namespace marlinset {
+namespace {
+
+/// The name of the window that shows the text message.
+constexpr std::string_view kTextWindow = "Text";
+
+constexpr auto kNarrowStandards = std::to_array<std::string_view>({"NTSC", "PAL", "525i/60", "625i/50"});
+
+const FontSize& SizeInForce(const FrmStart& form) {
+  return FontSizeOf(BoxOf(form, ChoiceId::kFontSize).Text());
+}
+
+/// The row of limits in force, null if there is none.
+const CharMaxPosRec* LimitsInForce(const FrmStart& form, const Variables& vars) {
+  const int row = PositionLimitsRow(form, vars);
+  return row >= 0 && row < static_cast<int>(vars.CharMaxPositions.size()) ? &At(vars.CharMaxPositions, row)
+                                                                          : nullptr;
+}
+
+bool HasMessage(const FrmStart& form, const CharWindowRec& window) {
+  return window.Name == kTextWindow && !form.tWinMess.Text().empty();
+}
+
+int Columns(const FrmStart& form, int row, const CharWindowRec& window) {
+  int columns = TickedLength(form, row, window);
+  if (HasMessage(form, window)) {
+    columns += static_cast<int>(LengthOf(MessageText(form.tWinMess.Text()))) - window.Length;
+  }
+  return std::max(columns, 0);
+}
+
+CellRect PlaceOf(const FrmStart& form, int row, const CharWindowRec& window) {
+  const FontSize& size = SizeInForce(form);
+  return {window.Left, size.RowOf(window.Top) * size.step, Columns(form, row, window),
+          size.step * (form.chDblSize(row).On() ? 2 : 1)};
+}
+
+PlannedWindow Planned(const FrmStart& form, int row, const CharWindowRec& window) {
+  PlannedWindow planned;
+  planned.row = row;
+  planned.name = form.lName(row).Caption();
+  planned.place = PlaceOf(form, row, window);
+  planned.on = form.chOnOff(row).On();
+  planned.slate = form.chSlate(row).On();
+  SampleParts parts{.name = window.Name};
+  if (HasMessage(form, window)) parts.message = MessageText(form.tWinMess.Text());
+  if (form.chSym(row).On()) parts.symbol = window.SymbolLength;
+  if (form.chField(row).On()) parts.field = window.FieldLength;
+  planned.sample = SampleOf(parts, planned.place.columns);
+  return planned;
+}
+
+/// The picture of the selected standard, or why there is none.
+void PlanArea(const FrmStart& form, const Variables& vars, PicturePlan& plan) {
+  const std::string& standard = form.comVS.Text();
+  const CharMaxPosRec* inForce = LimitsInForce(form, vars);
+  const auto failed = [&](std::string_view what) {
+    plan.trouble = "The reference database has " + std::string(what) + " for " +
+                   (standard.empty() ? "a setup without a video standard" : standard) + ".";
+  };
+  int top = 0;
+  int bottom = 0;
+  bool found = false;
+  for (const CharMaxPosRec& limits : vars.CharMaxPositions) {
+    if (limits.VideoStandard != standard || !IsOffered(limits)) continue;
+    if (limits.MinVertPosn > limits.MaxVertPosn) return failed("limits of vertical positions turned round");
+    const int end = limits.MaxVertPosn + FontSizeOf(limits.Description).step;
+    top = found ? std::min<int>(top, limits.MinVertPosn) : limits.MinVertPosn;
+    bottom = found ? std::max(bottom, end) : end;
+    found = true;
+  }
+  if (!found || !inForce) return failed("no positions of character windows");
+  if (inForce->MaxHorPosn <= std::max<int>(inForce->MinHorPosn, 0)) {
+    return failed("limits of horizontal positions turned round");
+  }
+  plan.area = CellRect{0, top, inForce->MaxHorPosn, bottom - top};
+}
+
+LetterLook LookOf(std::string_view style) {
+  const auto says = [style](std::string_view words) { return style.find(words) != std::string_view::npos; };
+  LetterLook look{.white = !style.starts_with("Black"), .outlined = says("Outline")};
+  if (says("Black Box")) look.box = LetterLook::Box::kBlack;
+  if (says("Grey Box") || says("Gray Box")) look.box = LetterLook::Box::kGrey;
+  if (says("White Box")) look.box = LetterLook::Box::kWhite;
+  return look;
+}
+
+}  // namespace
+
+bool CellRect::Contains(const CellRect& other) const {
+  return other.left >= left && other.top >= top && other.Right() <= Right() && other.Bottom() <= Bottom();
+}
+
+bool CellRect::Overlaps(const CellRect& other) const {
+  return std::max(left, other.left) < std::min(Right(), other.Right()) &&
+         std::max(top, other.top) < std::min(Bottom(), other.Bottom());
+}
+
+const PlannedWindow* PicturePlan::Find(int row) const {
+  const auto found = std::ranges::find(windows, row, &PlannedWindow::row);
+  return found == windows.end() ? nullptr : &*found;
+}
+
+PicturePlan PlanPicture(const FrmStart& form, const Variables& variables) {
+  PicturePlan plan;
+  plan.wide = std::ranges::find(kNarrowStandards, form.comVS.Text()) == kNarrowStandards.end();
+  plan.look = LookOf(BoxOf(form, ChoiceId::kCharStyle).Text());
+  PlanArea(form, variables, plan);
+  int row = 0;
+  for (const CharWindowRec& window : variables.CharWindows) {
+    if (form.HasWindowRow(row) && form.lName(row).Visible()) {
+      plan.windows.push_back(Planned(form, row, window));
+    }
+    ++row;
+  }
+  return plan;
+}
+
+std::optional<MoveLimits> MoveLimitsOf(const FrmStart& form, const Variables& variables, int row) {
+  const CharMaxPosRec* inForce = LimitsInForce(form, variables);
+  if (!inForce || !form.HasWindowRow(row)) return std::nullopt;
+  const FontSize& size = SizeInForce(form);
+  const MoveLimits limits{.left = 0,
+                          .right = inForce->MaxHorPosn - Columns(form, row, At(variables.CharWindows, row)),
+                          .top = size.smallestRow * size.step,
+                          .bottom = inForce->MaxVertPosn / size.step * size.step,
+                          .step = size.step};
+  if (limits.right < limits.left || limits.bottom < limits.top) return std::nullopt;
+  return limits;
+}
+
+}  // namespace marlinset
