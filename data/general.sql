@@ -8,4 +8,5 @@ CREATE TABLE "General" (
 
 INSERT INTO "General" VALUES
   ('3.00'),
-  ('3.10');
+  ('3.10'),
+  ('3.20');

@@ -60,7 +60,7 @@ TEST(Windows, APositionThatWasLoadedMovesInTheLimitsOfItsStandard) {
     rig.GoInteractive();
     move(form);
     EXPECT_EQ(form.udVer(0).Value(), row);
-    EXPECT_EQ(form.udVer(0).Min(), 254) << "1080i/60, small";
+    EXPECT_EQ(form.udVer(0).Min(), 100) << "1080i/60, small";
     EXPECT_EQ(form.udHor(0).Max(), 32 - 11 - 2) << "room for the field digit";
     EXPECT_EQ(form.udVer(1).Value(), 255) << "values stay, also outside";
     EXPECT_EQ(rig.line.Unit().Memory().Windows().at(1).row, row / 2);
