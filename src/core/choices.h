@@ -12,12 +12,12 @@
 #include "core/frm_start.h"
 #include "core/variables.h"
 
-// The combo boxes whose entries come from the reference database, in one table: defaults, messages, marks of
-// a send, files and print name its rows.
+// One table of the combo boxes whose entries come from the reference database. Defaults, messages, the marks
+// of a send, files and print refer to its rows.
 
 namespace marlinset {
 
-/// A combo box whose choice the unit knows by a code.
+/// A combo box whose selection goes to the unit as a code.
 enum class ChoiceId {
   kInputTimeBits,
   kInputUserBits,
@@ -38,7 +38,7 @@ enum class ChoiceId {
   kHorizontalFilter,
 };
 
-/// An entry of a vocabulary. Its description lives as long as the array it comes from.
+/// An entry of a vocabulary. Its description points into the reference array, which must outlive it.
 struct VocabularyEntry {
   std::string_view description;
   int code = 0;  ///< on the wire
@@ -65,13 +65,13 @@ std::vector<VocabularyEntry> EntriesOf(const Variables& vars) {
 /// What New does with a choice.
 enum class OnNew {
   kFirst,   ///< offers the whole vocabulary again and selects the first entry
-  kByRule,  ///< a routine of its own
+  kByRule,  ///< a routine of its own handles it
   kKeep,
 };
 
 struct Choice {
   ChoiceId id;
-  std::string_view control;  ///< the array of its box, and the index there
+  std::string_view control;  ///< control array of its box; `index` is the element
   int index;
   std::vector<VocabularyEntry> (*vocabulary)(const Variables& vars);
   OnNew onNew = OnNew::kByRule;
@@ -112,15 +112,16 @@ constexpr const Choice& ChoiceOf(ChoiceId id) {
 static_assert(std::ranges::all_of(kChoices, [](const Choice& row) { return ChoiceOf(row.id).id == row.id; }),
               "the rows stand in the order of their ids");
 
-/// The choice that a box stands for; null for any other box.
+/// The choice that a box offers; null for any other box.
 const Choice* ChoiceOfBox(const ComboBox& box);
 
+/// Throws NoSuchElement if the form lacks the box.
 ComboBox& BoxOf(const FrmStart& form, ChoiceId id);
 
-/// Whether the unit that the form shows has the choice at all.
+/// Whether the unit has the choice, judging by the model in panel 4 of the status bar.
 bool UnitHas(const FrmStart& form, const Choice& choice);
 
-/// The code of the box's text: that of the last entry with this description; none where no entry has it.
+/// The code of the last entry whose description equals the box's text; empty if there is none.
 std::optional<int> CodeOf(const FrmStart& form, const Variables& vars, ChoiceId id);
 
 }  // namespace marlinset

@@ -14,7 +14,8 @@ std::string AbsText(int value) {
   return std::to_string(std::abs(static_cast<long long>(value)));
 }
 
-/// A parameter's value in the radix of the list: "Dec", or hexadecimal digits, eight for a negative value.
+/// A parameter's value in the radix of the list: decimal for "Dec", otherwise hexadecimal digits, eight for a
+/// negative value.
 std::string ParameterText(int value, const std::string& radix) {
   return radix == "Dec" ? std::to_string(value) : HexText(static_cast<std::uint32_t>(value));
 }
@@ -32,7 +33,7 @@ Echoes::Echoes(Variables& variables, FrmStart& form) : vars_(variables), form_(f
   form_.UDDur.OnMoved(showDuration);
   form_.udVer.OnMoved([this](int row) { ShowVertical(row); });
   form_.udHor.OnMoved([this](int row) { ShowHorizontal(row); });
-  // Positions are set by their spins only: what is typed into an echo goes.
+  // Only spins set positions: text typed into an echo is replaced.
   form_.tVert.OnChange([this](int row) { ShowVertical(row); });
   form_.tHor.OnChange([this](int row) { ShowHorizontal(row); });
   form_.udVal.OnMoved([this](int row) { ShowParameterValue(row); });

@@ -6,18 +6,18 @@ namespace marlinset {
 class FrmStart;
 struct Variables;
 
-/// Keeps the texts beside the spins, and the positions that CharWindows holds, in step with the spins'
-/// values, also where limits pull a value. The numbers of the VITC lines follow a pull only: whether a change
-/// of theirs is shown is up to the rules of the lines.
+/// Keeps the texts beside the spins, and the positions in CharWindows, up to date with the spins' values,
+/// even when new limits pull a value. The numbers of the VITC lines follow only a pull: the rules of the
+/// lines decide whether a change is shown.
 class Echoes {
  public:
   Echoes(Variables& variables, FrmStart& form);
 
-  /// Fills echo and stored position of a window's row that was just built, and the same for a parameter's
-  /// row.
+  /// Shows the positions of a window's row that was just built, and stores them in its record.
   void ShowWindowRow(int row);
+  /// Shows a record's value in its row of the parameter list.
   void ShowParameterRow(int row);
-  /// The same from the row's spin.
+  /// Shows the value of the row's spin.
   void ShowParameterValue(int row);
   /// Shows the numbers of all VITC lines.
   void ShowVitcLines();

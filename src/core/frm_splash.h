@@ -7,14 +7,14 @@
 
 namespace marlinset {
 
-/// The first thing that the operator sees, while the tool loads behind it.
+/// The splash screen, shown while the tool loads.
 class FrmSplash : public Form {
  public:
   FrmSplash(TimerQueue& timers, Guard& guard)
       : Form("frmSplash", guard), Pause(timers, guard, "Pause", kPauseMs) {}
 
   PictureBox Image1{*this, "Image1"};
-  Timer Pause;  ///< 4000: how long it stays once the tool has loaded
+  Timer Pause;  ///< milliseconds that it stays once the tool has loaded
 
  private:
   static constexpr int kPauseMs = 4000;

@@ -8,7 +8,8 @@
 
 namespace marlinset {
 
-/// Where the main window stands. Settings keep it in twips: 1/1440 inch, 15 to a pixel of a 96 dpi screen.
+/// Position and size of the main window. Settings store them in twips: 1/1440 inch, 15 to a pixel of a 96 dpi
+/// screen.
 struct WindowPlace {
   int left = 0;
   int top = 0;
@@ -17,8 +18,8 @@ struct WindowPlace {
   bool operator==(const WindowPlace&) const = default;
 };
 
-/// What the first place of the main window follows from, in twips. Whoever shows the window measures it;
-/// these are the values of a tool without a screen.
+/// Measures that decide where the main window first appears, in twips. Whoever shows the window measures
+/// them; the values here are for a tool without a screen.
 struct WindowMeasures {
   int menuBarHeight = 330;
   int statusBarHeight = 330;
@@ -28,8 +29,9 @@ struct WindowMeasures {
   int screenHeight = 16200;
 };
 
-/// The main window without a screen. Its panels are the working configuration: selected texts, ticks and spin
-/// values are what is sent, saved and printed. Captions and tool tips stand in frm_start_captions.cpp.
+/// The main window, independent of any screen. Its panels are the working configuration: selected texts,
+/// ticks and spin values are what is sent, saved and printed. frm_start_captions.cpp holds captions and tool
+/// tips.
 class FrmStart : public Form {
  public:
   FrmStart(TimerQueue& timers, Guard& guard);
@@ -56,7 +58,7 @@ class FrmStart : public Form {
   // Parameters, Help
   MenuItem mnuAddParameter{*this, "mnuAddParameter"}, mnuRemoveParameter{*this, "mnuRemoveParameter"};
   MenuItem mnuContents{*this, "mnuContents"}, mnuAbout{*this, "mnuAbout"};
-  MenuItem mnuGuide{*this, "mnuGuide"};  ///< shown by the window alone
+  MenuItem mnuGuide{*this, "mnuGuide"};  ///< the window opens the guide; no rule is involved
 
   // Tool bar
   Frame CoolBar1{*this, "CoolBar1"}, fComBut{*this, "fComBut"}, fVITC{*this, "fVITC"};
@@ -116,7 +118,7 @@ class FrmStart : public Form {
   void ForWindowRow(Action action) {
     ForWindowRowOf(*this, action);
   }
-  /// Whether the row of a window is there, whole.
+  /// Whether all these arrays have an element for a window's row.
   bool HasWindowRow(int row) const;
   ScrollBar VScroll1{*this, "VScroll1"};
   /// 0 aspect ratio, 1 slate mode, 2 character style, 3 font size, 4 SDI program output
@@ -127,7 +129,7 @@ class FrmStart : public Form {
 
   // Parameters
   PictureBox pParOut{*this, "pParOut"}, pParTools{*this, "pParTools"}, pParIn{*this, "pParIn"};
-  /// Captions of `bValue`: how the list shows its values.
+  /// Captions of `bValue`: the radix in which the list shows its values.
   static constexpr const char* kDecimalHead = "Value (Dec)";
   static constexpr const char* kHexadecimalHead = "Value (Hex)";
   Button bClass{*this, "bClass"}, bParam{*this, "bParam"}, bDesc{*this, "bDesc"}, bValue{*this, "bValue"};
@@ -147,7 +149,7 @@ class FrmStart : public Form {
     action(udVal);
     action(lPara2);
   }
-  /// Whether the row of a parameter is there, whole.
+  /// Whether all these arrays have an element for a parameter's row.
   bool HasParameterRow(int row);
   ScrollBar VScroll2{*this, "VScroll2"};
 
@@ -159,7 +161,7 @@ class FrmStart : public Form {
 
   // Timers; intervals in milliseconds at the start
   Timer InterTime;    ///< 5000: poll of interactive mode
-  Timer dPause;       ///< 10000: wait for an acknowledgement; 100 once the unit was identified
+  Timer dPause;       ///< 10000: wait for an acknowledgement; 100 after the first Get ID
   Timer timeRes;      ///< 10000: wait for a reply, 100 while one is awaited
   Timer TimerNew;     ///< 10000: wait for a slow acknowledgement
   Timer tClearStat;   ///< 10000: clears the status bar while off line
@@ -169,11 +171,11 @@ class FrmStart : public Form {
   const WindowPlace& Place() const { return place_; }
   /// Moves the window.
   void SetPlace(const WindowPlace& place);
-  /// The operator has moved the window; nobody needs to be told.
+  /// Records that the operator has moved the window; raises no event.
   void NotePlace(const WindowPlace& place) { place_ = place; }
   WindowMeasures measures;
 
-  /// Shows on the indicator how the link stands (red, green or yellow), without heartbeat.
+  /// Shows the state of the link on the indicator (red, green or yellow) and hides the heartbeat.
   void ShowTraffic(Color color);
   /// Hides the five frames of the heartbeat.
   void HideImages();
@@ -181,14 +183,14 @@ class FrmStart : public Form {
   static constexpr int kVideoPresent = 0, kNoVideo = 1, kVideoUnknown = 2;
   /// Shows a picture of Image2 in panel 3 of the status bar.
   void ShowVideoPicture(int index);
-  /// Ticks one of the modes in the menu: interactive mode, or off line. `polls` starts or stops the poll of
-  /// the unit.
+  /// Ticks interactive mode or off line in the menu. `polls` starts or stops polling the unit.
   void SetInteractive(bool interactive, bool polls);
-  /// Panel 4 ends in "7340Q": the unit has the down converter's processing modes and the program output.
+  /// Whether panel 4 ends in "7340Q": such a unit has the down converter's processing modes and the program
+  /// output.
   bool ModelIsQ() const;
   // Indices of the panels of StatBar.
   static constexpr int kExchangePanel = 1;  ///< result of the last exchange: "Sent", "Ack In", "Local Mode"
-  static constexpr int kStandardPanel = 2;  ///< the unit's video standard, or how the port stands
+  static constexpr int kStandardPanel = 2;  ///< the unit's video standard, or the state of the port
   static constexpr int kVideoPanel = 3;     ///< presence of video, with a picture; progress of a send
   static constexpr int kModelPanel = 4;     ///< the unit's model
   // Indices of ComWin and ComDownConv.
@@ -198,7 +200,7 @@ class FrmStart : public Form {
   static constexpr int kWhiteFlagEcho = 0, kSlateDurationEcho = 4;
   /// Row of the window that shows the text message.
   static constexpr int kTextWindowRow = 13;
-  /// Height of a row of the tables of windows and parameters, and of the heads above it, in the sheets'
+  /// Height of a row of the tables of windows and parameters, and of the headings above it, in the sheets'
   /// units.
   static constexpr int kRowHeight = 255;
   /// The six spins of the VITC lines: first, second and third line, then their duplicates.

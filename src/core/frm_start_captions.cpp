@@ -12,7 +12,7 @@ struct CaptionRow {
   const char* toolTip = "";
 };
 
-/// What stands on the controls, as operators know it.
+/// Captions as operators know them.
 constexpr CaptionRow kCaptions[] = {
     {"mnuNew", kNoIndex, "New"},
     {"mnuOpen", kNoIndex, "Open..."},

@@ -10,35 +10,35 @@
 
 namespace marlinset {
 
-/// The vocabulary of the tool: reads the tables of the reference database at DatabasePath into the arrays of
-/// Variables, as kReferenceArrays says. The tool only reads that file.
+/// Reads the tables of the reference database at DatabasePath into the arrays of Variables, as listed in
+/// kReferenceArrays. The tool never writes to that file.
 ///
-/// Each loader opens and closes the file by itself, so that the file is never held while the tool runs. A
-/// file or table that cannot be opened is a failure for the caller (3024, 3343, 3078). From then on a loader
-/// carries on past every failure, statement by statement: a column that is not there, or a value that its
-/// field cannot hold, leaves the field empty, 0 or False. A table without rows leaves its array unfilled.
+/// Each loader opens and closes the file itself, so nothing holds the file while the tool runs. Throws
+/// kErrNoDatabase, kErrBadDatabase or kErrNoTable if the file or table cannot be opened. After that, a loader
+/// skips whatever fails: a missing column, or a value that its field cannot hold, leaves the field empty, 0
+/// or False. A table without rows leaves its array unfilled.
 class ReferenceDatabase {
  public:
   ReferenceDatabase(Platform& platform, Variables& variables);
 
-  /// All arrays but OperatingModes, in the order of kReferenceArrays.
+  /// Loads all arrays except OperatingModes, in the order of kReferenceArrays.
   void LoadArrays();
 
-  /// One array.
+  /// Loads one array.
   template <class Rec>
   void Load(std::vector<Rec> Variables::*array) {
     Fill(ReferenceArrayOf(array));
   }
 
-  /// Proves that the file is there and is a reference database. When it is not, tells the operator and ends
-  /// the program (ProgramEnd, status 1).
+  /// Checks that the file exists and is a reference database. If not, informs the operator and ends the
+  /// program (throws ProgramEnd, status 1).
   void checkDatabase();
 
-  /// The version that the database gives itself: "Database Version" of the last row of "General". Every
-  /// failure goes to the caller.
+  /// The version that the database carries: "Database Version" in the last row of "General". Every failure
+  /// reaches the caller.
   std::string DatabaseVersion();
 
-  /// The rows of SystemParameters, or of kDeletedParameters, as the file has them now.
+  /// Reads the rows of SystemParameters, or of kDeletedParameters, from the file as it is now.
   std::vector<SystemParameterRec> ReadSystemParameters() const;
   std::vector<SystemParameterRec> ReadDeletedParameters() const;
 

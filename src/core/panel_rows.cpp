@@ -13,14 +13,14 @@
 namespace marlinset {
 namespace {
 
-/// Rows that fit into the tables' viewports.
+/// Rows that fit into the visible part of the tables.
 constexpr int kRowsInView = 16;
 
 /// The windows that units show in mode "HD Video Downconvert".
 constexpr std::array<std::string_view, 7> kDownconvertWindows = {
     "Video Timecode", "Video User Bits", "Text", "PullDown", "Debug", "Debug2", "Debug3"};
 
-/// The value as it is when it is at most `max`; 0 below 0; otherwise `max`.
+/// `value` if it is at most `max`; otherwise 0 for a negative value, and `max` for any other.
 int WithinMax(int value, int max) {
   if (value <= max) return value;
   return value < 0 ? 0 : max;
@@ -48,7 +48,7 @@ void PanelSetup::BuildWindowRows() {
 }
 
 void PanelSetup::TickDefaults(int row) {
-  const CharWindowRec window = At(vars_.CharWindows, row);  // a click may lead to other records
+  const CharWindowRec window = At(vars_.CharWindows, row);  // a copy: a Click may replace the records
   SetWindowTicks(form_, row, window);
 }
 
@@ -83,18 +83,19 @@ void PanelSetup::DefaultWindow(int row) {
   form_.lName(row).SetCaption(At(vars_.CharWindows, row).Name);
   SetPositionLimits(row);
   TickDefaults(row);
-  // A tick that changed just now has lowered the limit already; it counts once.
+  // Starts again from the full width: a tick that has just changed has already lowered the limit, and must
+  // not count twice.
   form_.udHor(row).SetMax(limits.MaxHorPosn - At(vars_.CharWindows, row).Length);
   LimitForField(row);
   const CharWindowRec window = At(vars_.CharWindows, row);
   form_.udVer(row).SetValue(WithinMax(window.DefaultVertPosn, form_.udVer(row).Max()));
-  // The message's window is as wide as its message: its base width does not count.
+  // The text window is as wide as its message, so its base width does not count.
   if (row == FrmStart::kTextWindowRow) form_.udHor(row).SetMax(limits.MaxHorPosn);
   form_.udHor(row).SetValue(WithinMax(window.DefaultHorPosn, form_.udHor(row).Max()));
 }
 
-/// Leaves room for field digit and symbol where the window has them, whatever the state of the boxes;
-/// disables the boxes of a window that has none.
+/// Leaves room for field digit and symbol if the window has them, ticked or not; disables the boxes of those
+/// that it lacks.
 void PanelSetup::LimitForField(int row) {
   const CharWindowRec window = At(vars_.CharWindows, row);
   const auto apply = [&](CheckBox& box, int length) {
@@ -162,7 +163,7 @@ void PanelSetup::FillParameterRow(int row) {
   if (!shown) return;
   form_.udVal(row).SetMin(std::numeric_limits<int>::min());
   form_.udVal(row).SetMax(std::numeric_limits<int>::max());
-  form_.udVal(row).SetValue(parameter.Value);  // last: in interactive mode it goes to the unit at once
+  form_.udVal(row).SetValue(parameter.Value);  // last: in interactive mode this sends the value to the unit
 }
 
 void PanelSetup::ShowParameterText(int row) {

@@ -15,13 +15,13 @@
 namespace marlinset {
 namespace {
 
-/// The filter that both filter boxes stand at after the start.
+/// The filter that both filter boxes select at start.
 constexpr int kStartFilter = 9;
 constexpr int kLongestSlate = 200;
 
 using enum ChoiceId;
 
-/// The box that the rows of a field name feed. Field names without a box are passed over.
+/// The box that rows with this field name feed. Field names without a box are ignored.
 struct RoutingBox {
   std::string_view fieldName;
   ChoiceId choice;
@@ -31,7 +31,7 @@ constexpr RoutingBox kRoutingBoxes[] = {
     {"LTC1GU", kLtcUserBits},  {"VITC1T", kVitc1TimeBits}, {"VITC1U", kVitc1UserBits},
     {"VITC2", kVitc2TimeBits}, {"VITC3T", kVitc3TimeBits}, {"VITC3U", kVitc3UserBits}};
 
-/// The choices of the Windows panel in the order in which start and New go through them.
+/// The choices of the Windows panel in the order in which start and New set them.
 constexpr ChoiceId kWindowChoices[] = {kCharStyle, kFontSize, kSlateMode, kSdiProgramOut};
 
 void SelectFirst(ComboBox& box) {
@@ -152,7 +152,7 @@ void PanelSetup::SelectRoutingDefaults() {
   }
 }
 
-/// The values of the line spins at the first start: those of the first standard and its namesakes.
+/// Sets the line spins at first start, from the first standard and its namesakes.
 void PanelSetup::InitLines() {
   const std::string first = At(vars_.VideoStandards, 0).Description;
   for (const VideoStandardRec& standard : vars_.VideoStandards) {
@@ -207,7 +207,7 @@ void PanelSetup::FillProcessModes() {
     const DownConvProcessRec& mode = At(vars_.DownConverterProcessModes, i);
     if (mode.VideoStandard == form_.comVS.Text() && !mode.Ignore1) box.AddItem(mode.Description);
   }
-  // No choice of the operator's: a new standard alone sends nothing to the unit.
+  // The operator did not choose this mode: a new standard alone sends nothing to the unit.
   if (box.ListCount() >= 1) box.Preselect(0);
 }
 
@@ -226,7 +226,7 @@ void PanelSetup::ResetSlateAndMessage() {
   form_.tWinMess.SetText("");
 }
 
-/// Offers the sizes that the unit's hardware has positions for.
+/// Offers the sizes for which the unit's hardware has position limits.
 void PanelSetup::FillFontSizes() {
   ComboBox& box = BoxOf(form_, kFontSize);
   box.Clear();

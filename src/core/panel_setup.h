@@ -11,43 +11,44 @@ class FrmStart;
 struct Variables;
 enum class ChoiceId;
 
-/// Turns the reference arrays into the panels. Failures go to the caller: an array that was never filled is
-/// failure 9, fewer than ten filters are failure 380.
+/// Fills the panels from the reference arrays. Throws SubscriptOutOfRange for an array that was never filled,
+/// InvalidPropertyValue for fewer than ten filters.
 class PanelSetup {
  public:
   PanelSetup(Variables& variables, FrmStart& form);
 
-  /// Once, at the start: fills all lists, builds the rows of windows and parameters, then SetDefaults.
+  /// Runs once, at start: fills all lists, builds the rows of windows and parameters, then calls SetDefaults.
   void InitPanels();
-  /// Brings every item that a New resets to the default of the operating mode and video standard. Leaves the
-  /// standard, the inserter's tick, the down converter's modes, the program output and the parameters' values
-  /// standing.
+  /// Resets everything that New resets to the defaults of the operating mode and video standard. Leaves alone
+  /// the standard, the inserter's tick, the down converter's modes, the program output and the parameters'
+  /// values.
   void SetDefaults();
-  /// Shows the windows that the operating mode has, one under the other, and hides the others, which go off.
+  /// Shows the windows of the operating mode, one below the other; hides the others and switches them off.
   void ArrangeWindowRows();
-  /// Lists the processing modes of the selected video standard and selects the first, without its Click.
+  /// Lists the processing modes of the selected video standard and selects the first without running its
+  /// Click.
   void FillProcessModes();
 
   enum class LineValues { kKeep, kDefault };
-  /// Sets the limits of the white flag line and of the six VITC lines from the rows named by the selected
-  /// standard, and with kDefault the white flag line and the first VITC line with its duplicate to the
+  /// Sets the limits of the white flag line and of the six VITC lines from the rows with the selected
+  /// standard's name. kDefault also sets the white flag line, the first VITC line and its duplicate to the
   /// standard's defaults.
   void SetLineLimits(LineValues values);
-  /// Looks for the limits of window positions for the selected standard and font size; without any the last
-  /// ones stay.
+  /// Finds the limits of window positions for the selected standard and font size. Keeps the last ones if
+  /// there are none.
   void FindCharMaxRow();
-  /// Sets the limits of a window's position, without room for field digit and symbol.
+  /// Sets the limits of a window's position, leaving no room for field digit and symbol.
   void SetPositionLimits(int row);
-  /// Sets the limits of all positions that have only provisional ones for the selected standard and font
-  /// size, with room for the field digits and symbols that are ticked. Values stay, also outside.
+  /// Replaces provisional limits of window positions by those for the selected standard and font size, with
+  /// room for the field digits and symbols that are ticked. Values stay, even outside the limits.
   void SettlePositionLimits();
 
   /// The rows of the parameter list, one for each record and in the same order.
-  void LoadParameterRow(int row);  ///< builds the row of a record that has none yet, hidden
+  void LoadParameterRow(int row);  ///< builds the row, hidden, of a record that has none yet
   void FillParameterRow(int row);  ///< shows the record in its row, unless its class is internal
   /// Shows a row or hides it.
   void ShowParameterRow(int row, bool shown);
-  /// Shows the row's value in the radix of the list: the spin's, or the record's where the spin is hidden.
+  /// Shows the row's value in the radix of the list: the spin's, or the record's if the spin is hidden.
   void ShowParameterText(int row);
   /// Fits the parameters' scroll bar to the rows that are shown.
   void FitParameterSheet();

@@ -20,7 +20,7 @@ class FrmEditParameters : public Form {
   void Clear();
 };
 
-/// "Delete Parameter": the window that takes a parameter out of the configuration.
+/// "Delete Parameter": the window that removes a parameter from the configuration.
 class FrmDeleteParameter : public Form {
  public:
   explicit FrmDeleteParameter(Guard& guard);

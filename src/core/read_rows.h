@@ -12,29 +12,29 @@
 
 namespace marlinset {
 
-/// An open table or query, and the database that it needs as long as it is open. Failures of the constructor:
-/// 3024, 3343, 3078.
+/// An open table or query, together with the database that it needs while open. The constructor throws
+/// kErrNoDatabase, kErrBadDatabase or kErrNoTable.
 struct OpenTable {
   OpenTable(DataEngine& engine, const std::string& path, std::string_view nameOrQuery);
   std::unique_ptr<Database> database;
   std::unique_ptr<Recordset> rows;
 };
 
-/// Says of the current row whether it is read.
+/// Whether to read the current row.
 using RowFilter = bool (*)(const Recordset& row);
 bool EveryRow(const Recordset& row);
-/// Rows whose "Device" is 0 belong to no unit any more.
+/// Rejects rows whose "Device" is 0: they no longer belong to any unit.
 bool HasDevice(const Recordset& row);
-/// The same for tables that hold "Device" as text, sometimes with blanks before the number.
+/// The same for tables that store "Device" as text, sometimes with blanks before the number.
 bool HasDeviceText(const Recordset& row);
 
 /// What a reading does about failures once its table is open.
 enum class OnFailure {
-  kCarryOn,  ///< passes over the statement that failed: a field stays empty, 0 or False, a row is left out
-  kThrow,  ///< leaves them to the caller. Only the field of a column that is missing stays empty, 0 or False
+  kCarryOn,  ///< skips the statement that failed: a field stays empty, 0 or False, a row is left out
+  kThrow,    ///< throws. Only the field of a missing column stays empty, 0 or False
 };
 
-/// Runs one statement of a reading. Failure `harmless` is passed over in any case.
+/// Runs one statement of a reading. Ignores failure `harmless` in either case.
 template <class Statement>
 void Attempt(OnFailure onFailure, const Statement& statement, int harmless = 0) {
   try {
@@ -44,15 +44,15 @@ void Attempt(OnFailure onFailure, const Statement& statement, int harmless = 0) 
   }
 }
 
-/// The rows that `keep` lets through. A table without rows gives none under kCarryOn, failure 3021 under
-/// kThrow.
+/// The rows that `keep` accepts. A table without rows yields none under kCarryOn; under kThrow it throws
+/// kErrNoCurrentRecord.
 template <class Rec>
 std::vector<Rec> ReadRows(Recordset& rows, RowFilter keep, OnFailure onFailure) {
   std::vector<Rec> records;
   Attempt(onFailure, [&] { rows.MoveFirst(); });
   for (int left = rows.RecordCount(); left > 0; --left) {
-    // A device that cannot be read is no device: a database without the column shows no windows at all rather
-    // than those of units long gone.
+    // An unreadable device counts as none: a database without the column shows no windows at all rather than
+    // those of units long gone.
     bool kept = false;
     Attempt(onFailure, [&] { kept = keep(rows); });
     if (kept) {

@@ -4,7 +4,7 @@
 namespace marlinset {
 namespace {
 
-// The table knows one pair of limits, that of the first line; it holds for all lines that a unit writes.
+// The table has only one pair of limits, that of the first line; it applies to all lines that a unit writes.
 constexpr std::string_view kVitcMin = "VITC1 Line1Num Min";
 constexpr std::string_view kVitcMax = "VITC1 Line1Num Max";
 

@@ -11,8 +11,8 @@
 
 namespace marlinset {
 
-/// A column of the reference database and the field of a record that it feeds. The field's type says how the
-/// column's value is converted.
+/// A column of the reference database and the record field that it feeds. The field's type determines the
+/// conversion.
 template <class Rec>
 struct RecordColumn {
   using Field = std::variant<std::string Rec::*, std::int16_t Rec::*, double Rec::*, bool Rec::*>;
@@ -33,8 +33,8 @@ inline void Assign(bool& field, const FieldValue& value) {
   field = BooleanOf(value);
 }
 
-/// Reads one column of the current row into its field. Failures as of Recordset::Fields and of the
-/// conversion; the field keeps its value then.
+/// Reads one column of the current row into its field. Throws like Recordset::Fields and the conversion, and
+/// then leaves the field as it was.
 template <class Rec>
 void ReadColumn(const Recordset& rows, const RecordColumn<Rec>& column, Rec& record) {
   const FieldValue value = rows.Fields(column.name);

@@ -5,8 +5,8 @@
 #include <span>
 #include <string>
 
-// The rows of the reference database as the tool holds them. A field carries the name of its column without
-// blanks and slashes; core/record_columns.cpp says which column feeds which field.
+// The rows of the reference database in memory. A field has its column's name without blanks and slashes;
+// core/record_columns.cpp maps columns to fields.
 
 namespace marlinset {
 
@@ -16,7 +16,7 @@ struct RecordColumn;  // core/record_columns.h
 template <class Rec>
 using RecordColumns = std::span<const RecordColumn<Rec>>;
 
-/// A video standard, known everywhere by its description ("1080i/60").
+/// A video standard, identified everywhere by its description ("1080i/60").
 struct VideoStandardRec {
   static const RecordColumns<VideoStandardRec> kColumns;
   std::string Description;
@@ -50,7 +50,7 @@ struct CharMaxPosRec {
   static const RecordColumns<CharMaxPosRec> kColumns;
   std::string Description;  ///< the font size
   std::string VideoStandard;
-  std::int16_t HardwareID = 0;  ///< rows count for the list of font sizes only with 1000 or 200
+  std::int16_t HardwareID = 0;  ///< the list of font sizes takes only rows with 1000 or 200
   std::int16_t MinVertPosn = 0;
   std::int16_t MaxVertPosn = 0;
   std::int16_t MinHorPosn = 0;
@@ -74,7 +74,7 @@ struct CharSizeRec {
   bool Ignore1 = false;
 };
 
-/// An entry of a list with the code that the unit knows it by: slate modes, down converter modes.
+/// An entry of a list, with its code on the wire: slate modes, down converter modes.
 struct CodedItemRec {
   static const RecordColumns<CodedItemRec> kColumns;
   std::string Description;
@@ -110,7 +110,7 @@ struct CodeSourceRec {
   std::string DropFrame;
 };
 
-/// Says which list feeds which box of the routing panels in one operating mode.
+/// Which list feeds which box of the routing panels in one operating mode.
 struct TimeCodeAssignmentRec {
   static const RecordColumns<TimeCodeAssignmentRec> kColumns;
   std::string Name;  ///< operating mode
@@ -137,14 +137,14 @@ struct HelpMessageRec {
   std::string MessageText;
 };
 
-/// A character window of the unit. Its flags live in the check boxes of its row; its position lives here as
-/// well as in the row's spins.
+/// A character window of the unit. The check boxes of its row hold its flags; its position is both here and
+/// in the row's spins.
 struct CharWindowRec {
   static const RecordColumns<CharWindowRec> kColumns;
   std::string Name;
   std::int16_t Number = 0;  ///< on the wire
   bool On = false;
-  std::int16_t Top = 0;     ///< vertical position in force, in video lines
+  std::int16_t Top = 0;     ///< vertical position in force, in units of eight lines of a field
   std::int16_t Left = 0;    ///< horizontal position in force, in characters
   std::int16_t Length = 0;  ///< base width in characters
   bool SlateOn = false;
@@ -159,7 +159,7 @@ struct CharWindowRec {
   bool DefaultSymbolOnOff = false;
   bool DefaultFieldOnOff = false;
   bool Ignore1 = false;
-  bool Highlighted = false;  ///< not in the database: the unit was last told to highlight this window
+  bool Highlighted = false;  ///< of the last highlight message; not in the database
   bool DoubleHeight = false;
 };
 
@@ -172,7 +172,7 @@ struct SystemParameterRec {
   std::int16_t Value = 0;
 };
 
-/// Parameters of classes 1 and 25 are the unit's own affair: they stand in no visible row and are not sent
+/// Parameters of classes 1 and 25 are internal to the unit: no visible row shows them, and they are not sent
 /// one by one.
 constexpr bool IsInternalClass(int parameterClass) {
   return parameterClass == 1 || parameterClass == 25;

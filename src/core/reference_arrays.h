@@ -23,8 +23,8 @@ template <class Rec>
 ReferenceArray(std::string_view, std::vector<Rec> Variables::*, std::string_view, RowFilter = EveryRow)
     -> ReferenceArray<Rec>;
 
-/// All arrays of the reference database in the order in which they are loaded. The first is loaded at start
-/// before the database is checked, the others after that.
+/// All arrays of the reference database in loading order. At start, the first is loaded before the database
+/// is checked, the others after that.
 inline constexpr std::tuple kReferenceArrays{
     ReferenceArray{"OperatingModes", &Variables::OperatingModes, "Operating Mode"},
     ReferenceArray{"VideoStandards", &Variables::VideoStandards, "Video Standards"},
@@ -47,7 +47,8 @@ inline constexpr std::tuple kReferenceArrays{
     ReferenceArray{"SdiProgramOutputs", &Variables::SdiProgramOutputs, "SDI Program Output"},
 };
 
-/// Parameters that units have lost, with the columns of SystemParameters. The table fills no array.
+/// Table of the parameters that units no longer have. It has the columns of SystemParameters and fills no
+/// array.
 inline constexpr std::string_view kDeletedParameters = "Deleted Parameters";
 
 /// Calls `visit` with each ReferenceArray in turn.

@@ -17,10 +17,10 @@ namespace marlinset {
 inline constexpr std::string_view kDefaultOperatingMode = "HD Video Downconvert";
 inline constexpr std::string_view kDatabaseFile = "shotsys.mdb";
 
-/// A field of a message: a value from -128 to 255, or empty, which goes out as 0.
+/// A field of a message: a value from -128 to 255, or empty, which is sent as 0.
 using PacketField = std::optional<int>;
 
-/// The global data of the tool: one configuration, one link, one window. Made once in app/ and handed down.
+/// The tool's shared data: one configuration, one link, one window. `app` creates it once and passes it down.
 struct Variables {
   std::string OperatingMode;
   std::string DatabasePath;
@@ -35,7 +35,7 @@ struct Variables {
   bool MainFormActive = false;
   int CurCharMaxRow = 0;  ///< row of CharMaxPositions that limits window positions now
 
-  std::uint8_t VsLastIndex = 0;  ///< last selected entries, to take typing back
+  std::uint8_t VsLastIndex = 0;  ///< last selected entries, to undo typing
   std::array<std::uint8_t, 5> TbLastIndex{};
   std::array<std::uint8_t, 5> UbLastIndex{};
 
@@ -49,13 +49,13 @@ struct Variables {
   int ActivityFrame = 0;
   bool UnitLocalMode = false;
   int UnitVideoStandard = 0;     ///< status byte of the last video sense reply
-  std::string UnitStandardText;  ///< standard of the last video sense reply, empty when none came
+  std::string UnitStandardText;  ///< standard of the last video sense reply, empty if none came
   std::string UnitIdText;        ///< firmware text
 
   std::string PortList;                  ///< digits of the ports that could be opened at start ("134")
   std::array<bool, 5> ComPortPresent{};  ///< by port number, 1 to 4
   int ComPortNumber = 1;
-  bool WaitFullReply = false;  ///< leave the receive buffer alone until 20 bytes lie in it
+  bool WaitFullReply = false;  ///< leave the receive buffer unread until it holds 20 bytes
 
   std::vector<VideoStandardRec> VideoStandards;
   std::vector<CharMaxPosRec> CharMaxPositions;
@@ -74,14 +74,14 @@ struct Variables {
   std::vector<SystemParameterRec> SystemParameters;
 };
 
-/// Highest index of an array; an array that was never filled is failure 9.
+/// Highest index of an array. Throws SubscriptOutOfRange if the array was never filled.
 template <class T>
 int UBound(const std::vector<T>& array) {
   if (array.empty()) throw SubscriptOutOfRange();
   return static_cast<int>(array.size()) - 1;
 }
 
-/// Element `index` of an array; beyond its ends is failure 9.
+/// Element `index` of an array. Throws SubscriptOutOfRange if there is none.
 template <class Array>
 auto& At(Array& array, int index) {
   if (index < 0 || static_cast<std::size_t>(index) >= array.size()) throw SubscriptOutOfRange();

@@ -5,7 +5,7 @@
 
 namespace marlinset {
 
-/// Shows the frames of as many VITC lines as option `mode` of oVITC has: 0 is one line, 2 all three.
+/// Shows the frames of the VITC lines in use. `mode` is an index of oVITC: 0 for one line, 2 for all three.
 inline void ShowVitcFrames(FrmStart& form, int mode) {
   form.fVITC1.SetVisible(true);
   form.fVITC2.SetVisible(mode >= 1);

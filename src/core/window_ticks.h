@@ -17,11 +17,11 @@ enum class TickId { kSlate, kOn, kField, kSymbol, kDoubleHeight };
 
 struct WindowTick {
   TickId id;
-  std::string_view control;  ///< the array of its boxes, by name and as a member
+  std::string_view control;  ///< control array of its boxes, by name and as a member
   ControlArray<CheckBox> FrmStart::*boxes;
   bool CharWindowRec::*preset;                         ///< the box's state in database and files
   int flag;                                            ///< its weight in the flag byte on the wire
-  std::int16_t CharWindowRec::*extraLength = nullptr;  ///< characters that the window is longer with the tick
+  std::int16_t CharWindowRec::*extraLength = nullptr;  ///< characters that the tick adds to the window
 };
 
 /// In the order in which defaults and files set them.
@@ -44,10 +44,10 @@ constexpr const WindowTick& TickOf(TickId id) {
 static_assert(std::ranges::all_of(kWindowTicks, [](const auto& row) { return TickOf(row.id).id == row.id; }),
               "the rows stand in the order of their ids");
 
-/// Ticks the boxes of a row as the record of its window has them, in order; each that changes runs Click.
+/// Sets the boxes of a row, in order, to the state in its window's record; each box that changes runs Click.
 void SetWindowTicks(const FrmStart& form, int row, const CharWindowRec& window);
 
-/// The window's length in characters with what is ticked in its row.
+/// The window's length in characters, including what the ticks of its row add.
 int TickedLength(const FrmStart& form, int row, const CharWindowRec& window);
 
 }  // namespace marlinset
