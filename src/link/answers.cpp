@@ -31,8 +31,8 @@ void Answers::Leaves(bool isQuery) {
   }
 }
 
-/// Answers that came together with frames are found between them; noise ends what can be told apart, and may
-/// hide a Nak.
+/// Finds answers between the frames that they came with. Stops at noise: after it nothing can be told apart,
+/// and it may hide a Nak.
 void Answers::Take(std::span<const std::uint8_t> bytes, bool early) {
   while (!bytes.empty()) {
     std::size_t length = 1;

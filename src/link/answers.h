@@ -11,47 +11,48 @@ namespace marlinset {
 
 /// How sure it is that the unit took a setting.
 enum class Verdict : std::uint8_t {
-  kAcknowledged,    ///< one Ack came in its wait, and nothing else but sound frames
-  kRefused,         ///< only Naks came, or the answer of a unit in local mode: not taken
-  kUnacknowledged,  ///< nothing came in its wait
-  kUncertain,       ///< an answer too many, too early to be meant, or among noise: taken or not
+  kAcknowledged,    ///< exactly one Ack came during its wait, otherwise only valid frames
+  kRefused,         ///< only Naks came, or a unit in local mode answered: not taken
+  kUnacknowledged,  ///< nothing came during its wait
+  kUncertain,       ///< an extra answer, one too early to be meant, or noise: taken or not
 };
 constexpr std::size_t kVerdicts = 4;
 
 /// "acknowledged", "refused", "unacknowledged", "uncertain".
 const char* NameOf(Verdict verdict);
 
-/// Counts the lone answers (Ack, Nak, local mode) that come in and says what they are worth. Neither messages
-/// nor answers bear a number, so only the moment tells which setting an answer belongs to:
+/// Counts the lone answers (Ack, Nak, local mode) that come in and judges what they are worth. Neither
+/// messages nor answers carry a number, so only the moment shows which setting an answer belongs to:
 ///
-///   in its wait              to it; a second one makes it uncertain
-///   while its bytes leave    to nobody: it is uncertain, and the setting before as well
-///   behind its wait, until   to it still, as one too many. Acknowledged becomes uncertain, refused does when
-///   the next one leaves      it is an Ack; unacknowledged stays, since the operator has read that
+///   during its wait          to it; a second one makes it uncertain
+///   while its bytes leave    to nobody: it is uncertain, and so is the setting before
+///   after its wait, until    still to it, as an extra: acknowledged becomes uncertain, and so does refused
+///   the next one leaves      if the extra is an Ack; unacknowledged stays, as the operator has read that
 ///
-/// The Ack of a setting that went unacknowledged looks, in the wait of the next one, like that one's own. But
-/// each setting uses up one answer, so the one too many shows in the end, at that setting or at one that
-/// follows: a send is acknowledged throughout only when there was one Ack for each setting and no other
+/// A late Ack of a setting that went unacknowledged looks like the Ack of the next one if it arrives during
+/// that one's wait. But each setting uses up one answer, so the extra one shows in the end, at that setting
+/// or a later one: a send is acknowledged throughout only if there was one Ack for each setting and no other
 /// answer.
 ///
-/// A query is answered by a frame, in local mode by 6: an Ack or Nak behind it still counts for the setting
-/// before. Any other message may have an answer that nobody awaits, and ends the account of the setting
-/// before. Where a message goes out in the middle of a wait, an answer may be either's: both are uncertain.
+/// A query is answered by a frame, or in local mode by 6, so an Ack or Nak after it still counts for the
+/// setting before. Any other message may get an answer that nobody awaits, and closes the account of the
+/// setting before. If a message goes out in the middle of a wait, an answer may belong to either: both are
+/// uncertain.
 class Answers {
  public:
-  /// A setting is about to go out; Judge follows in any case. May stand inside another's wait.
+  /// A setting is about to go out; Judge must follow. May be called during another setting's wait.
   void Expect();
-  /// Any message goes out, also that of a setting that is expected to be answered.
+  /// Any message goes out, including that of an expected setting.
   void Leaves(bool isQuery);
-  /// What was read at one moment. `early`: bytes of a message still wait for their way out.
+  /// Takes the bytes read at one moment. `early`: bytes of a message are still waiting to leave.
   void Take(std::span<const std::uint8_t> bytes, bool early);
-  /// The wait of the setting is over, with an Ack as the last answer or without.
+  /// The wait of the setting is over, with or without an Ack as the last answer.
   void Judge(bool acknowledged);
 
-  /// Of the setting judged last; kUnacknowledged before there was one.
+  /// Of the setting judged last; kUnacknowledged before the first one.
   Verdict Last() const { return last_; }
 
-  /// An answer too many came: the setting judged last is uncertain now; it was taken for this.
+  /// An extra answer came: the setting judged last is uncertain now. Passes its previous verdict.
   Signal<Verdict> Belied;
 
  private:
@@ -59,11 +60,11 @@ class Answers {
   void Belie(std::uint8_t answer);
   Verdict Weigh(bool acknowledged) const;
 
-  int open_ = 0;              ///< waits that stand, one in the other
-  int messages_ = 0;          ///< that went out since the outermost of them began
+  int open_ = 0;              ///< waits in progress, one inside the other
+  int messages_ = 0;          ///< sent since the outermost of them began
   bool crossed_ = false;      ///< more than one of them
-  bool noise_ = false;        ///< came meanwhile
-  bool asked_ = false;        ///< a query went out behind the setting judged last
+  bool noise_ = false;        ///< came during these waits
+  bool asked_ = false;        ///< a query went out after the setting judged last
   bool accountable_ = false;  ///< answers may still belong to that setting
   Verdict last_ = Verdict::kUnacknowledged;
   int early_ = 0;

@@ -23,14 +23,15 @@ constexpr const char* kCharOffError = "Char Off error";
 
 constexpr Manner kSent{Ack::kNone};
 constexpr Manner kAsked{Ack::kReply};
-/// The routing panels share the text of the slate mode for all their channels.
+/// The routing panels share the slate mode's failure text for all their channels.
 constexpr Manner kRouting{Ack::kStandard, kSlateModeError};
 
 constexpr Manner Standard(const char* failure, int quotedField = kNoField) {
   return {Ack::kStandard, failure, quotedField};
 }
 
-// Per command: name, meaning, fixed fields, data; then how the whole send ends it and how a panel does.
+// For each command: id, name, meaning, fixed fields and data; then its manner in the whole send and from a
+// panel.
 constexpr SettingCommand kCommands[] = {
     {kSelect, "cmdSelect", "Select mode", {15, 0, 33}, nullptr, kSent, kSent},
     {kBroadcast, "cmdBroadcast", "Broadcast mode", {15, 0, 34}, nullptr, kSent, kSent},
@@ -221,7 +222,8 @@ constexpr SettingCommand kCommands[] = {
      nullptr,
      Standard(kCharOnError),
      Standard(kCharOnError)},
-    // Whatever the direction, operators know the cycle around the font size by the text of its second half.
+    // Both halves of the off-and-on around a font size share the failure text of the second one, as operators
+    // know it.
     {kCharOffForSize,
      "cmdCharOnOff",
      "Characters off for the font size",

@@ -17,8 +17,8 @@ class ComboBox;
 class FrmStart;
 enum class ChoiceId;
 
-/// What the tool can say to the unit. One command of the protocol stands here more than once where its
-/// message or its failure text depends on the occasion.
+/// The messages that the tool sends to the unit. A command of the protocol has several ids if its message or
+/// its failure text depends on the occasion.
 enum class CommandId {
   kSelect,            ///< the unit speaks only when spoken to
   kBroadcast,         ///< the unit speaks on its own
@@ -58,7 +58,7 @@ enum class CommandId {
   kCharStyle,
   kSlateDuration,
   kSlateMode,
-  kSlatePreview,  ///< the slate is on now, whatever its mode
+  kSlatePreview,  ///< shows the slate now, whatever its mode
   kText,
   kDownConverter,         ///< aspect ratio
   kDownConverterControl,  ///< processing mode and filters; model Q only
@@ -70,27 +70,27 @@ enum class Sender { kWholeSend, kPanel };
 
 /// How an exchange ends.
 enum class Ack {
-  kNone,           ///< sent, and that is all
-  kReply,          ///< the answer is a frame; asked twice at most
+  kNone,           ///< sent without awaiting an answer
+  kReply,          ///< the answer is a frame; sends the query at most twice
   kStandard,       ///< acknowledged within dPause
-  kLong,           ///< acknowledged within dPause at 10 s, which then gets its interval back
-  kSlow,           ///< acknowledged within TimerNew: the unit needs seconds to take it in
+  kLong,           ///< acknowledged within dPause set to 10 s, whose interval is then restored
+  kSlow,           ///< acknowledged within TimerNew: the unit needs seconds to process it
   kLocked,         ///< as kStandard, and no panel sends meanwhile (UnitLocalMode)
   kLockedSlow,     ///< as kSlow, and no panel sends meanwhile
-  kWholeInterval,  ///< lasts the whole of dPause, even when the acknowledgement is there early
+  kWholeInterval,  ///< lasts the full interval of dPause, even if the acknowledgement comes early
 };
 
 constexpr int kNoField = -1;
 
-/// How an exchange ends for one kind of sender, and what the operator reads when it fails: a fixed text,
-/// followed by the number in field `quotedField` of the message if there is one.
+/// How an exchange ends for one kind of sender, and what the operator reads if it fails: a fixed text,
+/// followed by the number in the message's field `quotedField` if there is one.
 struct Manner {
   Ack ack = Ack::kStandard;
   const char* failure = "";
   int quotedField = kNoField;
 };
 
-/// Where a message gets its data from.
+/// What a message takes its data from.
 struct MessageSource {
   const FrmStart& form;
   const Variables& vars;
@@ -99,7 +99,7 @@ struct MessageSource {
   int flagBase = 0;  ///< base of a window's flag byte: 128 highlights the window on the unit's output
 };
 
-/// A message on its way: its fields, and what it says in an operator's words.
+/// A message: its fields, and its meaning in an operator's words.
 struct Message {
   std::vector<PacketField> fields;
   std::string meaning;
@@ -116,8 +116,8 @@ struct FixedFields {
   std::span<const std::int16_t> All() const { return std::span(fields).first(size); }
 };
 
-/// What stands behind the fixed fields: nothing, the code of a choice, or what a routine appends, which may
-/// add to the meaning too.
+/// What follows the fixed fields: nothing, the code of a choice, or what a routine appends, which may add to
+/// the meaning too.
 struct MessageData {
   using Adder = void (*)(const MessageSource& source, Message& message);
   constexpr MessageData(Adder adder) : add(adder) {}
@@ -129,7 +129,7 @@ struct MessageData {
 
 struct SettingCommand {
   CommandId id;
-  const char* name;     ///< as docs/protocol.md has it: "cmdVitcLines"
+  const char* name;     ///< as in docs/protocol.md: "cmdVitcLines"
   const char* meaning;  ///< a word or two for operators
   FixedFields begin;
   MessageData data;
@@ -141,23 +141,23 @@ struct SettingCommand {
 
 const SettingCommand& CommandOf(CommandId id);
 
-/// The fixed fields of a command: the whole message of one that takes no data from the panels.
+/// The fixed fields of a command, which are its whole message if it takes no data from the panels.
 std::vector<PacketField> FieldsOf(CommandId id);
 
-/// The message of a command from the panels as they stand. A code is looked up by the text of its box, where
-/// the last row with that text counts; a text that no row has leaves the field empty.
+/// The message of a command, built from the panels as they are now. A code is looked up by the text of its
+/// box: the last row with that text counts, and a text without a row leaves the field empty.
 Message MessageOf(const SettingCommand& command, const MessageSource& source);
 
-/// The command that carries the choice of a box and nothing else; none for a box that the unit does not know
-/// or that it gets together with others.
+/// The command that carries the choice of a box and nothing else; empty for a box that the unit does not
+/// know, or that it receives together with others.
 std::optional<CommandId> CommandOfBox(const ComboBox& box);
 
-/// Whether a parameter goes to the unit: classes 1 and 25 are internal.
+/// Whether a parameter goes to the unit: classes 1 and 25 are internal and do not.
 bool IsSendable(const SystemParameterRec& parameter);
 
-/// Characters that the unit takes for the text message.
+/// The most characters that the unit takes for the text message.
 constexpr std::size_t kMessageCharacters = 32;
-/// The text message as the unit gets it: in capitals, cut to kMessageCharacters.
+/// The text message as the unit receives it: in capitals, cut to kMessageCharacters.
 std::string MessageText(std::string_view text);
 
 }  // namespace marlinset

@@ -20,18 +20,19 @@
 namespace marlinset {
 namespace {
 
-/// A whole firmware reply has at least this many bytes; the query reads nothing shorter.
+/// A complete firmware reply has at least this many bytes; the query reads nothing shorter.
 constexpr std::size_t kFullReplyBytes = 20;
 /// The byte log is emptied when it grows beyond this many characters.
 constexpr std::size_t kLogCharacters = 200;
-/// More bytes than this behind a full log: the unit floods the line and is taken out of broadcast mode.
+/// If more bytes than this wait behind a full log, the unit floods the line, and the tool takes it out of
+/// Broadcast mode.
 constexpr std::size_t kFloodBytes = 50;
 constexpr int kReplyMs = 100;
 constexpr int kUnaskedAnswerMs = 25;
 
 static_assert(ReplyGate::kLongestReply == kLongestFrame, "what is longer than a frame is a flood");
 
-/// A frame is the answer to these, and no lone byte.
+/// The unit answers these with a frame, not with a lone byte.
 bool IsQuery(const std::vector<PacketField>& fields) {
   static constexpr CommandId kQueries[] = {CommandId::kVideoSense, CommandId::kGetID,
                                            CommandId::kGetFirmware};
@@ -76,7 +77,7 @@ void Communications::Transmit(const std::vector<PacketField>& fields) {
   form_.StatBar(FrmStart::kVideoPanel).SetText("Packet Out");
   while (LineUp() && platform_.ComP1.OutBufferCount() >= 1) platform_.pump.Pump();
   wentOut_ = platform_.ComP1.PortOpen();
-  if (wentOut_) form_.ShowTraffic(kYellow);  // otherwise it went away meanwhile, and shows that
+  if (wentOut_) form_.ShowTraffic(kYellow);  // otherwise the device went away, which the indicator shows
 }
 
 void Communications::RefusePacket() {
@@ -105,8 +106,8 @@ void Communications::ReceivePacket() {
   }
 }
 
-/// The bytes that lay in the buffer at the beginning; empty when more came in the meantime than were
-/// expected, which loses what was read.
+/// The bytes that were in the buffer at the beginning. Empty if more than those arrived during the read,
+/// which loses what was read.
 std::vector<std::uint8_t> Communications::DrainInput() {
   MSComm& line = platform_.ComP1;
   std::vector<std::uint8_t> message(line.InBufferCount());
@@ -126,15 +127,15 @@ std::vector<std::uint8_t> Communications::DrainInput() {
   return message;
 }
 
-/// Takes a unit that floods the line out of Broadcast mode. The flood goes on arriving, and fills the log,
-/// while the message that ends it waits for its way out.
+/// Takes a unit that floods the line out of Broadcast mode. While the message that ends the flood waits to
+/// leave, the flood keeps arriving and fills the log again.
 void Communications::QuietenUnit() {
   if (quietening_) return;
   quietening_ = true;
   Finally([this] { form_.bSend.Press(); }, [this] { quietening_ = false; });
 }
 
-/// Appends a byte to the log if it is shown; true when the log was full and has been emptied.
+/// Appends a byte to the log if the log is shown; returns true if the log was full and has been emptied.
 bool Communications::LogByte(std::uint8_t byte) {
   if (!form_.tInput.Visible()) return false;
   const std::string text = form_.tInput.Text() + HexText(byte) + ",";
@@ -172,7 +173,7 @@ void Communications::HandleFrame(std::span<const std::uint8_t> frame) {
   switch (CheckFrame(frame)) {
     case FrameCheck::kWrongLength:
       form_.StatBar(FrmStart::kVideoPanel)
-          .SetText("Packet Length Mismatch");  // gone at once; operators know only the second text
+          .SetText("Packet Length Mismatch");  // replaced at once; operators know only the second text
       form_.StatBar(FrmStart::kVideoPanel).SetText("Mode Switched to Select");
       break;
     case FrameCheck::kWrongChecksum:
@@ -219,15 +220,15 @@ void Communications::WaitOn(Timer& timer, const std::function<bool()>& done) {
     ReceivePacket();
     if (done() || !LineUp()) {
       timer.SetEnabled(false);
-    } else if (timer.Enabled()) {  // a whole frame that was just taken in stops the timer of its wait
+    } else if (timer.Enabled()) {  // a complete frame just taken in stops its wait's timer
       platform_.pump.Pump();
     }
   }
   ReceivePacket();
 }
 
-/// What the system and the port hold already answers nothing that is yet to be sent. A message among it may
-/// be replied to at once, which leaves its own fields behind.
+/// Reads what system and port already hold, since it cannot answer a message that is yet to be sent. Handling
+/// it may send a reply, which overwrites `PacketFields`; this restores them.
 void Communications::ReadWhatCame() {
   const std::vector<PacketField> fields = vars_.PacketFields;
   platform_.ComP1.LookForInput();
@@ -239,7 +240,7 @@ bool Communications::AckIn() const {
   return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In";
 }
 
-/// Sends `PacketFields` as a setting and has the answer awaited.
+/// Sends `PacketFields` as a setting and runs `wait` for its answer. Returns whether an Ack ended it.
 bool Communications::AckEnds(const std::function<void()>& wait) {
   ReadWhatCame();
   form_.StatBar(FrmStart::kExchangePanel).SetText("Sent");

@@ -13,7 +13,7 @@
 namespace marlinset {
 namespace {
 
-/// Once a unit has been asked for its identification, acknowledgements are awaited no longer than this.
+/// The limit for acknowledgements once a unit has been asked for its identification.
 constexpr int kAckMs = 100;
 
 }  // namespace
@@ -27,7 +27,7 @@ Identification::Identification(Platform& platform, Variables& variables, FrmStar
   form_.AboutTimer1.OnTick([this] { form_.AboutTimer1.SetEnabled(false); });
 }
 
-/// False when the port can't be opened; the operator has been told why, and nothing is sent.
+/// Returns False if the port can't be opened; Open has then told the operator why.
 bool Identification::OpenIfClosed() {
   if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
   return platform_.ComP1.PortOpen();

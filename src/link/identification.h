@@ -8,20 +8,20 @@ class FrmStart;
 struct Platform;
 struct Variables;
 
-/// Panel 4 tells the model of a unit.
+/// Whether panel 4 names the model of a unit.
 bool UnitIsIdentified(const FrmStart& form);
 
-/// The buttons that ask the unit who it is or change how it reports (`bGetID`, `bSend`, `bBroad`), and the
-/// query for its firmware text.
+/// The buttons that ask the unit for its identification or change how it reports (`bGetID`, `bSend`,
+/// `bBroad`), and the query for its firmware text.
 class Identification {
  public:
   Identification(Platform& platform, Variables& variables, FrmStart& form, Communications& communications);
 
-  /// Asks for the firmware text, every second until it has come into UnitIdText. Ends with an empty text when
-  /// interactive mode ends, the port closes, `StopFirmwareQuery` is called or the program ends. A second
-  /// query while one runs is ignored.
+  /// Asks for the firmware text every second until it has arrived in UnitIdText. Gives up, with an empty
+  /// text, when interactive mode ends, the port closes, `StopFirmwareQuery` is called or the program ends.
+  /// Ignores a second query while one runs.
   void GetFirmware();
-  /// The dialog that wanted the text was closed.
+  /// Ends the query, for a dialog that wanted the text and has closed.
   void StopFirmwareQuery() { firmwareWanted_ = false; }
 
  private:

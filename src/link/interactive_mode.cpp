@@ -22,8 +22,8 @@ namespace marlinset {
 namespace {
 
 constexpr auto kModels = std::to_array<std::string_view>({"SD7340", "HD7340", "HDSD7340", "HD7340Q"});
-/// What panel 1 may say of the last exchange while the link is healthy. A Nak counts as such: the unit lives,
-/// and whoever sent the command has told of it.
+/// What panel 1 may show after the last exchange while the link is healthy. A Nak counts as healthy: the unit
+/// is alive, and whoever sent the command has reported it.
 constexpr auto kHealthy = std::to_array<std::string_view>({"Firmware", "", "Nack In", "Ack In"});
 constexpr int kActivityFrames = 5;
 
@@ -103,7 +103,7 @@ void InteractiveMode::Enter() {
   comms_.ReceivePacket();
   const bool identified =
       platform_.ComP1.PortOpen() && Contains(kModels, form_.StatBar(FrmStart::kModelPanel).Text());
-  // A send that runs already starts the poll when it ends, as it does for each one in this mode.
+  // A send in progress starts the poll when it ends, as every send does in this mode.
   form_.SetInteractive(identified, identified && !wholeSend_.Running());
   if (!identified) {
     form_.mnuHD7340.SetEnabled(true);
@@ -120,8 +120,8 @@ void InteractiveMode::mnuOff_Click() {
   platform_.settings.SaveSetting(kInteractiveSetting.key, kInteractiveOff);
 }
 
-/// The mode's heartbeat. A tick stands aside while a send awaits its answer and while a question or a dialog
-/// of the tool stands, so that questions don't pile up.
+/// The mode's heartbeat. Skips the tick while a send waits or a question or dialog of the tool is open, so
+/// that questions don't pile up.
 void InteractiveMode::InterTime_Timer() {
   if (!vars_.MainFormActive || form_.dPause.Enabled() || platform_.dialogs.Standing()) return;
   vars_.ActivityFrame = (vars_.ActivityFrame + 1) % kActivityFrames;
@@ -138,7 +138,7 @@ void InteractiveMode::InterTime_Timer() {
 }
 
 void InteractiveMode::Poll() {
-  // The operator may leave the mode, or the line go, while an answer is awaited.
+  // The operator may leave the mode, or the line may go, during a wait.
   const auto on = [this] { return comms_.LineUp() && form_.mnuInter.Checked(); };
   form_.bGetID.Press();
   if (!on()) return;
@@ -167,7 +167,8 @@ void InteractiveMode::FollowStandard() {
   platform_.dialogs.Tell(vars_.UnitStandardText + " Input Video Standard not supported. No changes made.");
 }
 
-/// The unit is worked at its own controls: it is asked until it answers with a frame again.
+/// Someone operates the unit at its own controls: queries it at each tick until it answers with a frame
+/// again.
 void InteractiveMode::Watch() {
   form_.InterTime.SetEnabled(false);
   form_.StatBar(FrmStart::kExchangePanel).SetText("");
@@ -182,11 +183,11 @@ void InteractiveMode::Fail() {
   mnuOff_Click();
 }
 
-/// Brings the unit to automatic or manual selection of its video standard. The ticks follow from the unit's
-/// next video status.
+/// Switches the unit to automatic or manual selection of its video standard. The menu's ticks follow with the
+/// unit's next video status.
 void InteractiveMode::AskSelection(bool automatic) {
   if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
-  if (!platform_.ComP1.PortOpen()) return;  // Open has told why
+  if (!platform_.ComP1.PortOpen()) return;  // Open has told the operator why
   vars_.PacketFields = FieldsOf(CommandId::kVideoSense);
   vars_.UnitVideoStandard = 0;
   comms_.SendPacket(vars_.PacketFields);

@@ -8,7 +8,8 @@ class FrmStart;
 class Ports;
 struct Platform;
 
-/// What the line reports on its own: bytes that arrived, a line that takes no more, a device that went away.
+/// Handles what the line reports on its own: bytes have arrived, the line takes no more bytes, the device
+/// went away.
 class LineEvents {
  public:
   LineEvents(Platform& platform, FrmStart& form, Communications& communications, Ports& ports);

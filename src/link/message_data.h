@@ -3,27 +3,27 @@
 
 #include "link/command_table.h"
 
-// The data of messages from the panels as they stand: what the rows of the command table name.
+// The routines that append data from the panels to a message. Rows of the command table name them.
 
 namespace marlinset {
 
-/// Appends the code of a choice as its box stands.
+/// Appends the code of the entry that the choice's box shows.
 void AddChoice(ChoiceId choice, const MessageSource& source, Message& message);
-/// The code of the text of comVS.
+/// The code of the standard in comVS.
 void AddStandard(const MessageSource& source, Message& message);
 /// Parameter, class, and the value as 32 bits in two's complement, low byte first.
 void AddParameter(const MessageSource& source, Message& message);
-/// Number of VITC lines, 1 to 3. The handler of the option buttons leaves the field empty; units in the field
-/// have never got anything else from it, and take the lines from cmdVitcLines.
+/// Number of VITC lines, 1 to 3. The option buttons' handler leaves the field empty; units in the field have
+/// never received anything else from it, and take the lines from cmdVitcLines.
 void AddVitcSource(const MessageSource& source, Message& message);
-/// Three pairs of a line and its duplicate; a duplicate is 0 while duplicates are off. All three go whatever
-/// the number of lines in use.
+/// Three pairs of a line and its duplicate; a duplicate is 0 while duplicates are off. Sends all three,
+/// however many lines are in use.
 void AddVitcLines(const MessageSource& source, Message& message);
 /// The line, twice.
 void AddWhiteFlagLine(const MessageSource& source, Message& message);
 /// Frames as 16 bits, high byte first.
 void AddSlateDuration(const MessageSource& source, Message& message);
-/// A byte a character. The panel's handler sizes the message by the uncut text, so empty fields follow the
+/// One byte for each character. A panel sizes the message by the uncut text, so empty fields follow the
 /// characters of a text that was cut.
 void AddText(const MessageSource& source, Message& message);
 /// Processing mode, vertical and horizontal filter.
@@ -32,7 +32,7 @@ void AddDownConverterControl(const MessageSource& source, Message& message);
 ///
 ///   flag byte  128 highlighted, 64 on, 32 slate, 16 double height, 4 symbol, 2 field digit
 ///
-/// In the whole send a window whose slate box is hidden has no slate.
+/// In the whole send, a window whose slate box is hidden has no slate.
 void AddWindow(const MessageSource& source, Message& message);
 
 }  // namespace marlinset

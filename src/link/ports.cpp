@@ -109,7 +109,7 @@ void Ports::LineLost(int commEvent) {
 
 void Ports::DeviceLost() {
   LeaveInteractiveMode(form_);
-  platform_.ComP1.SetPortOpen(false);  // it may be on the way to that only
+  platform_.ComP1.SetPortOpen(false);  // PortOpen may be False while the close is still pending
   ClosePort();
 }
 
@@ -154,7 +154,7 @@ void Ports::SetUpCom() {
   if (!named_.empty() && !meant) UsePort(named_.front());
 }
 
-/// The device behind a port while it is there.
+/// The device behind a port; empty while it is not there.
 std::string Ports::PresentDevice(int port) const {
   return platform_.ComP1.DeviceIsThere(port) ? platform_.ComP1.DeviceName(port) : "";
 }
@@ -164,7 +164,7 @@ void Ports::LookForDevices() {
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     const std::string device = PresentDevice(port);
     if (!device.empty() && device != At(present_, port)) form_.ComMenu(port).SetEnabled(true);
-    if (device.empty()) At(present_, port).clear();  // when it is seen again, it has come
+    if (device.empty()) At(present_, port).clear();  // if it comes back, it is new
   }
 }
 

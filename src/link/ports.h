@@ -15,30 +15,31 @@ class MenuItem;
 struct Platform;
 struct Variables;
 
-/// Opening, closing and choosing the serial port: the buttons Open and Close and the port menu.
-/// Connects to `bOpen`, `bClose`, `mnuCom1` to `mnuCom4`.
+/// Opens, closes and chooses the serial port for the buttons Open and Close and for the port menu. Connects
+/// to `bOpen`, `bClose`, `mnuCom1` to `mnuCom4`.
 class Ports {
  public:
   Ports(Platform& platform, Variables& variables, FrmStart& form);
 
-  /// Whoever names devices on the command line (a path a port, empty for none) means one of those: from the
-  /// set-up on, unless the port in use is among them, the one of the lowest number is used for this run.
+  /// Takes the devices named on the command line, one path for each port, empty for none. From the set-up on,
+  /// this run uses the lowest of these ports, unless the port in use is one of them already.
   void NamePorts(std::span<const std::string> paths);
-  /// Finds the ports and ticks the one to use: the remembered one when it is there, otherwise the first.
+  /// Finds the ports and ticks the one to use: the remembered one if it is there, otherwise the first.
   void SetUpCom();
-  /// The digits of the ports that can be opened ("134"); notes them in ComPortPresent.
+  /// Tries all ports. Returns the digits of those that can be opened ("134") and marks them in
+  /// ComPortPresent.
   std::string ScanPorts();
-  /// Makes ports choosable whose device has come since the set-up. One that has been there all the time and
+  /// Makes ports selectable whose device has appeared since the set-up. One that was there all along and
   /// could not be opened at the set-up stays as it is.
   void LookForDevices();
-  /// Chooses a port; refused while the port is open.
+  /// Chooses a port; refuses while the port is open.
   void SetComMenu(int port, bool alreadyChecked);
-  /// Leaves interactive mode, closes the port and shows it.
+  /// Leaves interactive mode, closes the port and shows that.
   void ClosePort();
 
-  /// The line reports that its device has gone or does not take bytes any more: off line, and a box.
+  /// The line reports that its device has gone or takes no more bytes: goes off line and shows a box.
   void LineLost(int commEvent);
-  /// The same for a device that has gone, without the box: whoever had it in use tells.
+  /// The same for a device that has gone, without the box: the routine that was using it reports the loss.
   void DeviceLost();
   /// "The device behind port 1 (/dev/ttyUSB0) is gone"
   std::string LossText() const;
@@ -58,8 +59,7 @@ class Ports {
   std::vector<int> named_;  ///< ports whose devices the command line names, in order
 };
 
-/// Enables the six buttons that talk to the unit: Open, Send, Close, Get ID, Broad, Send Setup; or disables
-/// them.
+/// Enables or disables the six buttons that talk to the unit: Open, Send, Close, Get ID, Broad, Send Setup.
 void EnableLinkButtons(FrmStart& form, bool enabled);
 
 }  // namespace marlinset

@@ -17,7 +17,7 @@ namespace {
 constexpr auto kStandards = std::to_array<std::string_view>(
     {"", "NTSC", "PAL", "1080p/24", "1080i/60", "1080i/50", "525i/60", "625i/50", "720p/60"});
 
-/// First and last number of a run of commands that units are known to send without being asked.
+/// First and last number of a run of commands that units are known to send unasked.
 struct Run {
   int first;
   int last;
@@ -128,8 +128,8 @@ void Replies::ShowIdentification(std::span<const std::uint8_t> frame) {
                          SignedText(At(frame, 6)));
 }
 
-/// Eight characters, a blank and six digits; then, unless the marker is "R", a blank, the marker, a blank and
-/// six digits more.
+/// Builds the text from eight characters, a blank and six digits; then, unless the marker is "R", a blank,
+/// the marker, a blank and six more digits.
 void Replies::TakeFirmwareText(std::span<const std::uint8_t> frame) {
   form_.AboutTimer1.SetEnabled(false);
   std::string& text = vars_.UnitIdText;

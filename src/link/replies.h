@@ -11,19 +11,19 @@ class FrmStart;
 struct Platform;
 struct Variables;
 
-/// Bit of a unit's video status byte: automatic selection of the standard is off, the unit takes it by
-/// command.
+/// Bit of a unit's video status byte: automatic selection of the standard is off, and the unit takes its
+/// standard by command.
 inline constexpr int kManualBit = 0x80;
 
-/// The text of a video standard code as units report and take it: 1 "NTSC" to 8 "720p/60"; empty for any
+/// The text of a video standard code as units report and take it: 1 is "NTSC", 8 is "720p/60"; empty for any
 /// other code.
 std::string_view VideoStandardText(int code);
-/// The code of a video standard's text, 0 when it has none.
+/// The code of a video standard's text, 0 if it has none.
 int VideoStandardCode(std::string_view text);
 
-/// Acts on checked frames. Only four tell the tool something: video status, identification, firmware text and
-/// the broadcast notice; others that units are known to send pass, the rest is shown as unknown. A frame too
-/// short for what is read of it is failure 9.
+/// Acts on checked frames. Only four matter to the tool: video status, identification, firmware text and the
+/// broadcast notice. Ignores others that units are known to send, and shows the rest as unknown. Throws
+/// SubscriptOutOfRange for a frame that is too short for what is read from it.
 class Replies {
  public:
   Replies(Platform& platform, Variables& variables, FrmStart& form);

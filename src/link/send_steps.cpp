@@ -31,12 +31,12 @@ constexpr Marks BoxMark(ChoiceId id) {
   return {ChoiceOf(id).control, ChoiceOf(id).index};
 }
 
-/// The choice that a step's command carries, if it carries one.
+/// The choice that a step's command carries, if any.
 std::optional<ChoiceId> ChoiceIn(const SendStep& step) {
   return CommandOf(step.command).data.choice;
 }
 
-// Controls that more than one name stands for.
+// Marks that consist of several controls.
 constexpr ControlName kVitcModes[] = {{"oVITC", 0}, {"oVITC", 1}, {"oVITC", 2}};
 constexpr ControlName kVitcLineControls[] = {{"tLineNumber", 1}, {"tLineNumber", 2}, {"tLineNumber", 3},
                                              {"tLineNumber", 5}, {"tLineNumber", 6}, {"tLineNumber", 7},

@@ -13,13 +13,13 @@ namespace marlinset {
 
 class FrmStart;
 
-/// A control by name: a row that a mark stands on may be gone when the mark is taken off.
+/// A control by name: a marked row may be gone by the time its mark is removed.
 struct ControlName {
   std::string_view name;
   int index = kNoIndex;
 };
 
-/// When a step is taken.
+/// Whether to take a step.
 using StepCondition = bool (*)(const FrmStart& form);
 
 /// The controls that a step marks: none, one or several.
@@ -35,8 +35,8 @@ struct Marks {
   std::size_t count = 0;
 };
 
-/// A message of a whole send, sent if its condition holds; where it does not, `otherwise` is, if there is
-/// one. A command that carries a choice marks its box, and goes to units that have the choice.
+/// A message of a whole send, sent if its condition holds; otherwise `otherwise` is sent, if set. A command
+/// that carries a choice marks its box, and goes only to units that have the choice.
 struct SendStep {
   CommandId command;
   Marks marks = {};
@@ -44,13 +44,13 @@ struct SendStep {
   std::optional<CommandId> otherwise = {};
 };
 
-/// What a step marks.
+/// The controls that a step marks.
 Marks MarksOf(const SendStep& step);
-/// What a step sends as the panels stand, if anything.
+/// The command that a step sends with the panels as they are now, if any.
 std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form);
 
-/// The order that the unit's firmware relies on: what goes between the parameters and the windows, and what
-/// follows them.
+/// The steps between the parameters and the windows, and those after the windows, in the order that the
+/// unit's firmware relies on.
 std::span<const SendStep> StepsBeforeWindows();
 std::span<const SendStep> StepsAfterWindows();
 

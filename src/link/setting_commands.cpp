@@ -18,8 +18,8 @@ using enum Verdict;
 
 constexpr int kLongAckMs = 10000;
 
-/// The number quoted is that of the packet fields as the wait leaves them (`now`): of Select, if the unit
-/// reported Broadcast mode meanwhile. Where they are too short it is the message's own.
+/// Quotes the number from the packet fields as the wait leaves them (`now`), which are those of Select if the
+/// unit reported Broadcast mode meanwhile; if they are too short, from the message's own.
 std::string FailureText(const Manner& manner, const std::vector<PacketField>& sent,
                         const std::vector<PacketField>& now) {
   if (manner.quotedField == kNoField) return manner.failure;
@@ -71,7 +71,7 @@ bool SettingCommands::Exchange(const char* name, Message message, const Manner& 
   return acknowledged;
 }
 
-/// An answer too many came for the setting that was judged last.
+/// An extra answer came for the setting judged last.
 void SettingCommands::Belie(Verdict before) {
   if (!judged_) return;
   judged_->verdict = kUncertain;
@@ -130,7 +130,7 @@ bool SettingCommands::Live() const {
 
 void SettingCommands::SendSlate() {
   if (!Live()) return;
-  // Without the lock of the mode's own box: the windows' handlers that end here have sent unlocked, too.
+  // Unlocked, unlike the slate mode's own box: the windows' handlers that lead here have sent unlocked, too.
   Send(form_.chPrev.On() ? CommandId::kSlatePreview : CommandId::kSlateMode, Sender::kWholeSend);
 }
 

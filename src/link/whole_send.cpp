@@ -36,7 +36,7 @@ bool TakenByCommand(const std::string& standard) {
 /// The name of the window that shows the text message.
 constexpr std::string_view kTextWindow = "Text";
 
-/// Shows what is being sent: yellow during `send`, white behind it.
+/// Shows what is being sent: yellow during `send`, white after it.
 template <class Send>
 void Marked(const FrmStart& form, std::span<const ControlName> names, const Send& send) {
   const auto paint = [&](Color color) {
@@ -130,7 +130,7 @@ void WholeSend::SendSetup() {
   if (lost) TellLoss();
 }
 
-/// The one box of a send whose device went away.
+/// Shows the one box of a send whose device went away.
 void WholeSend::TellLoss() {
   result_.end = SendEnd::kPortClosed;
   ports_.DeviceLost();
@@ -148,7 +148,7 @@ void WholeSend::TellLoss() {
 SendEnd WholeSend::SendOverPort() {
   if (form_.tClearStat.Enabled()) form_.tClearStat.Restart();
   if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
-  if (!platform_.ComP1.PortOpen()) return SendEnd::kPortClosed;  // Open has told why
+  if (!platform_.ComP1.PortOpen()) return SendEnd::kPortClosed;  // Open has told the operator why
   Plan();
   form_.bGetID.Press();
   commands_.Report(kGetID, UnitIsIdentified(form_));
@@ -179,8 +179,8 @@ SendEnd WholeSend::SendConfiguration() {
   return end;
 }
 
-/// One round of the prologue: an early end, agreement, or neither when the unit was told another standard
-/// and has to be asked again.
+/// One round of the prologue. Returns an early end, or sets `agreed`; does neither if the unit was sent
+/// another standard and has to be asked again.
 std::optional<SendEnd> WholeSend::AgreeOnStandard(bool& agreed) {
   if (!GoesOn()) return SendEnd::kStopped;
   form_.comVS.SetBackColor(kYellow);
@@ -201,8 +201,8 @@ std::optional<SendEnd> WholeSend::CompareStandards(bool& agreed) {
   return (vars_.UnitVideoStandard & kManualBit) != 0 ? CommandStandard() : LeaveAutomatic();
 }
 
-/// Asks whether the unit is to be brought to the setup's standard, which `commanded` says can be done.
-/// Nothing when the operator agrees. A question that stands when the line goes is over.
+/// Asks whether to bring the unit to the setup's standard; `commanded` says whether a command can do that.
+/// Returns nothing if the operator agrees. If the line goes, the question closes.
 std::optional<SendEnd> WholeSend::AskForChange(const char* question, bool (*commanded)(const std::string&)) {
   const std::string& standard = form_.comVS.Text();
   const char* const noSetup = "The unit cannot be told to take that standard: no setup is sent.";
@@ -214,7 +214,7 @@ std::optional<SendEnd> WholeSend::AskForChange(const char* question, bool (*comm
   return platform_.ComP1.PortOpen() ? SendEnd::kRefused : SendEnd::kPortClosed;
 }
 
-/// The unit takes its standard by command.
+/// For a unit that takes its standard by command.
 std::optional<SendEnd> WholeSend::CommandStandard() {
   if (const auto end = AskForChange("Video Standard will be changed!", TakenByCommand)) return end;
   if (!TakenByCommand(form_.comVS.Text())) return SendEnd::kNoCode;
@@ -222,7 +222,7 @@ std::optional<SendEnd> WholeSend::CommandStandard() {
   return std::nullopt;
 }
 
-/// The unit follows its input.
+/// For a unit that follows its input.
 std::optional<SendEnd> WholeSend::LeaveAutomatic() {
   if (const auto end = AskForChange("Video Standard Mismatch, Switch to Manual Mode?", HasCode)) {
     if (end == SendEnd::kRefused) {
@@ -260,7 +260,7 @@ SendEnd WholeSend::Close() {
 }
 
 void WholeSend::SendParameters() {
-  // The list may change while a message is awaited, so its size is looked at each time.
+  // The list may change during a wait, so this reads its size each time.
   const auto sendAll = [this] {
     while (progress_.parameter < static_cast<int>(vars_.SystemParameters.size())) {
       const int i = progress_.parameter++;
@@ -283,7 +283,7 @@ void WholeSend::RunStep(const SendStep& step) {
   const Marks marks = MarksOf(step);
   Marked(form_, marks.All(), [&] {
     if (command == kCharOffForSize || command == kCharOnForSize) {
-      // The menu does not show the momentary off that hides the change of the font size.
+      // The menu does not show the momentary Off that hides the change of the font size.
       commands_.SendCharInserter(*command, Sender::kWholeSend, true);
     } else {
       commands_.Send(*command, Sender::kWholeSend);
@@ -291,12 +291,12 @@ void WholeSend::RunStep(const SendStep& step) {
   });
 }
 
-/// What a send takes follows from the panels, and the answers change those. What is left is counted after
-/// each message, so in the end it is what was sent. Once the device is gone the panels show that, and count
-/// no longer.
+/// Counts the messages of the send anew. They depend on the panels, which answers change, so it counts what
+/// is left after each message, and in the end the plan equals what was sent. Keeps the last count once the
+/// device is gone, since the panels then show the loss.
 void WholeSend::Plan() {
   if (comms_.LostInSend() || !platform_.ComP1.PortOpen()) return;
-  // At the least identification and query go before the sequence, and a query closes it.
+  // At least identification and query go before the sequence, and a query closes it.
   result_.planned = std::max(result_.messages, 2) + StillToSend();
 }
 

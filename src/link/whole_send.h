@@ -15,15 +15,15 @@ struct SendStep;
 
 /// How a whole send ended.
 enum class SendEnd {
-  kNone,          ///< there was none yet, or it runs
-  kComplete,      ///< all messages went out, the unit still answers
-  kNotConfirmed,  ///< all messages went out, but the unit did not answer any more
-  kPortClosed,    ///< the port could not be opened, or its device went away; nothing further sent
-  kNotDetected,   ///< the unit did not tell its video standard; nothing sent
-  kRefused,       ///< the operator did not want the standard to be changed; nothing sent
-  kNoCode,        ///< the configuration's standard cannot be set by command; nothing further sent
-  kStopped,       ///< stopRequested, or the program ends
-  kFailed,        ///< a failure on the way, which went to the caller
+  kNone,          ///< there was no send yet
+  kComplete,      ///< all messages went out, and the unit still answered
+  kNotConfirmed,  ///< all messages went out, but the unit no longer answered
+  kPortClosed,    ///< the port could not be opened, or its device went away; nothing more sent
+  kNotDetected,   ///< the unit did not report its video standard; nothing sent
+  kRefused,       ///< the operator declined to change the standard; nothing sent
+  kNoCode,        ///< no command sets the configuration's standard; nothing more sent
+  kStopped,       ///< stopRequested returned True, or the program ends
+  kFailed,        ///< the send is still running, or threw a failure to the caller
 };
 
 /// "complete", "notConfirmed", "portClosed", "notDetected", "refused", "stopped", "failed".
@@ -31,44 +31,44 @@ const char* NameOf(SendEnd end);
 
 struct SendResult {
   SendEnd end = SendEnd::kNone;
-  int messages = 0;  ///< with those that did not go out
+  int messages = 0;  ///< including those that did not go out
   int wentOut = 0;   ///< messages whose bytes left
-  int planned = 0;   ///< messages that the send takes in all, as far as is known; 0 before its port is open
-  std::array<int, kVerdicts> count = {};  ///< of those that await an answer, by verdict
+  int planned = 0;   ///< messages of the full send, as far as known; 0 before its port is open
+  std::array<int, kVerdicts> count = {};  ///< messages that await an answer, by verdict
 
   int Count(Verdict verdict) const { return count[static_cast<std::size_t>(verdict)]; }
-  /// Messages of which it is not sure that the unit took them.
+  /// Messages that the unit may not have taken.
   int Doubtful() const {
     return Count(Verdict::kRefused) + Count(Verdict::kUnacknowledged) + Count(Verdict::kUncertain);
   }
 };
 
-/// "Send Setup": the whole configuration to the unit, message by message, in the order that the unit's
-/// firmware relies on. First the video standards of unit and configuration are brought together; from there
-/// on a missing acknowledgement is told and the send goes on. A device that goes away ends it, with one box
-/// that tells how far it came. Connects to `bSConfig`.
+/// "Send Setup": sends the whole configuration to the unit, message by message, in the order that the unit's
+/// firmware relies on. First brings the video standards of unit and configuration together; after that,
+/// reports each missing acknowledgement and carries on. If the device goes away, the send ends with one box
+/// that says how far it got. Connects to `bSConfig`.
 class WholeSend {
  public:
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
             SettingCommands& commands, Ports& ports);
 
-  /// A send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
+  /// Whether a send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
   bool Running() const;
-  /// Of the last send, or of the one that runs.
+  /// The result of the last send, or of the one in progress so far.
   const SendResult& Result() const { return result_; }
 
-  /// Asked between two messages; True ends the send there, with everything enabled again.
+  /// Asked between two messages. True ends the send there, with everything enabled again.
   std::function<bool()> stopRequested;
 
  private:
-  /// How far the sequence is: the places in the lists that it goes through.
+  /// How far the sequence has got: its places in the lists that it works through.
   struct Progress {
     int parameter = 0;
     std::size_t step = 0;
-    std::size_t lateStep = 0;  ///< of the steps behind the windows
+    std::size_t lateStep = 0;  ///< of the steps after the windows
     int highlight = 0;
     int window = 0;
-    bool behindText = false;  ///< a window's text goes out, the window itself is next
+    bool behindText = false;  ///< a window's text is being sent, the window itself is next
     bool slate = false;
     bool closing = false;
   };
@@ -104,7 +104,7 @@ class WholeSend {
   SettingCommands& commands_;
   Ports& ports_;
   SendResult result_;
-  int firstNumber_ = 0;  ///< of the messages of this send
+  int firstNumber_ = 0;  ///< number of this send's first message
   Progress progress_;
   bool stopped_ = false;
 };
