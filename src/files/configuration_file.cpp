@@ -29,7 +29,7 @@ constexpr std::string_view kHeaderFault = "Data Process Error, file header corru
 constexpr std::string_view kNoModelFault = "No 7340 Configuration found in file, using Default.";
 constexpr std::string_view kCorrupt = "Data Process Error, file may be corrupt";
 
-/// Which file, and why: what an operator needs beside the box's own text.
+/// Which file failed and why: what an operator needs besides the box's own text.
 std::string Reason(const Platform& platform, const RuntimeError& failure) {
   const std::string& file = platform.fileDialog.FileName;
   if (!failure.Remedy().empty()) return failure.Remedy();
@@ -42,14 +42,14 @@ std::string Reason(const Platform& platform, const RuntimeError& failure) {
   return file.empty() ? reason : file + "\n" + reason;
 }
 
-/// A new content goes over the old one from its first byte on; the end of a longer one stays.
+/// The new content replaces the old from the first byte; if the old one is longer, its end stays.
 void WriteOver(std::vector<std::uint8_t>& content, const std::vector<std::uint8_t>& old) {
   if (old.size() <= content.size()) return;
   content.insert(content.end(), old.begin() + static_cast<std::ptrdiff_t>(content.size()), old.end());
 }
 
-/// Runs a flow with a file dialog; a failure other than a cancelled dialog is told. A cancelled dialog leaves
-/// no trace: the name in work is the one from before. Returns whether a failure was told.
+/// Runs a flow with a file dialog and reports a failure. A cancelled dialog is none and leaves no trace: it
+/// puts the previous file name back. Returns whether it reported a failure.
 bool WithDialog(Platform& platform, std::string_view message, const std::function<void()>& flow) {
   const std::string nameBefore = platform.fileDialog.FileName;
   try {
@@ -125,7 +125,7 @@ void ConfigurationFile::AskForName() {
   }
 }
 
-/// A folder that has gone must not keep the next Save As from opening; neither must the program's own.
+/// A folder that has gone must not keep the next Save As from opening, and neither must the program's own.
 void ConfigurationFile::EnterFolder() {
   try {
     platform_.files.ChangeDirectory(vars_.LoadFolder);
@@ -137,9 +137,9 @@ void ConfigurationFile::EnterFolder() {
   }
 }
 
-/// Content that this run does not know may be all that its owner has, and a save that lands in another folder
-/// than the open file is not found again. `named`: the operator has just chosen the name; a dialog that
-/// confirms has then asked about the file, whatever it is.
+/// Asks before overwriting content that this run does not know, since it may be all that its owner has, and
+/// before saving to another folder than the open file's, where nobody would find it again. `named`: the
+/// operator has just chosen the name; a dialog that confirms has then asked about the file, whatever it is.
 bool ConfigurationFile::MayWriteOver(const std::string& name, bool named) {
   if (named && platform_.fileDialog.ConfirmsOverwriting()) return true;
   const bool known = known_.Knows(name) && (named || known_.IsOpen(name));
@@ -164,7 +164,7 @@ bool ConfigurationFile::MayWriteOver(const std::string& name, bool named) {
                                "under another name."})}) == BoxAnswer::kYes;
 }
 
-/// A name that has become a link says nothing about the file behind it.
+/// Names the file behind a link, since the link's name says nothing about it.
 std::string ConfigurationFile::ToBeWritten(const std::string& name) const {
   const std::string linked = known_.BehindLink(name);
   return linked.empty() ? FileFact("To be written", name)
@@ -206,11 +206,11 @@ void ConfigurationFile::UpdateFileTitle() {
   form_.SetCaption(TitleOf(vars_.CurrentFile));
 }
 
-/// Whatever stands there is kept, damaged or foreign: it may be all that its owner has.
+/// Keeps a backup of whatever is there, even if damaged or foreign: it may be all that its owner has.
 void ConfigurationFile::WriteConfigFile() {
   const std::string name = platform_.fileDialog.FileName;
   FileSystem& files = platform_.files;
-  vars_.FileChannel = 1;  // the first free one: no two files are open at a time
+  vars_.FileChannel = 1;  // the first free number: only one file is open at a time
   std::vector<std::uint8_t> content = WriteDocument(DocumentOfPanels(vars_, form_));
   const bool isThere = files.FileExists(name);
   if (isThere) WriteOver(content, files.OpenForReading(name)->ReadAll());
@@ -240,7 +240,7 @@ void ConfigurationFile::LoadConfig() {
 void ConfigurationFile::LoadNamed(const std::string& name) {
   ShowStatus("Getting Saved Data ");
   WithDialog(platform_, "Error during load, load aborted!", [&] {
-    OfferConfigurations();  // the file may have to be looked for
+    OfferConfigurations();  // in case the operator has to look for the file
     platform_.fileDialog.FileName = name;
     TakeChosenFile();
   });
@@ -258,7 +258,7 @@ void ConfigurationFile::ChangeToConfigFolder() {
   try {
     platform_.files.ChangeDirectory(vars_.ConfigFolder);
   } catch (const RuntimeError&) {
-    // The dialog opens where it can then.
+    // Then the dialog opens wherever it can.
   }
 }
 
@@ -273,7 +273,7 @@ void ConfigurationFile::ReadConfigFile() {
   if (lastRead_ != ReadEnd::kNotFound && lastRead_ != ReadEnd::kEmpty) Replaced.Emit();
 }
 
-/// The bytes of the file, unless there is nothing to parse; LastRead tells why then.
+/// The bytes of the file. Empty if there is nothing to parse; LastRead then says why.
 ConfigurationFile::Content ConfigurationFile::OpeningStage() {
   std::unique_ptr<InputFile> file;
   for (bool located = false; !file;) {
@@ -305,7 +305,7 @@ ConfigurationFile::Content ConfigurationFile::OpeningStage() {
   }
 }
 
-/// Lets the operator look for the file. False when none was chosen.
+/// Lets the operator look for the file. Returns False if none was chosen.
 bool ConfigurationFile::LocateFile(const RuntimeError& failure) {
   FileDialog& dialog = platform_.fileDialog;
   const std::string nameBefore = dialog.FileName;

@@ -15,47 +15,47 @@ namespace marlinset {
 
 struct LeftWork;
 
-/// Names of the shipped configurations begin so; the tool never saves over them.
+/// Names of the shipped configurations begin with this; the tool never saves over them.
 inline constexpr std::string_view kSystemDefault = "System Default";
 inline constexpr std::string_view kConfigurationExtension = ".qcf";
 
-/// Whether a file name, without regard to case and to blanks before it, begins with "System Default".
+/// Whether a file name begins with "System Default", ignoring case and leading blanks.
 bool IsSystemDefaultName(std::string_view name);
 
 /// How the last read of a configuration file ended.
 enum class ReadEnd {
-  kNone,         ///< there was none yet
+  kNone,         ///< there was no read yet
   kLoaded,       ///< the panels hold the file's configuration
-  kEmpty,        ///< the file has no byte; the panels stayed
+  kEmpty,        ///< the file is empty; the panels stayed
   kNotFound,     ///< it could not be opened and no other was chosen; the panels stayed
-  kNotReadable,  ///< it is damaged or for another tool; the panels hold the defaults
-  kIncomplete,   ///< all but the parameters was taken
+  kNotReadable,  ///< the file is damaged or for another tool; the panels hold the defaults
+  kIncomplete,   ///< all but the parameters was loaded
 };
 
 /// How a save ended.
 enum class SaveEnd {
   kStored,
   kCancelled,  ///< in the file dialog
-  kDeclined,   ///< the operator would not write over what others have put there
-  kFailed,     ///< which has been told
+  kDeclined,   ///< the operator declined to overwrite what others have written
+  kFailed,     ///< which was reported
 };
 
-/// Saving and loading the working configuration. The file in work is the one that the file dialog's FileName
-/// holds. Every failure is told here; only a failure while the defaults are set goes to the caller.
+/// Saves and loads the working configuration. The dialog's FileName names the file in use. This class reports
+/// every failure itself, except those while it sets the defaults: they reach the caller.
 class ConfigurationFile {
  public:
   ConfigurationFile(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels);
 
-  /// "SaveAs" asks for the name, "Save" writes under the present one; any other text does nothing. A longer
-  /// file keeps its old end, which no reader looks at; what it held before stands beside it in NAME.qcf.bak.
-  /// A failure leaves the file as it was. A file that is no longer as this run read or wrote it last is asked
-  /// about first, and under the present name also one that is not the open file, or any name in another
-  /// folder than the open file's; not where the dialog has asked already.
+  /// "SaveAs" asks for the name, "Save" uses the present one; any other text does nothing. If the old file is
+  /// longer, its end stays; no reader looks at it. The old content is kept beside the file as NAME.qcf.bak. A
+  /// failure leaves the file as it was. Asks before it overwrites a file that is no longer as this run last
+  /// read or wrote it; under the present name also before it overwrites a file that is not the open one, or
+  /// writes to another folder than the open file's. Does not ask if the dialog has asked already.
   SaveEnd SaveConfig(std::string_view flow);
   /// A save has ended.
   Signal<SaveEnd> SaveEnded;
 
-  /// Asks for a file and reads it. Title and status name the file also when it could not be read.
+  /// Asks for a file and reads it. Title and status name the file even if it could not be read.
   void LoadConfig();
   /// The same without asking.
   void LoadNamed(const std::string& name);
@@ -63,28 +63,29 @@ class ConfigurationFile {
   /// Reads the file named by the dialog.
   void ReadConfigFile();
   ReadEnd LastRead() const { return lastRead_; }
-  /// A read is under way: the panels hold parts of two configurations, also while one of its boxes stands.
+  /// Whether a read is in progress: the panels then hold parts of two configurations, even while one of its
+  /// boxes is open.
   bool Reading() const { return reading_; }
-  /// The panels hold another configuration: what was read, or the defaults in its place.
+  /// The panels hold another configuration: the one read, or the defaults in its place.
   Signal<> Replaced;
 
-  /// A file by its whole name: the operator has opened or saved it, and it was read or written.
+  /// The operator has opened or saved this file (full name), and it was read or written.
   Signal<const std::string&> InUse;
 
-  /// Reduces CurrentFile from a full path to the bare name without folder and extension (what follows the
-  /// leftmost dot), remembers the folder and shows the name in the title. A path without a folder stays as it
-  /// is. Failure 5 for a name without a dot.
+  /// Reduces CurrentFile from a full path to the bare name without folder and extension (the extension begins
+  /// at the leftmost dot), remembers the folder and shows the name in the title. Leaves a path without a
+  /// folder as it is. Throws kErrInvalidCall for a name without a dot.
   void UpdateFileTitle();
-  /// The file that the title names, by its whole path; empty before the first one.
+  /// The full path of the file that the title names; empty before the first one.
   const std::string& Path() const { return path_; }
-  /// What that file held when it was read or written last, for kept work.
+  /// What that file held when it was last read or written, for work that is kept aside.
   std::string Mark() const { return known_.Mark(path_); }
-  /// The panels hold work of an earlier run: title, folder and the next save are its file's, and that asks as
-  /// it would have then.
+  /// The panels hold work of an earlier run: adopts its file for title, folder and the next save, which asks
+  /// as it would have asked then.
   void TakeName(const LeftWork& work);
 
  private:
-  /// Nothing where a file does not give it.
+  /// Empty if there is nothing to parse.
   using Content = std::optional<std::vector<std::uint8_t>>;
 
   void OfferConfigurations();

@@ -38,7 +38,8 @@ std::optional<std::string> KnownFiles::Find(const std::string& name) const {
   return linked->second;
 }
 
-/// A link that stands in the place by now leads to somebody else's file.
+/// Whether the file recorded under `place` is still this one: a link put there since leads to somebody else's
+/// file.
 bool KnownFiles::IsStill(const std::string& place, const FileIdentity& file) const {
   const FileIdentity present = files_.Identify(place);
   return present.place == place && present.IsSame(file);

@@ -11,32 +11,32 @@
 
 namespace marlinset {
 
-/// What files held when this run read or wrote them last, and which of them is open. A file is known by
-/// where its name leads, whatever the name: other spellings, symbolic links and hard links count as it. A
-/// name that has become a link to another file is that other file.
+/// What each file held when this run last read or wrote it, and which file is open. A file is identified by
+/// where its name leads: other spellings, symbolic links and hard links count as the same file. A name that
+/// has become a link to another file is that other file.
 class KnownFiles {
  public:
   explicit KnownFiles(FileSystem& files) : files_(files) {}
 
-  /// This run has just read or written it; without content it did not give its bytes.
+  /// This run has just read or written the file; no content means that its bytes could not be read.
   void Note(const std::string& name, std::optional<std::span<const std::uint8_t>> content);
   bool Knows(const std::string& name) const { return Find(name).has_value(); }
-  /// It holds what it held then.
+  /// Whether the file still holds what it held then.
   bool IsAsItWas(const std::string& name) const;
 
-  /// The window's file from now on, whether or not it is there yet.
+  /// Makes this the window's open file, whether or not it exists yet.
   void Open(const std::string& name);
   bool IsOpen(const std::string& name) const;
-  /// Another folder than that of the open file, if this run has read or written that one. A folder that does
-  /// not exist is none: nothing can be written there.
+  /// Whether the name is in another folder than the open file's, if this run has read or written that file.
+  /// False for a folder that does not exist: nothing can be written there.
   bool IsElsewhere(const std::string& name) const;
-  /// Where the name leads if it is a symbolic link itself, else empty.
+  /// Where the name leads if it is a symbolic link itself, otherwise empty.
   std::string BehindLink(const std::string& name) const;
 
-  /// What a file held then, as a line of text for a later run. One that this run has neither read nor written
-  /// has a line, too.
+  /// What a file held then, as a line of text for a later run. A file that this run has neither read nor
+  /// written gets a line, too.
   std::string Mark(const std::string& name) const;
-  /// What an earlier run has seen of it. An empty line tells nothing, the file counts as it is now.
+  /// Takes such a line from an earlier run. An empty line says nothing; then the file counts as it is now.
   void TakeMark(const std::string& name, const std::string& mark);
 
  private:

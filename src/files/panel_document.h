@@ -8,8 +8,8 @@ namespace marlinset {
 class FrmStart;
 struct Variables;
 
-/// The working configuration as this tool would save it now. Whether its numbers fit into a file shows when
-/// it is written.
+/// The working configuration as this tool would save it now. Writing it shows whether its numbers fit into a
+/// file.
 QcfDocument DocumentOfPanels(const Variables& variables, const FrmStart& form);
 
 }  // namespace marlinset

@@ -24,7 +24,7 @@ Control& ControlOf(const FrmStart& form, const QcfField& field, int index) {
   return *control;
 }
 
-/// A number of four bytes that the tools in the field can hold.
+/// A four-byte number as tools in the field can hold it. Throws Overflow above 31 bits.
 int Whole(std::int64_t number) {
   if (number > std::numeric_limits<std::int32_t>::max()) throw Overflow();
   return static_cast<int>(number);
@@ -73,7 +73,7 @@ PanelLoader::PanelLoader(Platform& platform, Variables& variables, FrmStart& for
 
 LoadOutcome PanelLoader::Load(std::span<const std::uint8_t> bytes) {
   using enum LoadOutcome::End;
-  // Once the windows are in place a failure of panels or database says nothing of the file.
+  // Once the windows are loaded, a failure of panels or database says nothing about the file.
   LoadOutcome incomplete{kIncomplete};
   const auto take = [&incomplete](const auto& step) {
     try {
@@ -99,7 +99,7 @@ LoadOutcome PanelLoader::Load(std::span<const std::uint8_t> bytes) {
   return {kLoaded};
 }
 
-/// The file up to the character windows, which are in place and arranged after it.
+/// Loads the file up to and including the character windows, and arranges these.
 void PanelLoader::LoadPanels(QcfReader& reader) {
   for (const QcfField& field : QcfFields()) {
     if (field.use == QcfUse::kVersion || field.since > reader.FormatVersion()) continue;
@@ -149,7 +149,7 @@ void PanelLoader::ApplyText(const QcfField& field, const std::string& text) {
       return LookUp(field, text, TranslateCodeName(text, &BoxOf(field, field.index)));
     case QcfUse::kFontSize:
       LookUp(field, text, text);
-      return SetVerticalSteps(vars_, form_);  // of the rows that stand now
+      return SetVerticalSteps(vars_, form_);  // for the rows that exist now
     case QcfUse::kCombo:
       return LookUp(field, text, text);
     default:
@@ -171,8 +171,8 @@ void PanelLoader::TakeInserter(bool on) {
   form_.mnuCharOn.SetChecked(on);
 }
 
-/// A line outside the range of the video standard goes to its other end; the lines, but not their duplicates,
-/// one beyond it. Files and units in the field have it so.
+/// A line below the range of the video standard becomes the highest line of the range. A line above it
+/// becomes the lowest one, or one less unless it is a duplicate. Files and units in the field rely on this.
 void PanelLoader::TakeVitcLine(SpinControl& line, int number) {
   const int lowest = line.Lowest();
   const bool isDuplicate = line.Index() >= 5;
@@ -189,8 +189,8 @@ ComboBox& PanelLoader::BoxOf(const QcfField& field, int index) const {
   return static_cast<ComboBox&>(ControlOf(form_, field, index));
 }
 
-/// A mode without sources for a box writes an empty text and has to read it again without a word. A name
-/// that became empty by translation is told all the same.
+/// Ignores an empty text for an empty box: a mode without sources for a box writes one. Reports a name that
+/// became empty by translation all the same.
 void PanelLoader::LookUp(const QcfField& field, const std::string& text, const std::string& wanted) {
   ComboBox& box = BoxOf(field, field.index);
   const auto found = std::find(box.List().begin(), box.List().end(), wanted);
@@ -212,7 +212,7 @@ void PanelLoader::TakeWindows(const std::vector<QcfRecord>& records, int version
     upgrade_.MergeCharWindows(version < 2 ? Upgrade::DoubleHeight::kFromDatabase
                                           : Upgrade::DoubleHeight::kFromFile);
   } catch (const RuntimeError&) {
-    vars_.CharWindows = std::move(before);  // the rows on the panel are still those of these windows
+    vars_.CharWindows = std::move(before);  // the rows on the panel still belong to these windows
     throw;
   }
   upgrade_.SortCharWindows();
@@ -220,7 +220,7 @@ void PanelLoader::TakeWindows(const std::vector<QcfRecord>& records, int version
   panels_.ArrangeWindowRows();
 }
 
-/// The rows of the parameter list but the first go.
+/// Removes all rows of the parameter list except the first.
 void PanelLoader::UnloadParameterRows() {
   for (const int row : form_.lClass.Indices()) {
     if (row > 0) form_.ForParameterRow([row](auto& column) { column.Unload(row); });
@@ -229,9 +229,9 @@ void PanelLoader::UnloadParameterRows() {
 
 /// Makes `parameters` the working list, merged with the reference database and sorted by class.
 ///
-/// A row's spin writes every parameter of its description, here as under the operator's hand: of two
-/// parameters with one description both take the value of the first. Sent and saved configurations have
-/// always come out so.
+/// A row's spin writes every parameter with its description, here as in the operator's hands: of two
+/// parameters with one description, both take the value of the first. Sent and saved configurations have
+/// always been so.
 void PanelLoader::TakeParameters(std::vector<SystemParameterRec> parameters) {
   vars_.SystemParameters = std::move(parameters);
   upgrade_.RemoveDeletedParameters();

@@ -15,29 +15,29 @@ class ComboBox;
 class QcfReader;
 class SpinControl;
 
-/// How a load ended. The caller tells the operator, and decides what the panels hold after a file that could
+/// How a load ended. The caller informs the operator and decides what the panels hold after a file that could
 /// not be read.
 struct LoadOutcome {
   enum class End {
     kLoaded,
-    kForeignHeader,  ///< signature or format version is another one
+    kForeignHeader,  ///< the file has another signature or format version
     kNoModel,        ///< the configurations in the file are for other models
     kDamaged,
-    kIncomplete,  ///< panels or database refused the parameters; all that came before is in place
+    kIncomplete,  ///< panels or database refused the parameters; everything before them is loaded
   };
   End end = End::kLoaded;
-  std::string failure = {};  ///< of kIncomplete: number and text
+  std::string failure = {};  ///< for kIncomplete: number and text
 };
 
-/// Puts the bytes of a configuration file into the panels, field by field in file order, as if an operator
-/// did it: every assignment acts as a change of its control. If a box does not offer a text, the operator is
-/// told at once, the fallback is selected and loading continues.
+/// Loads a configuration file into the panels, field by field in file order, as if an operator did it: every
+/// assignment acts as a change of its control. If a box does not offer a text, the operator is told at once,
+/// the fallback is selected and loading continues.
 class PanelLoader {
  public:
   PanelLoader(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels);
 
-  /// Loads a whole file. The panels have the defaults of the file's operating mode from that field on. What
-  /// was set before a failure stays.
+  /// Loads all bytes of a file. When it reads the operating mode, it sets the panels to the defaults of that
+  /// mode. What it set before a failure stays.
   LoadOutcome Load(std::span<const std::uint8_t> bytes);
 
  private:

@@ -52,7 +52,7 @@ constexpr QcfField Tick(std::string_view name, TickId tick) {
   return Part(name, kByte, TickOf(tick).control);
 }
 
-// The position is a byte although limits of windows may go beyond it.
+// The position is a byte although the limits of windows may exceed one.
 constexpr QcfField kWindow[] = {
     Part("Name", kText, "lName"),     Tick("Slate", TickId::kSlate),
     Tick("On", TickId::kOn),          Tick("Field", TickId::kField),
@@ -67,8 +67,8 @@ constexpr QcfField kParameter[] = {
     Part("Value", kValue),
 };
 
-// Operators know the messages as they stand: three boxes share one, and unknown user bits of the first VITC
-// line reset the user bits of the LTC output.
+// Operators know these messages: three boxes share one, and unknown user bits of the first VITC line reset
+// the user bits of the LTC output.
 constexpr std::string_view kNoFilter = "Horizontal Filter not found, auto set to default";
 
 constexpr QcfField kFields[] = {

@@ -9,15 +9,15 @@
 namespace marlinset {
 
 // The layout of a configuration file, in one table: writer, reader, listing, comparison and JSON walk it.
-// docs/qcf-format.md tells it in words.
+// docs/qcf-format.md describes it in words.
 
-/// How a field stands in the file. All numbers are big-endian.
+/// How a field is encoded in the file. All numbers are big-endian.
 enum class QcfEncoding {
   kByte,     ///< one unsigned byte
   kU32,      ///< four bytes, unsigned
   kText,     ///< U32 number of characters, then one byte of code page 1252 for each
-  kValue,    ///< a parameter's value, four bytes; read in another way than written
-  kRecords,  ///< U32 number of records, then the records; 0 can't be read
+  kValue,    ///< a parameter's value, four bytes; reading and writing differ
+  kRecords,  ///< U32 number of records, then the records; reading fails for 0
 };
 
 /// What a load does with a field.
@@ -27,10 +27,10 @@ enum class QcfUse {
   kCombo,        ///< looked up in the box
   kFontSize,     ///< looked up, then sets the vertical step of the windows
   kSource,       ///< old name translated, then looked up
-  kSourceOfBox,  ///< old name translated as this very box has it, then looked up
-  kVitcOption,   ///< 1 to 3 number of VITC lines, 0 none chosen
-  kInserter,     ///< 1 characters on
-  kVitcLine,     ///< brought into the range of the video standard
+  kSourceOfBox,  ///< old name translated for this box, then looked up
+  kVitcOption,   ///< 1 to 3: number of VITC lines, 0: none chosen
+  kInserter,     ///< 1: characters on
+  kVitcLine,     ///< adjusted if outside the range of the video standard
   kPlain,        ///< set as it is
   kWindows,
   kParameters,
@@ -44,11 +44,11 @@ struct QcfField {
   std::string_view name;
   QcfEncoding encoding = QcfEncoding::kByte;
   QcfUse use = QcfUse::kPartOfRecord;
-  std::string_view control = {};  ///< of a record's field: the array, with the record's number as index
+  std::string_view control = {};  ///< for a record's field: the array, with the record's number as index
   int index = kNoIndex;
   int since = 1;                  ///< first format version that has the field
-  std::string_view missing = {};  ///< told when the box does not offer the text
-  int fallback = kNoIndex;        ///< the element whose first entry is selected then
+  std::string_view missing = {};  ///< what the operator is told if the box does not offer the text
+  int fallback = kNoIndex;        ///< the element whose first entry is then selected
   std::span<const QcfField> record = {};
 };
 

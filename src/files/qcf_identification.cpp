@@ -26,7 +26,7 @@ std::size_t NumberAt(std::span<const std::uint8_t> block, std::size_t at) {
   return number;
 }
 
-/// One digit a byte; nothing when a byte is no digit.
+/// One digit for each byte; empty if a byte is not a digit.
 std::optional<std::string> ModelText(std::span<const std::uint8_t> digits) {
   std::string text;
   for (const std::uint8_t digit : digits) {
@@ -36,7 +36,7 @@ std::optional<std::string> ModelText(std::span<const std::uint8_t> digits) {
   return text;
 }
 
-/// The item at the beginning of `block`, which it takes off.
+/// Removes the item at the beginning of `block` and returns it.
 std::optional<QcfItem> TakeItem(std::span<const std::uint8_t>& block) {
   if (block.size() < 5 || (block[0] != kQcfModels && !IsText(block[0]))) return std::nullopt;
   const std::uint8_t tag = block[0];

@@ -17,21 +17,21 @@ struct QcfItem {
   std::variant<std::vector<std::string>, std::string> content;
 };
 
-/// What the items are called in listings and JSON, by their tags.
+/// The names of the items in listings and JSON, by tag.
 struct QcfItemName {
   std::uint8_t tag;
   std::string_view name;
 };
 std::span<const QcfItemName> QcfItemNames();
 
-/// A model number as it is written: four hexadecimal digits, the letters large.
+/// Whether a text is a model number: four hexadecimal digits, with capital letters.
 bool IsModel(std::string_view text);
 
-/// The items of an identification block, nothing when it does not consist of whole items that this tool
+/// The items of an identification block; empty unless it consists only of complete items that this tool
 /// knows.
 std::optional<std::vector<QcfItem>> IdentificationItems(std::span<const std::uint8_t> block);
 
-/// The block of these items. Failure 13 for a model number that is none.
+/// The block of these items. Throws TypeMismatch for a model number that is not one.
 std::vector<std::uint8_t> IdentificationOf(const std::vector<QcfItem>& items);
 
 }  // namespace marlinset

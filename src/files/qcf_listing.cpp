@@ -24,7 +24,7 @@ std::string TextOfEntry(const QcfEntry& entry) {
   return std::to_string(entry.field->encoding == QcfEncoding::kValue ? ShownParameterValue(number) : number);
 }
 
-/// What a record is known by.
+/// The name or number that identifies a record.
 std::string KeyOf(const QcfRecord& record) {
   if (const auto* name = std::get_if<std::string>(&record.front().value)) return *name;
   return TextOfEntry(record[0]) + "." + TextOfEntry(record[1]);
@@ -69,7 +69,7 @@ class Lister {
       Add(prefix + " / " + std::string(part.field->name), TextOfEntry(part));
   }
 
-  /// A second one of the same name gets a number behind it; so does one that has such a name by itself.
+  /// Numbers further records of the same name, and those whose own name is such a numbered one.
   std::string Unused(const std::string& name) {
     std::string unused = name;
     for (int& number = occurrences_[name]; !used_.insert(unused).second;) {

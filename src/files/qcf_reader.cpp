@@ -14,7 +14,7 @@ constexpr std::size_t kIdentificationLengthAt = kQcfSignature.size();
 constexpr std::size_t kIdentificationAt = kIdentificationLengthAt + 4;
 constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
 
-/// Bytes of a record whose texts are empty.
+/// The bytes of a record whose texts are empty.
 std::size_t LeastSize(std::span<const QcfField> fields, int version) {
   std::size_t size = 0;
   for (const QcfField& field : fields) {
@@ -23,7 +23,7 @@ std::size_t LeastSize(std::span<const QcfField> fields, int version) {
   return size;
 }
 
-/// A position that the tools in the field could not count to.
+/// Throws Overflow for a position that the tools in the field could not count to.
 std::size_t Counted(std::size_t position) {
   if (position > static_cast<std::size_t>(kLargest)) throw Overflow();
   return position;
@@ -53,7 +53,7 @@ void QcfReader::CheckSignature() const {
   }
 }
 
-/// Walks the items of the identification block. A block without a list of models passes.
+/// Walks the items of the identification block. Accepts a block without a list of models.
 void QcfReader::FindModel() {
   const std::size_t end = kIdentificationAt + NumberAt(kIdentificationLengthAt);
   bool found = false;
@@ -74,7 +74,7 @@ void QcfReader::FindModel() {
   }
 }
 
-/// Moves to the last byte of the list.
+/// Moves `at` to the last byte of the list.
 void QcfReader::SkipModels(std::size_t& at, bool& found) const {
   const std::size_t count = LengthAt(at + 1);
   at += 4;
@@ -123,7 +123,7 @@ std::string QcfReader::ReadText() {
   return FromCodePage({text.begin(), text.end()});
 }
 
-/// A count that the rest of the file cannot hold fails before memory is taken for it.
+/// Rejects a count that the rest of the file cannot hold before it allocates memory for it.
 std::vector<QcfRecord> QcfReader::ReadRecords(const QcfField& field) {
   const std::size_t count = LengthAt(position_);
   position_ += 4;

@@ -11,12 +11,12 @@
 
 namespace marlinset {
 
-/// A file that is no configuration of this tool. Every other failure of a reader means that the file is
-/// damaged: 9 beyond the end of the file, 6 for a number that is too large.
+/// A file that is not a configuration of this tool. Every other failure of a reader means that the file is
+/// damaged: SubscriptOutOfRange beyond its end, Overflow for a number that is too large.
 class QcfError : public RuntimeError {
  public:
   enum class Fault {
-    kHeader,   ///< signature or format version is another one
+    kHeader,   ///< the file has another signature or format version
     kNoModel,  ///< the configurations in the file are for other models
   };
   explicit QcfError(Fault fault) : RuntimeError(kErrFileFormat, "Invalid file format"), fault_(fault) {}
@@ -26,7 +26,7 @@ class QcfError : public RuntimeError {
   Fault fault_;
 };
 
-/// Reads a configuration file from its bytes, field by field. Knows no panel and no disk.
+/// Reads a configuration file from its bytes, field by field; independent of panels and disks.
 class QcfReader {
  public:
   /// Reads up to and including the format version.
@@ -39,7 +39,7 @@ class QcfReader {
   std::span<const std::uint8_t> Identification() const { return identification_; }
   std::uint32_t ConfigurationLength() const { return configurationLength_; }
 
-  /// The next field, which has to be `field`. Of records all are read, or none.
+  /// Reads the next field, which must be `field`. Reads all records of a field, or none.
   QcfValue Read(const QcfField& field);
 
   /// Offset of what is read next, and the bytes from there on.
@@ -64,7 +64,7 @@ class QcfReader {
   std::uint32_t version_ = 0;
 };
 
-/// A whole file.
+/// Reads a complete file.
 QcfDocument ReadDocument(std::span<const std::uint8_t> bytes);
 
 }  // namespace marlinset

@@ -15,8 +15,8 @@
 namespace marlinset {
 namespace {
 
-/// Limits of a window's position until those of standard and font size come: rows and columns of a small
-/// picture.
+/// Provisional limits of a window's position, until those of standard and font size apply: rows and columns
+/// of a small picture.
 constexpr int kLowestRow = 30;
 constexpr int kLastColumn = 32;
 
@@ -29,7 +29,7 @@ bool Holds(const std::vector<SystemParameterRec>& list, const SystemParameterRec
                      [&](const SystemParameterRec& parameter) { return SameKey(parameter, wanted); });
 }
 
-/// What the database knows better than any file.
+/// Copies what the database knows better than any file.
 void CopyConstants(const CharWindowRec& row, CharWindowRec& window) {
   window.Number = row.Number;
   window.On = row.On;

@@ -13,34 +13,34 @@ class FrmStart;
 class PanelSetup;
 struct Platform;
 
-/// Carries a configuration that was just read forward to the reference database beside the tool: what the
-/// database knows better than the file is taken from there, what it has gained is added, what it has dropped
-/// goes. The operator is told of both.
+/// Brings a configuration that was just read up to date with the reference database beside the tool: takes
+/// what the database knows better than the file, adds what the database has gained, removes what it has
+/// dropped, and informs the operator about both.
 ///
-/// A database or table that can't be opened is told, and the routine ends without a change. Every later
-/// failure goes to the caller.
+/// If a database or table can't be opened, the routine informs the operator and ends without a change. Every
+/// later failure reaches the caller.
 class Upgrade {
  public:
   Upgrade(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels);
 
   enum class DoubleHeight { kFromFile, kFromDatabase };
-  /// Completes the windows of a file from their database rows, which they find by name without regard to case
-  /// and to blanks at the ends, and adds the windows that the file lacks. Files of version 1 do not hold the
-  /// double height.
+  /// Completes the windows of a file from their database rows, found by name without regard to case and outer
+  /// blanks, and adds the windows that the file lacks. Files of version 1 do not hold the double height.
   void MergeCharWindows(DoubleHeight doubleHeight);
 
-  /// Sorts the windows by rising number. Where windows with equal numbers come to stand is not told.
+  /// Sorts the windows by ascending number. The order of windows with equal numbers is unspecified.
   void SortCharWindows();
 
-  /// Makes the rows of the windows' panel anew and fills them from CharWindows. Positions get limits that do
-  /// for now: those of the video standard come when the operator next touches them.
+  /// Rebuilds the rows of the windows' panel from CharWindows. Their positions get provisional limits until
+  /// the operator next touches one; then those of the video standard apply.
   void RebuildWindowRows();
 
-  /// Takes out the parameters that the database lists as deleted. Failure 9 when none would be left.
+  /// Removes the parameters that the database lists as deleted. Throws SubscriptOutOfRange if none would be
+  /// left.
   void RemoveDeletedParameters();
 
-  /// Adds the parameters that the file lacks, each with a row of its own; those of the file keep their value
-  /// and description. `lastRow` is the last row of the list and moves on; it ends as NextParameterClass.
+  /// Adds the parameters that the file lacks, each with its own row; those of the file keep value and
+  /// description. Advances `lastRow`, the last row of the list, and stores it in NextParameterClass.
   void MergeParameters(int& lastRow);
 
  private:
