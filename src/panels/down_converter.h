@@ -6,8 +6,8 @@ namespace marlinset {
 class FrmStart;
 class SettingCommands;
 
-/// Processing mode and filters of the down converter, `ComDownConv`: in interactive mode a unit of the Q
-/// model gets all three whichever was chosen. No choice counts as an unsaved edit.
+/// Processing mode and filters of the down converter, `ComDownConv`. In interactive mode, any choice sends
+/// all three to a unit of the Q model. A choice does not count as an unsaved edit.
 class DownConverter {
  public:
   DownConverter(FrmStart& form, SettingCommands& commands);

@@ -24,7 +24,7 @@ namespace {
 
 constexpr std::string_view kShippedConfiguration = "System Default Video.qcf";
 
-/// The configuration of a start, by what the settings say of it.
+/// The configuration that a setting makes the tool start with.
 std::string StartsWith(const std::string& setting, const Variables& variables) {
   return setting == kStartFileSetting.byDefault ? variables.AppPath + std::string(kShippedConfiguration)
                                                 : setting;
@@ -82,7 +82,7 @@ void EndsOfRun::CloseRequest() {
   };
   Finally(ask, [this] {
     closing_ = false;
-    // A click that stood behind the questions may have opened it again.
+    // A click queued behind the questions may have opened it again.
     if (platform_.ComP1.PortOpen()) parts_.ports.ClosePort();
     parts_.recovery.End();
     form_.SetVisible(false);

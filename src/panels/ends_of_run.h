@@ -16,8 +16,8 @@ class WindowSettings;
 struct Platform;
 struct Variables;
 
-/// What ties the start and the end of a run to configuration files and to interactive mode: the default file,
-/// the offer to go interactive again, and the questions before the end. Connects to `mnuExit`.
+/// Ties the start and the end of a run to configuration files and interactive mode: the default file, the
+/// offer to go interactive again, and the questions before the end. Connects to `mnuExit`.
 class EndsOfRun {
  public:
   struct Parts {
@@ -30,16 +30,16 @@ class EndsOfRun {
   };
   EndsOfRun(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts);
 
-  /// Opens the file that the operator wanted at the next start, the shipped one if none was named; not when
-  /// the command line names an operating mode. A file that is missing is asked for. Returns whether the
-  /// panels count as saved then.
+  /// Opens the file that the operator chose for the next start, or the shipped one if none was chosen; opens
+  /// none if the command line names an operating mode. If the file is missing, offers to look for it. Returns
+  /// whether the panels then count as saved.
   bool OpenDefaultConfiguration(const std::string& commandText);
   /// Goes interactive if the last run was and the operator agrees.
   void OfferInteractiveMode();
 
-  /// The operator wants to leave: off line, port closed, settings kept, unsaved edits and the default file
-  /// asked about; then the window goes and the program ends. A second request while one is asked about is
-  /// ignored.
+  /// The operator wants to leave: goes off line, closes the port, stores the settings, and asks about unsaved
+  /// edits and the default file; then closes the window and ends the program. Ignores a second request during
+  /// the questions.
   void CloseRequest();
 
  private:

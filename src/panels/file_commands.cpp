@@ -70,7 +70,7 @@ void FileCommands::mnuSave_Click() {
   Save("SaveAs");
 }
 
-/// `next` is the file that will be opened, empty while nobody has chosen it.
+/// `next` is the file to be opened, empty if not chosen yet.
 void FileCommands::AskToSave(const std::string& next) {
   if (vars_.ConfigSaved) return;
   const std::string facts = Facts({WorkFact("Not saved", platform_, vars_), FileFact("To be opened", next),
@@ -78,7 +78,7 @@ void FileCommands::AskToSave(const std::string& next) {
   if (platform_.dialogs.Ask("Save changes before opening a new configuration?", facts)) Save("SaveAs");
 }
 
-/// In interactive mode the unit follows at once.
+/// Replaces the configuration. In interactive mode sends it to the unit at once.
 void FileCommands::Replace(const std::function<void()>& action) {
   recovery_.BeforeReplacing();
   const bool interactive = form_.mnuInter.Checked();

@@ -15,9 +15,9 @@ class UnsavedChanges;
 struct Platform;
 struct Variables;
 
-/// The file commands of the menu: New, Open, Save and Save As. Each ends with the configuration counted as
-/// saved, whatever became of it, unless the operator would not write over a file that others have changed. In
-/// interactive mode polling rests meanwhile, and a new configuration goes to the unit at once.
+/// The file commands of the menu: New, Open, Save and Save As. After each, the configuration counts as saved,
+/// whatever the outcome, unless the operator declined to overwrite a file that others have changed. In
+/// interactive mode polling pauses meanwhile, and a new configuration goes to the unit at once.
 class FileCommands {
  public:
   FileCommands(Platform& platform, Variables& variables, FrmStart& form, PanelSetup& panels,
@@ -27,7 +27,7 @@ class FileCommands {
   void mnuOpen_Click();
   void mnuSav_Click();
   void mnuSave_Click();  ///< Save As
-  /// Open, with a file that the desktop has named in place of the dialog.
+  /// Open, with a file named by the desktop instead of the dialog.
   void OpenNamed(const std::string& name);
 
  private:

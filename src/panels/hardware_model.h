@@ -6,9 +6,9 @@ namespace marlinset {
 class FrmStart;
 struct Variables;
 
-/// The choice of the unit's model, by the operator in the menu Hardware Type or by the unit's own
-/// identification. Only the Q model has a choice of program output, processing modes and filters. In
-/// interactive mode the menu changes nothing.
+/// Chooses the unit's model, from the menu Hardware Type or from the unit's own identification. Only the Q
+/// model has a choice of program output, processing modes and filters. In interactive mode the menu changes
+/// nothing.
 class HardwareModel {
  public:
   HardwareModel(Variables& variables, FrmStart& form);

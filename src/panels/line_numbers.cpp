@@ -16,11 +16,11 @@
 namespace marlinset {
 namespace {
 
-/// First line and first duplicate: they steer the lines behind them.
+/// First line and first duplicate: they control the lines after them.
 constexpr int kFirst = 1;
 constexpr int kFirstDuplicate = 5;
 
-/// The number that a text begins with, 0 when it does not begin with one.
+/// The number that a text begins with, 0 if it begins with none.
 int NumberIn(const std::string& text) {
   const std::string digits = Trim(text);
   int number = 0;
@@ -32,7 +32,7 @@ void Move(SpinControl& spin, int lines) {
   spin.SetValue(spin.Value() + lines);
 }
 
-/// Whether the line `ahead` lines behind `line` would lie beyond the last line that `follower` can have.
+/// Whether the line `ahead` lines after `line` would be beyond the last line that `follower` can have.
 bool IsBeyond(const SpinControl& follower, const SpinControl& line, int ahead) {
   return line.Value() + ahead > follower.Min();
 }
@@ -51,7 +51,7 @@ LineNumbers::LineNumbers(Variables& variables, FrmStart& form, SettingCommands& 
   });
 }
 
-/// A change inside a change leaves the guard to the outer one, which may still wait for the unit.
+/// A nested change leaves VitcChanging set for the outer one, which may still wait for the unit.
 template <class Action>
 void LineNumbers::WhileChanging(const Action& action) {
   const bool before = std::exchange(vars_.VitcChanging, true);
@@ -87,7 +87,7 @@ void LineNumbers::VitcLines(int index) {
       ShowNumber(index);
       return;
     case 1:
-      if (IsBeyond(second, first, 1)) Move(first, -1);  // once, however far beyond
+      if (IsBeyond(second, first, 1)) Move(first, -1);  // only one line, however far beyond
       second.SetValue(first.Value() + 1);
       break;
     case 2:
@@ -143,12 +143,12 @@ void LineNumbers::SetDupsDisplay() {
   }
 }
 
-/// The lines of the new mode get their numbers with the next change of the first line.
+/// The lines of the new mode get their numbers at the next change of the first line.
 void LineNumbers::oVITC_Click(int mode) {
   ShowVitcFrames(form_, mode);
   form_.chSync.SetVisible(mode == 0);
   if (mode != 0) form_.chSync.SetValue(0);
-  if (!form_.mnuInter.Checked()) return;  // a unit in local mode is told, too
+  if (!form_.mnuInter.Checked()) return;  // sends to a unit in local mode, too
   commands_.Send(CommandId::kVitcSource, Sender::kPanel);
   SendLines();
 }

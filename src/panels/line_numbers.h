@@ -8,29 +8,29 @@ class SettingCommands;
 struct Variables;
 
 /// The one, two or three video lines that carry VITC, and their duplicates: which number follows which, and
-/// what goes to the unit at once in interactive mode. The line spins count downwards, Max being the lowest
-/// line and Min the highest. A new limit moves numbers without any of this.
+/// what goes to the unit at once in interactive mode. The line spins count downwards: Max is the lowest line,
+/// Min the highest. None of these rules runs when a new limit moves a number.
 ///
-/// The rules run on every change of a line, by the operator, by defaults or by a file. While a change is
-/// being worked off (VitcChanging), its wait for the unit included, further changes are just taken.
+/// The rules run on every change of a line, by the operator, by defaults or by a file. While they work on one
+/// change (VitcChanging), including its wait for the unit, further changes are accepted without rules.
 class LineNumbers {
  public:
   LineNumbers(Variables& variables, FrmStart& form, SettingCommands& commands);
 
-  /// Two or three lines: the lines of the set whose first line `index` is (1, duplicates 5) become adjacent,
-  /// and all numbers are shown; the first line moves down to leave room. One line: shows the number of that
-  /// line. Nothing happens for another index: a second or third line keeps what it was given, and its number
-  /// is not shown, until the first one changes.
+  /// With two or three lines: makes the lines of the set whose first line is `index` (1, or 5 for the
+  /// duplicates) adjacent, moving the first line down to leave room, and shows all numbers. With one line:
+  /// shows its number. Ignores any other index: a second or third line keeps the number it was given, and
+  /// that is not shown until the first line changes.
   void VitcLines(int index);
-  /// One line, synchronized: the duplicate follows line 1 at its distance, which is never below 1; shows both
-  /// numbers. How line 1 has moved is told from the number that tLineNumber(1) still shows. Nothing happens
-  /// with two or three lines.
+  /// With one line, synchronized: the duplicate follows line 1 at its distance, which is never below 1, and
+  /// both numbers are shown. The number that tLineNumber(1) still shows tells how line 1 has moved. Does
+  /// nothing with two or three lines.
   void LoadStuff(int index);
-  /// The operator can set the duplicate of line 1 unless it is synchronized.
+  /// Lets the operator set the duplicate of line 1 unless it is synchronized.
   void SetSyncLines();
-  /// Runs the rules of the first line and shows the duplicates, or hides them.
+  /// Runs the rules of the first line, then shows or hides the duplicates.
   void SetDupsDisplay();
-  /// A change of line `index`: its rules, then all lines to the unit.
+  /// Handles a change of line `index`: runs its rules, then sends all lines if changes go out at once.
   void cSetControl(int index);
 
  private:

@@ -17,11 +17,11 @@ namespace marlinset {
 namespace {
 
 constexpr char32_t kBackspace = 8;
-/// Classes and parameters end below this, whatever the texts say.
+/// Classes and parameters must be below this, whatever the texts say.
 constexpr double kEndOfNumbers = 40;
 constexpr double kReservedClass = 25;
 
-/// The number that a text begins with, as a record takes it: rounded, 0 when there is none.
+/// The number that a text begins with, rounded as in a record; 0 if it begins with none.
 double NumberIn(const TextBox& box) {
   return std::nearbyint(LeadingNumberOf(box.Text()));
 }
@@ -97,7 +97,7 @@ void ParameterDialogs::cmdUpdate_Click() {
   frmEditParameters.SetVisible(false);
 }
 
-/// The texts speak of another limit than the tests know; operators look them up as they are.
+/// The texts name another limit than the checks apply; operators look them up as they are.
 std::string ParameterDialogs::Refusal(double classNumber, double parameter) const {
   if (!InRange(classNumber)) return "Inavlid Class input, Enter a number between 0 and 64";
   if (classNumber == kReservedClass) return "Invalid Class input";
@@ -129,7 +129,7 @@ void ParameterDialogs::mnuRemoveParameter_Click() {
   platform_.dialogs.ShowModal(frmDeleteParameter);
 }
 
-/// The system's own parameters would come back with the next load; only what was added can go.
+/// Lists only parameters that were added: the next load would bring back the system's own.
 void ParameterDialogs::LoadDeletable() {
   const std::vector<SystemParameterRec> own = database_.ReadSystemParameters();
   ListView& shown = frmDeleteParameter.lstParameter;
@@ -151,7 +151,7 @@ void ParameterDialogs::Command2_Click() {
   const ListView::Row row = shown.Rows()[static_cast<std::size_t>(shown.Selected())];
   RemoveParameter(std::stoi(row[0]), std::stoi(row[1]));
   list_.bClass_Click();
-  // The list was sent to the unit meanwhile, and the operator may have clicked on.
+  // The list went to the unit meanwhile, and the operator may have clicked in between.
   const auto place = std::find(shown.Rows().begin(), shown.Rows().end(), row);
   if (place != shown.Rows().end()) shown.RemoveRow(static_cast<int>(place - shown.Rows().begin()));
   platform_.dialogs.Tell("The Parameter entry has been deleted");

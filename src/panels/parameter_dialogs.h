@@ -14,10 +14,11 @@ class ReferenceDatabase;
 struct Platform;
 struct Variables;
 
-/// The two windows that add a parameter to the configuration and take one out of it. The reference database
-/// is only read: which parameters are the system's own, and which were retired.
+/// The two windows that add a parameter to the configuration and remove one from it. They only read the
+/// reference database: which parameters are the system's own, and which are retired.
 ///
-/// A failure, a database that can't be opened for one, goes to the caller with the configuration as it was.
+/// A failure, such as a database that can't be opened, reaches the caller and leaves the configuration as it
+/// was.
 class ParameterDialogs {
  public:
   ParameterDialogs(Platform& platform, Variables& variables, ReferenceDatabase& database, ParameterList& list,
@@ -31,10 +32,10 @@ class ParameterDialogs {
 
  private:
   void cmdUpdate_Click();
-  /// Digits and backspace pass, and the minus sign where there may be one; any other key is cancelled and
-  /// told.
+  /// Accepts digits and backspace, and the minus sign if `minus`; cancels any other key and informs the
+  /// operator.
   void FilterKey(KeyPress& press, bool minus);
-  /// What is wrong with class and parameter (as typed, rounded), empty when nothing is.
+  /// What is wrong with class and parameter (as typed, rounded); empty if nothing is.
   std::string Refusal(double classNumber, double parameter) const;
   bool IsParameterPresent(double classNumber, double parameter) const;
   bool IsParameterRetired(double classNumber, double parameter) const;
@@ -42,7 +43,7 @@ class ParameterDialogs {
 
   void LoadDeletable();
   void Command2_Click();
-  /// Failure 9 when no parameter would be left.
+  /// Throws SubscriptOutOfRange if no parameter would be left.
   void RemoveParameter(int classNumber, int parameter);
 
   Platform& platform_;

@@ -14,7 +14,7 @@
 namespace marlinset {
 namespace {
 
-/// Failure 6 for what a record cannot hold: the spins go far beyond the 16 bits of a value.
+/// Throws Overflow for a value that a record cannot hold: the spins go far beyond its 16 bits.
 std::int16_t ValueOf(const SpinControl& spin) {
   using Limits = std::numeric_limits<std::int16_t>;
   if (spin.Value() < Limits::min() || spin.Value() > Limits::max()) throw Overflow();
@@ -45,7 +45,7 @@ void ParameterList::bClass_Click() {
   form_.VScroll2.SetValue(0);
 }
 
-/// The exchanges are spelled out because they decide how parameters with one description come to stand.
+/// Swaps one by one, since the swaps decide the order of parameters with the same description.
 void ParameterList::bDesc_Click() {
   std::vector<SystemParameterRec>& list = vars_.SystemParameters;
   for (SystemParameterRec& first : list) {
@@ -84,7 +84,7 @@ void ParameterList::SetParDisType() {
   ChangePara();
 }
 
-/// Each row writes the record in its own place only. A hidden row's spin stands for nothing.
+/// Each row writes only the record at its own place. A hidden row's spin has no meaning.
 void ParameterList::ChangePara() {
   for (int row = 0; row <= UBound(vars_.SystemParameters); ++row) {
     if (!form_.udVal.Has(row)) continue;

@@ -9,19 +9,18 @@ class SettingCommands;
 struct Variables;
 
 /// The list of numeric parameters: its two sorts, its radix, and the spins that edit the values. Classes 1
-/// and 25 are internal: they are sorted with the others, and never shown.
+/// and 25 are internal: they are sorted with the others but never shown.
 ///
-/// A row finds its records by their description, so parameters that share one change together.
+/// A row finds its records by their description, so parameters with the same description change together.
 class ParameterList {
  public:
   ParameterList(Variables& variables, FrmStart& form, PanelSetup& panels, SettingCommands& commands);
 
-  /// Sorts the list by class and, within a class, by parameter number, and fills the rows anew.
+  /// Sorts the list by class, then by parameter number, and refills the rows.
   void bClass_Click();
-  /// Sorts the list by description and fills the rows that are there. "Z" comes first: that is how operators
-  /// know the list.
+  /// Sorts the list by description, descending as operators know it, and refills the existing rows.
   void bDesc_Click();
-  /// Shows the values in the other radix.
+  /// Switches the radix in which the values are shown.
   void SetParDisType();
 
  private:

@@ -16,7 +16,7 @@ RecentFiles::RecentFiles(Platform& platform, FrmStart& form, ConfigurationFile& 
     : mnuRecent(form, "mnuRecent", {1, 2, 3, 4, 5, 6, 7, 8}), platform_(platform), commands_(commands) {
   for (const int i : mnuRecent.Indices()) {
     std::string name = platform_.settings.GetSetting(RecentFileKey(i), "");
-    // Two windows that wrote in turn may have left one file twice.
+    // Two windows that wrote in turn may have stored one file twice.
     const bool listed = std::find(names_.begin(), names_.end(), name) != names_.end();
     if (!name.empty() && !listed) names_.push_back(std::move(name));
   }
@@ -33,7 +33,7 @@ void RecentFiles::Note(const std::string& name) {
 }
 
 void RecentFiles::Open(int index) {
-  // A copy: the list is another one once the file is open.
+  // A copy: opening the file changes the list.
   const std::string name = mnuRecent(index).Caption();
   if (platform_.files.FileExists(name)) {
     commands_.OpenNamed(name);

@@ -14,16 +14,16 @@ class FileCommands;
 class FrmStart;
 struct Platform;
 
-/// The configurations last opened or saved, the latest first, as entries of the File menu. They live in the
-/// settings Recent1 to Recent8. One that is chosen opens with the same questions as Open; one that is no
-/// longer there is told and taken off the list.
+/// The configurations last opened or saved, latest first, as entries of the File menu, kept in the settings
+/// Recent1 to Recent8. Choosing one asks the same questions as Open. If it no longer exists, the operator is
+/// told and it leaves the list.
 class RecentFiles {
  public:
   static constexpr int kMost = 8;
 
   RecentFiles(Platform& platform, FrmStart& form, ConfigurationFile& file, FileCommands& commands);
 
-  /// The main form's entries 1 to 8: each has the file's whole name as caption and is hidden while unused.
+  /// The main form's entries 1 to 8. Each has the file's full name as its caption and is hidden while unused.
   ControlArray<MenuItem> mnuRecent;
 
  private:

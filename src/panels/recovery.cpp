@@ -20,7 +20,7 @@
 
 namespace marlinset {
 namespace {
-/// With the time until an edit is noticed less than two seconds.
+/// Together with the time until an edit is noticed, less than two seconds.
 constexpr int kRestMs = 1500;
 constexpr int kMostMs = 30000;
 }  // namespace
@@ -69,13 +69,13 @@ void Recovery::NoteChange() {
   most_.SetEnabled(true);
 }
 
-/// Writing to a disk takes a while, in which no byte would be sent and no answer heard.
+/// Writing to a disk takes a while, during which no byte would be sent and no answer heard.
 bool Recovery::LineBusy() const {
   return form_.dPause.Enabled() || form_.TimerNew.Enabled() || form_.timeRes.Enabled() ||
          (platform_.ComP1.PortOpen() && platform_.ComP1.OutBufferCount() > 0);
 }
 
-/// False when the composition can't be read, which has been told; it stays where it is.
+/// Returns False if the composition can't be read; the operator has then been told, and it stays where it is.
 bool Recovery::Restore(const LeftWork& left) {
   std::string& name = platform_.fileDialog.FileName;
   const std::string nameBefore = std::exchange(name, left.file);
@@ -105,7 +105,8 @@ void Recovery::Discard() {
   discarded_ = true;
 }
 
-/// At a regular end the operator has been asked about all that questions count.
+/// At a regular end, the operator has been asked about every change that ConfigSaved counts. Drops all
+/// others, unless a save failed.
 void Recovery::End() {
   if (!platform_.work) return;
   const bool wanted = !vars_.ConfigSaved || saveFailed_;
@@ -115,11 +116,11 @@ void Recovery::End() {
 }
 
 void Recovery::KeepNow() {
-  if (!begun_ || file_.Reading()) return;  // a box of the load stands over parts of two configurations
+  if (!begun_ || file_.Reading()) return;  // a load is between two configurations
   rest_.SetEnabled(false);
   most_.SetEnabled(false);
   KeepOrDrop();
-  if (told_) most_.SetEnabled(true);  // there may be room by then
+  if (told_) most_.SetEnabled(true);  // there may be room again later
 }
 
 void Recovery::Leave() {
@@ -135,7 +136,7 @@ void Recovery::KeepOrDrop() {
   kept_.reset();
 }
 
-/// What can't be kept was told once; the operator's own files are not touched by it.
+/// Keeps the work, or reports once that it can't; never touches the operator's own files.
 void Recovery::Keep() {
   try {
     UnsavedWork work{vars_.CurrentFile, file_.Path(), WriteDocument(DocumentOfPanels(vars_, form_)),

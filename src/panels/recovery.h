@@ -14,32 +14,32 @@ class UnsavedChanges;
 struct Platform;
 struct Variables;
 
-/// A composition outlives a tool that dies. One with unsaved changes is kept aside in the user's data
-/// folder, never in the operator's files, and the next start offers it: within two seconds of an edit that
-/// nobody continues, but not in the middle of an exchange with the unit, and every half minute in any case.
-/// Does nothing on a platform without a keeper, and nothing while nothing changes.
+/// Preserves a composition if the tool dies. Stores unsaved changes in the user's data folder, never in the
+/// operator's files, and offers them at the next start. Stores within two seconds of an edit if the operator
+/// pauses and no exchange with the unit is under way, and every half minute in any case. Does nothing on a
+/// platform without a keeper, or while nothing changes.
 class Recovery {
  public:
   Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file,
            UnsavedChanges& changes);
 
-  /// At the start: asks for each composition that was left, the latest first, until the operator takes one;
-  /// one that is not wanted is put away.
+  /// At start: asks about each composition left behind, latest first, until the operator takes one, and sets
+  /// those declined aside.
   void Offer();
-  /// The operator took one.
+  /// Whether the operator took one.
   bool Restored() const { return restored_; }
-  /// From now on unsaved work is kept.
+  /// Unsaved work is kept from now on.
   void Begin();
-  /// Another configuration takes the place of the present one. What a failed save has not stored is left for
+  /// Another configuration is about to replace the present one. Leaves what a failed save has not stored for
   /// the next start.
   void BeforeReplacing();
   /// The operator does not want the changes.
   void Discard();
-  /// The run ends: work that is not stored stays for the next one.
+  /// The run ends: leaves work that is not stored for the next one.
   void End();
-  /// The run may be over at any moment: what is unsaved now is kept.
+  /// The run may end at any moment: keeps what is unsaved now.
   void KeepNow();
-  /// The run is over at once, nobody can be asked: what is unsaved stays for the next one.
+  /// The run ends at once and nobody can be asked: leaves what is unsaved for the next one.
   void Leave();
 
  private:
@@ -54,8 +54,8 @@ class Recovery {
   FrmStart& form_;
   ConfigurationFile& file_;
   UnsavedChanges& changes_;
-  Timer rest_;  ///< runs from the last edit, ticks when nobody continued
-  Timer most_;  ///< runs from the first edit that is not kept
+  Timer rest_;  ///< runs from the last edit, ticks if no other follows
+  Timer most_;  ///< runs from the first edit that is not kept yet
   bool begun_ = false;
   bool saveFailed_ = false;  ///< edits that the last save should have stored
   bool discarded_ = false;

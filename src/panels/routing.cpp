@@ -34,7 +34,8 @@ void Routing::Click(const Boxes& boxes, int index) {
     At(vars_.*boxes.lastIndex, index) = static_cast<std::uint8_t>(box.ListIndex());
   }
   if (!form_.mnuInter.Checked()) return;
-  // The unit has no user bits of its own for the second VITC line; what it was told last does no harm again.
+  // The second VITC line has no user bits of its own on the unit; sending the last message again does no
+  // harm.
   const std::optional<CommandId> command = CommandOfBox(box);
   if (command) {
     commands_.Send(*command, Sender::kPanel);

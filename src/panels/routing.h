@@ -14,8 +14,8 @@ class SettingCommands;
 struct Variables;
 
 /// Which source feeds the time bits (comTB) and the user bits (ComUB) of the input, of the LTC output and of
-/// the three VITC lines. In interactive mode a choice goes to the unit at once, also to one in local mode. A
-/// choice alone is no edit; typing is taken back, but counts as one.
+/// the three VITC lines. In interactive mode a choice goes to the unit at once, even in local mode. A choice
+/// alone does not count as an edit; typing is undone but counts as one.
 class Routing {
  public:
   Routing(Variables& variables, FrmStart& form, SettingCommands& commands);

@@ -31,7 +31,7 @@ void SlateAndMessage::MessageChanged() {
   vars_.ConfigSaved = false;
 }
 
-/// The longer the message, the less far to the right its window may stand.
+/// The longer the message, the less far to the right its window can go.
 void SlateAndMessage::LimitToMessage() {
   if (!form_.Visible() || !form_.udHor.Has(FrmStart::kTextWindowRow)) return;
   const int length = static_cast<int>(LengthOf(form_.tWinMess.Text()));

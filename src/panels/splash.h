@@ -7,16 +7,15 @@ namespace marlinset {
 
 class FrmSplash;
 
-/// The splash's part in the start: it stands while the tool loads and a while longer, then the main window
-/// comes.
+/// The splash screen at start: shown while the tool loads and a while longer; then the main window appears.
 class Splash {
  public:
-  /// `load` brings the tool up, `show` shows the main window.
+  /// `load` starts the tool, `show` shows the main window.
   Splash(FrmSplash& form, std::function<void()> load, std::function<void()> show);
 
-  /// Shows the splash, loads the tool and starts the splash's time.
+  /// Shows the splash screen, loads the tool and starts the pause.
   void Load();
-  /// The operator does not want to wait. Nothing happens while the tool still loads.
+  /// The operator does not want to wait. Does nothing while the tool is still loading.
   void Skip();
 
  private:

@@ -16,9 +16,8 @@ class WindowSettings;
 struct Platform;
 struct Variables;
 
-/// How the tool comes up: paths, reference database, operating mode, panels, ports, what the settings
-/// remember, the default file, unsaved work of a run that died, and interactive mode if the operator wants it
-/// again.
+/// Starts the tool: paths, reference database, operating mode, panels, ports, remembered settings, the
+/// default file, unsaved work of a run that died, and interactive mode if the operator wants it again.
 class StartUp {
  public:
   struct Parts {
@@ -32,11 +31,11 @@ class StartUp {
   };
   StartUp(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts);
 
-  /// Brings the tool up in the operating mode that `commandText` names by name or id; empty: the default
-  /// mode. A failure on the way is shown as number, two blanks and description; the start ends there and
-  /// false is returned. A reference database that is of no use ends the program (ProgramEnd). `resume` off
-  /// leaves the defaults in the panels: no default file, no interactive mode, no questions but those about
-  /// the work of a run that died.
+  /// Starts the tool in the operating mode whose name or id is `commandText`, the default mode if that is
+  /// empty. A failure is shown as number, two blanks and description; it ends the start, which returns False.
+  /// An unusable reference database ends the program (throws ProgramEnd). Without `resume` the panels keep
+  /// the defaults: no default file, no interactive mode, and no questions except those about the work of a
+  /// run that died.
   bool Form_Load(const std::string& commandText, bool resume = true);
 
  private:

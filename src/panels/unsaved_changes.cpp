@@ -13,8 +13,8 @@
 
 namespace marlinset {
 namespace {
-/// From the first touch of a control until it is looked what came of it: one look for all that one action
-/// does, and too short to be noticed.
+/// Milliseconds from the first touch of a control to the comparison: one comparison for everything that one
+/// action does, too short to be noticed.
 constexpr int kLookMs = 100;
 }  // namespace
 
@@ -26,7 +26,7 @@ UnsavedChanges::UnsavedChanges(Platform& platform, const Variables& variables, F
       timer_(platform.pump, platform.guard, "UnsavedChanges", kLookMs),
       touched_(form.Touched, [this] { timer_.SetEnabled(begun_); }) {
   timer_.OnTick([this] {
-    if (file_.Reading()) return;  // a box of the load stands over half of another composition
+    if (file_.Reading()) return;  // a load is between two compositions
     timer_.SetEnabled(false);
     form_.ListenAgain();
     Look();

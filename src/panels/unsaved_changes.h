@@ -15,31 +15,31 @@ class FrmStart;
 struct Platform;
 struct Variables;
 
-/// The tool's account of what is stored: whether the panels hold a composition that no file holds. It goes by
-/// the bytes that a file would have, so a value that is set back by hand is no change. ConfigSaved is no such
-/// account: routing, VITC mode, video standard and down converter leave it alone, and the commands set it
-/// after a save whatever became of it.
+/// Whether the panels hold a composition that no file holds. Compares the bytes that a file would have, so a
+/// value that is set back by hand is no change. ConfigSaved does not say that: routing, VITC mode, video
+/// standard and down converter leave it alone, and the commands set it after every save, whatever the
+/// outcome.
 class UnsavedChanges {
  public:
   UnsavedChanges(Platform& platform, const Variables& variables, FrmStart& form, ConfigurationFile& file);
 
-  /// Another composition has come that nobody can lose: the defaults, or what was just read. The account
+  /// The panels hold another composition that cannot be lost: the defaults, or a file just read. The account
   /// begins with the first.
   void CountAsStored();
-  /// What the panels hold is in no file, whatever was read: work of a run that died.
+  /// What the panels hold is in no file, whatever was read: work of a run that died, or of a failed save.
   void CountAsUnsaved();
 
-  /// The panels hold something else than what was stored, read or begun with last.
+  /// Whether the panels hold something other than what was last stored, read or started with.
   bool Modified() const;
 
-  /// The composition, or whether it is modified, is another one: at once when it was stored or replaced, soon
-  /// after an edit, also while that edit's message waits for the unit.
+  /// The composition has changed, or whether it is modified. Raised at once when it was stored or replaced,
+  /// and soon after an edit, even while that edit's message waits for the unit.
   Signal<> Changed;
 
  private:
   using Bytes = std::vector<std::uint8_t>;
 
-  /// The bytes of a file of the panels; nothing while a value is beyond what a file can hold.
+  /// The bytes that a file of the panels would have; empty while a value exceeds what a file can hold.
   std::optional<Bytes> Composition() const;
   bool IsUnsaved(const std::optional<Bytes>& composition) const;
   void Look();
@@ -50,9 +50,9 @@ class UnsavedChanges {
   Timer timer_;
   Listening<> touched_;
   bool begun_ = false;
-  bool unsaved_ = false;         ///< in no file, whatever its bytes are
-  std::optional<Bytes> stored_;  ///< the composition as it was last begun with, read or stored
-  std::optional<Bytes> seen_;    ///< what was told last, and whether it was modified
+  bool unsaved_ = false;         ///< in no file, even if the bytes are equal
+  std::optional<Bytes> stored_;  ///< the composition last started with, read or stored
+  std::optional<Bytes> seen_;    ///< the composition at the last report
   bool seenModified_ = false;
 };
 

@@ -7,15 +7,15 @@ class FrmStart;
 class PanelSetup;
 struct Variables;
 
-/// The choice of the video standard, `comVS`: which limits and which list of processing modes follow from it.
-/// A choice sends nothing; the unit learns of it with the next whole send. After a load, whose position
-/// limits are provisional, an operator's first move of a position brings those of windows, too.
+/// The choice of the video standard, `comVS`, which determines the limits and the list of processing modes. A
+/// choice sends nothing; the unit learns of it with the next whole send. After a load, whose position limits
+/// are provisional, the operator's first move of a position also sets those of the windows.
 class VideoStandard {
  public:
   VideoStandard(Variables& variables, FrmStart& form, PanelSetup& panels);
 
-  /// Brings the limits of lines and window positions to the selected standard. Room for field digits and
-  /// symbols is not taken into account until their boxes are clicked or defaults are applied.
+  /// Sets the limits of lines and window positions for the selected standard. Leaves no room for field digits
+  /// and symbols until their boxes are clicked or defaults are applied.
   void ApplyStandardLimits();
 
  private:

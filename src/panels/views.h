@@ -9,7 +9,7 @@ class FrmStart;
 class Views {
  public:
   explicit Views(FrmStart& form);
-  /// Shows the panel of a view button; any index that has none shows the inputs.
+  /// Shows the panel of a view button; shows the inputs for any other index.
   void Show(int view);
 
  private:

@@ -19,7 +19,7 @@ void WhiteFlag::LineChanged() {
   vars_.ConfigSaved = false;
 }
 
-/// Polling rests meanwhile, and goes on unless interactive mode ended in the middle.
+/// Pauses polling meanwhile; resumes it unless interactive mode has ended in between.
 void WhiteFlag::EnableClicked() {
   if (commands_.Live()) {
     form_.InterTime.SetEnabled(false);

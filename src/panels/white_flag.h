@@ -7,8 +7,8 @@ class FrmStart;
 class SettingCommands;
 struct Variables;
 
-/// The white flag: whether it is put on a video line, and on which. The unit learns of the line only while
-/// the flag is on.
+/// The white flag: whether a video line carries it, and which. The unit learns of the line only while the
+/// flag is on.
 class WhiteFlag {
  public:
   WhiteFlag(Variables& variables, FrmStart& form, SettingCommands& commands);

@@ -38,7 +38,7 @@ void WindowHighlight::ConnectSurroundings() {
                                    &form_.fAttribs, &form_.fDownConv, &form_.fVirtual, &form_.fWindows,
                                    &form_.fWinMess, &form_.pWinOut,   &form_};
   for (EventSource* surface : surfaces) surface->OnMouseMove([this] { ClearOthers(kNoIndex); });
-  // What lies right around the names also ends a rest on one of them.
+  // The area right around the names also ends a rest on one of them.
   EventSource* const aroundNames[] = {&form_.fPosition, &form_.pWinIn};
   for (EventSource* surface : aroundNames) {
     surface->OnMouseMove([this] {
@@ -55,7 +55,7 @@ void WindowHighlight::Rest(int row) {
   form_.Timer1.SetEnabled(true);
 }
 
-/// A rest lights its row once, also when that fails: a timer that went on would bring the box up again and
+/// A rest highlights its row once, even if that fails: a timer that kept running would show the box again and
 /// again, faster than anybody can close it.
 void WindowHighlight::Rested() {
   Finally([this] { Highlight(restingRow_); }, [this] { form_.Timer1.SetEnabled(false); });
@@ -67,12 +67,14 @@ void WindowHighlight::Highlight(int row) {
   if (!IsHighlighted(row)) commands_.SendWindowInteractive(row, kHighlightOn);
 }
 
-/// Whatever the unit made of an earlier message, a row that counts as not highlighted is told so once more.
+/// Sends the end of the highlight once more to a row that counts as not highlighted, whatever the unit made
+/// of an earlier message.
 void WindowHighlight::Leave(int row) {
   if (form_.mnuInter.Checked() && !IsHighlighted(row)) commands_.SendWindowInteractive(row, kHighlightOff);
 }
 
-/// All but `row`; kNoIndex for really all. The windows may become others while a message is on its way.
+/// Clears all rows except `row`; kNoIndex excepts none. The windows may be replaced while a message is on its
+/// way.
 void WindowHighlight::ClearOthers(int row) {
   if (!form_.mnuInter.Checked()) return;
   for (int other = 0; other < static_cast<int>(vars_.CharWindows.size()); ++other) {

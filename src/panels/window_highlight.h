@@ -7,8 +7,8 @@ class FrmStart;
 class SettingCommands;
 struct Variables;
 
-/// In interactive mode the unit highlights the window whose row the mouse is over, so that the operator sees
-/// on the monitor which row is which. A window's name highlights it only once the mouse has rested on it.
+/// In interactive mode, the unit highlights the window whose row the mouse is over, so that the operator sees
+/// on the monitor which row is which. Over a window's name, the mouse must first rest.
 class WindowHighlight {
  public:
   WindowHighlight(Variables& variables, FrmStart& form, SettingCommands& commands);

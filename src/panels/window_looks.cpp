@@ -32,9 +32,9 @@ void WindowLooks::SendChoice(int index) {
   if (choice && command && UnitHas(form_, *choice)) commands_.Send(*command, Sender::kPanel);
 }
 
-/// The inserter goes off meanwhile if it is on, and every window goes out again: its row counts in characters
-/// of the new size. At the end the menu shows the inserter on, even where it was off and stays so; operators
-/// know it like that.
+/// Switches the inserter off meanwhile if it is on, and sends every window again, since its row counts in
+/// characters of the new size. At the end the menu shows the inserter on, even if it was off and stays so;
+/// operators know it that way.
 void WindowLooks::ChangeFontSize() {
   WindowTextChanging_ = form_.mnuCharOn.Checked();
   if (WindowTextChanging_) commands_.SendCharInserter(CommandId::kCharOffForSize, Sender::kPanel, true);
@@ -44,7 +44,7 @@ void WindowLooks::ChangeFontSize() {
   ShowInserter(true);
 }
 
-/// The second round takes all highlights away.
+/// The second round ends all highlights.
 void WindowLooks::SendAllWindows() {
   for (int row = 0; row < static_cast<int>(vars_.CharWindows.size()); ++row) {
     if (commands_.HasWindow(row) && form_.tVert(row).Visible()) commands_.SendWindowAll(row);
@@ -54,8 +54,8 @@ void WindowLooks::SendAllWindows() {
   }
 }
 
-/// The tick is part of the configuration, so where no port can be opened, which has been told by then, the
-/// choice still counts.
+/// The tick is part of the configuration, so the choice counts even if no port can be opened, which Open has
+/// then reported.
 void WindowLooks::SwitchInserter(bool on) {
   if (!platform_.ComP1.PortOpen()) form_.bOpen.Press();
   if (platform_.ComP1.PortOpen()) {

@@ -26,7 +26,7 @@ class WindowLooks {
   Variables& vars_;
   FrmStart& form_;
   SettingCommands& commands_;
-  bool WindowTextChanging_ = false;  ///< the inserter is off for the time of a change of the font size
+  bool WindowTextChanging_ = false;  ///< the inserter is off during a change of the font size
 };
 
 }  // namespace marlinset

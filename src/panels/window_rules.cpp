@@ -16,7 +16,7 @@ WindowRules::WindowRules(Variables& variables, FrmStart& form, SettingCommands& 
   form_.VScroll1.OnChange([this] { form_.pWinIn.SetTop(FrmStart::kRowHeight - form_.VScroll1.Value()); });
 }
 
-/// The unit's local mode does not hold a window back: it answers for itself.
+/// Sends even in local mode: the unit answers for itself.
 void WindowRules::RowChanged(int row) {
   if (form_.mnuInter.Checked()) commands_.SendWindowAll(row);
   vars_.ConfigSaved = false;
@@ -27,9 +27,9 @@ void WindowRules::WidthChanged(int row) {
   RowChanged(row);
 }
 
-/// A wider window stops earlier at the right. A window without field digit or symbol takes no tick for it;
-/// taking the tick back is a click of its own, so that room for the symbol is kept twice after a field digit
-/// that was refused, until the next click.
+/// A wider window stops earlier at the right. A window without field digit or symbol rejects the tick for it.
+/// Removing that tick is a click of its own; so after a rejected field digit, room for the symbol is reserved
+/// twice until the next click.
 void WindowRules::LimitToWidth(int row) {
   const auto has = [](const auto& rows, int index) {
     return index >= 0 && static_cast<std::size_t>(index) < rows.size();

@@ -7,8 +7,8 @@ class FrmStart;
 class SettingCommands;
 struct Variables;
 
-/// The rows of the table of character windows: what an edit of a row does to the room that its window has,
-/// and that each edit goes to the unit in interactive mode. Also the table's scroll bar.
+/// The rows of the table of character windows: an edit of a row adjusts the room that its window has, and
+/// goes to the unit in interactive mode. Also the table's scroll bar.
 class WindowRules {
  public:
   WindowRules(Variables& variables, FrmStart& form, SettingCommands& commands);

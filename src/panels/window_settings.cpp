@@ -25,7 +25,7 @@ constexpr std::array<TimeOut, 5> kTimeOuts = {{{&FrmStart::mnu10, 10000},
 constexpr int kLastView = 5;
 constexpr int kLastRememberedView = 4;
 
-/// Room around the panel with the character windows, which is the largest, in twips.
+/// Room around the panel of the character windows, the largest one, in twips.
 constexpr int kRoomBelow = 1500;
 constexpr int kRoomBeside = 550;
 
@@ -77,7 +77,7 @@ void WindowSettings::PutToReg() {
   try {
     save(kDatabaseVersionSetting, database_.DatabaseVersion());
   } catch (const RuntimeError&) {
-    // The database went away during the run, which must not keep the program from ending.
+    // The database went away during the run; that must not keep the program from ending.
   }
   save(kProgramVersionSetting, MARLINSET_VERSION);
   save(kLinkToolsSetting, form_.mnuCommD.Checked() ? "1" : "0");
