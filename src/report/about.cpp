@@ -89,7 +89,7 @@ void About::cmdSysInfo_Click() {
   }
 }
 
-/// The system's own tool for system information; empty when there is none.
+/// The system's own tool for system information; empty if there is none.
 std::string About::SystemInfoPath() const {
   std::string path = GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
   if (!path.empty()) return path;
@@ -99,7 +99,7 @@ std::string About::SystemInfoPath() const {
   return platform_.files.FileExists(program) ? program : "";
 }
 
-/// A value of the machine's registry as text, a double word as "&h" and its digits; empty when there is none.
+/// A value of the machine's registry as text, a double word as "&h" and its digits; empty if there is none.
 std::string About::GetKeyValue(const std::string& key, const std::string& name) const {
   const RegistryValue value = platform_.desktop.Registry(key, name);
   if (const auto* text = std::get_if<std::string>(&value)) return *text;

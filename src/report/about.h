@@ -13,16 +13,16 @@ class ReferenceDatabase;
 struct Platform;
 struct Variables;
 
-/// Help > About. While the box is open, or on its way, polling rests. In interactive mode the unit is asked
-/// for its firmware first, and the box opens when it has answered or there is no more unit to ask.
+/// Help > About. Polling pauses while the box is open or about to open. In interactive mode it asks the unit
+/// for its firmware first; the box opens when the unit has answered or can no longer be asked.
 class About {
  public:
   About(Platform& platform, Variables& variables, FrmStart& mainForm, ReferenceDatabase& database,
         Identification& identification);
 
-  /// The box is open or on its way.
+  /// Whether the box is open or about to open.
   bool Open() const { return open_; }
-  /// The box itself, for whoever shows it.
+  /// The box itself, for the part that shows it.
   FrmAbout form;
 
  private:
@@ -38,7 +38,7 @@ class About {
   FrmStart& mainForm_;
   ReferenceDatabase& database_;
   Identification& identification_;
-  bool open_ = false;   ///< from the beginning of the load to the close
+  bool open_ = false;   ///< from the start of the load to the close
   bool shown_ = false;  ///< the box is on the screen
 };
 

@@ -6,7 +6,7 @@
 
 namespace marlinset {
 
-/// The About box: what is running, on which reference database, with which unit.
+/// The About box: the program, its reference database and the unit's firmware.
 class FrmAbout : public Form {
  public:
   explicit FrmAbout(Guard& guard) : Form("frmAbout", guard) {
@@ -18,7 +18,7 @@ class FrmAbout : public Form {
   Label lblTitle{*this, "lblTitle"}, lblVersion{*this, "lblVersion"};
   Label lblDatabase{*this, "lblDatabase"}, lblFirmWare{*this, "lblFirmWare"};
   Label lblDescription{*this, "lblDescription"};  ///< who made the program
-  Label lblDisclaimer{*this, "lblDisclaimer"};    ///< where updates and help are, and the notice
+  Label lblDisclaimer{*this, "lblDisclaimer"};    ///< where to find updates and help, and the notice
   Button cmdOK{*this, "cmdOK"};
   Button cmdSysInfo{*this, "cmdSysInfo"};  ///< "&" in its caption marks the mnemonic
 };

@@ -22,13 +22,13 @@ namespace {
 
 constexpr std::string_view kPdf = ".pdf";
 
-/// The name of a document for a configuration of that name.
+/// The document's name for a configuration of this name.
 std::string PdfNameOf(const std::string& configuration) {
   const std::string name = FileNameOf(configuration);
   return name.substr(0, name.rfind('.')) + std::string(kPdf);
 }
 
-/// With its separator; empty when the name has none.
+/// With its separator; empty if the path has none.
 std::string FolderOf(const std::string& path) {
   return path.substr(0, path.size() - FileNameOf(path).size());
 }
@@ -73,18 +73,18 @@ void PrintCommand::Export() {
   form_.StatBar(FrmStart::kVideoPanel).SetText(FileNameOf(file) + " written to " + FolderOf(file));
 }
 
-/// The document to write; empty when the operator thinks better of it.
+/// The document to write; empty if the operator decides against it.
 std::string PrintCommand::AskForDocument() const {
   std::string file = AskForName();
   if (file.empty() || EndsInPdf(file)) return file;
   file += kPdf;
-  // The dialog has asked about the name as it was typed, not about this one.
+  // The dialog has asked about the name as typed, not about this one.
   const bool taken = platform_.files.FileExists(file);
   return !taken || platform_.dialogs.Ask(file + " already exists. Do you want to replace it?") ? file : "";
 }
 
-/// The tool's one file dialog carries the configuration in work, and does so again afterwards. The document
-/// is to lie beside it. Empty when the operator cancelled.
+/// Asks with the tool's one file dialog, which belongs to the open configuration and gets its state back
+/// afterwards. Suggests the configuration's folder. Empty if the operator cancelled.
 std::string PrintCommand::AskForName() const {
   FileDialog& dialog = platform_.fileDialog;
   const FileDialogState before = dialog.State();

@@ -12,26 +12,27 @@ struct Platform;
 struct Variables;
 
 /// File > Print, Print preview and Export as PDF: the composition as a two-page record. It shows what the
-/// panels show, not what a unit holds.
+/// panels hold, not what a unit holds.
 class PrintCommand {
  public:
   PrintCommand(Platform& platform, const Variables& variables, FrmStart& form);
 
-  /// Lays out the two pages from the panels and hands them over as one job. Failures of the device go to the
+  /// Lays out the two pages from the panels and prints them as one job. Failures of the device reach the
   /// caller.
   void PrintConfig(PrintRequest request);
 
  private:
-  /// To the default printer. Polling rests meanwhile; a printer that fails leaves interactive mode suspended.
+  /// Prints on the default printer. Polling pauses meanwhile; a printer that fails leaves interactive mode
+  /// suspended.
   void mnuPrint_Click();
   void Preview();
   void Export();
   std::string AskForDocument() const;
   std::string AskForName() const;
-  /// Runs `action` with polling at rest, and takes it up again also when `action` fails.
+  /// Runs `action` while polling is paused, and resumes it even if `action` fails.
   template <class Action>
   void Undisturbed(const Action& action);
-  /// The port that is ticked in the menu, otherwise the one that would be opened.
+  /// The port that is ticked in the menu, otherwise the one that would be opened next.
   std::string Port() const;
 
   Platform& platform_;

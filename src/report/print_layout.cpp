@@ -20,7 +20,7 @@ constexpr double kColumnWidth = (kSheetWidth - kColumnGap) / 2;
 constexpr double kLabelWidth = 32;
 constexpr double kCheckWidth = 6;
 constexpr double kTitleHeight = 7;
-/// Below stands which of several sheets this is.
+/// Below this line, a sheet shows its number if there are several.
 constexpr double kBottom = kSheetHeight - kRowHeight;
 constexpr double kPageWidth = 26;
 constexpr double kDateWidth = 44;
@@ -49,7 +49,7 @@ class Layout {
   }
 
   void AddTable(const PrintedTable& table) {
-    // A head without a row below it says nothing.
+    // Headings without a row below them say nothing.
     if (y_ + 2 * kRowHeight + kTableRowHeight + kPad > kBottom) StartSheet();
     repeating_ = false;
     double top = BeginTable(table);
@@ -88,7 +88,7 @@ class Layout {
     Text(text, {.x = x, .y = y, .width = width, .height = kRowHeight, .look = look});
   }
 
-  /// A value, or a check box with its caption behind it.
+  /// A value, or a check box followed by its caption.
   void AddPart(const PrintedValue& part, double x, double y, double width) {
     const Control* control = source_.form.Find(part.control, part.index);
     if (!control) throw NoSuchElement(part.index);
@@ -136,7 +136,7 @@ class Layout {
            std::ranges::any_of(panel.lines, [this](const PrintedLine& line) { return IsShown(line); });
   }
 
-  /// Stacks panels from `y` on; returns where the next thing below may begin.
+  /// Stacks panels from `y` downwards; returns where the next item may begin.
   double Column(double x, double y, std::span<const PrintedPanel> panels) {
     for (const PrintedPanel& panel : panels) y = AddPanel(panel, x, y, kColumnWidth, kGap);
     return y;
@@ -206,7 +206,7 @@ class Layout {
     y_ += kTableRowHeight;
   }
 
-  /// A page that needs several sheets says which of them each one is.
+  /// Numbers the sheets of a page that needs several.
   void NumberSheets() {
     const std::size_t count = printed_.sheets.size();
     for (std::size_t i = 0; count > 1 && i < count; ++i) {

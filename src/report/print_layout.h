@@ -10,7 +10,7 @@ namespace marlinset {
 class FrmStart;
 struct Variables;
 
-/// What a page tells: the panels, and what does not stand on them.
+/// What the pages show: the panels, and what is not on them.
 struct PrintSource {
   const FrmStart& form;
   const Variables& vars;
@@ -19,9 +19,9 @@ struct PrintSource {
 };
 
 /// The two pages of the record on sheets: the panels with the window table, and all parameters. What the
-/// composition does not use takes no room, and the rest moves up. A table whose rows do not fit goes on on
-/// further sheets, under its heads again. Paper, preview, document and script all come from here. A table
-/// without any record is failure 9.
+/// composition does not use takes no room, and the rest moves up. A table with too many rows for a sheet
+/// continues on further sheets, with its headings repeated. Paper, preview, document and script all use
+/// these. Throws SubscriptOutOfRange for a table without any record.
 PrintedForm LayOutPanels(const PrintSource& source);
 PrintedForm LayOutParameters(const PrintSource& source);
 

@@ -102,7 +102,7 @@ constexpr PrintedColumn kParameterColumns[] = {
     {nullptr, TextCell<&FrmStart::tVal>, 154, 28, PrintAlign::kRight},
 };
 
-/// All windows but those that the operating mode hides.
+/// All windows except those that the operating mode hides.
 std::vector<int> WindowRows(const PrintSource& source) {
   const ControlArray<Label>& names = source.form.lName;
   std::vector<int> rows;
@@ -112,7 +112,7 @@ std::vector<int> WindowRows(const PrintSource& source) {
   return rows;
 }
 
-/// All parameters, those of internal classes too.
+/// All parameters, including those of internal classes.
 std::vector<int> ParameterRows(const PrintSource& source) {
   std::vector<int> rows;
   for (int row = 0; row <= UBound(source.vars.SystemParameters); ++row) rows.push_back(row);

@@ -11,8 +11,8 @@
 #include "core/choices.h"
 #include "report/print_layout.h"
 
-// What stands on the two pages, in tables: which controls of the main form, under which texts, in what order.
-// Measures are millimetres.
+// The content of the two pages, in tables: which controls of the main form, with which texts, in what order.
+// Measures are in millimetres.
 
 namespace marlinset {
 
@@ -29,7 +29,7 @@ struct PrintedValue {
 };
 
 /// A line of a panel: a label, its value and, in the right half, a second value; without a label the value
-/// has the whole line. A check box carries its caption.
+/// takes the full line. A check box includes its caption.
 struct PrintedLine {
   const char* label;
   PrintedValue value;
@@ -37,16 +37,16 @@ struct PrintedLine {
 };
 inline constexpr const char* kNoLabel = nullptr;
 
-/// A panel with its lines, and the panels in it. Lines whose choice the unit does not have are left out, and
-/// a panel without a line.
+/// A panel with its lines and inner panels. Omits lines whose choice the unit does not have, and a panel
+/// without lines.
 struct PrintedPanel {
   const char* title;
   std::span<const PrintedLine> lines;
   std::span<const PrintedPanel> inner = {};
-  int vitcLine = 1;  ///< of one that belongs to a VITC line: which, so that lines not in use are left out
+  int vitcLine = 1;  ///< the VITC line that the panel belongs to; omitted if that line is not in use
 };
 
-/// The head of the panels' page: label and value side by side.
+/// A field at the head of the panels' page: label and value side by side.
 struct PrintedField {
   const char* label;
   std::string (*value)(const PrintSource& source);
@@ -55,18 +55,18 @@ struct PrintedField {
   double valueWidth;
 };
 
-/// What a cell of a table shows: a text, or a tick. A record without its row of controls has blank cells.
+/// What a cell of a table shows: a text, or a tick. A record without a row of controls has blank cells.
 using PrintedCell = std::variant<std::string, bool>;
 
 struct PrintedColumn {
-  const char* head;  ///< none: the caption of bValue, which tells the radix
+  const char* head;  ///< null: the caption of bValue, which names the radix
   PrintedCell (*cell)(const PrintSource& source, int row);
   double x;
   double width;
   PrintAlign align = PrintAlign::kLeft;
 };
 
-/// A table in a panel of its own, as wide as the sheet.
+/// A table in its own panel, as wide as the sheet.
 struct PrintedTable {
   const char* title;
   std::span<const PrintedColumn> columns;
