@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# How a room of the house is built: one static library, its folder path is its include path, and it links only what it may use.
+# How to build a room: a static library whose folder path is its include path, and which links only what it may use.
 
 add_library(marlinset_flags INTERFACE)
 target_compile_options(marlinset_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
-# In optimised code GCC 12 takes the insertions of its own std::string and std::vector for copies that overlap or
-# reach beyond their array, and the alternatives of a std::variant for read before they are set. The
-# sanitizers watch over the copies.
+# In optimised code, GCC 12 warns of its own std::string and std::vector that insertions copy overlapping memory or
+# reach beyond their array, and of std::variant that alternatives are read before they are set. The sanitizers watch
+# over these copies.
 target_compile_options(marlinset_flags INTERFACE
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-array-bounds;-Wno-stringop-overflow;-Wno-stringop-overread>
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-maybe-uninitialized>)
@@ -29,18 +29,19 @@ if(MARLINSET_COVERAGE)
   add_link_options(--coverage)
 endif()
 
-# A precompiled header changes with its time stamp, which says nothing about what is in it.
+# A precompiled header changes with its time stamp, which does not depend on its content.
 find_program(CCACHE ccache)
 if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
 endif()
 
-# What nearly every file includes is compiled once for all rooms; each file still includes what it uses, as builds
-# without precompiled headers (preset asan) show.
+# Headers that nearly every file includes are compiled once for all rooms. Each file must still include what it uses:
+# builds without precompiled headers (preset asan) check that.
 set(MARLINSET_COMMON_HEADERS <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <span> <string> <string_view>
                              <utility> <variant> <vector>)
 
-# marlinset_room(NAME FOLDER USES...): every .cpp of FOLDER (not of its sub folders) becomes the static library NAME.
+# marlinset_room(NAME FOLDER USES...): compiles every .cpp of FOLDER (not of its subfolders) into the static library
+# NAME.
 function(marlinset_room name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp)
   if(sources)
@@ -48,7 +49,7 @@ function(marlinset_room name folder)
     target_link_libraries(${name} PUBLIC marlinset_flags ${ARGN})
     if(name STREQUAL base)
       target_precompile_headers(base PRIVATE ${MARLINSET_COMMON_HEADERS})
-    elseif(NOT "${ARGN}" MATCHES Qt6)  # which comes with flags of its own
+    elseif(NOT "${ARGN}" MATCHES Qt6)  # Qt adds flags of its own
       target_precompile_headers(${name} REUSE_FROM base)
     endif()
   else()

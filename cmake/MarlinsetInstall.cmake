@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# What cmake --install puts where, and the Debian package that cpack makes of it.
+# What cmake --install installs where, and the Debian package that cpack builds from it.
 
 set(MARLINSET_MAINTAINER "Marlinset maintainers <maintainers@marlinset.example>" CACHE STRING
     "Who answers for the package: name and mail address")
@@ -36,13 +36,13 @@ set(CPACK_PACKAGE_CONTACT "${MARLINSET_MAINTAINER}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-# Sorts before -1, so that a package by the distribution itself would take the place of this one.
+# Sorts before -1, so that a package from the distribution itself would replace this one.
 set(CPACK_DEBIAN_PACKAGE_RELEASE 0upstream1)
 set(CPACK_DEBIAN_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# Letters for print-outs, on a machine without a desktop too; and the window on a Wayland desktop.
+# Fonts for print-outs, even on a machine without a desktop, and the window on a Wayland desktop.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "configuration tool of the 7340 broadcast units")

@@ -3,7 +3,7 @@
 
 set(prefix ${CPACK_TEMPORARY_DIRECTORY}${CPACK_PACKAGING_INSTALL_PREFIX})
 
-# Debian wants to know who made the package and when (SOURCE_DATE_EPOCH counts).
+# Debian requires who built the package and when (SOURCE_DATE_EPOCH counts).
 string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 set(changelog ${prefix}/share/doc/${CPACK_PACKAGE_NAME}/changelog.Debian)
 file(WRITE ${changelog}
@@ -16,6 +16,6 @@ file(WRITE ${changelog}
 execute_process(COMMAND gzip -9nf ${changelog} COMMAND_ERROR_IS_FATAL ANY)
 file(CHMOD ${changelog}.gz PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
-# Everybody enters the folders, whatever the umask of whoever made the package.
+# Lets everybody enter the folders, whatever the umask of whoever built the package.
 file(CHMOD_RECURSE ${prefix}
      DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

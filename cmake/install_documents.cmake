@@ -1,13 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Runs during the installation, because only then the folders are known that the manual pages tell (cmake --install
-# --prefix). Takes SOURCE, WORK, VERSION, DATADIR, MANDIR and DOCDIR; the folders count from the prefix.
+# Runs during the installation, because the folders that the manual pages name are known only then (cmake --install
+# --prefix). Takes SOURCE, WORK, VERSION, DATADIR, MANDIR and DOCDIR; the last three are relative to the prefix.
 
 foreach(folder DATADIR MANDIR DOCDIR)
   cmake_path(ABSOLUTE_PATH ${folder} BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}" NORMALIZE)
 endforeach()
 find_program(GZIP gzip REQUIRED)
 
-# Without the time of day in it, a file that has not changed stays the same.
+# Omits the time of day, so that an unchanged file compresses to the same bytes.
 function(install_compressed file folder)
   execute_process(COMMAND ${GZIP} -9nf ${file} COMMAND_ERROR_IS_FATAL ANY)
   file(INSTALL ${file}.gz DESTINATION ${folder})

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # cmake -DSQLITE3=PROGRAM -DOUTPUT=FILE -DSOURCES=FILE;FILE... -P build_database.cmake
 #
-# Reads the SQL files, in this order, into a fresh database. OUTPUT changes only when all of them went well.
+# Reads the SQL files, in this order, into a fresh database. OUTPUT changes only if all of them succeed.
 
 set(fresh ${OUTPUT}.new)
 set(no_settings ${OUTPUT}.init)  # keeps a user's own .sqliterc out of the build

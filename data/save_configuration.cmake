@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Runs SCRIPT, which saves default.qcf, on the tool without a window in a FOLDER of its own, and puts the file to OUTPUT.
-# The operating mode is named so that no default configuration is opened first.
+# Runs SCRIPT, which saves default.qcf, on the tool without a window in a FOLDER of its own, and copies the file to
+# OUTPUT. Naming the operating mode keeps the tool from opening a default configuration first.
 
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER})

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What tools/plant-faults writes into the code: each place asks whether its fault is the one that is switched
-// on.
+// What tools/plant-faults inserts into the code: each place asks whether its fault is switched on.
 #pragma once
 
 #include <cstdio>
@@ -10,8 +9,8 @@
 
 namespace planted {
 
-/// The fault that the environment variable FAULT numbers. At the end the numbers of all places that were
-/// passed go to the file that FAULTS_REACHED names.
+/// The fault whose number the environment variable FAULT gives. At the end, writes the numbers of all places
+/// that ran to the file named by FAULTS_REACHED.
 class Faults {
  public:
   static Faults& Get() {
@@ -43,7 +42,7 @@ constexpr bool Not(int number, bool value) {
   return On(number) ? !value : value;
 }
 
-/// One more; twice the time.
+/// Adds one to an integer; doubles a time.
 template <class V>
 constexpr V Value(int number, V value) {
   if (!On(number)) return value;
@@ -54,7 +53,7 @@ constexpr V Value(int number, V value) {
   }
 }
 
-/// For tables, which the compiler must not work out beforehand.
+/// For tables, which the compiler must not evaluate in advance.
 template <class V>
 V Entry(int number, V value) {
   return Value(number, value);
@@ -77,7 +76,7 @@ PLANTED_OPERATOR(ShiftLeft, <<, >>)
 PLANTED_OPERATOR(ShiftRight, >>, <<)
 #undef PLANTED_OPERATOR
 
-/// Pointers move by one place; numbers change their sign.
+/// Pointers move by one place; numbers change sign.
 template <class A, class B>
 constexpr auto Plus(int number, const A& a, const B& b) {
   if constexpr (std::is_pointer_v<A>) {
