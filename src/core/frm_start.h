@@ -75,7 +75,7 @@ class FrmStart : public Form {
   ControlArray<OptionButton> oView{*this, "oView", {0, 1, 2, 3, 4, 5}};
   ComboBox comVS{*this, "comVS"};
 
-  // Foot
+  // Bottom of the window
   TextBox tInput{*this, "tInput"};  ///< log of received bytes
   ControlArray<StatusPanel> StatBar{*this, "StatBar", {1, 2, 3, 4}};
 

@@ -23,7 +23,8 @@ class PanelSetup {
   /// the standard, the inserter's tick, the down converter's modes, the program output and the parameters'
   /// values.
   void SetDefaults();
-  /// Shows the windows of the operating mode, one below the other; hides the others and switches them off.
+  /// Shows the windows of the operating mode, one below the other; hides the others and unticks their On and
+  /// Slate.
   void ArrangeWindowRows();
   /// Lists the processing modes of the selected video standard and selects the first without running its
   /// Click.
@@ -46,7 +47,7 @@ class PanelSetup {
   /// The rows of the parameter list, one for each record and in the same order.
   void LoadParameterRow(int row);  ///< builds the row, hidden, of a record that has none yet
   void FillParameterRow(int row);  ///< shows the record in its row, unless its class is internal
-  /// Shows a row or hides it.
+  /// Shows or hides a row.
   void ShowParameterRow(int row, bool shown);
   /// Shows the row's value in the radix of the list: the spin's, or the record's if the spin is hidden.
   void ShowParameterText(int row);

@@ -26,8 +26,8 @@ bool IsSystemDefaultName(std::string_view name);
 enum class ReadEnd {
   kNone,         ///< there was no read yet
   kLoaded,       ///< the panels hold the file's configuration
-  kEmpty,        ///< the file is empty; the panels stayed
-  kNotFound,     ///< it could not be opened and no other was chosen; the panels stayed
+  kEmpty,        ///< the file is empty; the panels are unchanged
+  kNotFound,     ///< the file could not be opened and no other was chosen; the panels are unchanged
   kNotReadable,  ///< the file is damaged or for another tool; the panels hold the defaults
   kIncomplete,   ///< all but the parameters was loaded
 };

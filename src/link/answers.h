@@ -9,7 +9,7 @@
 
 namespace marlinset {
 
-/// How sure it is that the unit took a setting.
+/// How certain it is that the unit took a setting.
 enum class Verdict : std::uint8_t {
   kAcknowledged,    ///< exactly one Ack came during its wait, otherwise only valid frames
   kRefused,         ///< only Naks came, or a unit in local mode answered: not taken

@@ -20,8 +20,8 @@ enum class ChoiceId;
 /// The messages that the tool sends to the unit. A command of the protocol has several ids if its message or
 /// its failure text depends on the occasion.
 enum class CommandId {
-  kSelect,            ///< the unit speaks only when spoken to
-  kBroadcast,         ///< the unit speaks on its own
+  kSelect,            ///< the unit sends only when asked
+  kBroadcast,         ///< the unit also sends unasked
   kSetVideoStandard,  ///< the standard of comVS
   kVideoSense,
   kGetID,

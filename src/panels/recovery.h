@@ -57,10 +57,10 @@ class Recovery {
   Timer rest_;  ///< runs from the last edit, ticks if no other follows
   Timer most_;  ///< runs from the first edit that is not kept yet
   bool begun_ = false;
-  bool saveFailed_ = false;  ///< edits that the last save should have stored
+  bool saveFailed_ = false;  ///< the last save has left edits unstored
   bool discarded_ = false;
   bool restored_ = false;
-  bool told_ = false;  ///< that nothing can be kept
+  bool told_ = false;  ///< the operator knows that nothing can be kept
   std::optional<UnsavedWork> kept_;
 };
 

@@ -7,7 +7,7 @@ class FrmStart;
 class SettingCommands;
 struct Variables;
 
-/// The virtual slate's preview and duration, and the text message, which each keystroke sends anew in full.
+/// The virtual slate's preview and duration, and the text message. Each keystroke sends the full message.
 class SlateAndMessage {
  public:
   SlateAndMessage(Variables& variables, FrmStart& form, SettingCommands& commands);
