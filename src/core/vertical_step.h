@@ -6,8 +6,8 @@ namespace marlinset {
 class FrmStart;
 struct Variables;
 
-/// Sets the step of every window's vertical spin to one character row of the selected font size: 4 units
-/// lines for sizes that begin with "L", 2 for "S", otherwise 1.
+/// Sets the step of each vertical spin to one row of characters of the selected font size: 4 units
+/// for sizes that begin with "L", 2 for "S", otherwise 1.
 void SetVerticalSteps(const Variables& variables, FrmStart& form);
 
 }  // namespace marlinset
