@@ -37,6 +37,7 @@ class RecordingLine : public MSComm {
   void SetPortOpen(bool open) override { line_.SetPortOpen(open); }
   void Output(std::span<const std::uint8_t> bytes) override;
   std::size_t OutBufferCount() const override { return line_.OutBufferCount(); }
+  int OutputDiscards() const override { return line_.OutputDiscards(); }
   std::size_t InBufferCount() const override { return line_.InBufferCount(); }
   void DiscardInput() override { line_.DiscardInput(); }
   std::uint8_t Input() override;

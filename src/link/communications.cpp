@@ -71,13 +71,15 @@ void Communications::SendPacket(const std::vector<PacketField>& fields) {
 
 void Communications::Transmit(const std::vector<PacketField>& fields) {
   answers.Leaves(IsQuery(fields));
+  const MSComm& line = platform_.ComP1;
+  const int discardsBefore = line.OutputDiscards();
   platform_.ComP1.Output(vars_.TxBytes);
   FrameSent.Emit(vars_.TxBytes);
   form_.ShowTraffic(kGreen);
   form_.StatBar(FrmStart::kVideoPanel).SetText("Packet Out");
-  while (LineUp() && platform_.ComP1.OutBufferCount() >= 1) platform_.pump.Pump();
-  wentOut_ = platform_.ComP1.PortOpen();
-  if (wentOut_) form_.ShowTraffic(kYellow);  // otherwise the device went away, which the indicator shows
+  while (LineUp() && line.OutBufferCount() >= 1) platform_.pump.Pump();
+  wentOut_ = line.PortOpen() && line.OutBufferCount() == 0 && line.OutputDiscards() == discardsBefore;
+  if (line.PortOpen()) form_.ShowTraffic(kYellow);  // otherwise it went away meanwhile, and shows that
 }
 
 void Communications::RefusePacket() {

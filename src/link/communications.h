@@ -69,8 +69,8 @@ class Communications {
 
   /// Whether the program still runs and the line is open; every wait ends when this is False.
   bool LineUp() const;
-  /// Whether the bytes of the last message left; False if the port was closed, or the device went away before
-  /// they had.
+  /// Whether the bytes of the last message left; False if the port was closed, if the device went away before
+  /// they had, or if the port discarded them because the line took none.
   bool WentOut() const { return wentOut_; }
 
   /// Marks the beginning or the end of a whole send.

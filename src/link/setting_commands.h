@@ -20,7 +20,7 @@ struct SentMessage {
   const char* command;              ///< name of its command, empty for a repeated message
   std::string meaning;              ///< "Window 3 'Video Timecode'"
   std::vector<PacketField> fields;  ///< address, packet id, command, data
-  bool wentOut = false;             ///< its bytes left; false if the port was closed, or gone by then
+  bool wentOut = false;             ///< its bytes left, see Communications::WentOut
   /// Whether the unit took it; for a query, whether it was answered. Empty if no answer is awaited.
   std::optional<Verdict> verdict = {};
   std::string failure = {};  ///< what the operator reads; empty without a failure

@@ -46,6 +46,8 @@ class MSComm {
   virtual void Output(std::span<const std::uint8_t> bytes) = 0;
   /// Bytes queued but not sent yet.
   virtual std::size_t OutBufferCount() const = 0;
+  /// How often queued bytes were discarded unsent: on a line that takes none, and by a closing.
+  virtual int OutputDiscards() const { return 0; }
   /// Bytes received but not read.
   virtual std::size_t InBufferCount() const = 0;
   /// Discards the bytes that wait to be read.

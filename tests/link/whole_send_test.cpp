@@ -287,6 +287,18 @@ TEST(WholeSend, EndsWithOneBoxWhenTheDeviceGoesAway) {
   }
 }
 
+TEST(WholeSend, CountsNoMessageThatThePortDiscarded) {
+  LinkRig rig;
+  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+    if (message.number == 20) rig.line.Jam();
+    if (message.number == 22) rig.line.Vanish();
+  });
+  rig.form.bSConfig.OperatorClick();
+  EXPECT_EQ(rig.wholeSend.Result().messages, 22);
+  EXPECT_EQ(rig.Sent().size(), 20U);
+  EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr(" is gone. 20 of "));
+}
+
 /// Something that happens when `after` messages have gone out, the identification being the first.
 struct Incident {
   std::size_t after;

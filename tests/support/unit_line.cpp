@@ -62,6 +62,7 @@ void UnitLine::RaiseEvent(int code) {
 void UnitLine::Output(std::span<const std::uint8_t> bytes) {
   if (!open_) return;
   Bytes frame(bytes.begin(), bytes.end());
+  if (jammed_) return Keep(frame.size());
   sent_.push_back(frame);
   if (!toUnit_.Paced()) {
     unit_.Receive(frame, Now());
@@ -74,6 +75,15 @@ void UnitLine::Output(std::span<const std::uint8_t> bytes) {
     outgoing_ -= frame.size();
     unit_.Receive(frame, Now());
     Schedule();
+  });
+}
+
+void UnitLine::Keep(std::size_t bytes) {
+  outgoing_ += bytes;
+  pump_.At(pump_.Now() + 1000, [this, bytes, session = session_] {
+    if (session != session_) return;
+    outgoing_ -= bytes;
+    ++discards_;
   });
 }
 

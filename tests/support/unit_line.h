@@ -42,6 +42,8 @@ class UnitLine : public MSComm {
   /// The device goes away now: the port is closed and the tool is told. Openings fail until Return.
   void Vanish();
   void Return() { gone_ = false; }
+  /// The line takes no more bytes; the port discards each message after a second.
+  void Jam() { jammed_ = true; }
   /// Raises OnComm with any code.
   void RaiseEvent(int code);
 
@@ -57,6 +59,7 @@ class UnitLine : public MSComm {
   void SetPortOpen(bool open) override;
   void Output(std::span<const std::uint8_t> bytes) override;
   std::size_t OutBufferCount() const override { return outgoing_; }
+  int OutputDiscards() const override { return discards_; }
   std::size_t InBufferCount() const override { return input_.size(); }
   void DiscardInput() override { input_.clear(); }
   std::uint8_t Input() override;
@@ -72,6 +75,7 @@ class UnitLine : public MSComm {
   static std::int64_t Clock(LineTime time);
   void Open();
   void Close();
+  void Keep(std::size_t bytes);
   void Schedule();
   void TakeReplies();
   void Arrive(std::span<const std::uint8_t> bytes);
@@ -91,6 +95,8 @@ class UnitLine : public MSComm {
   bool gone_ = false;
   bool lost_ = false;
   bool open_ = false;
+  bool jammed_ = false;
+  int discards_ = 0;
   int port_ = 1;
   int event_ = 0;
   int looks_ = 0;

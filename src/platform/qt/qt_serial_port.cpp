@@ -122,6 +122,7 @@ void QtSerialPort::Open() {
 }
 
 void QtSerialPort::Close() {
+  if (serial_.bytesToWrite() > 0) ++discards_;
   serial_.close();
   closePending_ = false;
   gap_.stop();
@@ -223,6 +224,7 @@ void QtSerialPort::PressOn() {
     retries_ = 0;
   } else if (++retries_ >= kMostRetries) {
     retry_.stop();
+    ++discards_;
     serial_.clear(QSerialPort::Output);
   }
 }

@@ -18,7 +18,7 @@ namespace marlinset {
 /// port.
 ///
 /// A line that takes no bytes (its far end has stopped it) stays open. Bytes that it does not take within a
-/// second are discarded, so that their sender does not wait for ever.
+/// second are discarded (OutputDiscards), so that their sender does not wait for ever.
 ///
 /// The receive buffer holds 1024 bytes. Further bytes are lost, and kCommOverflow reports that once until the
 /// tool has read or discarded some bytes.
@@ -35,6 +35,7 @@ class QtSerialPort : public MSComm {
 
   void Output(std::span<const std::uint8_t> bytes) override;
   std::size_t OutBufferCount() const override;
+  int OutputDiscards() const override { return discards_; }
   std::size_t InBufferCount() const override { return received_.size(); }
   void DiscardInput() override;
   std::uint8_t Input() override;
@@ -73,6 +74,7 @@ class QtSerialPort : public MSComm {
   QTimer retry_;        ///< runs while bytes wait for a line that takes none
   int retries_ = 0;     ///< in a row that sent nothing
   qint64 waiting_ = 0;  ///< bytes, at the last of them
+  int discards_ = 0;    ///< of bytes that waited to be sent
   QObject listener_;    ///< receives everything from Qt; destroyed first, with its pending events
 };
 

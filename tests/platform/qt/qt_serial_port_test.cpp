@@ -180,6 +180,7 @@ TEST_F(QtSerialPortTest, TakesAFullLineForNoneThatIsGone) {
   for (int i = 0; i < 3; ++i) {  // nobody reads, so the first fills it
     port.Output(much);
     EXPECT_TRUE(bench.Wait([this] { return port.OutBufferCount() == 0; })) << "whoever waits for it goes on";
+    EXPECT_EQ(port.OutputDiscards(), i + 1);
   }
   EXPECT_TRUE(port.PortOpen() && !port.DeviceGone());
   EXPECT_TRUE(events.empty());
