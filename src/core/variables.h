@@ -11,6 +11,7 @@
 
 #include "base/runtime_error.h"
 #include "core/records.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
 
@@ -25,7 +26,7 @@ struct Variables {
   std::string OperatingMode;
   std::string DatabasePath;
   std::string AppPath;  ///< program folder with its trailing separator
-  std::string HardwareType = "HD7340";
+  std::string HardwareType{kModelSetting.byDefault};
   std::string ParDisType = "Dec";
   std::string CurrentFile = "Unsaved";
   double FileChannel = 0;  ///< number of the file written last, 0 before the first

@@ -24,14 +24,29 @@ constexpr int kNameCharacters = 18;
 constexpr int kWidestName = 34;
 constexpr int kLeastRows = 6;
 
-/// The heads in the order of the columns: the name, five boxes, two positions.
-std::vector<Button*> Heads(FrmStart& form) {
-  return {&form.bName,   &form.bOn,    &form.bSlate, &form.bDblHeight,
-          &form.bSymbol, &form.bField, &form.bVer,   &form.bHor};
-}
+/// A column of boxes, or of spins with their echoes.
+struct Column {
+  Button FrmStart::*head;
+  ControlArray<CheckBox> FrmStart::*boxes;
+  ControlArray<SpinControl> FrmStart::*spins = nullptr;
+  ControlArray<TextBox> FrmStart::*echoes = nullptr;
+};
+/// In their order behind the name.
+constexpr Column kColumns[] = {
+    {&FrmStart::bOn, &FrmStart::chOnOff},
+    {&FrmStart::bSlate, &FrmStart::chSlate},
+    {&FrmStart::bDblHeight, &FrmStart::chDblSize},
+    {&FrmStart::bSymbol, &FrmStart::chSym},
+    {&FrmStart::bField, &FrmStart::chField},
+    {&FrmStart::bVer, nullptr, &FrmStart::udVer, &FrmStart::tVert},
+    {&FrmStart::bHor, nullptr, &FrmStart::udHor, &FrmStart::tHor},
+};
 
-std::vector<ControlArray<CheckBox>*> Boxes(FrmStart& form) {
-  return {&form.chOnOff, &form.chSlate, &form.chDblSize, &form.chSym, &form.chField};
+QWidget* MakeField(FrmStart& form, const Column& column, int row, QWidget* parent) {
+  if (!column.boxes) return new SpinField((form.*column.spins)(row), (form.*column.echoes)(row), parent);
+  auto* box = new QCheckBox(parent);
+  Bind(*box, (form.*column.boxes)(row));
+  return box;
 }
 
 QWidget* MakeCell(QWidget* content, Qt::Alignment at, QWidget* parent) {
@@ -191,15 +206,12 @@ void WindowTable::RemoveRow(int row) {
 
 void WindowTable::MeasureColumns() {
   const int unit = SpaceUnit(*this);
-  const SpinField spin(form_.udVer(0), form_.tVert(0), this);
-  for (const Button* head : Heads(form_)) {
-    widths_.push_back(fontMetrics().horizontalAdvance(Shown(head->Caption())) + 2 * unit);
-  }
   // Not from the rows: their controls are hidden while they are added.
+  const SpinField spin(form_.udVer(0), form_.tVert(0), this);
   area_->setMinimumHeight(kLeastRows * (spin.sizeHint().height() + 2 * (unit / 3)));
-  widths_.front() = fontMetrics().averageCharWidth() * kNameCharacters;
-  for (std::size_t i = widths_.size() - 2; i < widths_.size(); ++i) {
-    widths_[i] = std::max(widths_[i], spin.sizeHint().width() + unit);
+  for (const Column& column : kColumns) {
+    const int head = fontMetrics().horizontalAdvance(Shown((form_.*column.head).Caption())) + 2 * unit;
+    widths_.push_back(column.spins ? std::max(head, spin.sizeHint().width() + unit) : head);
   }
 }
 
@@ -207,45 +219,34 @@ QWidget* WindowTable::MakeHeader() {
   auto* strip = new QWidget(this);
   headerCells_ = new QHBoxLayout(strip);
   SetSpaces(*headerCells_, *strip);
-  const std::vector<Button*> heads = Heads(form_);
-  for (std::size_t i = 0; i < heads.size(); ++i) {
+  const auto add = [&](Button& head, Qt::Alignment at, int stretch) {
     auto* label = new QLabel(strip);
     label->setTextFormat(Qt::PlainText);
-    label->setText(Shown(heads[i]->Caption()));
-    BindFlags(*label, *heads[i]);
-    label->setAlignment(Qt::AlignVCenter | (i == 0 ? Qt::AlignLeft : Qt::AlignHCenter));
-    if (i == 0) {
-      label->setMinimumWidth(widths_[i]);
-    } else {
-      label->setFixedWidth(widths_[i]);
-    }
-    headerCells_->addWidget(label, i == 0 ? 1 : 0);
+    label->setText(Shown(head.Caption()));
+    BindFlags(*label, head);
+    label->setAlignment(Qt::AlignVCenter | at);
+    headerCells_->addWidget(label, stretch);
+    return label;
+  };
+  add(form_.bName, Qt::AlignLeft, 1)->setMinimumWidth(LeastNameWidth());
+  for (std::size_t i = 0; i < std::size(kColumns); ++i) {
+    add(form_.*kColumns[i].head, Qt::AlignHCenter, 0)->setFixedWidth(widths_[i]);
   }
   BindFlags(*strip, form_.pWinTools);
   return strip;
 }
 
 void WindowTable::FillRow(RowStrip& strip, int row) {
-  const std::vector<Button*> heads = Heads(form_);
   auto* name = new QLabel(&strip);
-  name->setMinimumWidth(widths_.front());
+  name->setMinimumWidth(LeastNameWidth());
   // The gaps between the cells count as the name, so that the pointer can cross a row without a message.
   strip.AddName(name);
   Binding& binding = Bind(*name, form_.lName(row));
   for (QWidget* around : {name->parentWidget(), static_cast<QWidget*>(&strip)}) binding.AddSurface(*around);
-  std::size_t column = 1;
-  const auto add = [&](QWidget* field) {
-    strip.AddField(field, Shown(heads[column]->Caption()), widths_[column]);
-    ++column;
-  };
-  for (ControlArray<CheckBox>* boxes : Boxes(form_)) {
-    auto* box = new QCheckBox(&strip);
-    Bind(*box, (*boxes)(row));
-    add(box);
+  for (std::size_t i = 0; i < std::size(kColumns); ++i) {
+    const Column& column = kColumns[i];
+    strip.AddField(MakeField(form_, column, row, &strip), Shown((form_.*column.head).Caption()), widths_[i]);
   }
-  const std::pair<SpinControl*, TextBox*> positions[] = {{&form_.udVer(row), &form_.tVert(row)},
-                                                         {&form_.udHor(row), &form_.tHor(row)}};
-  for (const auto& [spin, echo] : positions) add(new SpinField(*spin, *echo, &strip));
 }
 
 /// Between entering a row and leaving another there may be a wait for the unit: the last one counts.
@@ -254,6 +255,10 @@ void WindowTable::Tint(RowStrip* strip, bool on) {
   if (tinted_) tinted_->update();
   tinted_ = on ? strip : nullptr;
   if (tinted_) tinted_->update();
+}
+
+int WindowTable::LeastNameWidth() const {
+  return fontMetrics().averageCharWidth() * kNameCharacters;
 }
 
 int WindowTable::RoomForNames() const {

@@ -38,12 +38,13 @@ class WindowTable : public QWidget {
   void RemoveRow(int row);
   void ArrangeTabs(int row);
   void MeasureColumns();
+  int LeastNameWidth() const;
   QWidget* MakeHeader();
   void FillRow(RowStrip& strip, int row);
   void Tint(RowStrip* strip, bool on);
 
   FrmStart& form_;
-  std::vector<int> widths_;  ///< of the columns in pixels; the first grows
+  std::vector<int> widths_;  ///< of the columns behind the name, in pixels
   QWidget* gate_;            ///< invisible: the place of the rows in the tab order
   QHBoxLayout* headerCells_ = nullptr;
   QScrollArea* area_;

@@ -3,6 +3,7 @@
 
 #include "core/frm_start.h"
 #include "core/variables.h"
+#include "platform/settings_keys.h"
 
 namespace marlinset {
 namespace {
@@ -23,7 +24,7 @@ void HardwareModel::Choose(bool modelQ) {
   if (form_.mnuInter.Checked()) return;
   form_.mnuHD7340.SetChecked(!modelQ);
   form_.mnuHD7340Q.SetChecked(modelQ);
-  vars_.HardwareType = modelQ ? "HD7340Q" : "HD7340";
+  vars_.HardwareType = modelQ ? kModelQ : kModelPlain;
   if (modelQ) {
     SetModelQ();
   } else {

@@ -84,7 +84,7 @@ void StartUp::SetControls() {
 
 void StartUp::RestoreHardwareType() {
   vars_.HardwareType = SettingText(platform_.settings, kModelSetting);
-  (vars_.HardwareType == "HD7340Q" ? form_.mnuHD7340Q : form_.mnuHD7340).Press();
+  (vars_.HardwareType == kModelQ ? form_.mnuHD7340Q : form_.mnuHD7340).Press();
 }
 
 }  // namespace marlinset

@@ -24,7 +24,10 @@ inline constexpr std::string_view kInteractiveOn = "On";
 inline constexpr std::string_view kInteractiveOff = "Off";
 inline constexpr Setting kInteractiveSetting{"InMode", kInteractiveOff};
 inline constexpr Setting kPortSetting{"Comm", "1"};
-inline constexpr Setting kModelSetting{"HardwareType", "HD7340"};
+/// Model of the unit, as the menu Hardware Type has it.
+inline constexpr std::string_view kModelPlain = "HD7340";
+inline constexpr std::string_view kModelQ = "HD7340Q";
+inline constexpr Setting kModelSetting{"HardwareType", kModelPlain};
 
 /// Place and size of the window, in twips. The defaults follow from its content and the screen.
 inline constexpr Setting kHeightSetting{"Height"};
