@@ -5,8 +5,8 @@
 #include <QVBoxLayout>
 
 #include "gui/panel_views.h"
-#include "gui/scroll_keeper.h"
 #include "gui/widgets/look.h"
+#include "gui/widgets/scroll_keeper.h"
 
 namespace marlinset {
 
@@ -29,7 +29,7 @@ void PanelHost::Add(Frame& frame, QWidget* panel) {
   SetSpaces(*box, *this, 2);
   box->addWidget(panel);
   area->setWidget(margin);
-  new ScrollKeeper(*area, form_);
+  new ScrollKeeper(*area, form_.bSConfig);
   addWidget(area);
   pages_.emplace_back(&frame, area);
   listening_.emplace_back(frame.Changed, [this] { ShowVisible(); });

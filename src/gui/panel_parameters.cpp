@@ -10,9 +10,9 @@
 
 #include "gui/panel_views.h"
 #include "gui/parameter_model.h"
-#include "gui/scroll_keeper.h"
 #include "gui/widgets/fields.h"
 #include "gui/widgets/look.h"
+#include "gui/widgets/scroll_keeper.h"
 #include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
@@ -181,11 +181,10 @@ void FollowModel(ParameterTable* table, ParameterModel* model, FrmStart& form) {
       table->scrollToTop();
     }
   });
-  auto* keeper = new ScrollKeeper(*table, form);
-  keeper->HeedHands();
+  auto* keeper = new ScrollKeeper(*table, form.bSConfig);
   QObject::connect(model, &ParameterModel::Marked, table, [table, keeper](const QModelIndex& cell) {
     if (table->IsEdited()) keeper->LeaveToHands();
-    if (table->isVisible() && keeper->MayScroll()) table->scrollTo(cell);
+    if (table->isVisible() && ScrollKeeper::MayScroll(*table)) table->scrollTo(cell);
   });
 }
 

@@ -10,9 +10,9 @@
 #include <QScrollBar>
 #include <optional>
 
-#include "gui/scroll_keeper.h"
 #include "gui/widgets/fields.h"
 #include "gui/widgets/look.h"
+#include "gui/widgets/scroll_keeper.h"
 #include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
@@ -151,7 +151,7 @@ WindowTable::WindowTable(FrmStart& form, QWidget* parent)
   area_->setFocusPolicy(Qt::NoFocus);
   area_->setWidget(sheet);
   area_->viewport()->installEventFilter(this);
-  new ScrollKeeper(*area_, form);
+  new ScrollKeeper(*area_, form.bSConfig);
   BindFlags(*sheet, form.pWinIn);
   BindFlags(*area_, form.pWinOut);
   auto* rows = new QVBoxLayout(this);

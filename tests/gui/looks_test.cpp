@@ -4,9 +4,11 @@
 #include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QHoverEvent>
 #include <QMenu>
 #include <QScreen>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOptionMenuItem>
 #include <QTableView>
@@ -112,7 +114,9 @@ TEST_F(LooksTest, ASendShowsWhereItIsAndLeavesTheListWhereItWas) {
   EXPECT_EQ(send([&] { bar.triggerAction(QAbstractSlider::SliderToMaximum); }), bar.maximum());
   for (const std::function<void()>& hand :
        {std::function<void()>([&] { QTest::mouseClick(table.viewport(), Qt::LeftButton); }),
-        std::function<void()>([&] { QTest::keyClick(&table, Qt::Key_Down); }),
+        std::function<void()>([&] { QTest::keyClick(&table, Qt::Key_Down); }), std::function<void()>([&] {
+          QTest::mouseClick(table.horizontalHeader()->viewport(), Qt::LeftButton);
+        }),
         std::function<void()>([&] { table.edit(table.model()->index(1, 3)); })}) {
     int place = 0;
     const int left = send([&] {
@@ -124,6 +128,23 @@ TEST_F(LooksTest, ASendShowsWhereItIsAndLeavesTheListWhereItWas) {
     });
     EXPECT_EQ(left, place);
   }
+}
+
+TEST_F(LooksTest, ASendLeavesTheWindowsUnderTheOperatorsHand) {
+  for (int row = 3; row < 60; ++row) {
+    form_.ForWindowRow([row](auto& array) { array.Load(row).SetVisible(true); });
+  }
+  MainWindow window(form_);
+  Open(window, &FrmStart::fWindows);
+  const QScrollBar& bar = *Widget<QScrollArea>(window, "pWinOut").verticalScrollBar();
+  form_.bSConfig.SetEnabled(false);
+  form_.lName(40).SetBackColor(kYellow);
+  const int place = bar.value();
+  EXPECT_GT(place, 0);
+  QTest::mouseClick(&Widget(window, "chField(40)"), Qt::LeftButton);
+  form_.lName(1).SetBackColor(kYellow);
+  form_.bSConfig.SetEnabled(true);
+  EXPECT_EQ(bar.value(), place);
 }
 
 TEST_F(LooksTest, TheByteLogTellsTheDirectionAndForgetsNothingOfIt) {

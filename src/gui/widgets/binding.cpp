@@ -8,15 +8,18 @@
 #include <algorithm>
 
 #include "gui/widgets/look.h"
+#include "gui/widgets/scroll_keeper.h"
 
 namespace marlinset {
 namespace {
 
-/// Scrolls the surrounding area so that the widget is visible; does nothing on a hidden panel.
+/// Scrolls the surrounding areas so that the widget is visible; does nothing on a hidden panel, nor where the
+/// operator is at work.
 void BringIntoView(QWidget& widget) {
   if (!widget.isVisible()) return;
   for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
-    if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&widget);
+    auto* area = qobject_cast<QScrollArea*>(around);
+    if (area && ScrollKeeper::MayScroll(*area)) area->ensureWidgetVisible(&widget);
   }
 }
 

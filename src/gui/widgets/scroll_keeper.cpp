@@ -1,32 +1,35 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "gui/scroll_keeper.h"
+#include "gui/widgets/scroll_keeper.h"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QEvent>
 #include <QScrollBar>
 
 namespace marlinset {
 
-ScrollKeeper::ScrollKeeper(QAbstractScrollArea& area, FrmStart& form)
-    : QObject(&area),
-      area_(area),
-      listening_(form.bSConfig.Changed, [this, &form] { Follow(!form.bSConfig.Enabled()); }) {
+ScrollKeeper::ScrollKeeper(QAbstractScrollArea& area, Button& send)
+    : QObject(&area), area_(area), listening_(send.Changed, [this, &send] { Follow(!send.Enabled()); }) {
   // Wheel, handle and keys, but not changes by code.
   connect(area.verticalScrollBar(), &QAbstractSlider::actionTriggered, this, [this] { LeaveToHands(); });
 }
 
-void ScrollKeeper::HeedHands() {
-  area_.installEventFilter(this);
-  area_.viewport()->installEventFilter(this);
+bool ScrollKeeper::MayScroll(const QAbstractScrollArea& area) {
+  const auto* keeper = area.findChild<ScrollKeeper*>(QString(), Qt::FindDirectChildrenOnly);
+  return !keeper || !keeper->sending_ || keeper->place_;
 }
 
+/// During a send, of the whole program: fields and heads keep to themselves what is done to them.
 bool ScrollKeeper::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::KeyPress:
     case QEvent::Wheel:
-      LeaveToHands();
+      if (watched == &area_ ||
+          (watched->isWidgetType() && area_.isAncestorOf(static_cast<QWidget*>(watched)))) {
+        LeaveToHands();
+      }
       break;
     default:
       break;
@@ -34,15 +37,16 @@ bool ScrollKeeper::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-/// The main action is disabled exactly while a setup is being sent.
 void ScrollKeeper::Follow(bool sending) {
   if (sending == sending_) return;
   sending_ = sending;
   QScrollBar& bar = *area_.verticalScrollBar();
   if (sending) {
     place_ = bar.value();
-  } else if (place_) {
-    bar.setValue(*place_);
+    qApp->installEventFilter(this);
+  } else {
+    qApp->removeEventFilter(this);
+    if (place_) bar.setValue(*place_);
   }
 }
 
