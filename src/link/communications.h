@@ -84,17 +84,17 @@ class Communications {
   Answers answers;
 
  private:
-  bool AckEnds(const std::function<void()>& wait);
-  bool AckIn() const;
-  void ReadWhatCame();
   void Transmit(const std::vector<PacketField>& fields);
   void RefusePacket();
   std::vector<std::uint8_t> DrainInput();
+  void QuietenUnit();
+  bool LogByte(std::uint8_t byte);
   void HandleMessage(std::span<const std::uint8_t> message);
   void HandleFrame(std::span<const std::uint8_t> frame);
   void DispatchPacket(std::span<const std::uint8_t> frame);
-  bool LogByte(std::uint8_t byte);
-  void QuietenUnit();
+  void ReadWhatCame();
+  bool AckIn() const;
+  bool AckEnds(const std::function<void()>& wait);
 
   Platform& platform_;
   Variables& vars_;

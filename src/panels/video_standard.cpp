@@ -17,8 +17,10 @@ VideoStandard::VideoStandard(Variables& variables, FrmStart& form, PanelSetup& p
   form_.comVS.OnKey([this](int, KeyPress&) { TakeTypingBack(); });
 }
 
-void VideoStandard::TakeTypingBack() {
-  if (form_.comVS.ListCount() >= 1) form_.comVS.PutBack(vars_.VsLastIndex);
+void VideoStandard::ApplyStandardLimits() {
+  panels_.FindCharMaxRow();
+  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) panels_.SetPositionLimits(row);
+  panels_.SetLineLimits(PanelSetup::LineValues::kKeep);
 }
 
 void VideoStandard::Click() {
@@ -27,10 +29,8 @@ void VideoStandard::Click() {
   ApplyStandardLimits();
 }
 
-void VideoStandard::ApplyStandardLimits() {
-  panels_.FindCharMaxRow();
-  for (int row = 0; row <= UBound(vars_.CharWindows); ++row) panels_.SetPositionLimits(row);
-  panels_.SetLineLimits(PanelSetup::LineValues::kKeep);
+void VideoStandard::TakeTypingBack() {
+  if (form_.comVS.ListCount() >= 1) form_.comVS.PutBack(vars_.VsLastIndex);
 }
 
 }  // namespace marlinset

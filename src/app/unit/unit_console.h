@@ -31,10 +31,10 @@ class UnitConsole {
  private:
   struct Command;
   static const Command kCommands[];
-  void PrintTrace();
-  void PrintState(int form);
   void Unplug(int messages);
   void Plug();
+  void PrintState(int form);
+  void PrintTrace();
 
   UnitModel& unit_;
   UnitCable cable_;
