@@ -38,8 +38,7 @@ void Compare(benchmark::State& state, const std::function<void()>& work, const s
   state.counters["ratio"] = seconds / leastSeconds;
 }
 
-/// Bytes to panels, merged with the reference database, which is opened for each of the three merges; against
-/// bytes to values.
+/// Bytes to panels, merged with three tables of the reference database; against bytes to values.
 void LoadFile(benchmark::State& state) {
   BenchTool tool;
   const std::vector<std::uint8_t> bytes = LocalFiles().OpenForReading(DefaultFile())->ReadAll();

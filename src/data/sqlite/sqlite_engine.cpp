@@ -113,13 +113,14 @@ class SqliteDatabase : public Database {
                                    "rootpage > 0 AND name NOT LIKE 'sqlite@_%' ESCAPE '@'")
                                  .rows) {
       const std::string name = TextOf(table.at(0));
-      if (!Mentions(query, name) || !overlaid_.insert(name).second) continue;
+      if (!Mentions(query, name) || overlaid_.contains(name)) continue;
       std::string columns;
       for (const std::string& column : StoredColumns(name)) {
         if (!columns.empty()) columns += ", ";
         columns += Quoted(column) + " COLLATE NOCASE AS " + Quoted(column);
       }
       Query("CREATE TEMP VIEW " + Quoted(name) + " AS SELECT " + columns + " FROM main." + Quoted(name));
+      overlaid_.insert(name);
     }
   }
 
@@ -207,6 +208,18 @@ class SqliteDatabase : public Database {
   std::set<std::string> overlaid_;
 };
 
+/// A database that others use, too.
+class SharedDatabase : public Database {
+ public:
+  explicit SharedDatabase(std::shared_ptr<Database> database) : database_(std::move(database)) {}
+  std::unique_ptr<Recordset> OpenRecordset(std::string_view nameOrQuery) override {
+    return database_->OpenRecordset(nameOrQuery);
+  }
+
+ private:
+  std::shared_ptr<Database> database_;
+};
+
 }  // namespace
 
 std::unique_ptr<Database> SqliteEngine::OpenDatabase(const std::string& path) {
@@ -215,15 +228,19 @@ std::unique_ptr<Database> SqliteEngine::OpenDatabase(const std::string& path) {
   if (!std::filesystem::exists(absolute, ignored)) {
     throw RuntimeError(kErrNoDatabase, "Couldn't find file '" + path + "'.");
   }
-  SqliteSnapshot snapshot = TakeSnapshot(path, limits_.bytes);
-  auto database = std::make_unique<SqliteDatabase>(std::move(snapshot.handle), path, limits_);
-  const auto known = whole_.find(absolute);
-  if (!snapshot.stamp.Settled() || known == whole_.end() || known->second != snapshot.stamp) {
-    whole_.erase(absolute);
-    database->Check();
-    if (snapshot.stamp.Settled()) whole_[absolute] = snapshot.stamp;
+  if (kept_ && keptPath_ == path && IsUnchanged(path, keptStamp_)) {
+    return std::make_unique<SharedDatabase>(kept_);
   }
-  return database;
+  kept_.reset();
+  SqliteSnapshot snapshot = TakeSnapshot(path, limits_.bytes);
+  auto database = std::make_shared<SqliteDatabase>(std::move(snapshot.handle), path, limits_);
+  database->Check();
+  if (snapshot.stamp.Settled()) {
+    kept_ = database;
+    keptPath_ = path;
+    keptStamp_ = snapshot.stamp;
+  }
+  return std::make_unique<SharedDatabase>(std::move(database));
 }
 
 }  // namespace marlinset

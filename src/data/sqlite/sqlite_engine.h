@@ -3,7 +3,6 @@
 
 #include <chrono>
 #include <cstddef>
-#include <map>
 #include <memory>
 #include <string>
 
@@ -26,8 +25,8 @@ struct SqliteLimits {
 /// and virtual tables, and refuses tables with computed columns (kErrBadDatabase).
 ///
 /// Opening checks all of the file, so that a damaged one is refused (kErrBadDatabase) instead of giving wrong
-/// rows. An intact file is not checked again until it is written to. A new file can replace it while the tool
-/// runs.
+/// rows. The copy of an intact file is kept, since the tool opens its database for each table: it serves
+/// until the file is written to, or another one takes its place.
 ///
 /// A text that begins with "select" is a query and runs unchanged; any other text is the name of a
 /// table, found without regard to case, whose rows come in the order of insertion. Queries compare texts
@@ -45,7 +44,9 @@ class SqliteEngine : public DataEngine {
 
  private:
   SqliteLimits limits_;
-  std::map<std::string, SqliteStamp> whole_;  ///< stamps of intact files, by path
+  std::shared_ptr<Database> kept_;  ///< the copy of the file opened last, if nobody was changing that
+  std::string keptPath_;
+  SqliteStamp keptStamp_;
 };
 
 }  // namespace marlinset

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/sqlite/sqlite_snapshot.h"
 
+#include <sys/stat.h>
+
 #include <array>
 #include <chrono>
 #include <fstream>
@@ -30,10 +32,21 @@ std::uintmax_t SizeOf(const std::string& path) {
   return missing ? 0 : size;
 }
 
+/// The log of a linked file is beside the file, not beside the link.
+std::string FileBehind(const std::string& path, std::error_code& unknown) {
+  return std::filesystem::canonical(path, unknown).string();
+}
+
 SqliteStamp StampOf(const std::string& path) {
   const std::string log = path + "-wal";
   std::error_code unknown;
-  return {.size = SizeOf(path),
+  struct stat node {};
+  ::stat(path.c_str(), &node);  // all zero if it has gone
+  constexpr std::int64_t kNanoseconds = 1000000000;
+  return {.file = path,
+          .inode = node.st_ino,
+          .changed = node.st_ctim.tv_sec * kNanoseconds + node.st_ctim.tv_nsec,
+          .size = SizeOf(path),
           .logSize = SizeOf(log),
           .written = std::filesystem::last_write_time(path, unknown),
           .logWritten = std::filesystem::last_write_time(log, unknown)};
@@ -108,10 +121,15 @@ bool SqliteStamp::Settled() const {
   return written != std::filesystem::file_time_type::min() && written <= limit && logWritten <= limit;
 }
 
+bool IsUnchanged(const std::string& path, const SqliteStamp& stamp) {
+  std::error_code unknown;
+  const std::string file = FileBehind(path, unknown);
+  return !unknown && StampOf(file) == stamp && !std::filesystem::exists(file + "-journal", unknown);
+}
+
 SqliteSnapshot TakeSnapshot(const std::string& path, std::uintmax_t mostBytes) {
   std::error_code unknown;
-  // The log of a linked file is beside the file, not beside the link.
-  const std::string file = std::filesystem::canonical(path, unknown).string();
+  const std::string file = FileBehind(path, unknown);
   if (unknown) throw BadDatabase(path, "the file cannot be read");
   for (int tries = 0; tries < kMostTries; ++tries) {
     const Access access = AccessTo(path);

@@ -15,9 +15,12 @@ struct CloseSqlite {
 };
 using SqliteHandle = std::unique_ptr<sqlite3, CloseSqlite>;
 
-/// Distinguishes contents of a database without reading it: size and time of its file, and of the log that
-/// may hold changes which are not in the file yet.
+/// Distinguishes contents of a database without reading it: which file it is, size and times of the file, and
+/// of the log that may hold changes which are not in the file yet.
 struct SqliteStamp {
+  std::string file;          ///< behind all links
+  std::uintmax_t inode = 0;  ///< another one when the file was replaced
+  std::int64_t changed = 0;  ///< when anything about the file changed last, in nanoseconds
   std::uintmax_t size = 0;
   std::uintmax_t logSize = 0;
   std::filesystem::file_time_type written;
@@ -28,6 +31,10 @@ struct SqliteStamp {
   /// file system's clock would leave no trace.
   bool Settled() const;
 };
+
+/// Whether a file still has the content of which `stamp` was taken, which was settled then, and nobody is in
+/// the middle of changing it.
+bool IsUnchanged(const std::string& path, const SqliteStamp& stamp);
 
 /// A database in this program's own memory, and the stamp of the file content that it holds.
 struct SqliteSnapshot {

@@ -59,6 +59,20 @@ TEST_F(SqliteEngineTest, ChecksAFileAgainOnceItWasWrittenTo) {
   EXPECT_EQ(FailureOf([&] { engine.OpenDatabase(path); }), kErrBadDatabase) << "just now";
 }
 
+TEST_F(SqliteEngineTest, KeepsNoCopyOfAFileThatWasReplaced) {
+  const auto time = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+  SqliteEngine engine;
+  for (const char* content : {"a", "b"}) {
+    RunSql(folder.File("new.mdb"),
+           std::string("CREATE TABLE T (n); INSERT INTO T VALUES ('") + content + "');");
+    std::filesystem::last_write_time(folder.File("new.mdb"), time);  // and of the same size
+    std::filesystem::rename(folder.File("new.mdb"), path);
+    for (int reading = 0; reading < 2; ++reading) {
+      EXPECT_THAT(ColumnOf(*engine.OpenDatabase(path)->OpenRecordset("T"), "n"), ElementsAre(content));
+    }
+  }
+}
+
 /// What failure is told with, empty when the action ends well.
 template <class Action>
 std::string WordsOf(Action&& action) {
