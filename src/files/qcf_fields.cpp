@@ -122,6 +122,10 @@ constexpr QcfField kFields[] = {
     {.name = "character windows", .encoding = kRecords, .use = kWindows, .record = kWindow},
     {.name = "system parameters", .encoding = kRecords, .use = kParameters, .record = kParameter},
 };
+static_assert(std::ranges::all_of(kFields, [](const QcfField& field) { return field.since <= kQcfVersion; }),
+              "files must say that they have the field");
+static_assert(kFields[std::size(kFields) - 2].use == kWindows && std::rbegin(kFields)->use == kParameters,
+              "a load ends with the parameters");
 
 }  // namespace
 
