@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "tests/cli/child_program.h"
-#include "tests/support/sqlite_file.h"
+#include "tests/support/database_tool.h"
 #include "tests/support/table.h"
 #include "tests/support/temp_folder.h"
 

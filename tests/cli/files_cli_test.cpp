@@ -28,10 +28,6 @@ class FilesCliTest : public testing::Test {
     EXPECT_EQ(show.End(), 0);
     return line;
   }
-  static std::string Bytes(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
   /// The exit status; in `told_` what it had to say.
   int Compose(const std::string& text, const std::string& to) {
     CliProgram compose({"compose", folder_.Write("shown.json", text), "-o", folder_.File(to)});
@@ -72,9 +68,9 @@ TEST_F(FilesCliTest, ShowAndComposeAreLossless) {
   const std::string old = SAMPLE_FOLDER "version_1.qcf";
   for (const std::string& sample : {old, kSample}) {
     EXPECT_EQ(Compose(Show(sample), "composed.qcf"), 0);
-    EXPECT_EQ(folder_.Read("composed.qcf"), Bytes(sample));
+    EXPECT_EQ(folder_.Read("composed.qcf"), BytesOf(sample));
   }
-  EXPECT_EQ(folder_.Read("composed.qcf.bak"), Bytes(old)) << "what it took the place of";
+  EXPECT_EQ(folder_.Read("composed.qcf.bak"), BytesOf(old)) << "what it took the place of";
   Script script({"--clock", "virtual", "--settings", "/dev/null"});
   script.Expect({{"open " + kSample, ""}, {"save " + folder_.File("saved.qcf"), ""}});
   EXPECT_EQ(script.Answer("state")["state"].dump(), Show(folder_.File("saved.qcf")));
@@ -135,7 +131,7 @@ TEST_F(FilesCliTest, ShowAndDiffNameWhatDiffersAndWhatCannotBeRead) {
   EXPECT_EQ(lines[1], "only right  character windows / Old Window / Name: \"Old Window\"");
   EXPECT_TRUE(Diff(kSample, folder_.File("none.qcf"), 2).empty());
   CliProgram show({"show", "--json", folder_.Write("text.qcf", "something else"),
-                   folder_.Write("cut.qcf", Bytes(kSample).substr(0, 100)), kSample});
+                   folder_.Write("cut.qcf", BytesOf(kSample).substr(0, 100)), kSample});
   EXPECT_THAT(show.ReadLine(), AllOf(HasSubstr("\"error\""), HasSubstr("is no configuration file")));
   EXPECT_THAT(show.ReadLine(), AllOf(HasSubstr("\"error\""), HasSubstr("is damaged")));
   EXPECT_THAT(show.ReadLine(), HasSubstr("1080i/50"));

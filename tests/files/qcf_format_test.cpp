@@ -8,7 +8,6 @@
 #include "files/qcf_writer.h"
 #include "tests/files/sample.h"
 #include "tests/support/database_tool.h"
-#include "tests/support/hex.h"
 #include "tests/support/table.h"
 
 namespace marlinset {

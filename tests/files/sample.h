@@ -4,13 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "tests/support/sqlite_file.h"
+#include "tests/support/database_tool.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/tool_rig.h"
 
@@ -19,8 +17,8 @@ namespace marlinset {
 using FileBytes = std::vector<std::uint8_t>;
 
 inline FileBytes BytesOfFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  const std::string bytes = BytesOf(path);
+  return {bytes.begin(), bytes.end()};
 }
 
 /// A sample file; tests/samples holds a listing of its bytes beside it.
@@ -53,15 +51,8 @@ struct FileRig : ToolRig {
     fileDialog.choices.emplace_back(folder.File(name));
     tool.configurationFile.SaveConfig("SaveAs");
   }
-  std::vector<std::string> TakeBoxes() {
-    auto texts = Boxes();
-    dialogs.shown.clear();
-    return texts;
-  }
 
   TempFolder folder;
-  FrmStart& form = tool.form;
-  Variables& vars = tool.variables;
 };
 
 }  // namespace marlinset

@@ -5,7 +5,6 @@
 #include <map>
 #include <sstream>
 
-#include "tests/support/hex.h"
 #include "tests/support/link_rig.h"
 #include "tests/support/table.h"
 

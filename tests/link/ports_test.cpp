@@ -19,20 +19,15 @@ std::string Which(LinkRig& rig, bool (MenuItem::*are)() const) {
   return digits;
 }
 
-struct PortCase {
-  std::set<int> present;
-  std::vector<std::string> named;
-  const char* remembered;
-  const char* list;
-  const char* port;
-};
-
 TEST(Ports, ChooseTheRememberedOneOrTheFirst) {
-  const PortCase kCases[] = {
-      {{1, 3, 4}, {}, "", "134", "1"},     {{1, 3, 4}, {}, "4", "134", "4"},
-      {{3, 4}, {}, "2", "34", "3"},        {{}, {}, "3", "", "1"},
-      {{1, 2, 3}, {"a"}, "2", "123", "1"}, {{1, 2, 3}, {"", "b", "c"}, "3", "123", "3"}};
-  for (const PortCase& c : kCases) {
+  const struct {
+    std::set<int> present;
+    Texts named;
+    const char *remembered, *list, *port;
+  } kCases[] = {{{1, 3, 4}, {}, "", "134", "1"},     {{1, 3, 4}, {}, "4", "134", "4"},
+                {{3, 4}, {}, "2", "34", "3"},        {{}, {}, "3", "", "1"},
+                {{1, 2, 3}, {"a"}, "2", "123", "1"}, {{1, 2, 3}, {"", "b", "c"}, "3", "123", "3"}};
+  for (const auto& c : kCases) {
     SCOPED_TRACE(c.list);
     LinkRig rig;
     rig.line.SetPorts(c.present);
@@ -77,6 +72,7 @@ TEST(Ports, OpenAndCloseAndShowIt) {
   EXPECT_TRUE(rig.form.mnuOff.Checked() && !rig.form.mnuInter.Checked() && !rig.form.InterTime.Enabled());
 }
 
+const char* const kInUse = "/dev/ttyUSB0 is in use by another program.";
 const char* const kTimeout = "CTS Timeout Transfer aborted";
 const char* const kGone = "The device behind port 1 (unit1) is gone. The tool is off line.";
 
@@ -129,10 +125,10 @@ TEST(Ports, TellOnceWhyOneCannotBeOpened) {
   for (const char* button : {"bOpen", "bGetID", "bSend", "bBroad", "bSConfig"}) {
     SCOPED_TRACE(button);
     LinkRig rig;
-    rig.line.RefuseOpen("/dev/ttyUSB0 is in use by another program.");
+    rig.line.RefuseOpen(kInUse);
     rig.form.pComBut.SetBackColor(kGreen);
     dynamic_cast<Button*>(rig.form.Find(button))->Press();
-    EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("/dev/ttyUSB0 is in use by another program."));
+    EXPECT_THAT(rig.dialogs.Texts(), ElementsAre(kInUse));
     EXPECT_EQ(rig.Panel(2), "Port Closed");
     EXPECT_EQ(rig.Panel(3), "") << "nothing was sent";
     EXPECT_EQ(rig.form.pComBut.BackColor(), kRed);
@@ -143,7 +139,7 @@ TEST(Ports, TellOnceWhyOneCannotBeOpened) {
 
 TEST(Ports, ChangeByTheMenuAlsoToDevicesThatComeLater) {
   LinkRig busy;
-  busy.line.RefuseOpen("/dev/ttyUSB0 is in use by another program.");
+  busy.line.RefuseOpen(kInUse);
   busy.ports.SetUpCom();
   busy.ports.LookForDevices();
   EXPECT_EQ(Which(busy, &MenuItem::Enabled), "") << "it was there before";
@@ -156,7 +152,7 @@ TEST(Ports, ChangeByTheMenuAlsoToDevicesThatComeLater) {
   rig.line.SetPorts({1, 2});
   rig.ports.SetUpCom();
   rig.form.mnuCom1.OperatorClick();
-  EXPECT_FALSE(rig.settings.Has("Comm")) << "it was chosen already";
+  EXPECT_EQ(rig.settings.GetSetting("Comm", "none"), "none") << "it was chosen already";
   rig.form.bOpen.Press();
   rig.line.SetPorts({4});
   rig.ports.LookForDevices();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
-#include "tests/support/hex.h"
 #include "tests/support/link_rig.h"
 #include "tests/support/table.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
-#include "tests/support/hex.h"
 #include "tests/support/link_rig.h"
+#include "tests/support/table.h"
 
 namespace marlinset {
 namespace {

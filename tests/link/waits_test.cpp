@@ -175,24 +175,5 @@ TEST(GetFirmware, AsksEverySecondUntilAWholeTextHasCome) {
   EXPECT_EQ(rig.Sent(), std::vector<std::string>(4, "15 0 54 1"));
 }
 
-TEST(GetFirmware, EndsWithInteractiveModeOrItsDialog) {
-  LinkRig rig;
-  rig.Open();
-  rig.line.Unit().Faults().mute = true;
-  for (const std::int64_t end : {2500, 5500}) {
-    const bool byDialog = end == 2500;
-    rig.form.mnuInter.SetChecked(true);
-    rig.vars.UnitIdText = "from before";
-    rig.pump.At(rig.pump.Now() + 2500, [&] {
-      rig.form.mnuInter.SetChecked(byDialog);
-      if (byDialog) rig.identification.StopFirmwareQuery();
-    });
-    rig.identification.GetFirmware();
-    EXPECT_EQ(rig.vars.UnitIdText, "");
-    EXPECT_EQ(rig.pump.Now(), end);
-    EXPECT_FALSE(rig.vars.WaitFullReply);
-  }
-}
-
 }  // namespace
 }  // namespace marlinset

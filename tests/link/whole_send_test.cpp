@@ -129,6 +129,7 @@ TEST(WholeSend, SendsWhatThePanelsSayInstead) {
   EXPECT_EQ(rig.Sent(), expected.Framed());
   EXPECT_EQ(marked, "") << "all names are white before the highlights are taken off";
   EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("VITC Enable error 47", "White Flag Enable error 57"));
+  EXPECT_EQ(rig.wholeSend.Result().planned, rig.wholeSend.Result().messages);
   ExpectIdle(rig);
 }
 
@@ -166,58 +167,39 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
   }
 }
 
-TEST(WholeSend, TellsWhatTheUnitRefusedInSpiteOfAStrayAck) {
-  for (const bool stray : {false, true}) {
+TEST(WholeSend, TellsWhatTheUnitRefusedWhateverElseItSays) {
+  enum class Answer { kNak, kNakAndStrayAck, kAckAndLateNak };
+  for (const Answer answer : {Answer::kNak, Answer::kNakAndStrayAck, Answer::kAckAndLateNak}) {
+    const bool late = answer == Answer::kAckAndLateNak;
+    const bool refused = answer == Answer::kNak;
     LinkRig rig;
-    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
-      if (message.meaning != "Characters on again") return;
-      rig.line.Unit().Faults().nak = 1;  // the slate duration is next
-      if (stray) rig.line.Inject({kAck}, rig.pump.Now() + 60);
-    });
     std::vector<std::string> doubtful;
-    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+    const auto note = [&](const SentMessage& message) {
       if (message.verdict != Verdict::kAcknowledged) doubtful.push_back(message.meaning);
+    };
+    rig.commands.VerdictChanged.Connect([&](const SentMessage& message, Verdict) { note(message); });
+    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+      note(message);
+      if (late && message.meaning == "Slate duration: 300 frames") rig.Receive({kNak});
+      if (late || message.meaning != "Characters on again") return;
+      rig.line.Unit().Faults().nak = 1;  // the slate duration is next
+      if (!refused) rig.line.Inject({kAck}, rig.pump.Now() + 60);
     });
     rig.form.bSConfig.OperatorClick();
     EXPECT_EQ(rig.Sent(), Sequence().Framed());
-    EXPECT_EQ(rig.pump.Now(), stray ? 60 : 100) << "the waits are as they were";
-    EXPECT_EQ(rig.dialogs.shown.size(), stray ? 0U : 1U);
+    EXPECT_EQ(rig.pump.Now(), late ? 0 : refused ? 100 : 60) << "the waits are as they were";
+    EXPECT_EQ(rig.dialogs.shown.size(), refused ? 1U : 0U);
     EXPECT_THAT(doubtful, ElementsAre("Slate duration: 300 frames"));
-    EXPECT_EQ(rig.wholeSend.Result().Count(stray ? Verdict::kUncertain : Verdict::kRefused), 1);
-    EXPECT_EQ(rig.wholeSend.Result().Doubtful(), 1);
-    EXPECT_EQ(rig.wholeSend.Result().planned, rig.wholeSend.Result().messages);
+    const SendResult& result = rig.wholeSend.Result();
+    EXPECT_EQ(result.Count(refused ? Verdict::kRefused : Verdict::kUncertain), 1);
+    EXPECT_EQ(result.Doubtful(), 1);
+    EXPECT_TRUE(result.wentOut == result.messages && result.planned == result.messages);
   }
-}
-
-TEST(WholeSend, NamesWhatANakInOneReadWithTheClosingReplyBelongsTo) {
-  LinkRig rig;
-  std::vector<std::string> told;
-  const auto tell = [&](const SentMessage& message) {
-    if (message.verdict != Verdict::kAcknowledged) told.push_back(message.meaning);
-  };
-  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
-    tell(message);
-    if (message.meaning != "Characters on") return;
-    rig.line.SetGate(false);
-    rig.line.Unit().Faults().lateFrames = std::chrono::milliseconds(500);
-    rig.pump.At(rig.pump.Now() + 29, [&rig] {
-      Bytes bytes{kNak};
-      const Bytes frame = EncodeFrame(Bytes{15, 0, 52, 4});
-      bytes.insert(bytes.end(), frame.begin(), frame.end());
-      rig.line.Inject(bytes, rig.pump.Now());
-    });
-  });
-  rig.commands.VerdictChanged.Connect([&](const SentMessage& message, Verdict) { tell(message); });
-  rig.form.bSConfig.OperatorClick();
-  const SendResult& result = rig.wholeSend.Result();
-  EXPECT_EQ(result.end, kNotConfirmed);
-  EXPECT_THAT(told, ElementsAre("Characters on", "Video status?"));
-  EXPECT_EQ(result.Doubtful(), 2);
-  EXPECT_TRUE(result.wentOut == result.messages && result.planned == result.messages);
 }
 
 const char* const kSilent = "Video Standard not detected. Verify communications.";
 const char* const kMismatch = "Video Standard Mismatch, Switch to Manual Mode?";
+const char* const kClosed = "Open Com Port before sending cmmands.";
 
 TEST(WholeSend, BringsTheStandardsOfUnitAndConfigurationTogether) {
   for (const TableRow& row : TableOf("standards")) {
@@ -241,50 +223,14 @@ TEST(WholeSend, BringsTheStandardsOfUnitAndConfigurationTogether) {
   }
 }
 
-TEST(WholeSend, EndsWithOneBoxWhenTheDeviceGoesAway) {
-  const char* const kClosed = "Open Com Port before sending cmmands.";
-  struct Loss {
-    const char* standard;  ///< of the configuration; another than the unit's makes the tool ask
-    std::size_t after;     ///< messages; 0: while the question stands
-    bool agreed;
-    Texts boxes;
+/// Another standard than the unit's makes the tool ask; the device goes away while the question is open.
+template <BoxAnswer kAnswer>
+void VanishAtTheQuestion(LinkRig& rig) {
+  SelectText(rig.form.comVS, "525i/60");
+  rig.dialogs.onShow = [&rig](const MessageBox& box) {
+    if (box.text == kMismatch) rig.line.Vanish();
+    return kAnswer;
   };
-  const Loss kLosses[] = {{"1080i/60", 1, true, {kClosed}},
-                          {"1080i/60", 2, true, {kClosed}},
-                          {"1080i/60", 20, true, {kClosed}},
-                          {"525i/60", 0, true, {kMismatch, kClosed}},
-                          {"525i/60", 0, false, {kMismatch, kClosed}},
-                          {"525i/60", 3, true, {kMismatch, kClosed}}};
-  for (const Loss& c : kLosses) {
-    SCOPED_TRACE(&c - kLosses);
-    LinkRig rig;
-    rig.form.mnuInter.SetChecked(true);
-    rig.form.mnuOff.SetChecked(false);
-    SelectText(rig.form.comVS, c.standard);
-    rig.commands.MessageSent.Connect([&](const SentMessage& message) {
-      if (message.number == static_cast<int>(c.after)) rig.line.Vanish();
-    });
-    rig.dialogs.onShow = [&](const MessageBox& box) {
-      if (box.text == kMismatch && c.after == 0) rig.line.Vanish();
-      return c.agreed ? BoxAnswer::kYes : BoxAnswer::kNo;
-    };
-    rig.form.bSConfig.OperatorClick();
-    rig.pump.Pass(1000);
-    EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
-    const std::size_t sent = c.after == 0 ? 2 : c.after;
-    EXPECT_EQ(rig.Sent().size(), sent) << "nothing further is tried";
-    const std::size_t all = Sequence().Framed().size() + 1 + (c.after == 3 ? 1 : 0);  // and the slate's, live
-    EXPECT_THAT(rig.dialogs.shown.back().remedy,
-                testing::StartsWith("The device behind port 1 (unit1) is gone. " + std::to_string(sent) +
-                                    " of " + std::to_string(all) + " messages went out.\n"));
-    EXPECT_EQ(rig.wholeSend.Result().end, kPortClosed);
-    EXPECT_TRUE(rig.form.pComBut.BackColor() == kRed && rig.form.mnuOff.Checked());
-    ExpectIdle(rig);
-    rig.line.Return();
-    SelectText(rig.form.comVS, "1080i/60");
-    rig.form.bSConfig.OperatorClick();
-    EXPECT_EQ(rig.wholeSend.Result().end, kComplete);
-  }
 }
 
 TEST(WholeSend, CountsNoMessageThatThePortDiscarded) {
@@ -299,7 +245,7 @@ TEST(WholeSend, CountsNoMessageThatThePortDiscarded) {
   EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr(" is gone. 20 of "));
 }
 
-/// Something that happens when `after` messages have gone out, the identification being the first.
+/// Something that happens after `after` messages, of which the identification is the first.
 struct Incident {
   std::size_t after;
   void (*happen)(LinkRig& rig);
@@ -310,7 +256,7 @@ struct Incident {
 
 TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
   const Texts framed = Sequence().Framed();
-  Texts refused(framed.size() - 6, "Open Com Port before sending cmmands.");
+  Texts refused(framed.size() - 6, kClosed);
   refused.emplace_back(kSilent);
   const std::size_t all = framed.size();
   const Incident kIncidents[] = {
@@ -323,6 +269,11 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
       {6, [](LinkRig& rig) { rig.pump.End(); }, 6, kStopped, {}},
       {6, [](LinkRig& rig) { rig.wholeSend.stopRequested = [] { return true; }; }, 6, kStopped, {}},
       {6, [](LinkRig& rig) { rig.vars.CodeSources[3].GenNumber = 256; }, 12, kFailed, {"6  Overflow"}},
+      {1, [](LinkRig& rig) { rig.line.Vanish(); }, 1, kPortClosed, {kClosed}},
+      {2, [](LinkRig& rig) { rig.line.Vanish(); }, 2, kPortClosed, {kClosed}},
+      {20, [](LinkRig& rig) { rig.line.Vanish(); }, 20, kPortClosed, {kClosed}},
+      {0, VanishAtTheQuestion<BoxAnswer::kYes>, 2, kPortClosed, {kMismatch, kClosed}},
+      {0, VanishAtTheQuestion<BoxAnswer::kNo>, 2, kPortClosed, {kMismatch, kClosed}},
   };
   for (const Incident& c : kIncidents) {
     SCOPED_TRACE(&c - kIncidents);
@@ -340,8 +291,18 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     EXPECT_EQ(rig.wholeSend.Result().end, c.end);
     EXPECT_EQ(rig.wholeSend.Result().Doubtful() > 1, c.end == kNotConfirmed) << "refused: no answer";
     ExpectIdle(rig);
-    if (!rig.wholeSend.stopRequested) continue;
+    if (c.boxes.size() > 0 && c.boxes.back() == kClosed) {
+      EXPECT_THAT(rig.dialogs.shown.back().remedy,
+                  testing::StartsWith("The device behind port 1 (unit1) is gone. " + std::to_string(c.goOut) +
+                                      " of " + std::to_string(all) + " messages went out.\n"));
+      EXPECT_TRUE(rig.form.pComBut.BackColor() == kRed && rig.form.mnuOff.Checked());
+      rig.line.Return();
+    } else if (!rig.wholeSend.stopRequested) {
+      continue;
+    }
     rig.wholeSend.stopRequested = nullptr;
+    rig.dialogs.onShow = nullptr;
+    SelectText(rig.form.comVS, "1080i/60");
     sent = all;
     rig.form.bSConfig.OperatorClick();
     EXPECT_EQ(rig.wholeSend.Result().end, kComplete) << "the next one";

@@ -3,7 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/support/link_rig.h"
 #include "tests/support/tool_rig.h"
 
 namespace marlinset {
@@ -32,9 +31,7 @@ struct InteractiveTest : ::testing::Test {
     rig.line.ClearSent();
     rig.dialogs.shown.clear();
     rig.pump.Pass(5000);
-    std::vector<std::string> sent;
-    for (const Bytes& frame : rig.line.Sent()) sent.push_back(FieldsText(frame));
-    return sent;
+    return rig.line.SentFields();
   }
   std::vector<int> Heartbeat() const {
     std::vector<int> shown;
@@ -57,7 +54,7 @@ TEST_F(InteractiveTest, EntersWithIdentificationAndWholeSendAndLeavesAsItCame) {
   form.mnuInter.OperatorClick();
   EXPECT_THAT(rig.Boxes(), IsEmpty());
   EXPECT_EQ(rig.tool.wholeSend.Result().end, SendEnd::kComplete);
-  EXPECT_EQ(FieldsText(rig.line.Sent().front()), kGetId);
+  EXPECT_EQ(rig.line.SentFields().front(), kGetId);
   ExpectMode(true);
   EXPECT_THAT(Heartbeat(), ElementsAre(0));
   EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "On");
@@ -180,7 +177,7 @@ TEST_F(InteractiveTest, SelectionOfTheStandard) {
     EXPECT_EQ(rig.Panel(3), c.panel);
     EXPECT_EQ(form.StatBar(3).Picture(), c.mute ? "Image2(2)" : "Image2(0)");
     ASSERT_EQ(rig.line.Sent().size(), c.messages) << c.panel;
-    EXPECT_EQ(FieldsText(rig.line.Sent().front()), kVideoSense);
+    EXPECT_EQ(rig.line.SentFields().front(), kVideoSense);
     EXPECT_EQ(rig.line.Unit().Manual(), c.mute ? c.unitManual : c.wantManual);
   }
   EXPECT_THAT(rig.Boxes(), ElementsAre("Mode Set error"));

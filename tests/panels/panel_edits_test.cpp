@@ -41,7 +41,7 @@ TEST(PanelEdits, GoToTheUnitInInteractiveModeAndStandWhateverItSays) {
       } else {
         EXPECT_EQ(Joined(sent), way == kOffLine ? "" : messages);
       }
-      EXPECT_EQ(rig.Told().size(), way == kInteractive ? 0 : sent.size()) << "a box for each";
+      EXPECT_EQ(rig.TakeBoxes().size(), way == kInteractive ? 0 : sent.size()) << "a box for each";
       EXPECT_EQ(rig.vars.ConfigSaved, row[5] == "kept");
       EXPECT_EQ(rig.form.InterTime.Enabled(), way != kOffLine);
       const auto now = WriteDocument(DocumentOfPanels(rig.vars, rig.form));
@@ -73,13 +73,13 @@ TEST(PanelEdits, FallIntoTheWaitOfAnother) {
   form.ComWin(2).OperatorSelect(1);
   // The acknowledgement of the last one lifts the lock and counts for the style, too.
   EXPECT_THAT(rig.Sent(), ElementsAre("2 8 33 1 146 10 5 13", "2 8 37 1"));
-  EXPECT_TRUE(rig.Told().empty());
+  EXPECT_TRUE(rig.TakeBoxes().empty());
 
   rig.line.Unit().Faults().lateAcks = std::chrono::milliseconds{20};
   rig.pump.At(rig.pump.Now() + 10, [&] { form.tWinMess.OperatorType("ab"); });
   form.tWinMess.OperatorType("b");
   EXPECT_THAT(rig.Sent(), ElementsAre("2 8 40 14 66", "2 8 40 14 65 66")) << "the next keystroke";
-  EXPECT_TRUE(rig.Told().empty());
+  EXPECT_TRUE(rig.TakeBoxes().empty());
 }
 
 }  // namespace

@@ -36,23 +36,13 @@ struct PanelRig : ToolRig {
   }
   /// The fields of what was sent since the last call: "2 8 34 1".
   std::vector<std::string> Sent() {
-    std::vector<std::string> texts;
-    for (const Bytes& frame : line.Sent()) texts.push_back(FieldsText(frame));
+    const auto texts = line.SentFields();
     line.ClearSent();
-    return texts;
-  }
-  /// The texts of the boxes since the last call.
-  std::vector<std::string> Told() {
-    std::vector<std::string> texts = Boxes();
-    dialogs.shown.clear();
     return texts;
   }
 
   /// What an operator does, as lines of a script: "check chDups 1; spin UDDur 9".
   void Do(const std::string& actions);
-
-  FrmStart& form = tool.form;
-  Variables& vars = tool.variables;
 
  private:
   struct Hand;

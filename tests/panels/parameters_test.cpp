@@ -82,13 +82,13 @@ TEST_F(Parameters, GoToTheUnitAlsoInLocalModeAndByASort) {
   vars.UnitLocalMode = true;  // is not asked here
   form.udVal(2).OperatorSpin(-1);
   EXPECT_THAT(rig.Sent(), ElementsAre("15 0 192 7 2 44 1 0 0", "15 0 192 200 3 255 255 255 255"));
-  EXPECT_THAT(rig.Told(), IsEmpty());
+  EXPECT_THAT(rig.TakeBoxes(), IsEmpty());
   rig.line.Unit().Faults().drop = 1;
   form.udVal(1).OperatorSpin(2);
-  EXPECT_THAT(rig.Told(), ElementsAre("Problem with parameter."));
+  EXPECT_THAT(rig.TakeBoxes(), ElementsAre("Problem with parameter."));
   rig.Sent();
   form.udVal(1).OperatorSpin(32768);
-  EXPECT_THAT(rig.Told(), ElementsAre("6  Overflow"));
+  EXPECT_THAT(rig.TakeBoxes(), ElementsAre("6  Overflow"));
   EXPECT_THAT(rig.Sent(), IsEmpty());
   EXPECT_EQ(At(vars.SystemParameters, 1).Value, 2);
   form.udVal(1).OperatorSpin(2);
@@ -106,12 +106,12 @@ TEST_F(Parameters, AreRefusedInOrder) {
     Add(row[0], row[1], "1");
     EXPECT_EQ(rig.dialogs.shown.at(0).buttons, BoxButtons::kOkCancel);
     EXPECT_EQ(rig.dialogs.shown.at(0).icon, BoxIcon::kCritical);
-    EXPECT_THAT(rig.Told(), ElementsAre(row[2]));
+    EXPECT_THAT(rig.TakeBoxes(), ElementsAre(row[2]));
     EXPECT_EQ(edit.txtValue.Text(), "1");
     EXPECT_TRUE(edit.Visible() && vars.ConfigSaved);
   }
   Add("30", "1", "32768");
-  EXPECT_THAT(rig.Told(), ElementsAre("6  Overflow"));
+  EXPECT_THAT(rig.TakeBoxes(), ElementsAre("6  Overflow"));
   EXPECT_TRUE(edit.Visible() && vars.ConfigSaved);
   EXPECT_EQ(vars.SystemParameters.size(), count);
 }

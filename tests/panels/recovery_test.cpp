@@ -58,7 +58,6 @@ struct OneRun : ToolRig {
   }
   void Edit(const std::string& message) { form.tWinMess.OperatorType(message); }
 
-  FrmStart& form = tool.form;
   static constexpr int kHalfMinute = 30000;
 };
 

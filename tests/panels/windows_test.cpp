@@ -156,7 +156,7 @@ TEST(FontSize, TakesTheInserterOffAndSendsEachWindowAnew) {
     }
     const std::string windows = "(2 8 32 1) 1+ 2+ 14+ 15+ 18+ 19+ 20+ 1 2 14 15 18 19 20 ";
     EXPECT_EQ(sent, c.inserterOn ? "(2 8 34 0) " + windows + "(2 8 34 1) " : windows);
-    EXPECT_EQ(rig.Told(), c.boxes);
+    EXPECT_EQ(rig.TakeBoxes(), c.boxes);
     EXPECT_TRUE(form.mnuCharOn.Checked() && !form.mnuCharOff.Checked());
     EXPECT_EQ(form.udVer(0).Increment(), 2);
     EXPECT_EQ(rig.line.Unit().Memory().Windows().at(1).row, 20);
@@ -178,7 +178,7 @@ TEST(Inserter, OpensThePortAndIsAChoiceAlsoWithoutOne) {
     menu.SetChecked(false);
     rig.line.RefuseOpen("Port 1 is in use.");
     menu.OperatorClick();
-    EXPECT_THAT(rig.Told(), ElementsAre("Port 1 is in use."));
+    EXPECT_THAT(rig.TakeBoxes(), ElementsAre("Port 1 is in use."));
     EXPECT_TRUE(menu.Checked());
   }
 }

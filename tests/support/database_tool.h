@@ -1,16 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <sqlite3.h>
+
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/load_arrays.h"
 #include "tests/support/fake_computer.h"
-#include "tests/support/sqlite_file.h"
 #include "tests/support/temp_folder.h"
 
 namespace marlinset {
+
+/// Runs SQL statements on a database file, which is made when it is not there. Does not wait for the disk.
+inline void RunSql(const std::string& path, const std::string& sql) {
+  sqlite3* handle = nullptr;
+  char* message = nullptr;
+  const bool done = sqlite3_open(path.c_str(), &handle) == SQLITE_OK &&
+                    sqlite3_exec(handle, ("PRAGMA synchronous = OFF;" + sql).c_str(), nullptr, nullptr,
+                                 &message) == SQLITE_OK;
+  const std::string reason = message == nullptr ? sqlite3_errmsg(handle) : message;
+  sqlite3_free(message);
+  sqlite3_close(handle);
+  if (!done) throw std::runtime_error(reason + " in " + sql);
+}
 
 /// As much of the tool as reads the reference database, with a database of its own in a temporary folder
 /// until `variables.DatabasePath` says otherwise.

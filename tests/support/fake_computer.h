@@ -26,7 +26,7 @@
 
 namespace marlinset {
 
-/// A desktop whose clock stands, with nothing in its registry.
+/// A desktop with a stopped clock and an empty registry.
 class FakeDesktop : public Desktop {
  public:
   std::string DateAndTime() const override { return "21/11/2026 14:30"; }
@@ -36,8 +36,7 @@ class FakeDesktop : public Desktop {
   bool Run(const std::string& /*program*/) override { return true; }
 };
 
-/// A file dialog that a test answers: each dialog is recorded as it came up and takes the next of `choices`.
-/// With none left it is cancelled.
+/// Records every file dialog and gives it the next of `choices`; when none is left, it is cancelled.
 class FakeFileDialog : public FileDialog {
  public:
   struct Shown {
@@ -65,7 +64,7 @@ class FakeFileDialog : public FileDialog {
   }
 };
 
-/// Keeps what is printed. Runs out of paper before form number `failAt` of a job, when that is set.
+/// Keeps what is printed. `onPrint` lets a test look at the tool before each form, or fail like a printer.
 class FakePrinter : public FormPrinter {
  public:
   struct Job {
@@ -74,8 +73,6 @@ class FakePrinter : public FormPrinter {
     bool finished;
   };
   std::vector<Job> jobs;
-  int failAt = -1;
-  /// A place to look at the tool while it prints.
   std::function<void()> onPrint;
 
   std::unique_ptr<PrintJob> Begin(const PrintRequest& request) override {
@@ -88,10 +85,8 @@ class FakePrinter : public FormPrinter {
    public:
     explicit FakeJob(FakePrinter& printer) : printer_(printer) {}
     void PrintForm(const PrintedForm& form) override {
-      auto& forms = printer_.jobs.back().forms;
-      if (static_cast<int>(forms.size()) == printer_.failAt) throw PrinterError();
       if (printer_.onPrint) printer_.onPrint();
-      forms.push_back(form);
+      printer_.jobs.back().forms.push_back(form);
     }
     void Finish() override { printer_.jobs.back().finished = true; }
 
@@ -161,7 +156,7 @@ class TestFiles : public FileSystem {
   LocalFiles local_;
 };
 
-/// The virtual clock; whoever waits on it meanwhile does what `onHandle` says.
+/// The virtual clock; calls `onHandle` in every wait.
 class TestPump : public VirtualPump {
  public:
   std::function<void()> onHandle;
@@ -173,8 +168,7 @@ class TestPump : public VirtualPump {
 };
 
 /// The computer of a tool under test: a virtual unit on the line, both engines for reference databases, and
-/// an operator, files and a printer that do what the test wants. `Line` and `Clock` are UnitLine and
-/// TestPump, a variation of them, or the real ones.
+/// an operator, files and a printer under the test's control. `Line` and `Clock` can be the real ones, too.
 template <class Line = UnitLine, class Clock = TestPump>
 struct FakeComputer {
   explicit FakeComputer(const UnitSettings& unit = {}, std::string programFolder = {})

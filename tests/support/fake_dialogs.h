@@ -11,21 +11,21 @@
 
 namespace marlinset {
 
-/// Whether a box tells of a failure that no routine expected: a number, two blanks and a text. An overflow is
-/// the answer to a number that has no room in its place: the value of a parameter, a position in a message.
+/// Whether a box reports a failure that no routine expected: a number, two blanks and a text. Overflow is
+/// excepted: it answers an operator's number that is too large for its place.
 inline bool TellsOfFailure(const MessageBox& box) {
   const std::size_t digits = box.text.find_first_not_of("0123456789");
   const bool numbered = digits != 0 && digits != std::string::npos && box.text.compare(digits, 2, "  ") == 0;
   return numbered && box.text != "6  Overflow";
 }
 
-/// Boxes that a test answers: every box is recorded and takes the next of `answers`. With none left a
-/// question is refused (No, Cancel) and a plain box is confirmed, as a cautious operator would do.
+/// Records every box and gives it the next of `answers`. When none is left, questions are refused (No,
+/// Cancel) and plain boxes confirmed, as a cautious operator would do.
 class FakeDialogs : public Dialogs {
  public:
   std::vector<MessageBox> shown;
   std::deque<BoxAnswer> answers;
-  /// Answers in place of the queue when set; also the place to look at the tool while a box stands.
+  /// Answers instead of the queue if set, and lets a test look at the tool while a box is open.
   std::function<BoxAnswer(const MessageBox&)> onShow;
 
   BoxAnswer Present(const MessageBox& box) override {
@@ -47,20 +47,20 @@ class FakeDialogs : public Dialogs {
   /// Texts of all boxes so far, in order.
   std::vector<std::string> Texts() const {
     std::vector<std::string> texts;
-    texts.reserve(shown.size());
     for (const MessageBox& box : shown) texts.push_back(box.text);
     return texts;
   }
 
+  /// The same, and forgets them.
+  std::vector<std::string> TakeTexts() {
+    const auto texts = Texts();
+    shown.clear();
+    return texts;
+  }
+
   static BoxAnswer Default(BoxButtons buttons) {
-    switch (buttons) {
-      case BoxButtons::kYesNo:
-        return BoxAnswer::kNo;
-      case BoxButtons::kOkCancel:
-        return BoxAnswer::kCancel;
-      default:
-        return BoxAnswer::kOk;
-    }
+    if (buttons == BoxButtons::kYesNo) return BoxAnswer::kNo;
+    return buttons == BoxButtons::kOkCancel ? BoxAnswer::kCancel : BoxAnswer::kOk;
   }
 };
 

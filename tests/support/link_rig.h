@@ -19,15 +19,6 @@
 
 namespace marlinset {
 
-/// A frame with its fields written as numbers: "15 0 52".
-inline std::string FieldsText(const Bytes& frame) {
-  std::string text;
-  for (std::size_t i = 2; i + 1 < frame.size(); ++i) {
-    text += (text.empty() ? "" : " ") + std::to_string(frame[i]);
-  }
-  return text;
-}
-
 /// The link of the tool with the sample configuration, a virtual unit at the far end of the line and a
 /// virtual clock; for `Line` and `Clock` see FakeComputer.
 template <class Line = UnitLine, class Clock = TestPump>
@@ -62,12 +53,7 @@ struct LinkRigOn : FakeComputer<Line, Clock> {
   }
   void ReceiveFields(const Bytes& fields) { Receive(EncodeFrame(fields)); }
 
-  /// What was sent since the last ClearSent, a text of its fields for each message.
-  std::vector<std::string> Sent() const {
-    std::vector<std::string> texts;
-    for (const Bytes& frame : line.Sent()) texts.push_back(FieldsText(frame));
-    return texts;
-  }
+  std::vector<std::string> Sent() const { return line.SentFields(); }
 
   Variables vars;
   FrmStart form{pump, guard};

@@ -31,11 +31,6 @@ class MemorySettings : public SettingsStore {
     }
     values.emplace_back(key, value);
   }
-
-  bool Has(std::string_view key) const {
-    return std::any_of(values.begin(), values.end(),
-                       [key](const auto& entry) { return EqualNoCase(entry.first, key); });
-  }
 };
 
 }  // namespace marlinset

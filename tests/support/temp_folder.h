@@ -13,7 +13,13 @@
 
 namespace marlinset {
 
-/// A fresh folder that goes with the test, and what lies in it.
+/// The bytes of a file, empty if there is none.
+inline std::string BytesOf(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+/// A fresh folder, removed with its content at the end of the test.
 class TempFolder {
  public:
   TempFolder() {
@@ -39,11 +45,7 @@ class TempFolder {
     if (!out.flush()) throw std::runtime_error("cannot write " + File(name));
     return File(name);
   }
-  /// The bytes of a file, empty when there is none.
-  std::string Read(std::string_view name) const {
-    std::ifstream in(File(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
+  std::string Read(std::string_view name) const { return BytesOf(File(name)); }
 
  private:
   std::string path_;

@@ -18,6 +18,8 @@ struct ToolRig : FakeComputer<> {
 
   const std::string& Panel(int number) const { return form.StatBar(number).Text(); }
   std::vector<std::string> Boxes() const { return dialogs.Texts(); }
+  /// The texts of the boxes since the last call.
+  std::vector<std::string> TakeBoxes() { return dialogs.TakeTexts(); }
 
   Tool tool{platform};
   FrmStart& form = tool.form;

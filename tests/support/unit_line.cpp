@@ -87,6 +87,15 @@ void UnitLine::Keep(std::size_t bytes) {
   });
 }
 
+std::vector<std::string> UnitLine::SentFields() const {
+  std::vector<std::string> texts;
+  for (const Bytes& frame : sent_) {
+    std::string& text = texts.emplace_back();
+    for (std::size_t i = 2; i + 1 < frame.size(); ++i) text += (i == 2 ? "" : " ") + std::to_string(frame[i]);
+  }
+  return texts;
+}
+
 std::uint8_t UnitLine::Input() {
   if (input_.empty()) throw SubscriptOutOfRange();
   const std::uint8_t byte = input_.front();

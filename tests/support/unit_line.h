@@ -50,6 +50,8 @@ class UnitLine : public MSComm {
   /// What the tool wrote since the last ClearSent, one element an Output.
   const std::vector<Bytes>& Sent() const { return sent_; }
   void ClearSent() { sent_.clear(); }
+  /// The same as numbers, a text such as "15 0 52" for the fields of each message.
+  std::vector<std::string> SentFields() const;
   /// How often the tool looked for devices.
   int Looks() const { return looks_; }
 

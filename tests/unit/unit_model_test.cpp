@@ -4,7 +4,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/support/hex.h"
 #include "tests/support/table.h"
 
 namespace marlinset {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/unit/unit_json.h"
-#include "tests/support/hex.h"
+#include "tests/support/table.h"
 
 namespace marlinset {
 namespace {

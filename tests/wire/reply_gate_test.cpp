@@ -5,7 +5,6 @@
 
 #include <numeric>
 
-#include "tests/support/hex.h"
 #include "tests/support/table.h"
 #include "wire/frame.h"
 

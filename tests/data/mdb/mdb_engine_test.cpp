@@ -4,7 +4,6 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <random>
 
@@ -21,11 +20,6 @@ constexpr std::size_t kPage = 4096;
 constexpr std::string_view kFilterQuery =
     "Select * from [Down Converter Filters] where [Description] <> 'Custom' Order By [Order] ";
 const std::string kSample = SAMPLE_FOLDER "access/shotsys.mdb";
-
-std::string BytesOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 FieldValue ValueOf(const Json& json, const std::string& type) {
   if (json.is_null()) return {};

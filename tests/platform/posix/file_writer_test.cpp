@@ -11,7 +11,7 @@
 #include "platform/posix/file_place.h"
 #include "platform/posix/local_files.h"
 #include "tests/support/database_tool.h"
-#include "tests/support/hex.h"
+#include "tests/support/table.h"
 
 namespace marlinset {
 namespace {
