@@ -19,10 +19,6 @@ namespace marlinset {
 /// A main window's panel model with nothing behind it: what the widgets do to it is all that happens.
 class FormTest : public testing::Test {
  protected:
-  template <class W = QWidget>
-  static W& Widget(const QObject& in, const std::string& name) {
-    return WidgetOf<W>(in, name);
-  }
   static void Show(QWidget& window) {
     window.show();
     window.activateWindow();
@@ -31,7 +27,7 @@ class FormTest : public testing::Test {
   }
   /// Lets the tool carry out what was done to its widgets.
   static void Settle() { TurnQtsLoop(); }
-  /// Types into a field in place of what stands there.
+  /// Types into a field over what it holds.
   static void Enter(QWidget& field, const char* text, Qt::Key last) {
     field.setFocus();
     QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);

@@ -102,7 +102,10 @@ TEST_F(HandsTest, ANumberIsForTheParameterThatWasRead) {
     QWidget& field = EditValue(window, 0);
     emit Widget<QTableView>(window, "pParIn").horizontalHeader()->sectionClicked(2);
     QTest::keyClicks(&field, "66");
-    QTest::keyClick(&field, Qt::Key_Up);
+    QTest::keyClick(&field, Qt::Key_Return);
+    const QModelIndex cell = Widget<QTableView>(window, "pParIn").model()->index(0, 3);
+    EXPECT_EQ(cell.data(), "66") << "shown at once";
+    QTest::keyClicks(&EditValue(window, 0), "67\t");
     Settle();
     EXPECT_EQ(done, expected);
   }
@@ -158,21 +161,18 @@ TEST_F(HandsTest, OneConfigurationCanBeDropped) {
   EXPECT_THAT(opened, ElementsAre("/shows/Evening News.QCF"));
 }
 
-/// What a window paints inside one of its widgets, and the names of what it paints beyond it.
+/// What a window paints, in the coordinates of one of its widgets.
 class PaintWatch : public QObject {
  public:
   explicit PaintWatch(const QWidget& place) : place_(place) { qApp->installEventFilter(this); }
-  int inside = 0;
-  std::vector<std::string> outside;
+  QRect painted;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     const auto* widget = qobject_cast<const QWidget*>(watched);
     if (!widget || event->type() != QEvent::Paint || widget->window() != place_.window()) return false;
-    const QRect painted = static_cast<QPaintEvent*>(event)->rect();
-    const QPoint corner = place_.mapFromGlobal(widget->mapToGlobal(painted.topLeft()));
-    const bool isInside = place_.rect().contains({corner, painted.size()});
-    isInside ? static_cast<void>(++inside) : outside.push_back(widget->objectName().toStdString());
+    const QRect part = static_cast<QPaintEvent*>(event)->rect();
+    painted |= QRect(place_.mapFromGlobal(widget->mapToGlobal(part.topLeft())), part.size());
     return false;
   }
 
@@ -189,11 +189,12 @@ TEST_F(HandsTest, AMarkRepaintsItsOwnControlOnly) {
     Open(window, panel);
     for (Control* control : controls) {
       SCOPED_TRACE(control->FullName());
-      const PaintWatch watch(Widget(window, control->FullName()));
+      const QWidget& widget = Widget(window, control->FullName());
+      const PaintWatch watch(widget);
       control->SetBackColor(kYellow);
       QCoreApplication::processEvents();
-      EXPECT_GT(watch.inside, 0);
-      EXPECT_THAT(watch.outside, IsEmpty());
+      EXPECT_FALSE(watch.painted.isEmpty());
+      EXPECT_TRUE(widget.rect().contains(watch.painted));
     }
   }
 }

@@ -17,7 +17,7 @@ inline void TurnQtsLoop() {
 
 /// The widget of a control, by its name, as a person who automates the window would look it up.
 template <class W = QWidget>
-W& WidgetOf(const QObject& in, const std::string& name) {
+W& Widget(const QObject& in, const std::string& name) {
   W* found = in.findChild<W*>(QString::fromStdString(name));
   if (!found) throw std::logic_error("no widget " + name);
   return *found;

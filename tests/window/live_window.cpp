@@ -58,7 +58,7 @@ LiveWindow::LiveWindow(ToolRig& rig)
 }
 
 QWidget& LiveWindow::Widget(const std::string& name) const {
-  return WidgetOf(*window_, name);
+  return marlinset::Widget(*window_, name);
 }
 
 void LiveWindow::Show(int view) {
