@@ -8,7 +8,6 @@
 #include <optional>
 
 #include "tests/cli/child_program.h"
-#include "tests/support/database_tool.h"
 #include "tests/support/table.h"
 #include "tests/support/temp_folder.h"
 
@@ -17,17 +16,21 @@ namespace {
 
 using testing::HasSubstr;
 
-/// The command line twin, also on a virtual unit behind a real pseudo terminal.
+/// The programs as processes, also with a virtual unit on a real pseudo terminal.
 class CliTest : public testing::Test {
  protected:
+  /// A text of a sample, with the paths of folders in it.
+  std::string Filled(std::string text) const {
+    for (const auto& [name, path] :
+         {std::pair{std::string("$folder"), folder_.Path()}, {"$data/", SAMPLE_FOLDER}}) {
+      for (std::size_t at; (at = text.find(name)) != std::string::npos;) text.replace(at, name.size(), path);
+    }
+    return text;
+  }
   std::string Link() const { return folder_.File("unit"); }
   std::vector<std::string> Words(std::vector<std::string> words) const {
     words.insert(words.end(), {"--settings", folder_.File("settings.ini")});
     return words;
-  }
-  std::vector<std::string> Virtual(std::vector<std::string> words = {}) const {
-    words.insert(words.begin(), {"--clock", "virtual"});
-    return Words(std::move(words));
   }
   /// A virtual unit with these options, ready.
   std::unique_ptr<UnitProgram> Unit(std::vector<std::string> options = {}) const {
@@ -62,17 +65,7 @@ TEST_F(CliTest, ASetupGoesToTheUnitByScript) {
 
 /// Plays a transcript of tests/samples/scripts: $ starts a script with these options, > is an action, < what
 /// the answer to either holds, ! a command of the shell, = the exit status.
-class TranscriptTest : public testing::TestWithParam<const char*> {
- protected:
-  std::string Filled(std::string text) const {
-    for (const auto& [name, path] :
-         {std::pair{std::string("$folder"), folder_.Path()}, {"$data/", SAMPLE_FOLDER}}) {
-      for (std::size_t at; (at = text.find(name)) != std::string::npos;) text.replace(at, name.size(), path);
-    }
-    return text;
-  }
-  TempFolder folder_;
-};
+class TranscriptTest : public CliTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(TranscriptTest, IsWhatTheScriptAnswers) {
   std::ifstream transcript(std::string(SAMPLE_FOLDER "scripts/") + GetParam() + ".txt");
@@ -84,9 +77,7 @@ TEST_P(TranscriptTest, IsWhatTheScriptAnswers) {
     if (transcript.peek() == '<') std::getline(transcript, part);
     part = part.empty() ? R"({"ok":true})" : Filled(part.substr(2));
     if (line[0] == '$') {
-      std::vector<std::string> words = Split("--clock virtual " + rest, ' ');
-      words.insert(words.end(), {"--settings", folder_.File("settings.ini")});
-      script.emplace(words);
+      script.emplace(Words(Split("--clock virtual " + rest, ' ')));
       EXPECT_TRUE(Holds(script->start, json::parse(part))) << script->start;
       ++scripts;
     }
@@ -102,30 +93,43 @@ INSTANTIATE_TEST_SUITE_P(Scripts, TranscriptTest,
                                          "files", "recent", "saving", "settings", "new_modes",
                                          "new_windows"));
 
-TEST_F(CliTest, AStartThatFailsSaysWhy) {
-  for (const char* box : {"3024  ", "DataBase Error. Expected file at Path "}) {
-    Script script(Virtual({"--program-folder", folder_.Path()}));
-    EXPECT_EQ(script.start["ok"], false);
-    EXPECT_THAT(script.start["messages"][0]["text"].get<std::string>(), testing::StartsWith(box));
-    EXPECT_EQ(script.End(), 3);
-    RunSql(folder_.File("shotsys.mdb"),
-           "create table if not exists \"Operating Mode\"(ModeId, Name, \"Order\", Description, Ignore1);"
-           "insert into \"Operating Mode\" values('A', 'HD Video Downconvert', 1, '', 0)");
+/// Each line runs in a shell of its own, in one folder, on a machine without a display.
+TEST_F(CliTest, ShellsSeeOutputAndStatus) {
+  std::ifstream lines(SAMPLE_FOLDER "scripts/shell.txt");
+  const std::string start = "exec 2>&1; unset DISPLAY WAYLAND_DISPLAY LC_ALL; cli=" CLI_PROGRAM
+                            " unit=" UNIT_PROGRAM " old=" SAMPLE_FOLDER "version_1.qcf sample=" SAMPLE_FOLDER
+                            "version_2.qcf; cd " +
+                            folder_.Path() + "; ";
+  std::string printed;
+  int status = -1;
+  for (std::string line; std::getline(lines, line);) {
+    SCOPED_TRACE(line);
+    if (line[0] == '$') {
+      ChildProgram shell("/bin/sh", {"-c", start + line.substr(2)});
+      printed.clear();
+      for (std::string part; !(part = shell.ReadLine()).empty();) printed += part + "\n";
+      status = shell.End();
+    }
+    if (line[0] != '=') continue;
+    EXPECT_EQ(status, line[2] - '0') << printed;
+    EXPECT_THAT(printed, HasSubstr(line.substr(std::min<std::size_t>(4, line.size()))));
   }
+  EXPECT_NE(status, -1);
 }
 
 TEST_F(CliTest, SendEndsWithTheStatusOfWhatHappened) {
+  folder_.Write("bad.qcf", "QCF");
+  folder_.Write("empty.qcf", "");
   for (const TableRow& row : TableOf("sends")) {
     SCOPED_TRACE(row[4]);
     const auto unit = Unit(Split(row[0], ' '));
     for (const std::string& line : Split(row[1], ';')) unit->State(line);
-    std::vector<std::string> words = Split("send --com1 unit " + row[2], ' ');
-    words[2] = Link();
-    CliProgram send(Words(words));
+    CliProgram send(Words(Split("send --com1 " + Link() + " " + Filled(row[2]), ' ')));
     std::string told;
     for (std::string line; !(line = send.ReadDiagnostic()).empty();) told += line;
     EXPECT_EQ(std::to_string(send.End()), row[3]);
     EXPECT_THAT(told, HasSubstr(row[4]));
+    EXPECT_THAT(unit->State(""), HasSubstr(row[5]));
   }
 }
 
@@ -161,8 +165,10 @@ TEST_F(CliTest, IdentifyTellsModelStandardAndFirmware) {
 
 TEST_F(CliTest, TheUnitIsSteeredByLinesAndOutlivesTheCable) {
   const auto unit = Unit({"--trace", folder_.File("trace")});
-  Script script(Words({"--com1", Link()}));
-  script.Expect({{"click bOpen", ""}});
+  // Opening a file changes the folder; the port's relative path still counts from where the program began.
+  const std::filesystem::path device = Link();
+  Script script(Words({"--com1", device.lexically_relative(std::filesystem::current_path())}));
+  script.Expect({{"open " SAMPLE_FOLDER "version_2.qcf", ""}, {"click bOpen", R"({"messages":[]})"}});
   EXPECT_THAT(unit->State("local on\nstandard 5\nmanual on"), HasSubstr(R"("standard":5,"manual":true)"));
   EXPECT_THAT(unit->State("local off\nbroadcast"), HasSubstr(R"("local":false,"broadcast":true)"));
   EXPECT_EQ(script.Answer("wait 1000")["messages"][0]["text"],
