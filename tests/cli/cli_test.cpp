@@ -90,7 +90,7 @@ TEST_P(TranscriptTest, IsWhatTheScriptAnswers) {
 
 INSTANTIATE_TEST_SUITE_P(Scripts, TranscriptTest,
                          testing::Values("dialogs", "load", "operator", "questions", "windows", "parameters",
-                                         "files", "recent", "saving", "settings", "new_modes",
+                                         "files", "recent", "saving", "settings", "print", "new_modes",
                                          "new_windows"));
 
 /// Each line runs in a shell of its own, in one folder, on a machine without a display.
