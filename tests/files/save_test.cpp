@@ -19,15 +19,6 @@ struct Saving : ::testing::Test, FileRig {
   Saving() { settings.SaveSetting("Load", folder.Path() + "/"); }
 };
 
-TEST_F(Saving, TheShippedDefaultIsWhatTheToolWrites) {
-  SaveAs("mine.qcf");
-  const FileBytes shipped = BytesOfFile(SHIPPED_DATABASE_FOLDER "System Default Video.qcf");
-  ASSERT_FALSE(shipped.empty());
-  EXPECT_EQ(Read("mine.qcf"), shipped);
-  EXPECT_EQ(Load(shipped), ReadEnd::kLoaded);
-  EXPECT_THAT(TakeBoxes(), IsEmpty()) << "nothing is missing in it";
-}
-
 TEST_F(Saving, DialogsOpenInTheFolderLastUsedAndGuardWhatIsThere) {
   SaveAs("a.qcf");
   EXPECT_EQ(fileDialog.shown.back().flags, kOverwritePrompt);
@@ -89,49 +80,6 @@ TEST_F(Saving, AFileThatOthersHaveChangedIsAskedAbout) {
       EXPECT_EQ(Read(name) == foreign, declined) << name;
     }
     fileDialog.confirms = true;
-  }
-}
-
-TEST_F(Saving, AFileIsKnownByWhereItsNameLeads) {
-  namespace fs = std::filesystem;
-  using Make = void (*)(const fs::path& file, const fs::path& alias);
-  const Make link = [](const fs::path& file, const fs::path& alias) { fs::create_symlink(file, alias); };
-  const Make hardLink = [](const fs::path& file, const fs::path& alias) {
-    fs::create_hard_link(file, alias);
-  };
-  const Make replace = [](const fs::path& file, const fs::path& alias) {
-    fs::rename(file, alias);
-    fs::create_symlink(alias, file);
-  };
-  const Make none = [](const fs::path&, const fs::path&) {};
-  struct Case {
-    const char* what;
-    Make make;
-    const char* flow;
-    const char* name;
-    bool changed, asked;
-  };
-  for (const Case& c : {Case{"link", link, "SaveAs", "alias.qcf", true, true},
-                        Case{"hard link", hardLink, "SaveAs", "alias.qcf", true, true},
-                        Case{"spelling", none, "SaveAs", "./show.qcf", true, true},
-                        Case{"link as it was", link, "Save", "alias.qcf", false, false},
-                        Case{"hard link as it was", hardLink, "Save", "alias.qcf", false, false},
-                        Case{"a link in its place", replace, "Save", "show.qcf", false, true}}) {
-    for (const char* name : {"alias.qcf", "show.qcf"}) fs::remove(folder.File(name));
-    fileDialog.choices.clear();
-    fileDialog.confirms = true;
-    SaveAs("show.qcf");
-    fileDialog.confirms = false;
-    c.make(folder.File("show.qcf"), folder.File("alias.qcf"));
-    if (c.changed) Write("show.qcf", {'h', 'i'});
-    vars.CurrentFile = fs::path(c.name).stem();
-    fileDialog.choices = {folder.File(c.name)};
-    tool.configurationFile.SaveConfig(c.flow);
-    if (c.make == replace) {
-      EXPECT_THAT(dialogs.shown.back().remedy,
-                  testing::HasSubstr("\nTo be written, where the link leads: " + folder.File("alias.qcf")));
-    }
-    EXPECT_EQ(TakeBoxes().size(), c.asked ? 1U : 0U) << c.what;
   }
 }
 

@@ -40,17 +40,5 @@ TEST(LineNumbers, KeepInsideTheirLimits) {
   EXPECT_EQ(Lines(f), "10 12 13 14 15 16") << "limits pull without rules";
 }
 
-TEST(LineNumbers, ShowDuplicatesWhileTheyAreSent) {
-  PanelRig rig;
-  const FrmStart& f = rig.form;
-  rig.Do("check chSync 1");
-  EXPECT_FALSE(f.upVitc1(5).Enabled() || f.upVitc1(5).Visible() || f.tLineNumber(6).Visible());
-  rig.Do("check chDups 1");
-  EXPECT_TRUE(f.upVitc1(5).Visible() && f.tLineNumber(7).Visible());
-  rig.Do("click oVITC(1)");
-  EXPECT_TRUE(f.upVitc1(5).Enabled() && f.fVITC2.Visible());
-  EXPECT_FALSE(f.chSync.On() || f.chSync.Visible() || f.fVITC3.Visible());
-}
-
 }  // namespace
 }  // namespace marlinset

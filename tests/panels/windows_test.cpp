@@ -67,16 +67,13 @@ TEST(Windows, APositionThatWasLoadedMovesInTheLimitsOfItsStandard) {
   }
 }
 
-TEST(Windows, NumbersAreShownAsTheyStandWhateverIsTypedThere) {
+TEST(Windows, ShowLinesWithoutASign) {
   PanelRig rig;
   rig.form.udVer(0).SetValue(-20);
   rig.form.udHor(0).SetValue(-3);
-  rig.form.tVert(0).OperatorType("7");
-  rig.form.tHor(0).OperatorKey('1');
-  EXPECT_EQ(rig.form.tVert(0).Text(), "20");
-  EXPECT_EQ(rig.vars.CharWindows[0].Top, 20);
-  EXPECT_EQ(rig.form.tHor(0).Text(), "-3");
   rig.form.UDDur.SetValue(300);
+  EXPECT_EQ(rig.vars.CharWindows[0].Top, 20);
+  EXPECT_EQ(rig.form.tVert(0).Text() + " " + rig.form.tHor(0).Text(), "20 -3");
   EXPECT_EQ(rig.form.tLineNumber(0).Text() + " " + rig.form.tLineNumber(4).Text(), "20 300");
 }
 
