@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <functional>
 #include <optional>
 
+#include "app/unit/pty.h"
 #include "controls/guard.h"
 #include "platform/qt/qt_pump.h"
 #include "tests/support/fake_dialogs.h"
@@ -44,6 +49,41 @@ struct QtBench {
     while (!holds() && !over) pump.Pump();
     return holds();
   }
+};
+
+/// The unit's end of a serial line: the tool opens Device() as it opens a port.
+class PseudoTerminal : public Pty {
+ public:
+  ~PseudoTerminal() { close(watch_); }
+
+  /// Sends and returns when the first bytes have reached the tool's end, where they wait to be read.
+  void Send(std::span<const std::uint8_t> bytes) {
+    Write(bytes);
+    pollfd arrival{watch_, POLLIN, 0};
+    poll(&arrival, 1, kLimitMs);
+  }
+  /// Bytes that have reached the tool's end and were not read there.
+  int Unread() const {
+    int count = 0;
+    ioctl(watch_, FIONREAD, &count);
+    return count;
+  }
+  /// At least `count` bytes that the tool sent, or fewer if no more come in time.
+  Bytes Receive(std::size_t count) {
+    Bytes bytes;
+    pollfd line{Descriptor(), POLLIN, 0};
+    while (bytes.size() < count && poll(&line, 1, kLimitMs) > 0) {
+      const Bytes part = Read();
+      bytes.insert(bytes.end(), part.begin(), part.end());
+    }
+    return bytes;
+  }
+
+ private:
+  static constexpr int kLimitMs = 10000;
+  /// The tool's end, never read from. It keeps the device's number from the next terminal, also when
+  /// unplugged.
+  const int watch_ = open(Device().c_str(), O_RDWR | O_NOCTTY);
 };
 
 }  // namespace marlinset

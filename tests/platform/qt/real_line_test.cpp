@@ -5,14 +5,14 @@
 #include <QSocketNotifier>
 #include <QTimer>
 #include <chrono>
-#include <filesystem>
 #include <optional>
 
 #include "app/unit/unit_json.h"
+#include "app/unit/unit_server.h"
 #include "platform/qt/qt_pump.h"
 #include "platform/qt/qt_serial_port.h"
+#include "tests/platform/qt/qt_environment.h"
 #include "tests/support/link_rig.h"
-#include "tests/support/pseudo_terminal.h"
 #include "tests/support/temp_folder.h"
 
 namespace marlinset {
@@ -38,48 +38,38 @@ class PatientPump : public QtPump {
 /// A unit behind a device of this name, on the tool's own loop.
 class WiredUnit {
  public:
-  WiredUnit(const UnitSettings& settings, const std::string& name) : model(settings) {
-    std::filesystem::remove(name);
-    std::filesystem::create_symlink(terminal.Device(), name);
-    QObject::connect(&arrival_, &QSocketNotifier::activated, [this] { Hear(); });
-    QObject::connect(&due_, &QTimer::timeout, [this] { Speak(); });
+  WiredUnit(const UnitSettings& settings, const std::string& name, int bitsPerSecond = 0)
+      : model(settings), server_(model, line, bitsPerSecond) {
+    line.Link(name);
+    QObject::connect(&arrival_, &QSocketNotifier::activated, [this] {
+      server_.ReadLine();
+      Run();
+    });
+    QObject::connect(&due_, &QTimer::timeout, [this] { Run(); });
     due_.setSingleShot(true);
     due_.setTimerType(Qt::PreciseTimer);
+    server_.OnFrame([this](LineTime, UnitServer::Direction direction, const Bytes&) {
+      if (direction == UnitServer::Direction::kReceived && ++heard_ == unplugAt) Unplug();
+    });
   }
   void Unplug() {
     arrival_.setEnabled(false);
-    due_.stop();
-    terminal.Unplug();
+    line.Close();
+    server_.LoseLine();
   }
 
-  PseudoTerminal terminal;
+  PseudoTerminal line;
   UnitModel model;
-  LinePace pace;             ///< of what the tool sends
   std::size_t unplugAt = 0;  ///< the message that it no longer answers
 
  private:
-  static LineTime Now() { return std::chrono::steady_clock::now().time_since_epoch(); }
-  void Hear() {
-    const Bytes bytes = terminal.Receive(1024, 0);
-    model.Receive(bytes, pace.Send(Now(), bytes.size()));
-    for ([[maybe_unused]] const auto& frame : model.TakeFrames()) {
-      if (++heard_ == unplugAt) return Unplug();
-    }
-    Speak();
-  }
-  void Speak() {
-    for (Bytes& bytes : model.TakeReplies(Now())) outgoing_.push_back(std::move(bytes));
-    if (!outgoing_.empty() && terminal.Unread() == 0) {  // each piece by itself
-      terminal.Send(outgoing_.front());
-      outgoing_.pop_front();
-    }
-    const auto next = outgoing_.empty() ? model.NextReplyAt() : Now();
-    if (next) due_.start(std::max(std::chrono::ceil<std::chrono::milliseconds>(*next - Now()), {}));
+  void Run() {
+    if (const auto next = server_.RunDue()) due_.start(std::chrono::ceil<std::chrono::milliseconds>(*next));
   }
 
+  UnitServer server_;
   std::size_t heard_ = 0;
-  std::deque<Bytes> outgoing_;
-  QSocketNotifier arrival_{terminal.Descriptor(), QSocketNotifier::Read};
+  QSocketNotifier arrival_{line.Descriptor(), QSocketNotifier::Read};
   QTimer due_;
 };
 
@@ -106,7 +96,10 @@ struct RealRig : LinkRigOn<RealLine, PatientPump> {
   RealRig() : LinkRigOn(kModelHd7340Q) {}
 
   WiredUnit& Unit() { return *line.unit; }
-  void PlugIn() { line.unit.emplace(UnitSettings{.model = kModelHd7340Q}, line.device); }
+  void PlugIn(int bitsPerSecond = 0) {
+    line.unit.reset();
+    line.unit.emplace(UnitSettings{.model = kModelHd7340Q}, line.device, bitsPerSecond);
+  }
   void WaitFor(const std::function<bool()>& condition) {
     while (!condition() && !pump.Ending()) pump.Pump();
   }
@@ -123,28 +116,24 @@ struct RealRig : LinkRigOn<RealLine, PatientPump> {
 };
 
 TEST(RealLine, CarriesTheSetupBehindNoiseHoweverTheRepliesCome) {
-  struct Delivery {
+  const struct {
     const char* what;
     std::size_t pieceBytes;
-    LineTime pieceGap;
-    int bitsPerSecond;
-  };
-  const Delivery kDeliveries[] = {
-      {"whole", 0, {}, 0},
-      {"byte by byte", 1, {}, 0},
-      {"at the pace of the line", 1, LinePace(57600).ByteTime(), 57600},
-      {"in an adapter's bursts", 3, std::chrono::milliseconds{16}, 0},
-  };
-  for (const Delivery& delivery : kDeliveries) {
+    int pieceGapMs, bitsPerSecond;
+  } kDeliveries[] = {{"whole", 0, 0, 0},
+                     {"byte by byte", 1, 2, 0},
+                     {"at the pace of the line", 0, 0, 57600},
+                     {"in an adapter's bursts", 3, 16, 0}};
+  for (const auto& delivery : kDeliveries) {
     SCOPED_TRACE(delivery.what);
     RealRig rig;
+    rig.PlugIn(delivery.bitsPerSecond);
     rig.Open();
-    rig.Unit().terminal.Send(Bytes{0x02, 0x11, 0xFF});
+    rig.Unit().line.Send(Bytes{0x02, 0x11, 0xFF});
     rig.WaitFor([&] { return rig.Panel(3) == "Mode Switched to Select"; });
     ASSERT_FALSE(rig.pump.Ending());
-    rig.Unit().pace = LinePace(delivery.bitsPerSecond);
     rig.Unit().model.Faults().pieceBytes = delivery.pieceBytes;
-    rig.Unit().model.Faults().pieceGap = delivery.pieceGap;
+    rig.Unit().model.Faults().pieceGap = std::chrono::milliseconds{delivery.pieceGapMs};
     rig.ExpectWholeSend();
     rig.identification.GetFirmware();
     EXPECT_EQ(rig.vars.UnitIdText, "MARLIN40 020E00");
@@ -203,7 +192,7 @@ TEST(RealLine, TakesNoAnswerForTheMessageBehindIt) {
   rig.commands.VerdictChanged.Connect(
       [&](const SentMessage& sent, Verdict) { verdicts.back() = *sent.verdict; });
   rig.commands.Send(CommandId::kVitcOn, Sender::kPanel);
-  rig.Unit().terminal.Send(Bytes{kAck});
+  rig.Unit().line.Send(Bytes{kAck});
   rig.Unit().model.Faults().drop = 1;
   EXPECT_FALSE(rig.commands.Send(CommandId::kVitcOn, Sender::kPanel));
   EXPECT_THAT(verdicts, ElementsAre(Verdict::kUncertain, Verdict::kUnacknowledged));
