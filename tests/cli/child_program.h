@@ -18,7 +18,7 @@ namespace marlinset {
 
 using json = nlohmann::ordered_json;
 
-/// One of the programs, running. What does not come leaves a test to the limit of its whole run.
+/// A running program. A test that waits for output that does not come runs into its own time limit.
 class ChildProgram {
  public:
   ChildProgram(const char* program, std::vector<std::string> options) {
@@ -50,14 +50,12 @@ class ChildProgram {
   ChildProgram(const ChildProgram&) = delete;
   ChildProgram& operator=(const ChildProgram&) = delete;
 
-  /// Writes a line to its standard input.
   void Tell(const std::string& line) const { dprintf(input_, "%s\n", line.c_str()); }
-  /// The next line of its standard output, of its standard error; empty at the end.
+  /// The next line of standard output or standard error; empty at the end.
   std::string ReadLine() { return NextLine(output_); }
   std::string ReadDiagnostic() { return NextLine(errors_); }
   void Send(int signal) const { kill(process_, signal); }
-  /// Ends its standard input; returns its exit status as a shell tells it, 128 and the number of a signal
-  /// that ended it.
+  /// Closes its standard input and returns the exit status as a shell reports it: 128 + N for signal N.
   int End() {
     if (process_ < 0) return -1;
     close(input_);
@@ -81,7 +79,7 @@ class ChildProgram {
 
 struct UnitProgram : ChildProgram {
   explicit UnitProgram(const std::vector<std::string>& options) : ChildProgram(UNIT_PROGRAM, options) {}
-  /// What the unit answers once it has taken the line.
+  /// What the unit answers after it has carried out the line.
   std::string State(const std::string& line) {
     Tell(line + "\nstate");
     return ReadLine();
@@ -92,8 +90,8 @@ struct CliProgram : ChildProgram {
   explicit CliProgram(const std::vector<std::string>& options) : ChildProgram(CLI_PROGRAM, options) {}
 };
 
-/// Whether an answer holds this part: of an object these members, of a list all elements, or the first ones
-/// if "..." stands behind them.
+/// Whether an answer holds this part: these members of an object, all elements of a list; the first ones
+/// before "...".
 inline bool Holds(const json& answer, const json& part) {
   if (!part.is_structured()) return answer == part;
   const bool open = part.is_array() && !part.empty() && part.back() == "...";
@@ -106,7 +104,6 @@ inline bool Holds(const json& answer, const json& part) {
   return true;
 }
 
-/// A script; a part of an answer is compared as JSON.
 struct Script : CliProgram {
   explicit Script(std::vector<std::string> options) : CliProgram(WithAction(std::move(options))) {
     start = json::parse(ReadLine(), nullptr, false);
@@ -115,7 +112,7 @@ struct Script : CliProgram {
     Tell(line);
     return json::parse(ReadLine(), nullptr, false);
   }
-  /// Runs actions. Each answer holds what stands beside it; without a word it is only well.
+  /// Runs actions and compares each answer with the JSON beside it; without any it must be ok.
   void Expect(const std::vector<std::pair<std::string, std::string>>& lines) {
     for (const auto& [line, part] : lines) {
       const json answer = Answer(line);

@@ -11,13 +11,11 @@ namespace {
 using Events = std::vector<std::string>;
 
 struct ControlsTest : testing::Test {
-  /// Notes each event of a control as a word.
   void Watch(EventSource& control) {
     control.OnClick([this] { events.emplace_back("click"); });
     control.OnChange([this] { events.emplace_back("change"); });
     control.OnMoved([this](int) { events.emplace_back("moved"); });
   }
-  /// The events that a statement brings about.
   Events Of(const std::function<void()>& statement) {
     events.clear();
     statement();

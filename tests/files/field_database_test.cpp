@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The Access file that units come with, in the place of the shipped database.
+// The Access file that comes with a unit, in place of the shipped database.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ TEST(FieldDatabase, StartsAndSendsTheWholeConfiguration) {
       << "the window of number -1";
 }
 
-/// Two of them bring down or hang who asks the library too much.
+/// libmdb crashes or hangs on two of them unless it is asked for little.
 TEST(FieldDatabase, ADamagedOneEndsTheStartWithItsMessage) {
   for (const std::string name : {"damaged_catalog", "damaged_definitions", "damaged_rows", "damaged_map"}) {
     const TempFolder program;

@@ -43,7 +43,7 @@ struct Loading : ::testing::Test, FileRig {
     }
     return WriteDocument(document);
   }
-  /// Rows and arrays belong together, whatever a file did.
+  /// Rows and arrays agree, whatever a file did.
   void ExpectWholePanels() {
     EXPECT_EQ(form.lName.UBound(), UBound(vars.CharWindows));
     for (int row = 0; row <= UBound(vars.CharWindows); ++row) {
@@ -109,7 +109,7 @@ TEST_F(Loading, NumbersAtTheirBounds) {
 }
 
 TEST_F(Loading, AFileCutAnywhereLeavesDefaultsAndALivingTool) {
-  // A short length of the block lets a reader come to the place of the cut.
+  // A block that claims to be short lets the reader get as far as the cut.
   FileBytes whole = Sample(2);
   std::fill_n(whole.begin() + 45, 4, std::uint8_t{0});
   const std::size_t mode = Behind(whole, "Multi-Camera Episodic");

@@ -21,12 +21,12 @@ inline FileBytes BytesOfFile(const std::string& path) {
   return {bytes.begin(), bytes.end()};
 }
 
-/// A sample file; tests/samples holds a listing of its bytes beside it.
+/// A sample file. A listing of its bytes lies beside it.
 inline FileBytes Sample(int version) {
   return BytesOfFile(SAMPLE_FOLDER "version_" + std::to_string(version) + ".qcf");
 }
 
-/// Offset of the first byte behind `text` in a sample.
+/// Offset of the first byte after `text`.
 inline std::size_t Behind(const FileBytes& bytes, std::string_view text) {
   const std::string all(bytes.begin(), bytes.end());
   return all.find(text) + text.size();
@@ -41,7 +41,7 @@ struct FileRig : ToolRig {
   }
   FileBytes Read(std::string_view name) const { return BytesOfFile(folder.File(name)); }
 
-  /// Reads these bytes as the start does with the default configuration.
+  /// Reads these bytes as the start reads the default configuration.
   ReadEnd Load(const FileBytes& bytes) {
     fileDialog.FileName = Write("loaded.qcf", bytes);
     tool.configurationFile.ReadConfigFile();

@@ -16,7 +16,7 @@
 
 namespace marlinset {
 
-/// A main window's panel model with nothing behind it: what the widgets do to it is all that happens.
+/// The controls of a main window without any rules: only what the widgets do to them happens.
 class FormTest : public testing::Test {
  protected:
   static void Show(QWidget& window) {
@@ -25,7 +25,6 @@ class FormTest : public testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
   }
-  /// Lets the tool carry out what was done to its widgets.
   static void Settle() { TurnQtsLoop(); }
   /// Types into a field over what it holds.
   static void Enter(QWidget& field, const char* text, Qt::Key last) {
@@ -40,7 +39,7 @@ class FormTest : public testing::Test {
       QApplication::sendEvent(&field, &out);
     }
   }
-  /// Does `act`, which closes it, to the window that `show` brings up over all others.
+  /// Runs `show`, then `act` on the modal window that it opens; `act` closes that window.
   static void AtDialog(const std::function<void()>& show, const std::function<void(QWidget&)>& act) {
     bool seen = false;
     QTimer::singleShot(0, [&] {
@@ -62,7 +61,7 @@ class FormTest : public testing::Test {
   QWidget window_;
 };
 
-/// The whole window, with two character windows and two parameters; a third of each is hidden.
+/// A complete window with two character windows and two parameters, and a hidden one of each.
 class MainWindowTest : public FormTest {
  protected:
   MainWindowTest() {

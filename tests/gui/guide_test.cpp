@@ -16,7 +16,6 @@ namespace {
 
 using GuideTest = MainWindowTest;
 
-/// What is written in a document.
 struct Content {
   explicit Content(const QTextBrowser& view) {
     for (QTextBlock block = view.document()->begin(); block.isValid(); block = block.next()) {

@@ -22,7 +22,7 @@ using testing::IsEmpty;
 
 class HandsTest : public MainWindowTest {
  protected:
-  /// The editor of a parameter's value, opened with F2 from any cell of its row.
+  /// Opens the editor of a parameter's value with F2, from another cell of its row.
   static QWidget& EditValue(const MainWindow& window, int row) {
     auto& table = Widget<QTableView>(window, "pParIn");
     table.setCurrentIndex(table.model()->index(row, 0));
@@ -80,7 +80,7 @@ TEST_F(HandsTest, EscAndEnterNeverSend) {
   EXPECT_THAT(done, ElementsAre("bSConfig", "66", "sorted", "77", "saved")) << "a number counts first";
 }
 
-/// A sort or a removal that waits goes first, and fills the same controls with other parameters.
+/// A sort or a removal that was requested earlier is carried out first and refills the same controls.
 TEST_F(HandsTest, ANumberIsForTheParameterThatWasRead) {
   std::vector<std::string> then, done;
   form_.bDesc.OnClick([&] {

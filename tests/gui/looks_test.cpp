@@ -49,7 +49,7 @@ TEST_F(LooksTest, TheWindowTableIsReadRowByRow) {
   EXPECT_LT(gap, FiguresWidth(window, 40)) << "a name and its boxes in one glance";
   for (const char* head : {"bName", "bOn", "bHor"}) EXPECT_NE(Widget(window, head).toolTip(), "") << head;
 
-  // What a wait for the unit makes of a quick pointer: entered, entered, and left only later.
+  // A quick pointer during a wait for the unit: it has entered two rows and left neither.
   const auto rowOf = [&](const char* name) { return Widget(window, name).parentWidget()->parentWidget(); };
   for (QWidget* row : {rowOf("lName(1)"), rowOf("lName(2)")}) {
     QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));

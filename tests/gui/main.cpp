@@ -5,7 +5,7 @@
 #include "gui/widgets/readable_style.h"
 
 int main(int argc, char** argv) {
-  // Tests run the same with and without a display, and show nothing to whoever runs them.
+  // Tests run the same with and without a display, and open no window on it.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const marlinset::Application application(argc, argv);
   QApplication::setStyle(new marlinset::ReadableStyle);

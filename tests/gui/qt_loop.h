@@ -9,13 +9,13 @@
 
 namespace marlinset {
 
-/// Handles what Qt has to handle now, and what comes of it.
+/// Handles Qt's pending events and those that they cause.
 inline void TurnQtsLoop() {
   while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
   }
 }
 
-/// The widget of a control, by its name, as a person who automates the window would look it up.
+/// The widget with the name of a control. Throws if there is none.
 template <class W = QWidget>
 W& Widget(const QObject& in, const std::string& name) {
   W* found = in.findChild<W*>(QString::fromStdString(name));

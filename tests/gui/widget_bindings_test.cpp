@@ -59,8 +59,7 @@ TEST_F(BindingsTest, AMarkIsReadableAndGoesAgain) {
   }
 }
 
-/// What the operator ticks is seen at once and holds when a rule says so; the tool ticks and unticks
-/// anything.
+/// An operator's tick shows at once but lasts only if the rule accepts it; the tool can tick anything.
 TEST_F(BindingsTest, ATickIsTheModelsWord) {
   QCheckBox box;
   Bind(box, form_.chDups);
@@ -126,7 +125,7 @@ class FieldsTest : public FormTest {
     for (const char* entry : {"NTSC", "PAL", "1080i/60"}) form_.comVS.AddItem(entry);
     form_.comVS.SetListIndex(0);
     form_.comVS.OnClick([this] { chosen_.push_back(form_.comVS.ListIndex()); });
-    // The lines of a picture: up goes to the lower number.
+    // Picture lines count downwards, so up leads to the lower number.
     form_.UpDown1.SetMin(20);
     form_.UpDown1.SetMax(10);
     form_.UpDown1.SetValue(15);

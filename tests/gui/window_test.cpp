@@ -28,10 +28,10 @@ const std::set<ControlKind> kKinds = {
     ControlKind::kButton,       ControlKind::kCheckBox, ControlKind::kComboBox,
     ControlKind::kListView,     ControlKind::kMenuItem, ControlKind::kSpin,
     ControlKind::kOptionButton, ControlKind::kTextBox,  ControlKind::kStatusPanel};
-// The parameter list is one painted table; its heads and cells are no widgets until one is edited.
+// The parameter list is one painted table: its heads and cells are no widgets until one is edited.
 const std::set<std::string> kPainted = {"bClass", "bParam", "bDesc", "bValue", "tVal", "udVal"};
 
-/// Every control has one widget, and a screen reader tells those that take keys from each other.
+/// Every control has one widget, and those that take keys have different spoken names.
 void ExpectWidgets(const QWidget& window, const Form& form) {
   std::set<QString> spoken;
   for (const Control* control : form.Controls()) {
@@ -47,7 +47,7 @@ void ExpectWidgets(const QWidget& window, const Form& form) {
   }
 }
 
-/// No two texts that stand on the screen together claim the same letter.
+/// No two texts on the screen claim the same letter.
 void ExpectMnemonicsApart(const QWidget& window) {
   std::set<QKeySequence> letters;
   const auto claim = [&](const QString& text) {
@@ -111,8 +111,8 @@ TEST_F(WindowTest, ComesAndGoesWithTheForm) {
   }
 }
 
-/// A box that closes while only the splash stands must not take the program with it; and a window that no
-/// settings have placed, because the start failed, is remembered where it stands.
+/// A box that closes while only the splash is open must not end the program. A window whose start failed
+/// has no place from the settings; its form learns where it is.
 TEST_F(WindowTest, EndsTheProgramOnlyWithItsForm) {
   const MainWindow window(form_);
   constexpr int kGoesOn = 7;
@@ -152,7 +152,6 @@ TEST_F(WindowTest, IndicatorAndStatusBarTellWhatGoesOn) {
   EXPECT_EQ(panel.toolTip(), "Video Standard from box changed while nobody was looking\nNo Video Present");
 }
 
-/// Whatever the pointer is over belongs to exactly one surface of the model.
 TEST_F(WindowTest, ThePointerReachesTheSurfaceItIsOver) {
   std::vector<std::string> over;
   const std::pair<EventSource&, std::string> surfaces[] = {

@@ -11,7 +11,7 @@
 namespace marlinset {
 namespace {
 
-/// A word of the table: its name, what stands behind "=", and the ms behind "@".
+/// A word of the table, NAME=VALUE@MS.
 struct Happening {
   explicit Happening(const std::string& word) {
     const std::size_t at = std::min(word.find('@'), word.size());

@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using Texts = std::vector<std::string>;
 
-/// The digits of the entries of the port menu that are ticked, or enabled.
+/// The numbers of the ticked or of the enabled ports in the menu.
 std::string Which(LinkRig& rig, bool (MenuItem::*are)() const) {
   std::string digits;
   for (int port = kLowestPort; port <= kHighestPort; ++port) {

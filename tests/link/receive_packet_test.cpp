@@ -54,8 +54,7 @@ TEST_F(OpenLine, LogsBytesInHexadecimalWhileTheLogIsShown) {
   EXPECT_EQ(rig.vars.UnitStandardText, "");
 }
 
-/// 66 bytes of two digits and one of one digit make 200 characters. The next byte empties the log and becomes
-/// the head of the message.
+/// The log is full at 200 characters. The next byte empties it and becomes the head of the message.
 TEST_F(OpenLine, TakesAUnitThatFloodsTheFullLogOutOfBroadcastMode) {
   rig.form.tInput.SetVisible(true);
   for (const std::size_t behind : {50U, 51U, 51U}) {

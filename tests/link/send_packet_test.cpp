@@ -15,8 +15,7 @@ TEST(SendPacket, PutsTheFramesOnTheLineThatUnitsKnow) {
       {{15, 0, 54, 1}, "02 04 0F 00 36 01 B6"},
       // 9 + 15 + 192 + 7 + 2 + 44 + 1 = 270, low byte 14, complement 242
       {{15, 0, 192, 7, 2, 44, 1, 0, 0}, "02 09 0F 00 C0 07 02 2C 01 00 00 F2"},
-      // A negative field goes out as its low byte: 4 + 2 + 8 + 32 + 255 = 301, 45, 211. So does an empty one,
-      // as 0.
+      // A negative field goes out as its low byte: 4 + 2 + 8 + 32 + 255 = 301, 45, 211; an empty one as 0.
       {{2, 8, 32, -1}, "02 04 02 08 20 FF D3"},
       {{2, 8, 32, -128}, "02 04 02 08 20 80 52"},
       {{2, 8, 32, std::nullopt}, "02 04 02 08 20 00 D2"},

@@ -41,7 +41,6 @@ TEST(SettingCommands, SayWaitAndFailAsThePanelsDo) {
 
 struct FromPanels : testing::Test {
   FromPanels() { rig.OpenIdentified(); }
-  /// The message that a command makes of the panels as they stand.
   std::string Sends(CommandId command, Sender sender = Sender::kPanel) {
     rig.line.ClearSent();
     rig.commands.Send(command, sender, 0, kHighlightOn);
@@ -71,8 +70,7 @@ TEST_F(FromPanels, ComeNumbersAndTexts) {
   EXPECT_EQ(Sends(kText), text + " 0 0") << "a panel leaves the rest empty";
 }
 
-// At first the window has a field digit (2), double height (16) and slate (32), and is on (64), with 11 + 2
-// characters.
+// The window begins with field digit (2), double height (16), slate (32), on (64), and 11 + 2 characters.
 TEST_F(FromPanels, ComeAWindowsFlagsRowPositionAndLength) {
   EXPECT_EQ(Sends(kWindow), "2 8 33 1 242 20 5 13");
   form.chSlate(0).SetVisible(false);

@@ -100,7 +100,7 @@ TEST(ReplyWait, EndsAlsoWithinTheRepeatOfAnother) {
   EXPECT_EQ(rig.Sent().size(), 3U);
 }
 
-/// Waits of ten seconds, and a message that takes seconds to leave, that something ends after 30 ms.
+/// Ends waits of ten seconds, and a message that takes seconds to leave, after 30 ms.
 TEST(Waits, EndWhenThePortOrTheProgramGoes) {
   using Body = void (*)(LinkRig&);
   const Body kEnds[] = {[](LinkRig& rig) { rig.line.Vanish(); },

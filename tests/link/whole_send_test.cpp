@@ -17,7 +17,7 @@ using Texts = std::vector<std::string>;
 
 const char* const kSense = "15 0 52";
 
-/// The whole send of the sample configuration, message by message.
+/// A message of the whole send of the sample configuration.
 struct Row {
   std::string fields;
   std::string marks;    ///< what is yellow meanwhile
@@ -26,7 +26,7 @@ struct Row {
   std::int64_t waitMs;
 };
 
-/// The fields of the whole send from the query for the standard at its beginning to that at its end.
+/// The whole send between the queries for the standard at its beginning and its end.
 struct Sequence {
   explicit Sequence(bool modelQ = false, bool charOn = true) {
     for (const TableRow& row : TableOf("whole_send")) {
@@ -47,7 +47,7 @@ struct Sequence {
   Texts fields;
 };
 
-/// Names of the controls that are yellow, without the traffic indicator.
+/// The controls that are yellow, except the traffic indicator.
 std::string Marked(const LinkRig& rig) {
   std::string names;
   for (const Control* control : rig.form.Controls()) {

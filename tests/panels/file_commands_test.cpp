@@ -55,7 +55,7 @@ TEST_F(FileCommandsTest, InteractiveModeRestsAndTheUnitFollows) {
   EXPECT_TRUE(form.mnuHD7340.Enabled());
 }
 
-/// The window's mark: by what is stored, whatever the commands take as saved.
+/// The window's mark depends on what is stored, whatever the commands count as saved.
 TEST_F(FileCommandsTest, TheMarkTellsWhatIsInNoFile) {
   bool shown = false;
   rig.tool.unsavedChanges.Changed.Connect([&] { shown = rig.tool.unsavedChanges.Modified(); });

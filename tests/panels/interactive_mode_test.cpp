@@ -14,7 +14,7 @@ using ::testing::IsEmpty;
 constexpr const char* kGetId = "15 0 53";
 constexpr const char* kVideoSense = "15 0 52";
 
-/// A unit that sees the standard that the panels name.
+/// A unit whose input has the standard of the panels.
 struct InteractiveTest : ::testing::Test {
   InteractiveTest() {
     EXPECT_TRUE(rig.tool.Start(""));
@@ -26,7 +26,7 @@ struct InteractiveTest : ::testing::Test {
     rig.line.ClearSent();
     rig.dialogs.shown.clear();
   }
-  /// One tick of the poll, and what goes out.
+  /// Lets one tick of the poll pass; returns what goes out.
   std::vector<std::string> Tick() {
     rig.line.ClearSent();
     rig.dialogs.shown.clear();

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// VITC lines: which one moves which.
 #include <optional>
 
 #include "tests/panels/panel_rig.h"
@@ -7,7 +6,7 @@
 namespace marlinset {
 namespace {
 
-/// The numbers of the lines and of their duplicates, each with what its echo shows where that differs.
+/// The numbers of the lines and their duplicates; an echo that differs stands in brackets.
 std::string Lines(const FrmStart& form) {
   std::string text;
   for (const int line : FrmStart::kVitcLineIndices) {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What each control of the panels tells the unit, and what it leaves behind.
 #include "files/panel_document.h"
 #include "files/qcf_writer.h"
 #include "tests/panels/panel_rig.h"
@@ -51,7 +50,7 @@ TEST(PanelEdits, GoToTheUnitInInteractiveModeAndStandWhateverItSays) {
   }
 }
 
-/// While a slow control waits, its lock keeps out all but the plain boxes of a window's row.
+/// The lock of a slow control keeps out all edits but those of the plain boxes in a window's row.
 TEST(PanelEdits, FallIntoTheWaitOfAnother) {
   PanelRig rig;
   FrmStart& form = rig.form;
@@ -71,7 +70,7 @@ TEST(PanelEdits, FallIntoTheWaitOfAnother) {
     form.chDblSize(0).OperatorCheck(true);
   });
   form.ComWin(2).OperatorSelect(1);
-  // The acknowledgement of the last one lifts the lock and counts for the style, too.
+  // The last edit's acknowledgement lifts the lock and counts for the style, too.
   EXPECT_THAT(rig.Sent(), ElementsAre("2 8 33 1 146 10 5 13", "2 8 37 1"));
   EXPECT_TRUE(rig.TakeBoxes().empty());
 

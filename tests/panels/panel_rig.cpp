@@ -8,7 +8,7 @@
 
 namespace marlinset {
 
-/// The script's own boxes and line stay unused: those of the tool are the rig's.
+/// The script's own boxes and line stay unused; the tool has those of the rig.
 struct PanelRig::Hand {
   explicit Hand(Tool& tool) : script(tool, dialogs, files, line) {}
 

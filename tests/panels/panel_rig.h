@@ -14,9 +14,9 @@
 
 namespace marlinset {
 
-/// The tool as it stands after its start, with an identified unit, whose acknowledgements are awaited for
-/// 100 ms from then on. In row 0 stands a window whose message is known: number 1, 11 characters and a field
-/// digit of 2, on, at line 40 and column 5; in the large font that is row 10.
+/// The tool after its start, with an identified unit, so that it waits 100 ms for acknowledgements. Row 0
+/// holds a window whose message is known: number 1, 11 characters, a field digit of 2, on, line 40 (row 10 in
+/// the large font), column 5.
 struct PanelRig : ToolRig {
   PanelRig() : ToolRig({.model = kModelHd7340Q}) {
     if (!tool.Start("", false)) throw std::logic_error("no start");
@@ -27,21 +27,21 @@ struct PanelRig : ToolRig {
     line.ClearSent();
     vars.ConfigSaved = true;
   }
-  /// As after an entry, but without polling between what the tests look at.
+  /// Interactive mode without its polls.
   void GoInteractive() {
     form.mnuInter.SetChecked(true);
     form.mnuOff.SetChecked(false);
     form.InterTime.SetEnabled(true);
     vars.MainFormActive = false;
   }
-  /// The fields of what was sent since the last call: "2 8 34 1".
+  /// The fields of each message since the last call: "2 8 34 1".
   std::vector<std::string> Sent() {
     const auto texts = line.SentFields();
     line.ClearSent();
     return texts;
   }
 
-  /// What an operator does, as lines of a script: "check chDups 1; spin UDDur 9".
+  /// Carries out lines of a script: "check chDups 1; spin UDDur 9".
   void Do(const std::string& actions);
 
  private:

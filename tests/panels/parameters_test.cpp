@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list of system parameters, and the dialogs that add to it and take from it.
 #include "tests/panels/panel_rig.h"
 
 namespace marlinset {
@@ -14,7 +13,7 @@ struct Parameters : testing::Test {
     form.bClass.OperatorClick();
     vars.ConfigSaved = true;
   }
-  /// The rows that can be seen: "level=5".
+  /// The visible rows: "level=5".
   std::vector<std::string> Rows() const {
     std::vector<std::string> all;
     for (const int row : form.lDesc.Indices()) {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a question tells below its text, and when it has lost its reason.
 #include <gmock/gmock.h>
 
 #include "tests/support/temp_folder.h"

@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// What outlives the runs: a folder, and what each run left in it.
+/// Outlives the runs: what is kept now, and what earlier runs left.
 class FakeKeeper : public WorkKeeper {
  public:
   std::optional<UnsavedWork> kept;
@@ -49,7 +49,6 @@ class FakeKeeper : public WorkKeeper {
 };
 
 struct OneRun : ToolRig {
-  /// Starts and answers the questions about left work in turn.
   explicit OneRun(WorkKeeper& keeper, std::deque<BoxAnswer> answers = {}, bool resume = true)
       : ToolRig({}, SHIPPED_DATABASE_FOLDER) {
     tool.platform.work = &keeper;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How a run of the tool begins and ends.
 #include <gmock/gmock.h>
 
 #include "core/frm_splash.h"

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Windows: their place, the pointer over their table, the font size and the inserter.
 #include "tests/panels/panel_rig.h"
 #include "tests/support/temp_folder.h"
 
@@ -40,7 +39,7 @@ TEST(Windows, StopAtTheRightByFieldDigitSymbolAndMessage) {
   EXPECT_EQ(rig.form.udHor(13).Max(), -3);
 }
 
-/// A load leaves limits for want of better ones; an operator's first move finds those of standard and font.
+/// A load sets provisional limits; an operator's first move replaces them by those of standard and font.
 TEST(Windows, APositionThatWasLoadedMovesInTheLimitsOfItsStandard) {
   const TempFolder folder;
   const std::pair<std::function<void(FrmStart&)>, int> moves[] = {
@@ -124,7 +123,7 @@ TEST(WindowHighlight, ANameLightsItsRowOnceThePointerHasRested) {
   EXPECT_FALSE(form.Timer1.Enabled()) << "the pointer has left the names";
 }
 
-/// The inserter goes off meanwhile if it is on, and the menu shows it on at the end in any case.
+/// An inserter that is on goes off meanwhile; the menu shows it on at the end in any case.
 TEST(FontSize, TakesTheInserterOffAndSendsEachWindowAnew) {
   struct Case {
     const char* what;

@@ -17,7 +17,7 @@ using testing::SizeIs;
 using testing::StartsWith;
 using Texts = std::vector<std::string>;
 
-/// Texts and boxes each have a place of their own, on the sheet.
+/// Texts and boxes lie on the sheet, none on another.
 void ExpectNothingOverlaps(const PrintSheet& sheet) {
   constexpr double kTouch = 1e-6;
   PrintSheet before;
@@ -212,7 +212,7 @@ TEST_F(AboutTest, AsksTheUnitInInteractiveModeAndOpensOnceItIsThrough) {
   EXPECT_THAT(rig_.line.Sent(), SizeIs(1));
   about_.cmdOK.OperatorClick();
 
-  // What ends the question to a unit that does not answer, and whether the box opens then.
+  // What ends the query to a silent unit, and whether the box opens then.
   const std::pair<std::function<void()>, bool> ends[] = {{[&] { rig_.tool.ports.ClosePort(); }, true},
                                                          {[&] { about_.cmdOK.Press(); }, false},
                                                          {[&] { rig_.pump.End(); }, false}};

@@ -6,7 +6,7 @@
 namespace marlinset {
 namespace {
 
-/// A saved file with some bytes changed, or cut.
+/// Changes some bytes of a saved file, or cuts it.
 void Damage(World& world) {
   std::string bytes = world.folder.Read("a.qcf");
   if (bytes.empty()) return;
@@ -15,7 +15,7 @@ void Damage(World& world) {
   world.folder.Write("damaged.qcf", bytes);
 }
 
-/// Each array of controls as likely as a single control.
+/// Picks each array of controls as often as a single control.
 Control* PickControl(World& world, Form& form) {
   std::map<std::string, std::vector<Control*>> byName;
   for (Control* control : form.Controls()) {

@@ -9,14 +9,12 @@ namespace marlinset {
 namespace {
 
 constexpr int kMostSteps = 80;
-/// No step of an operator may take longer: a whole send to a silent unit, with every box left standing, takes
-/// half an hour.
+/// A whole send to a silent unit, with every box left open, takes half an hour.
 constexpr std::int64_t kLongestStepMs = 4 * 3600 * 1000;
-/// After so long an operator goes off line, which ends the question for a firmware that nobody answers.
+/// Then the operator goes off line, which ends the query for a firmware that no unit answers.
 constexpr std::int64_t kPatienceMs = 3600 * 1000;
 
-/// Operator, files, time and the faults of a line, in each other's way. At the end the line is mended, and a
-/// whole send has to bring the unit to what the panels show, a saved file the panels to what they were.
+/// Operator, files, time and faults of the line get in each other's way.
 class Storm : public StormRun {
  public:
   Storm(unsigned seed, bool trace) : StormRun(seed, trace, kMostSteps) {
@@ -27,7 +25,7 @@ class Storm : public StormRun {
   }
 
  private:
-  /// Runs one step and watches that it ends.
+  /// Runs one step and reports it if it does not end.
   void Watched(const std::function<void()>& step) {
     const int number = ++watched_;
     const auto after = [&](std::int64_t milliseconds, std::function<void()> action) {
@@ -67,8 +65,7 @@ class Storm : public StormRun {
     });
   }
 
-  /// Something that happens in the middle of whatever is done by then. An operator at a box can do nothing
-  /// else.
+  /// Something happens in the middle of another action. An operator at a box can do nothing else.
   void Later() {
     rig_.pump.At(rig_.pump.Now() + world_.Pick(world_.OneIn(2) ? 60 : 20000), [this] {
       if (world_.OneIn(2)) return ChangeWeather(world_);
@@ -95,7 +92,7 @@ class Storm : public StormRun {
     Watched([this] { Mend(); });
     if (!world_.OneIn(3)) Click(form_.mnuOff);
     world_.Trace("the last send");
-    // A unit that speaks on its own is told to be quiet first; what it had begun to say comes to its end.
+    // First silences a unit that speaks on its own and lets it finish what it has begun to say.
     Watched([this] { form_.bSend.Press(); });
     Watched([this] { rig_.pump.Pass(20000); });
     Click(form_.bSConfig);

@@ -15,9 +15,8 @@ namespace {
 constexpr int kMostSteps = 60;
 constexpr int kWindowsView = 2;
 
-/// The operator's mouse and keys do anything to the window, also while the tool waits for a unit whose
-/// answers come late, twice or not at all. At the end the widgets have to show what the controls hold, and
-/// after a whole send the unit too.
+/// Mouse and keys do anything to the window, also while the tool waits for answers that are late, doubled or
+/// lost.
 class WindowStorm : public StormRun {
  public:
   WindowStorm(unsigned seed, bool trace) : StormRun(seed, trace, kMostSteps) {}
@@ -54,7 +53,7 @@ class WindowStorm : public StormRun {
     world_.Trace("answers lost, doubled, late");
   }
 
-  /// Anything that mouse and keys can do, to whatever is open on top.
+  /// Anything that mouse and keys can do to whatever is open on top.
   void Use() {
     if (Ended() || rig_.dialogs.Standing()) return;
     QWidget* popup = QApplication::activePopupWidget();

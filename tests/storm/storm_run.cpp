@@ -18,9 +18,8 @@ bool ComesBackFromAFile(int parameterValue) {
   return parameterValue >= 0 && LoadedParameterValue(parameterValue) == parameterValue;
 }
 
-/// Lines that a new mode has not moved yet are moved while a file is read. Files hold not every value of a
-/// parameter, no characters that are neither on nor off, and no text that was typed into a box of fixed
-/// choices; an operator who wants to keep a configuration has none of these.
+/// Brings the panels to values that come back from a file: a load moves lines, and files hold neither every
+/// parameter's value nor undecided characters nor a text that was typed into a box of fixed choices.
 void MendPanels(FrmStart& form) {
   for (const int first : {1, 5}) {
     form.upVitc1(first).SetValue(form.upVitc1(first).Lowest());
@@ -121,7 +120,7 @@ void StormRun::Mend() {
   for (Form* form : rig_.tool.Forms()) {
     if (form != &form_) form->SetVisible(false);
   }
-  // While the log of bytes is shown, the moment at which it is full costs a reply.
+  // A byte log that is shown costs a reply when it is full.
   if (form_.tInput.Visible()) form_.mnuCommD.OperatorClick();
   if (VideoStandardCode(form_.comVS.Text()) == 0) form_.comVS.OperatorSelect(0);
   MendPanels(form_);

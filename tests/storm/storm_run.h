@@ -9,7 +9,6 @@
 
 namespace marlinset {
 
-/// What came of one run.
 struct StormReport {
   std::vector<std::string> faults;   ///< what must not be, each with the step after which it was seen
   std::map<std::string, int> boxes;  ///< the boxes that came up, by text
@@ -17,12 +16,11 @@ struct StormReport {
   bool closed = false;  ///< the operator ended the tool on the way
 };
 
-/// Thrown through everything when a step does not end.
+/// Ends a step that does not end by itself.
 struct Hang {};
 
-/// What all storms have in common: steps at random until they are over or the operator ends the tool; then
-/// calm, and a look at what has to hold. After each step the panels have to hold together. The same seed is
-/// the same run.
+/// A storm: random steps until there have been enough or the operator ends the tool, each followed by a look
+/// at the panels; then calm, and a last judgement. The same seed is the same run.
 class StormRun {
  public:
   StormRun(unsigned seed, bool trace, int mostSteps) : world_(seed, trace), mostSteps_(mostSteps) {}
@@ -32,9 +30,9 @@ class StormRun {
  protected:
   virtual void Start() = 0;
   virtual void Step() = 0;
-  /// Nobody acts any more; what was to happen in a later step happens now.
+  /// Nobody acts any more; what was scheduled happens now.
   virtual void Calm() = 0;
-  /// After the calm, when the tool goes on.
+  /// Follows the calm if the tool still runs.
   virtual void Judge() = 0;
   virtual void WhileABoxStands() {}
 
@@ -43,10 +41,9 @@ class StormRun {
     for (const std::string& what : all) Fault(what);
   }
   bool Ended() const { return rig_.pump.Ending(); }
-  /// Everything back as it should be: line, unit, no window over the main window, a standard that can be
-  /// sent, and nothing in the panels that files do not hold.
+  /// Repairs line and unit, closes other windows, and leaves only what can be sent and saved in the panels.
   void Mend();
-  /// Call after the last send: the unit and a second tool have to hold what the panels show.
+  /// After the last send: the unit holds what the panels show, and so does a second tool.
   void ExpectSent();
 
   World world_;
@@ -64,8 +61,7 @@ class StormRun {
   bool calm_ = false;
 };
 
-/// PROGRAM [RUNS [FIRST_SEED]]: many runs, and all boxes that came up, with their counts. One run alone is
-/// traced. Fails when a run had a fault.
+/// PROGRAM [RUNS [FIRST_SEED]]: counts the boxes of all runs; traces a single run; fails if there was a fault.
 int RunStorms(int argc, char** argv, StormReport (*run)(unsigned seed, bool trace));
 
 }  // namespace marlinset

@@ -18,7 +18,7 @@ std::string Told(const Numbers& numbers) {
   return text;
 }
 
-/// Every setting that a unit holds, by the command's name and its key.
+/// Every setting of a unit by the command's name and its key.
 std::map<std::string, std::string> SettingsOf(const UnitMemory& unit) {
   std::map<std::string, std::string> settings;
   for (const auto& [command, all] : unit.All()) {

@@ -8,9 +8,8 @@
 
 namespace marlinset {
 
-/// Where a tool and its unit, whose every message was acknowledged, differ from a second tool that has loaded
-/// the first one's configuration from a file, and from the unit to which it has sent all of it. Highlights
-/// are left out: they come with an edit and go by themselves.
+/// Where a tool and its unit differ from a second tool, which has loaded the first one's configuration from a
+/// file, and from the unit to which that one has sent it. Ignores highlights: they go by themselves.
 std::vector<std::string> DifferencesToTwin(const ToolRig& rig);
 
 }  // namespace marlinset

@@ -7,7 +7,7 @@
 namespace marlinset {
 namespace {
 
-/// Bytes that no unit sends, or a sound frame with any content.
+/// Random bytes, or a sound frame with random content.
 void Noise(World& world) {
   Bytes bytes(static_cast<std::size_t>(1 + world.Pick(24)));
   for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(world.Pick(world.OneIn(2) ? 256 : 8));

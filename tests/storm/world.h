@@ -13,11 +13,11 @@
 
 namespace marlinset {
 
-/// A unit that the tool does not know; it is told once a send that its identification means nothing.
+/// A model that the tool does not know: once a send it reports that the identification means nothing.
 inline constexpr int kUnknownModel = 77;
 
-/// Where a storm takes place: chance, which follows from the seed alone, the tool with its unit, and a folder
-/// for its files, in which the program lies as well: what is saved where the tool begins stays in there.
+/// Chance, which follows from the seed alone; the tool with its unit; and a folder for files and program, so
+/// that nothing is saved outside it.
 class World {
  public:
   World(unsigned seed, bool trace) : random_(seed), trace_(trace), rig(RandomUnit(), FilledFolder()) {}
@@ -30,7 +30,7 @@ class World {
     return list[static_cast<std::size_t>(Pick(static_cast<int>(std::size(list))))];
   }
 
-  /// Notes what happens next; prints it when the run is traced.
+  /// Notes what happens next; prints it if the run is traced.
   void Trace(const std::string& what) {
     last_ = what;
     if (trace_) std::printf("%8lld  %s\n", static_cast<long long>(rig.pump.Now()), what.c_str());
@@ -62,18 +62,16 @@ class World {
   ToolRig rig;
 };
 
-/// What happens to line and unit: replies lost, late, doubled, damaged or in pieces, noise, floods, local
-/// mode, another standard, the cable pulled out.
+/// Changes line or unit: answers lost, late, doubled, damaged; noise, floods, local mode; cable pulled out.
 void ChangeWeather(World& world);
-/// Line and unit are sound again and there is video.
+/// Repairs line and unit, and supplies video.
 void MendWeather(World& world);
 
-/// An operator does any action on any control of the window that is open on top, whatever state it is in.
+/// An operator does anything to any control of the window on top, whatever state it is in.
 void Operate(World& world);
-/// A button or entry of a menu that the link hangs on.
+/// Uses a button or menu entry of the link.
 void UseLink(World& world);
-/// A file command; dialogs are answered with files that are there, damaged, empty or nowhere. The disk may
-/// be full.
+/// Uses a file command; files are sound, damaged, empty or missing, and the disk may be full.
 void UseFiles(World& world);
 
 }  // namespace marlinset

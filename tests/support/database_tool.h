@@ -14,7 +14,7 @@
 
 namespace marlinset {
 
-/// Runs SQL statements on a database file, which is made when it is not there. Does not wait for the disk.
+/// Runs SQL on a database file, which it creates if necessary. Does not wait for the disk.
 inline void RunSql(const std::string& path, const std::string& sql) {
   sqlite3* handle = nullptr;
   char* message = nullptr;
@@ -27,8 +27,7 @@ inline void RunSql(const std::string& path, const std::string& sql) {
   if (!done) throw std::runtime_error(reason + " in " + sql);
 }
 
-/// As much of the tool as reads the reference database, with a database of its own in a temporary folder
-/// until `variables.DatabasePath` says otherwise.
+/// The part of the tool that reads the reference database, with a database of its own.
 struct DatabaseTool : FakeComputer<> {
   TempFolder folder;
   Variables variables;
@@ -42,14 +41,14 @@ struct DatabaseTool : FakeComputer<> {
   void Sql(const std::string& sql) const { RunSql(folder.File(kDatabaseFile), sql); }
 };
 
-/// The texts of a column, from the row that is the current one to the last.
+/// The texts of a column, from the current row to the last.
 inline std::vector<std::string> ColumnOf(Recordset& rows, std::string_view column) {
   std::vector<std::string> texts;
   for (int i = 0; i < rows.RecordCount(); ++i, rows.MoveNext()) texts.push_back(TextOf(rows.Fields(column)));
   return texts;
 }
 
-/// The number of the failure that `action` ends with, 0 when it ends well.
+/// The number of the failure that `action` ends with, or 0.
 template <class Action>
 int FailureOf(Action&& action) {
   try {

@@ -95,8 +95,7 @@ class FakePrinter : public FormPrinter {
   };
 };
 
-/// The computer's files with faults on demand. Changes of the folder are recorded, not made: the folder
-/// belongs to the whole test program.
+/// The computer's files with faults on demand. Records changes of the folder, which all tests share.
 class TestFiles : public FileSystem {
  public:
   std::vector<std::string> folders;  ///< every ChangeDirectory that went well

@@ -37,14 +37,14 @@ class FakeDialogs : public Dialogs {
     return answer;
   }
 
-  /// The windows shown over the main window; each stays until its own controls close it.
+  /// Windows shown over the main window; each stays until its own controls close it.
   std::vector<Form*> forms;
   void PresentForm(Form& form) override {
     forms.push_back(&form);
     form.SetVisible(true);
   }
 
-  /// Texts of all boxes so far, in order.
+  /// The texts of all boxes so far.
   std::vector<std::string> Texts() const {
     std::vector<std::string> texts;
     for (const MessageBox& box : shown) texts.push_back(box.text);

@@ -19,8 +19,7 @@
 
 namespace marlinset {
 
-/// The link of the tool with the sample configuration, a virtual unit at the far end of the line and a
-/// virtual clock; for `Line` and `Clock` see FakeComputer.
+/// The tool's link with the sample configuration; for `Line` and `Clock` see FakeComputer.
 template <class Line = UnitLine, class Clock = TestPump>
 struct LinkRigOn : FakeComputer<Line, Clock> {
   using Computer = FakeComputer<Line, Clock>;
@@ -29,13 +28,13 @@ struct LinkRigOn : FakeComputer<Line, Clock> {
   explicit LinkRigOn(int model = kModelHd7340) : Computer({.model = model}) { FillSamplePanels(vars, form); }
 
   void Open() { line.SetPortOpen(true); }
-  /// Open, identified: acknowledgements are awaited for 100 ms from now on.
+  /// Opens the port and identifies the unit, so that the tool waits 100 ms for acknowledgements.
   void OpenIdentified() {
     form.bGetID.Press();
     line.ClearSent();
   }
   const std::string& Panel(int number) const { return form.StatBar(number).Text(); }
-  /// How many of the link's six buttons can be pressed.
+  /// How many of the link's six buttons are enabled.
   int EnabledButtons() const {
     int count = 0;
     for (const Button* button :
@@ -45,7 +44,7 @@ struct LinkRigOn : FakeComputer<Line, Clock> {
     return count;
   }
 
-  /// Bytes from the unit, now and in one piece, whatever they are.
+  /// Any bytes from the unit arrive now, in one piece.
   void Receive(const Bytes& bytes) {
     line.SetGate(false);
     line.Inject(bytes, pump.Now());

@@ -12,7 +12,7 @@
 
 namespace marlinset {
 
-/// Settings that live as long as the test, in the order in which they were first saved.
+/// Settings of one test, in the order of their first save.
 class MemorySettings : public SettingsStore {
  public:
   std::vector<std::pair<std::string, std::string>> values;

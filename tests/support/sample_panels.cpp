@@ -9,7 +9,7 @@
 namespace marlinset {
 namespace {
 
-// Where a description stands twice, the last row counts.
+// Of rows with the same description the last counts.
 void FillTables(Variables& vars) {
   vars.CharStyles = {{"A", "White on black", 1, 1, false},
                      {"B", "Black on white", 2, 2, false},

@@ -9,8 +9,7 @@ class ComboBox;
 class FrmStart;
 struct Variables;
 
-/// Fills the panels with a small configuration that needs no database, each value another one so that no two
-/// can be mistaken for each other:
+/// Fills the panels with a small configuration that needs no database; no two of its values are equal:
 ///
 ///   parameters  1/5 (internal), 2/7 'Display brightness' = 300, 3/2 'Genlock phase' = -1, 25/1 (internal)
 ///   windows     0 number 1 'Video Timecode', 1 number 3 'Keycode' (hidden), 2 number 14 'Text'
@@ -20,7 +19,7 @@ struct Variables;
 ///   slate       300 frames, mode code 4, no preview; message "take 3 é"
 void FillSamplePanels(Variables& variables, FrmStart& form);
 
-/// Selects the entry with this text, which is added when the list does not have it.
+/// Selects the entry with this text; adds it if the list lacks it.
 void SelectText(ComboBox& box, const std::string& text);
 
 }  // namespace marlinset

@@ -12,7 +12,7 @@
 
 namespace marlinset {
 
-/// The parts between the separators, without the blanks around them; none of an empty text.
+/// The parts between the separators, without surrounding blanks.
 inline std::vector<std::string> Split(const std::string& text, char separator) {
   std::vector<std::string> parts;
   std::istringstream whole(text);
@@ -26,8 +26,8 @@ inline std::vector<std::string> Split(const std::string& text, char separator) {
 
 using TableRow = std::vector<std::string>;
 
-/// The rows of a table in tests/samples/tables: columns between bars, # begins a comment. A row that ends
-/// early has empty columns up to those of the longest.
+/// The rows of a table in tests/samples/tables: columns between bars; # begins a comment; short rows are
+/// filled up with empty columns.
 inline std::vector<TableRow> TableOf(const std::string& name) {
   std::ifstream file(TABLE_FOLDER + name + ".txt");
   if (!file) throw std::runtime_error("no table " + name);
@@ -49,7 +49,7 @@ inline std::vector<std::uint8_t> FromHex(std::string_view text) {
   return bytes;
 }
 
-/// Bytes as such a text, so that a test that fails shows them readably.
+/// Bytes as such a text, which a failed test shows readably.
 inline std::string ToHex(const std::vector<std::uint8_t>& bytes) {
   constexpr char kDigits[] = "0123456789ABCDEF";
   std::string text;

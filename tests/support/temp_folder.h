@@ -34,11 +34,11 @@ class TempFolder {
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
 
-  /// The folder, without a trailing separator.
+  /// Without a trailing separator.
   const std::string& Path() const { return path_; }
-  /// Full path of a file in the folder; makes nothing.
+  /// Full path of a file in the folder, whether or not there is one.
   std::string File(std::string_view name) const { return (std::filesystem::path(path_) / name).string(); }
-  /// Writes a file as it is, bytes and all; returns its full path.
+  /// Writes a file; returns its full path.
   std::string Write(std::string_view name, std::string_view content) const {
     std::ofstream out(File(name), std::ios::binary | std::ios::trunc);
     out.write(content.data(), static_cast<std::streamsize>(content.size()));

@@ -9,7 +9,7 @@
 
 namespace marlinset {
 
-/// The whole tool on the virtual clock with the shipped reference database and a virtual unit on every port.
+/// The complete tool on the virtual clock, with the shipped database and the virtual unit on every port.
 struct ToolRig : FakeComputer<> {
   explicit ToolRig(const UnitSettings& unit = {}, const std::string& folder = SHIPPED_DATABASE_FOLDER)
       : FakeComputer(unit, folder) {

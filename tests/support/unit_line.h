@@ -16,43 +16,40 @@
 namespace marlinset {
 
 /// A serial line on the virtual clock with a virtual unit at its far end. Bytes take no time unless the line
-/// is paced; a reply arrives whole, in a later pump. Make the pump first, and pump no more once the line is
-/// gone.
+/// is paced; a reply arrives whole, in a later pump. The pump must not run any more once the line is gone.
 class UnitLine : public MSComm {
  public:
   explicit UnitLine(VirtualPump& pump, UnitSettings settings = {});
 
   UnitModel& Unit() { return unit_; }
   const UnitModel& Unit() const { return unit_; }
-  /// Call after telling the unit something that makes it speak on its own: StartBroadcast, Flood, Say, and
-  /// the end of local mode or silence while it broadcasts.
+  /// Call after anything that makes the unit speak on its own: StartBroadcast, Flood, Say, remote mode again.
   void Settle() { Schedule(); }
 
-  /// Bits a second in both directions, 0 for a line without a speed.
+  /// Bits a second in both directions; 0: bytes take no time.
   void SetPace(int bitsPerSecond);
-  /// Off: bytes become readable as they arrive, pieces and all. On at first, as on a real port.
+  /// Off: bytes become readable in pieces, as they arrive. On at first, as on a real port.
   void SetGate(bool on) { gated_ = on; }
-  /// The ports that have a device behind them; 1 at first.
+  /// The ports with a device; 1 at first.
   void SetPorts(std::set<int> ports) { ports_ = std::move(ports); }
-  /// Every opening fails with this text; an empty text ends that.
+  /// Makes every opening fail with this text; an empty one ends that.
   void RefuseOpen(std::string text) { refusal_ = std::move(text); }
 
-  /// Bytes that arrive at `atMs` of the pump's clock, whoever sent them.
+  /// Bytes that arrive at `atMs` of the pump's clock, whoever sends them.
   void Inject(Bytes bytes, std::int64_t atMs);
-  /// The device goes away now: the port is closed and the tool is told. Openings fail until Return.
+  /// Takes the device away: closes the port and tells the tool. Openings fail until Return.
   void Vanish();
   void Return() { gone_ = false; }
   /// The line takes no more bytes; the port discards each message after a second.
   void Jam() { jammed_ = true; }
-  /// Raises OnComm with any code.
   void RaiseEvent(int code);
 
-  /// What the tool wrote since the last ClearSent, one element an Output.
+  /// What the tool has written since the last ClearSent, one element for each Output.
   const std::vector<Bytes>& Sent() const { return sent_; }
   void ClearSent() { sent_.clear(); }
-  /// The same as numbers, a text such as "15 0 52" for the fields of each message.
+  /// The same as texts: "15 0 52" for the fields of a message.
   std::vector<std::string> SentFields() const;
-  /// How often the tool looked for devices.
+  /// How often the tool has looked for devices.
   int Looks() const { return looks_; }
 
   int CommPort() const override { return port_; }

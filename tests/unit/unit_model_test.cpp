@@ -24,7 +24,7 @@ constexpr auto kStandard5 = "02 04 0F 00 24 05 C4";
 constexpr auto kVitcOn = "02 03 01 05 2E C9";
 constexpr auto kNoticeFrame = "02 03 0F 00 BB 33";
 
-// Everything that goes out between `now` and a later moment, in order.
+// Everything that goes out until then, in order.
 std::vector<std::string> Out(UnitModel& unit, LineTime until) {
   std::vector<std::string> all;
   for (auto next = unit.NextReplyAt(); next && *next <= until; next = unit.NextReplyAt())

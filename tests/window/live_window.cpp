@@ -27,7 +27,7 @@ QString ShownText(const QComboBox& box) {
   return box.currentIndex() < 0 ? box.placeholderText() : box.currentText();
 }
 
-/// What the widget of a control shows, and what it has to; nothing to compare counts as equal.
+/// What a control's widget shows and what it should show; two empty texts if there is nothing to compare.
 std::pair<QString, QString> Looks(const QObject& widget, const Control& control) {
   const auto ticks = [](bool shown, bool held) {
     return std::pair{QString::number(shown), QString::number(held)};

@@ -13,32 +13,30 @@
 
 namespace marlinset {
 
-/// The window of a tool under an operator's mouse and keyboard. Events are queued as the desktop queues them:
-/// they arrive when Qt's loop turns, those of one call in one batch; it turns also while the tool waits.
+/// A tool's window under mouse and keyboard. As on a desktop, events are queued and arrive in one batch when
+/// Qt's loop turns, also while the tool waits.
 class LiveWindow {
  public:
   explicit LiveWindow(ToolRig& rig);
 
   QWidget& Window() { return *window_; }
-  /// The widget of a control.
   QWidget& Widget(const std::string& name) const;
-  /// Shows a panel, with room for all of it, and lets the tool come to rest.
+  /// Shows a panel at full size and lets the tool come to rest.
   void Show(int view);
-  /// Lets the tool come to rest. Not for the middle of a wait: widgets that were put away are deleted.
+  /// Lets the tool come to rest. Not during a wait: this deletes widgets that were retired.
   static void Settle();
 
   void Move(QWidget& widget, QPoint at);
-  /// `times`: as quickly as double clicks are.
+  /// Clicks as quickly as in a double click.
   void Click(QWidget& widget, QPoint at, int times = 1);
   void Click(QWidget& widget) { Click(widget, widget.rect().center()); }
-  /// The arrow of a spin.
   void ClickArrow(QWidget& spin, bool up);
   /// A press, without its release for a key that is held down.
   void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
   void Type(const char* letters);
   void Wheel(QWidget& widget, bool up);
 
-  /// Where a widget shows something else than its control holds.
+  /// Where a widget does not show what its control holds.
   std::vector<std::string> Disagreements() const;
 
  private:

@@ -21,7 +21,7 @@ namespace {
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
-/// A tool in interactive mode with a unit that takes its time to answer.
+/// A tool in interactive mode with a unit that answers after `ackMs`.
 struct Studio : ToolRig {
   explicit Studio(int ackMs)
       : ToolRig({.model = kModelHd7340Q, .ackTime = std::chrono::milliseconds{ackMs}}) {
@@ -47,7 +47,7 @@ class LiveWindowTest : public testing::TestWithParam<int> {
     EXPECT_THAT(desk_.Disagreements(), IsEmpty());
     if (form_.mnuInter.Checked()) {
       std::vector<std::string> differences = DifferencesToTwin(studio_);
-      // A click on the number of VITC lines sends none, and units take it from the next whole send.
+      // A click on the number of VITC lines does not send it; the next whole send does.
       std::erase_if(differences, [](const std::string& line) { return line.starts_with("cmdVitcSource"); });
       EXPECT_THAT(differences, IsEmpty());
     }
@@ -58,7 +58,7 @@ class LiveWindowTest : public testing::TestWithParam<int> {
   LiveWindow desk_{studio_};
 };
 
-/// Chooses an entry of a list that drops down, with the mouse.
+/// Chooses an entry of a drop-down list with the mouse.
 void Pick(LiveWindow& desk, const std::string& name, int entry) {
   auto& box = dynamic_cast<QComboBox&>(desk.Widget(name));
   desk.Click(box);
@@ -85,7 +85,7 @@ bool HasLabel(LiveWindow& desk, const char* text) {
                      [text](const QLabel* label) { return label->text() == QLatin1String(text); });
 }
 
-/// Clicks on an entry of what popped up last.
+/// Clicks on an entry of the menu that popped up last.
 void ClickEntry(LiveWindow& desk, const char* name) {
   TurnQtsLoop();
   auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
@@ -108,7 +108,7 @@ SpinControl& FirstParameter(FrmStart& form) {
       *std::find_if(rows.begin(), rows.end(), [&](int row) { return form.lClass(row).Visible(); }));
 }
 
-/// What an operator does with the mouse or the keys in one go, and the same without a window.
+/// What an operator does by hand in one go, and the same by a script.
 struct Deed {
   const char* name;
   int view;
@@ -176,7 +176,7 @@ const Deed kDeeds[] = {
     {"menu", 2, ChooseCharOff, [](FrmStart& form) { form.mnuCharOff.OperatorClick(); }},
 };
 
-/// Touch pads and remote desktops deliver press and release in one piece; a unit answers whenever it likes.
+/// Touch pads and remote desktops deliver press and release in one piece.
 TEST_P(LiveWindowTest, OneClickIsOneStepAndOneMessage) {
   Studio twin(GetParam());
   for (const Deed& deed : kDeeds) {
@@ -212,9 +212,9 @@ TEST_P(LiveWindowTest, AClickBeyondTheSecondKeepsTheNumberSelected) {
 
 class LateAnswersTest : public LiveWindowTest {
  protected:
-  /// Does something when the exchange that begins next has lasted a while.
+  /// Runs `deed` when the next exchange has lasted a while.
   void InTheWait(std::function<void()> deed) { studio_.pump.At(studio_.pump.Now() + 5, std::move(deed)); }
-  /// While the unit owes the answer to a first tick, the operator ticks window 14 and does `more`.
+  /// While the unit still owes the answer to a first tick, the operator ticks window 14, then does `more`.
   void TickInAWait(const std::function<void()>& more) {
     desk_.Click(desk_.Widget("chOnOff(1)"));
     InTheWait([&] {

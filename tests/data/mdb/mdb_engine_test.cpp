@@ -29,7 +29,7 @@ FieldValue ValueOf(const Json& json, const std::string& type) {
   return json.get<std::int64_t>();
 }
 
-/// Reads what the listing beside a database says, as Access shows it.
+/// Compares a database with the listing beside it, which says what Access shows.
 void ExpectListing(const std::string& stem, std::size_t count) {
   const auto database = MdbEngine().OpenDatabase(stem + ".mdb");
   const Json tables = Json::parse(BytesOf(stem + ".json"));
@@ -56,7 +56,7 @@ TEST(MdbEngine, ReadsRowsFromBeforeAColumnWasAddedOrTakenOut) {
   ExpectListing(SAMPLE_FOLDER "access/added_columns", 2);
 }
 
-/// The query of the filters, with what rows can hold: no number, no text, the unwanted text in other letters.
+/// The rows of the filters hold no number, no text, and the unwanted text in other letters.
 TEST(BothEngines, RunTheQueryAlikeAndRefuseTheSame) {
   const TempFolder folder;
   RunSql(folder.File("rows.mdb"),

@@ -28,7 +28,7 @@ struct SqliteEngineTest : testing::Test {
 };
 
 TEST_F(SqliteEngineTest, GivesATableInTheOrderInWhichRowsWerePutIn) {
-  // A sorted index must not creep into the order, nor may a deleted row's place be taken for a later one.
+  // Neither a sorted index nor the place of a deleted row may change the order.
   RunSql(path,
          "CREATE TABLE \"Font Sizes\" (Name TEXT UNIQUE); INSERT INTO \"Font Sizes\" VALUES ('z'), ('gone'), "
          "('m'); DELETE FROM \"Font Sizes\" WHERE Name = 'gone'; INSERT INTO \"Font Sizes\" VALUES ('a');");
@@ -92,7 +92,7 @@ TEST_F(SqliteEngineTest, LeavesNoTraceBesideAFileWithALogAndReadsWhatWaitsInIt) 
       all.push_back(entry.path().filename());
     return all;
   };
-  // Nothing can be made under this name, as in a folder that can't be written.
+  // Takes the name, as a folder that can't be written would.
   std::filesystem::create_directory(path + "-shm");
   EXPECT_THAT(ColumnOf(*Open("T"), "n"), ElementsAre("in the file"));
   EXPECT_THAT(names(), UnorderedElementsAre("rows.mdb", "rows.mdb-shm"));

@@ -13,7 +13,7 @@
 namespace marlinset {
 namespace {
 
-/// Runs a program whose end comes from outside while a handler of it waits.
+/// Runs a program that `end` ends while a handler waits.
 void RunUntil(const std::function<void()>& end) {
   QtBench bench;
   const OutsideEnds ends({.leave = [] { std::fputs("left once\n", stderr); }});

@@ -33,14 +33,13 @@ class QtEnvironment : public testing::Environment {
 
 [[maybe_unused]] inline const auto* const kQt = testing::AddGlobalTestEnvironment(new QtEnvironment);
 
-/// A pump on Qt's loop with boxes and a guard. Its waits have a generous limit, so that a fault fails a test
-/// instead of hanging it.
+/// A pump on Qt's loop. Its waits have a generous limit, so that a fault fails a test instead of hanging it.
 struct QtBench {
   FakeDialogs dialogs;
   Guard guard{dialogs};
   QtPump pump;
 
-  /// Pumps until `holds`; false when it never did.
+  /// Pumps until `holds`; false if it never does.
   bool Wait(const std::function<bool()>& holds) {
     Timer limit(pump, guard, "limit", 20000);
     bool over = false;
@@ -56,13 +55,13 @@ class PseudoTerminal : public Pty {
  public:
   ~PseudoTerminal() { close(watch_); }
 
-  /// Sends and returns when the first bytes have reached the tool's end, where they wait to be read.
+  /// Sends, and returns when the first bytes can be read at the tool's end.
   void Send(std::span<const std::uint8_t> bytes) {
     Write(bytes);
     pollfd arrival{watch_, POLLIN, 0};
     poll(&arrival, 1, kLimitMs);
   }
-  /// Bytes that have reached the tool's end and were not read there.
+  /// Bytes at the tool's end that the tool has not read.
   int Unread() const {
     int count = 0;
     ioctl(watch_, FIONREAD, &count);
@@ -81,8 +80,7 @@ class PseudoTerminal : public Pty {
 
  private:
   static constexpr int kLimitMs = 10000;
-  /// The tool's end, never read from. It keeps the device's number from the next terminal, also when
-  /// unplugged.
+  /// The tool's end. Holding it keeps the device's number from the next terminal, also when unplugged.
   const int watch_ = open(Device().c_str(), O_RDWR | O_NOCTTY);
 };
 

@@ -24,7 +24,7 @@ namespace {
 const Bytes kReply = {0x02, 0x11, 0x0F, 0x00, 0x36, 'H', 'D', '7', '3', '4',
                       '0',  ' ',  'V',  '1',  '.',  '2', ' ', '0', '7', 0x7F};
 
-/// The tool's end of a line to a pseudo terminal on port 1, with a record of what OnComm reported.
+/// A port on a pseudo terminal that records what OnComm reports.
 struct QtSerialPortTest : testing::Test {
   QtSerialPortTest() {
     port.OnComm([this] {
@@ -38,12 +38,12 @@ struct QtSerialPortTest : testing::Test {
     while (port.InBufferCount() > 0) bytes.push_back(port.Input());
     return bytes;
   }
-  /// The unit sends and the tool's end takes it.
+  /// The unit sends, and the port reads it.
   void SendPart(const Bytes& bytes) {
     unit.Send(bytes);
     EXPECT_TRUE(bench.Wait([this] { return unit.Unread() == 0; }));
   }
-  /// The next event of the line and the bytes that lie in the buffer then.
+  /// Waits for the next event; returns the bytes that the buffer holds then.
   Bytes NextReply() {
     events.clear();
     EXPECT_TRUE(bench.Wait([this] { return !events.empty(); }));
@@ -83,7 +83,7 @@ TEST_F(QtSerialPortTest, LooksForTheRestBeforeItGivesUpOnAFrame) {
   port.SetPortOpen(true);
   SendPart({kReply.begin(), kReply.begin() + 5});
   unit.Send(std::span(kReply).subspan(5));
-  // A stall: the gap's timer is due as well as the rest, and comes first.
+  // After a stall the gap's timer and the rest are both due, and the timer comes first.
   QTimer stall;
   stall.setSingleShot(true);
   stall.start(4 * ReplyGate::kQuietGapMs);
@@ -126,7 +126,7 @@ TEST_F(QtSerialPortTest, ReportsEachOverflowOnce) {
   EXPECT_EQ(overflows(), 2);
 }
 
-/// Runs `action` as a user without any rights, where the test may become one.
+/// Runs `action` as a user without rights, if the test may become one.
 void WithoutRights(const std::function<void()>& action) {
   constexpr id_t kNobody = 65534;
   const bool lower = geteuid() == 0;
@@ -139,7 +139,7 @@ void WithoutRights(const std::function<void()>& action) {
   if (lower && (setresuid(0, 0, 0) != 0 || setresgid(0, 0, 0) != 0)) std::abort();
 }
 
-/// The text of the failure to open `device` as port 2, empty when the port opened.
+/// Why `device` cannot be opened as port 2; empty if it can.
 std::string FailureOf(Guard& guard, const std::string& device) {
   const MemorySettings settings;
   PortMap ports({"", device}, settings, [] { return std::vector<std::string>{}; });
@@ -203,7 +203,7 @@ TEST_F(QtSerialPortTest, SaysWhyAPortCannotBeOpenedAndWhatHelps) {
   ASSERT_EQ(fchmod(other, 0), 0);
   expect(device, denied + "Ask the administrator of this computer");
 
-  // What programs do that have a port to themselves.
+  // Two ways in which programs keep a port to themselves.
   ASSERT_EQ(fchmod(other, 0666), 0);
   const std::string inUse =
       device + " is in use by another program. Close that program, or choose another port.";

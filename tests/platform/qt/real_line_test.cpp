@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The link of the tool on a real serial port, with a unit on a pseudo terminal at the far end.
+// The tool's link on a real serial port, with a unit on a pseudo terminal at the far end.
 #include <gmock/gmock.h>
 
 #include <QSocketNotifier>
@@ -22,8 +22,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// The tool's timers run a hundred times slower than the clock, so that a machine that stalls ends no wait.
-/// What waits for nothing fails after half a minute.
+/// Slows the tool's timers down a hundredfold, so that a stalled machine ends no wait; gives up after half a
+/// minute.
 class PatientPump : public QtPump {
  public:
   PatientPump() {
@@ -73,8 +73,7 @@ class WiredUnit {
   QTimer due_;
 };
 
-/// What a real port needs as long as it is there. A terminal that went before its port was closed would leave
-/// its number, and the lock of that name, to the next program's.
+/// What must outlive a real port.
 struct Surroundings {
   TempFolder folder;
   const std::string device = folder.File("unit");
@@ -85,7 +84,6 @@ struct Surroundings {
   std::optional<WiredUnit> unit;
 };
 
-/// A real port with a unit behind it.
 struct RealLine : Surroundings, QtSerialPort {
   RealLine(PatientPump& /*pump*/, const UnitSettings& settings) : QtSerialPort(guard, ports) {
     unit.emplace(settings, device);
@@ -103,7 +101,7 @@ struct RealRig : LinkRigOn<RealLine, PatientPump> {
   void WaitFor(const std::function<bool()>& condition) {
     while (!condition() && !pump.Ending()) pump.Pump();
   }
-  /// The operator sends the setup; the unit holds then what it would hold behind the virtual line.
+  /// Sends the setup; the unit must hold then what it would hold on a virtual line.
   void ExpectWholeSend() {
     LinkRig ideal(kModelHd7340Q);
     ideal.form.bSConfig.Press();
@@ -145,7 +143,7 @@ TEST(RealLine, LosesNothingWhenTheUnitIsUnpluggedAtAnyMessage) {
   LinkRig ideal(kModelHd7340Q);
   ideal.form.bSConfig.Press();
   const std::vector<std::string> messages = ideal.Sent();
-  // Twice each, before the message leaves and when it has arrived; before the first one the port won't open.
+  // Before each message leaves and after it has arrived; without a unit at first the port does not open.
   for (std::size_t run = 1; run < 2 * messages.size(); ++run) {
     const std::size_t n = run / 2;
     const bool before = run % 2 == 0;
@@ -161,7 +159,7 @@ TEST(RealLine, LosesNothingWhenTheUnitIsUnpluggedAtAnyMessage) {
     ASSERT_LT(rig.pump.Now(), rig.form.dPause.Interval()) << "nothing to wait for";
     rig.pump.HandleDue();  // what the port still has to report
 
-    // The message under way is the last; one box tells of it.
+    // The message under way is the last, and one box reports the loss.
     ASSERT_EQ(told.size(), n + 1);
     const std::string remedy = "The device behind port 1 (" + rig.line.device + ") is gone. " +
                                std::to_string(before ? n : n + 1) + " of " +
@@ -183,7 +181,7 @@ TEST(RealLine, LosesNothingWhenTheUnitIsUnpluggedAtAnyMessage) {
   }
 }
 
-/// An answer that the system holds already when a message goes out.
+/// The operating system holds an answer already when the next message goes out.
 TEST(RealLine, TakesNoAnswerForTheMessageBehindIt) {
   RealRig rig;
   rig.form.bGetID.Press();

@@ -9,7 +9,7 @@
 namespace marlinset {
 namespace {
 
-/// Stores in the field were written by Qt, and its programs go on reading ours.
+/// Qt wrote the stores in the field, and programs on Qt go on reading ours.
 TEST(SettingsFormat, IsWhatQtReadsAndWrites) {
   const TempFolder folder;
   const QString file = QString::fromStdString(folder.File("settings.ini"));
