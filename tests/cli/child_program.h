@@ -2,7 +2,7 @@
 #pragma once
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <signal.h>
 #include <stdio.h>
 #include <sys/wait.h>

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/data_engine.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/database_tool.h"
 
 namespace marlinset {

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -24,17 +22,6 @@ constexpr auto kNewParameters =
 constexpr auto kExtraParameters = "Extra parameters have been removed from the QCF file";
 
 struct Loading : ::testing::Test, FileRig {
-  const CharWindowRec& Window(std::string_view name) {
-    return *std::find_if(vars.CharWindows.begin(), vars.CharWindows.end(),
-                         [&](const CharWindowRec& window) { return window.Name == name; });
-  }
-  /// The value of a parameter of the working list, -1 for one that is not there.
-  int Parameter(int parameterClass, int number) {
-    for (const SystemParameterRec& parameter : vars.SystemParameters) {
-      if (parameter.Class == parameterClass && parameter.Parameter == number) return parameter.Value;
-    }
-    return -1;
-  }
   /// Sample 2 with another value in one field.
   static FileBytes With(std::string_view field, QcfValue value) {
     QcfDocument document = ReadDocument(Sample(2));
@@ -62,7 +49,9 @@ TEST_F(Loading, OfParametersWithOneDescriptionTheFirstGivesTheValue) {
   form.bParam.OperatorClick();
   Load(WriteDocument(document));
   EXPECT_EQ(form.bClass.Arrow(), SortArrow::kRising);
-  EXPECT_EQ(Parameter(3, 2), 300) << "that of 7.1; 800 in the file";
+  const auto level = std::ranges::find_if(
+      vars.SystemParameters, [](const auto& record) { return record.Class == 3 && record.Parameter == 2; });
+  EXPECT_EQ(level->Value, 300) << "that of 7.1; 800 in the file";
 }
 
 TEST_F(Loading, ATextThatItsListLacksIsToldAndReplaced) {
@@ -176,7 +165,7 @@ TEST_F(Loading, ADatabaseOfAnEarlierVersionMayLackColumns) {
          "ALTER TABLE \"Deleted Parameters\" RENAME COLUMN \"Value\" TO n");
   EXPECT_EQ(Load(Sample(2)), ReadEnd::kLoaded);
   EXPECT_THAT(TakeBoxes(), ElementsAre(kNewWindows, kExtraParameters, kNewParameters));
-  const CharWindowRec& window = Window("Video Timecode");
+  const CharWindowRec& window = *std::ranges::find(vars.CharWindows, "Video Timecode", &CharWindowRec::Name);
   EXPECT_EQ(window.FieldLength, 0);
   EXPECT_TRUE(window.On && window.SlateOn && window.SymbolOn && window.FieldOn && window.Ignore1)
       << "the database knows better";

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/widgets/widget_bindings.h"
 
-#include <gmock/gmock.h>
-
 #include <QAction>
 #include <QCheckBox>
 #include <QLineEdit>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
 
 #include <functional>
 #include <map>
+#include <regex>
 #include <sstream>
 
 #include "tests/support/link_rig.h"
@@ -14,11 +14,11 @@ namespace {
 /// A word of the table, NAME=VALUE@MS.
 struct Happening {
   explicit Happening(const std::string& word) {
-    const std::size_t at = std::min(word.find('@'), word.size());
-    const std::size_t equals = std::min(word.find('='), at);
-    name = word.substr(0, equals);
-    if (equals < at) value = word.substr(equals + 1, at - equals - 1);
-    if (at < word.size()) inMs = std::stoi(word.substr(at + 1));
+    std::smatch part;
+    std::regex_match(word, part, std::regex("(\\w+)=?(\\w*)@?(\\d*)"));
+    name = part[1];
+    value = part[2];
+    inMs = part[3].length() == 0 ? 0 : std::stoi(part[3]);
   }
   int Number() const { return value.empty() ? 1 : std::stoi(value); }
   Bytes Said() const {
@@ -42,10 +42,7 @@ void Happen(LinkRig& rig, const Happening& what) {
       {"lateFrames", [&] { unit.Faults().lateFrames = std::chrono::milliseconds(what.Number()); }},
       {"say", [&] { rig.line.Inject(what.Said(), rig.pump.Now() + what.inMs); }},
       {"receive", [&] { rig.Receive(what.Said()); }},
-      {"query",
-       [&] {
-         rig.comms.ReplyWait({15, 0, 52});
-       }},
+      {"query", [&] { (void)rig.commands.Send(CommandId::kVideoSense, Sender::kPanel); }},
       {"manual", [&] { rig.commands.Send(CommandId::kManualSelection, Sender::kPanel); }},
       {"vitcOn", [&] { rig.commands.Send(CommandId::kVitcOn, Sender::kPanel); }},
       {"select", [&] { rig.form.bSend.Press(); }},

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/interactive_mode.h"
 
-#include <gmock/gmock.h>
-
 #include "tests/support/tool_rig.h"
 
 namespace marlinset {

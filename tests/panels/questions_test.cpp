@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
 
 #include "tests/support/temp_folder.h"
 #include "tests/support/tool_rig.h"

@@ -48,15 +48,19 @@ inline std::vector<std::string> ColumnOf(Recordset& rows, std::string_view colum
   return texts;
 }
 
-/// The number of the failure that `action` ends with, or 0.
+/// The failure that `action` ends with; number 0 and no words if it ends well.
 template <class Action>
-int FailureOf(Action&& action) {
+RuntimeError Failed(Action&& action) {
   try {
     action();
   } catch (const RuntimeError& failure) {
-    return failure.Number();
+    return failure;
   }
-  return 0;
+  return {0, ""};
+}
+template <class Action>
+int FailureOf(Action&& action) {
+  return Failed(action).Number();
 }
 
 }  // namespace marlinset

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/mdb/mdb_engine.h"
 
-#include <gmock/gmock.h>
-
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <random>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/sqlite/sqlite_engine.h"
 
-#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include <chrono>
@@ -73,17 +72,6 @@ TEST_F(SqliteEngineTest, KeepsNoCopyOfAFileThatWasReplaced) {
   }
 }
 
-/// What failure is told with, empty when the action ends well.
-template <class Action>
-std::string WordsOf(Action&& action) {
-  try {
-    action();
-  } catch (const RuntimeError& failure) {
-    return failure.Description();
-  }
-  return {};
-}
-
 TEST_F(SqliteEngineTest, LeavesNoTraceBesideAFileWithALogAndReadsWhatWaitsInIt) {
   RunSql(path, "PRAGMA journal_mode = WAL; CREATE TABLE T (n); INSERT INTO T VALUES ('in the file');");
   const auto names = [this] {
@@ -134,7 +122,7 @@ TEST_F(SqliteEngineTest, RefusesWhatCostsTooMuchAndSaysWhat) {
          "2000) "
          "INSERT INTO T SELECT n, zeroblob(20), 'c', 0, 0, 0 FROM c;");
   const auto refusal = [this](const SqliteLimits& limits) {
-    return WordsOf([&] { SqliteEngine(limits).OpenDatabase(path)->OpenRecordset("T"); });
+    return Failed([&] { SqliteEngine(limits).OpenDatabase(path)->OpenRecordset("T"); }).Description();
   };
   EXPECT_EQ(refusal({}), "");
   EXPECT_THAT(refusal({.time = std::chrono::milliseconds(0)}),

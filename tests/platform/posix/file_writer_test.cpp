@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/posix/file_writer.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include <csignal>
@@ -26,15 +24,6 @@ struct FileWriterTest : ::testing::Test {
     for (const auto& entry : fs::directory_iterator(folder_.Path())) names.push_back(entry.path().filename());
     std::sort(names.begin(), names.end());
     return names;
-  }
-  template <class Action>
-  static std::string RemedyOf(Action&& action) {
-    try {
-      action();
-    } catch (const RuntimeError& failure) {
-      return failure.Remedy();
-    }
-    return {};
   }
   TempFolder folder_;
   LocalFiles files_;
@@ -116,12 +105,13 @@ TEST_F(FileWriterTest, SaysWhyAFileCannotBeUsedAndLeavesNothing) {
   };
   const std::vector<std::string> before = Names();
   for (const auto& testCase : cases) {
-    EXPECT_THAT(RemedyOf([&] { FileWriter{testCase.path}; }), EndsWith(testCase.writing)) << testCase.path;
-    EXPECT_THAT(RemedyOf([&] { files_.OpenForReading(testCase.path); }), EndsWith(testCase.reading));
+    SCOPED_TRACE(testCase.path);
+    EXPECT_THAT(Failed([&] { FileWriter{testCase.path}; }).Remedy(), EndsWith(testCase.writing));
+    EXPECT_THAT(Failed([&] { files_.OpenForReading(testCase.path); }).Remedy(), EndsWith(testCase.reading));
   }
   const auto shrinking = files_.OpenForReading(folder_.Write("vast", "content"));
   fs::resize_file(folder_.File("vast"), 3);
-  EXPECT_EQ(RemedyOf([&] { shrinking->ReadAll(); }),
+  EXPECT_EQ(Failed([&] { shrinking->ReadAll(); }).Remedy(),
             folder_.File("vast") + "\nIt became shorter while it was read.");
   EXPECT_FALSE(files_.FileExists(pipe));
   EXPECT_EQ(FailureOf([&] { files_.OpenForReading(folder_.File("none")); }), kErrFileNotFound);

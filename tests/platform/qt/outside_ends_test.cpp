@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/outside_ends.h"
 
-#include <gtest/gtest.h>
-
 #include <QEvent>
 #include <csignal>
 #include <cstdio>

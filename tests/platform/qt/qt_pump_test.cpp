@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/qt_pump.h"
 
-#include <gtest/gtest.h>
-
 #include <QMetaObject>
 #include <QObject>
 #include <vector>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/qt_serial_port.h"
 
-#include <gmock/gmock.h>
 #include <grp.h>
 #include <sys/file.h>
 #include <sys/stat.h>

@@ -2,7 +2,6 @@
 #include "platform/qt/qt_work_keeper.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <iterator>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The tool's link on a real serial port, with a unit on a pseudo terminal at the far end.
-#include <gmock/gmock.h>
 
 #include <QSocketNotifier>
 #include <QTimer>
