@@ -105,7 +105,7 @@ inline bool Holds(const json& answer, const json& part) {
 }
 
 struct Script : CliProgram {
-  explicit Script(std::vector<std::string> options) : CliProgram(WithAction(std::move(options))) {
+  explicit Script(const std::vector<std::string>& options) : CliProgram(options) {
     start = json::parse(ReadLine(), nullptr, false);
   }
   json Answer(const std::string& line) {
@@ -122,12 +122,6 @@ struct Script : CliProgram {
     }
   }
   json start;
-
- private:
-  static std::vector<std::string> WithAction(std::vector<std::string> options) {
-    options.insert(options.begin(), "script");
-    return options;
-  }
 };
 
 }  // namespace marlinset

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -44,7 +43,7 @@ class CliTest : public testing::Test {
 
 TEST_F(CliTest, ASetupGoesToTheUnitByScript) {
   const auto unit = Unit({"--model", "32"});
-  Script script(Words({"--com1", Link(), "--answer", "yes"}));
+  Script script(Words({"script", "--com1", Link(), "--answer", "yes"}));
   EXPECT_EQ(script.start, json::parse(R"({"ok":true,"messages":[]})"));
   script.Expect({{"log on", ""},
                  {R"(choose comVS "1080i/60")", ""},
@@ -76,7 +75,7 @@ TEST_P(TranscriptTest, IsWhatTheScriptAnswers) {
     if (transcript.peek() == '<') std::getline(transcript, part);
     part = part.empty() ? R"({"ok":true})" : Filled(part.substr(2));
     if (line[0] == '$') {
-      script.emplace(Words(Split("--clock virtual " + rest, ' ')));
+      script.emplace(Words(Split("script --clock virtual " + rest, ' ')));
       EXPECT_TRUE(Holds(script->start, json::parse(part))) << script->start;
       ++scripts;
     }
@@ -143,7 +142,7 @@ TEST_F(CliTest, ASignalEndsASendBetweenTwoMessagesAndAScriptInItsWait) {
     EXPECT_THAT(send.ReadDiagnostic(), HasSubstr("Stopped"));
     EXPECT_EQ(send.End(), 128 + signal);
   }
-  Script script(Words({"--com1", Link()}));
+  Script script(Words({"script", "--com1", Link()}));
   script.Expect({{"click bOpen", ""}});
   script.Tell("wait 3600000");
   script.Send(SIGTERM);
@@ -166,7 +165,7 @@ TEST_F(CliTest, TheUnitIsSteeredByLinesAndOutlivesTheCable) {
   const auto unit = Unit({"--trace", folder_.File("trace")});
   // Opening a file changes the folder; the port's relative path still counts from where the program began.
   const std::filesystem::path device = Link();
-  Script script(Words({"--com1", device.lexically_relative(std::filesystem::current_path())}));
+  Script script(Words({"script", "--com1", device.lexically_relative(std::filesystem::current_path())}));
   script.Expect({{"open " SAMPLE_FOLDER "version_2.qcf", ""}, {"click bOpen", R"({"messages":[]})"}});
   EXPECT_THAT(unit->State("local on\nstandard 5\nmanual on"), HasSubstr(R"("standard":5,"manual":true)"));
   EXPECT_THAT(unit->State("local off\nbroadcast"), HasSubstr(R"("local":false,"broadcast":true)"));

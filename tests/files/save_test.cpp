@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-
 #include <filesystem>
 
 #include "tests/files/sample.h"

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-
 #include "tests/support/link_rig.h"
 #include "tests/support/table.h"
 
@@ -34,88 +33,87 @@ TEST(ReceivePacket, TakesEachArrivalForOneMessage) {
   }
 }
 
-struct OpenLine : testing::Test {
-  OpenLine() { rig.Open(); }
-  LinkRig rig;
+struct OpenLine : testing::Test, LinkRig {
+  OpenLine() { Open(); }
 };
 
 TEST_F(OpenLine, LogsBytesInHexadecimalWhileTheLogIsShown) {
-  rig.Receive({kAck});
-  EXPECT_EQ(rig.form.tInput.Text(), "");
-  rig.form.tInput.SetVisible(true);
-  rig.Receive(kStatus);
-  EXPECT_EQ(rig.form.tInput.Text(), "2,4,F,0,34,4,B5,");
-  EXPECT_EQ(rig.vars.UnitStandardText, "1080i/60");
-  rig.form.tInput.SetText(std::string(195, '-'));
-  rig.vars.UnitStandardText.clear();
-  rig.Receive(kStatus);  // "2,4,F," passes 200 characters; 0F 00 34 04 B5 become the head
-  EXPECT_EQ(rig.form.tInput.Text(), "0,34,4,B5,");
-  EXPECT_EQ(rig.vars.UnitStandardText, "");
+  Receive({kAck});
+  EXPECT_EQ(form.tInput.Text(), "");
+  form.tInput.SetVisible(true);
+  Receive(kStatus);
+  EXPECT_EQ(form.tInput.Text(), "2,4,F,0,34,4,B5,");
+  EXPECT_EQ(vars.UnitStandardText, "1080i/60");
+  form.tInput.SetText(std::string(195, '-'));
+  vars.UnitStandardText.clear();
+  Receive(kStatus);  // "2,4,F," passes 200 characters; 0F 00 34 04 B5 become the head
+  EXPECT_EQ(form.tInput.Text(), "0,34,4,B5,");
+  EXPECT_EQ(vars.UnitStandardText, "");
 }
 
 /// The log is full at 200 characters. The next byte empties it and becomes the head of the message.
 TEST_F(OpenLine, TakesAUnitThatFloodsTheFullLogOutOfBroadcastMode) {
-  rig.form.tInput.SetVisible(true);
+  form.tInput.SetVisible(true);
   for (const std::size_t behind : {50U, 51U, 51U}) {
-    rig.line.ClearSent();
-    rig.form.tInput.SetText("");
+    line.ClearSent();
+    form.tInput.SetText("");
     Bytes bytes(66, 0x55);
     bytes.resize(66 + 2 + behind, 0x04);
-    rig.Receive(bytes);
-    EXPECT_EQ(rig.Sent(), std::vector<std::string>(behind - 50, "15 0 33"));
-    EXPECT_EQ(rig.form.tInput.Text().size(), 2 * behind);
-    EXPECT_EQ(rig.Panel(1), "Ack In");
+    Receive(bytes);
+    EXPECT_EQ(Sent(), std::vector<std::string>(behind - 50, "15 0 33"));
+    EXPECT_EQ(form.tInput.Text().size(), 2 * behind);
+    EXPECT_EQ(Panel(1), "Ack In");
   }
-  rig.line.ClearSent();
-  rig.line.SetPace(1200);  // the message that ends the flood takes 50 ms
-  for (int ms = 0; ms < 40; ++ms) rig.line.Inject(Bytes(200, 0x55), rig.pump.Now() + ms);
-  rig.pump.Pass(1000);
-  EXPECT_THAT(rig.Sent(), ElementsAre("15 0 33")) << "told once";
+  line.ClearSent();
+  line.SetPace(1200);  // the message that ends the flood takes 50 ms
+  for (int ms = 0; ms < 40; ++ms) line.Inject(Bytes(200, 0x55), pump.Now() + ms);
+  pump.Pass(1000);
+  EXPECT_THAT(Sent(), ElementsAre("15 0 33")) << "told once";
 }
 
 TEST_F(OpenLine, ShowsTheVideoStatus) {
   for (const TableRow& row : TableOf("video_status")) {
     SCOPED_TRACE(row[0]);
     const bool manual = row[2] == "manual";
-    rig.vars.UnitStandardText = row[0] == "03" ? "" : "1080p/24";
-    rig.ReceiveFields({15, 0, 52, FromHex(row[0])[0]});
-    EXPECT_EQ(rig.Panel(2), row[1]);
-    EXPECT_EQ(rig.Panel(3), row[3] + " ");
-    EXPECT_EQ(rig.form.StatBar(3).Picture(), row[3] == "Video Present" ? "Image2(0)" : "Image2(1)");
-    EXPECT_EQ(rig.form.mnuAuto.Checked(), !manual);
-    EXPECT_EQ(rig.form.mnuMan.Checked(), manual);
+    vars.UnitStandardText = row[0] == "03" ? "" : "1080p/24";
+    ReceiveFields({15, 0, 52, FromHex(row[0])[0]});
+    EXPECT_EQ(Panel(2), row[1]);
+    EXPECT_EQ(Panel(3), row[3] + " ");
+    EXPECT_EQ(form.StatBar(3).Picture(), row[3] == "Video Present" ? "Image2(0)" : "Image2(1)");
+    EXPECT_EQ(form.mnuAuto.Checked(), !manual);
+    EXPECT_EQ(form.mnuMan.Checked(), manual);
   }
 }
 
 TEST_F(OpenLine, ShowsTheModelAndChoosesItsMenu) {
   std::string menu;
-  rig.form.mnuHD7340.OnClick([&] { menu += "HD7340"; });
-  rig.form.mnuHD7340Q.OnClick([&] { menu += "HD7340Q"; });
+  form.mnuHD7340.OnClick([&] { menu += "HD7340"; });
+  form.mnuHD7340Q.OnClick([&] { menu += "HD7340Q"; });
   const std::pair<std::uint8_t, const char*> kModels[] = {
       {2, "HD7340 HD7340"}, {10, "HDSD7340 HD7340"}, {8, "HD7340 HD7340"}, {32, "HD7340Q HD7340Q"}};
   for (const auto& [code, shown] : kModels) {
     menu = " ";
-    rig.vars.UnitLocalMode = true;
-    rig.ReceiveFields({15, 0, 53, code, 200});
-    EXPECT_EQ(rig.Panel(4) + menu, shown);
-    EXPECT_FALSE(rig.vars.UnitLocalMode);
+    vars.UnitLocalMode = true;
+    ReceiveFields({15, 0, 53, code, 200});
+    EXPECT_EQ(Panel(4) + menu, shown);
+    EXPECT_FALSE(vars.UnitLocalMode);
   }
-  rig.ReceiveFields({15, 0, 53, 99, 200});
-  EXPECT_EQ(rig.Panel(4), "HD7340Q");
-  EXPECT_THAT(rig.dialogs.Texts(),
+  ReceiveFields({15, 0, 53, 99, 200});
+  EXPECT_EQ(Panel(4), "HD7340Q");
+  EXPECT_THAT(dialogs.Texts(),
               ElementsAre("Invalid Identification Recieved, verify com port and retry.  99 200"));
 }
 
 TEST_F(OpenLine, SpellsTheFirmwareText) {
   Bytes text{15, 0, 54, 'M', 'A', 'R', '-', '4', '0', ' ', 0xE9, 0x0A, 0x00, 0xFF, 'R'};
-  rig.form.AboutTimer1.SetEnabled(true);
-  rig.ReceiveFields(text);  // 18 bytes: what a release needs
-  EXPECT_EQ(rig.vars.UnitIdText, "MAR-40 é 0A00FF");
-  EXPECT_FALSE(rig.form.AboutTimer1.Enabled());
+  form.AboutTimer1.SetEnabled(true);
+  ReceiveFields(text);  // 18 bytes: what a release needs
+  EXPECT_EQ(vars.UnitIdText, "MAR-40 é 0A00FF");
+  EXPECT_FALSE(form.AboutTimer1.Enabled());
   text.back() = 'B';
   text.insert(text.end(), {0x00, 0x01, 0xC0});
-  rig.ReceiveFields(text);
-  EXPECT_EQ(rig.vars.UnitIdText, "MAR-40 é 0A00FF B 0001C0");
+  ReceiveFields(text);
+  EXPECT_EQ(vars.UnitIdText, "MAR-40 é 0A00FF B 0001C0");
 }
 
 TEST(SendPacket, PutsTheFramesOnTheLineThatUnitsKnow) {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-
 #include <tuple>
 
 #include "tests/support/link_rig.h"
@@ -38,16 +37,13 @@ TEST(SettingCommands, SayWaitAndFailAsThePanelsDo) {
   }
 }
 
-struct FromPanels : testing::Test {
-  FromPanels() { rig.OpenIdentified(); }
+struct FromPanels : testing::Test, LinkRig {
+  FromPanels() { OpenIdentified(); }
   std::string Sends(CommandId command, Sender sender = Sender::kPanel) {
-    rig.line.ClearSent();
-    rig.commands.Send(command, sender, 0, kHighlightOn);
-    return rig.Sent().at(0);
+    line.ClearSent();
+    commands.Send(command, sender, 0, kHighlightOn);
+    return Sent().at(0);
   }
-
-  LinkRig rig;
-  FrmStart& form = rig.form;
 };
 
 TEST_F(FromPanels, ComeNumbersAndTexts) {
@@ -81,7 +77,7 @@ TEST_F(FromPanels, ComeAWindowsFlagsRowPositionAndLength) {
   form.chOnOff(0).SetValue(2);
   EXPECT_EQ(Sends(kWindow), "2 8 33 1 128 20 5 11") << "a box in neither state counts as off";
 
-  CharWindowRec& window = rig.vars.CharWindows[0];
+  CharWindowRec& window = vars.CharWindows[0];
   window.Left = -2;
   const std::tuple<const char*, short, int> kRows[] = {
       {"Small (16 lines/field)", 37, 18}, {"Small (16 lines/field)", 39, 19},
@@ -95,32 +91,26 @@ TEST_F(FromPanels, ComeAWindowsFlagsRowPositionAndLength) {
 }
 
 TEST_F(FromPanels, ParametersLastTheWholeIntervalAndInternalClassesStayAway) {
-  rig.vars.SystemParameters[0] = {2, 5, "Of a class that is sent", 77};
-  for (const int row : {0, 1, 2, 3, -1, 4}) rig.commands.SendParameter(row);
-  EXPECT_THAT(rig.Sent(),
+  vars.SystemParameters[0] = {2, 5, "Of a class that is sent", 77};
+  for (const int row : {0, 1, 2, 3, -1, 4}) commands.SendParameter(row);
+  EXPECT_THAT(Sent(),
               ElementsAre("15 0 192 5 2 77 0 0 0", "15 0 192 7 2 44 1 0 0", "15 0 192 2 3 255 255 255 255"));
-  EXPECT_EQ(rig.pump.Now(), 300);
-  EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
+  EXPECT_EQ(pump.Now(), 300);
+  EXPECT_THAT(dialogs.Texts(), IsEmpty());
 }
 
 TEST_F(FromPanels, ShownWindowsAreHighlightedWhetherOrNotTheUnitAnswers) {
-  bool& highlighted = rig.vars.CharWindows[2].Highlighted;
-  rig.commands.SendWindowInteractive(2, 128);
-  EXPECT_TRUE(highlighted);
-  rig.line.Unit().Faults().drop = 1;
-  rig.commands.SendWindowInteractive(2, 0);
-  EXPECT_FALSE(highlighted);
-  EXPECT_EQ(rig.Panel(1), "ACK LOST");
-  EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
-  rig.vars.CharWindows.push_back({});  // a record without a row of controls
-  for (const int window : {1, 3, 4, -1}) rig.commands.SendWindowInteractive(window, 128);
-  for (const int window : {3, 4, -1}) rig.commands.SendWindowAll(window);
-  form.mnuInter.SetChecked(true);
-  rig.commands.SendWindowAll(1);  // in this mode the slate's comes with it
-  rig.vars.UnitLocalMode = true;
-  rig.commands.SendWindowInteractive(0, 128);
-  EXPECT_THAT(rig.Sent(), ElementsAre("2 8 33 14 196 100 6 17", "2 8 33 14 68 100 6 17",
-                                      "2 8 33 3 160 18 0 20", "2 8 37 4"));
+  line.Unit().Faults().drop = 2;
+  for (const int light : {128, 0}) {
+    commands.SendWindowInteractive(2, light);
+    EXPECT_EQ(vars.CharWindows[2].Highlighted, light == 128);
+  }
+  EXPECT_EQ(Panel(1), "ACK LOST");
+  EXPECT_THAT(dialogs.Texts(), IsEmpty());
+  vars.CharWindows.push_back({});  // a record without a row of controls
+  for (const int window : {1, 3, 4, -1}) commands.SendWindowInteractive(window, 128);
+  for (const int window : {3, 4, -1}) commands.SendWindowAll(window);
+  EXPECT_THAT(Sent(), ElementsAre("2 8 33 14 196 100 6 17", "2 8 33 14 68 100 6 17"));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-
 #include <algorithm>
 
 #include "tests/support/link_rig.h"
@@ -16,23 +15,17 @@ using Texts = std::vector<std::string>;
 
 const char* const kSense = "15 0 52";
 
-/// A message of the whole send of the sample configuration.
-struct Row {
-  std::string fields;
-  std::string marks;    ///< what is yellow meanwhile
-  std::string failure;  ///< what the operator reads when its acknowledgement is missing
-  std::string when;     ///< always, for model Q, with the inserter on or off
-  std::int64_t waitMs;
-};
+/// Columns of the table of messages: fields; what is yellow meanwhile; what the operator reads if the
+/// acknowledgement is missing; when it is sent (always, for model Q, with the inserter on or off); its wait.
+enum Column : std::size_t { kFields, kMarks, kFailure, kWhen, kWaitMs };
 
 /// The whole send between the queries for the standard at its beginning and its end.
 struct Sequence {
   explicit Sequence(bool modelQ = false, bool charOn = true) {
     for (const TableRow& row : TableOf("whole_send")) {
-      const std::string& when = row[3];
-      if (when == (charOn ? "off" : "on") || (when == "model Q" && !modelQ)) continue;
-      rows.push_back({row[0], row[1], row[2], when, row[4].empty() ? 100 : std::stoi(row[4])});
-      fields.push_back(row[0]);
+      if (row[kWhen] == (charOn ? "off" : "on") || (row[kWhen] == "model Q" && !modelQ)) continue;
+      rows.push_back(row);
+      fields.push_back(row[kFields]);
     }
   }
   Texts Framed() const {
@@ -42,7 +35,7 @@ struct Sequence {
     return all;
   }
 
-  std::vector<Row> rows;
+  std::vector<TableRow> rows;
   Texts fields;
 };
 
@@ -83,7 +76,7 @@ TEST(WholeSend, SendsEverythingInTheUnitsOrder) {
     const Sequence sequence(model == kModelHd7340Q, charOn);
     EXPECT_EQ(rig.Sent(), sequence.Framed());
     Texts expectedMarks{"", "comVS"};
-    for (const Row& row : sequence.rows) expectedMarks.emplace_back(row.marks);
+    for (const TableRow& row : sequence.rows) expectedMarks.push_back(row[kMarks]);
     expectedMarks.emplace_back("");
     EXPECT_EQ(marks, expectedMarks);
     for (const char* meaning :
@@ -135,8 +128,8 @@ TEST(WholeSend, SendsWhatThePanelsSayInstead) {
 TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
   const Sequence sequence(true);
   for (std::size_t lost = 0; lost < sequence.rows.size(); ++lost) {
-    const Row& row = sequence.rows[lost];
-    SCOPED_TRACE(std::to_string(lost) + ": " + row.fields);
+    const TableRow& row = sequence.rows[lost];
+    SCOPED_TRACE(std::to_string(lost) + ": " + row[kFields]);
     LinkRig rig(kModelHd7340Q);
     bool red = false;
     rig.form.pComBut.Changed.Connect([&] { red = red || rig.form.pComBut.BackColor() == kRed; });
@@ -149,14 +142,14 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
 
     // An inserter that did not go off is not switched on again.
     Sequence expected = sequence;
-    const bool inserter = row.when == "on" && lost + 1 < sequence.rows.size();
+    const bool inserter = row[kWhen] == "on" && lost + 1 < sequence.rows.size();
     std::size_t index = 0;
     std::erase_if(expected.fields, [&](const std::string& fields) {
       return index++ > lost && inserter && fields.starts_with("2 8 34");
     });
     EXPECT_EQ(rig.Sent(), expected.Framed());
-    EXPECT_EQ(rig.dialogs.Texts(), Texts(row.failure.empty() ? 0 : 1, row.failure));
-    EXPECT_EQ(rig.pump.Now(), row.waitMs);
+    EXPECT_EQ(rig.dialogs.Texts(), Texts(row[kFailure].empty() ? 0 : 1, row[kFailure]));
+    EXPECT_EQ(rig.pump.Now(), row[kWaitMs].empty() ? 100 : std::stoi(row[kWaitMs]));
     EXPECT_EQ(rig.form.dPause.Interval(), 100);
     EXPECT_EQ(rig.form.mnuCharOn.Checked(), !inserter);
     EXPECT_EQ(red, inserter);

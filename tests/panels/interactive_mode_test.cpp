@@ -13,23 +13,23 @@ constexpr const char* kGetId = "15 0 53";
 constexpr const char* kVideoSense = "15 0 52";
 
 /// A unit whose input has the standard of the panels.
-struct InteractiveTest : ::testing::Test {
-  InteractiveTest() {
-    EXPECT_TRUE(rig.tool.Start(""));
+struct InteractiveTest : ::testing::Test, ToolRig {
+  InteractiveTest() : ToolRig({.standard = 4}) {
+    EXPECT_TRUE(tool.Start(""));
     EXPECT_EQ(form.comVS.Text(), "1080i/60");
   }
   void Enter() {
     form.mnuInter.OperatorClick();
     ASSERT_TRUE(form.mnuInter.Checked());
-    rig.line.ClearSent();
-    rig.dialogs.shown.clear();
+    line.ClearSent();
+    dialogs.shown.clear();
   }
   /// Lets one tick of the poll pass; returns what goes out.
   std::vector<std::string> Tick() {
-    rig.line.ClearSent();
-    rig.dialogs.shown.clear();
-    rig.pump.Pass(5000);
-    return rig.line.SentFields();
+    line.ClearSent();
+    dialogs.shown.clear();
+    pump.Pass(5000);
+    return line.SentFields();
   }
   std::vector<int> Heartbeat() const {
     std::vector<int> shown;
@@ -43,48 +43,45 @@ struct InteractiveTest : ::testing::Test {
     EXPECT_TRUE(form.mnuOff.Checked() != on && form.mnuHD7340.Enabled() != on);
     EXPECT_EQ(form.mnuHD7340Q.Enabled(), !on);
   }
-
-  ToolRig rig{UnitSettings{.standard = 4}};
-  FrmStart& form = rig.tool.form;
 };
 
 TEST_F(InteractiveTest, EntersWithIdentificationAndWholeSendAndLeavesAsItCame) {
   form.mnuInter.OperatorClick();
-  EXPECT_THAT(rig.Boxes(), IsEmpty());
-  EXPECT_EQ(rig.tool.wholeSend.Result().end, SendEnd::kComplete);
-  EXPECT_EQ(rig.line.SentFields().front(), kGetId);
+  EXPECT_THAT(Boxes(), IsEmpty());
+  EXPECT_EQ(tool.wholeSend.Result().end, SendEnd::kComplete);
+  EXPECT_EQ(line.SentFields().front(), kGetId);
   ExpectMode(true);
   EXPECT_THAT(Heartbeat(), ElementsAre(0));
-  EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "On");
+  EXPECT_EQ(settings.GetSetting("InMode", ""), "On");
   form.mnuHD7340Q.OperatorClick();
-  EXPECT_EQ(rig.tool.variables.HardwareType, "HD7340") << "the operator's model stays meanwhile";
-  rig.line.ClearSent();
+  EXPECT_EQ(tool.variables.HardwareType, "HD7340") << "the operator's model stays meanwhile";
+  line.ClearSent();
   form.mnuInter.OperatorClick();
-  EXPECT_THAT(rig.line.Sent(), IsEmpty()) << "it is on already";
+  EXPECT_THAT(line.Sent(), IsEmpty()) << "it is on already";
 
   form.chPrev.OperatorCheck(true);
-  rig.line.ClearSent();
+  line.ClearSent();
   form.mnuOff.OperatorClick();
   EXPECT_EQ(form.chPrev.Value(), 0);
-  EXPECT_THAT(rig.line.Sent(), IsEmpty()) << "off line nothing is sent, not even the preview's end";
+  EXPECT_THAT(line.Sent(), IsEmpty()) << "off line nothing is sent, not even the preview's end";
   ExpectMode(false);
-  EXPECT_EQ(rig.Panel(2), "Offline");
+  EXPECT_EQ(Panel(2), "Offline");
   EXPECT_THAT(Heartbeat(), IsEmpty());
-  EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "Off");
+  EXPECT_EQ(settings.GetSetting("InMode", ""), "Off");
   EXPECT_THAT(Tick(), IsEmpty());
 }
 
 TEST_F(InteractiveTest, AFailedEntryStaysOffLineWithTheModelMenuUsable) {
-  rig.line.Unit().Faults().mute = true;
+  line.Unit().Faults().mute = true;
   form.Image1(2).SetVisible(true);
   form.mnuInter.OperatorClick();
   ExpectMode(false);
   EXPECT_THAT(Heartbeat(), IsEmpty());
-  EXPECT_EQ(rig.Panel(4), "Get Id Failed. ");
-  rig.line.SetPortOpen(false);
-  rig.line.RefuseOpen("No device stands behind port 1.");
+  EXPECT_EQ(Panel(4), "Get Id Failed. ");
+  line.SetPortOpen(false);
+  line.RefuseOpen("No device stands behind port 1.");
   form.mnuInter.OperatorClick();
-  EXPECT_THAT(rig.Boxes().back(), "No device stands behind port 1.");
+  EXPECT_THAT(Boxes().back(), "No device stands behind port 1.");
   ExpectMode(false);
 }
 
@@ -94,9 +91,9 @@ TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
     EXPECT_THAT(Tick(), ElementsAre(kGetId, kVideoSense));
     EXPECT_THAT(Heartbeat(), ElementsAre(frame));
   }
-  rig.tool.SetActive(false);
+  tool.SetActive(false);
   EXPECT_THAT(Tick(), IsEmpty());
-  rig.tool.SetActive(true);
+  tool.SetActive(true);
   form.StatBar(FrmStart::kExchangePanel).SetText("Sent");
   EXPECT_THAT(Tick(), IsEmpty()) << "an exchange has not come back yet";
   EXPECT_THAT(Heartbeat(), IsEmpty());
@@ -112,47 +109,46 @@ TEST_F(InteractiveTest, PollsWithAHeartbeatOnlyWhileTheWindowIsActive) {
   form.dPause.SetEnabled(false);
   form.mnuAddParameter.OperatorClick();
   EXPECT_THAT(Tick(), IsEmpty()) << "a dialog stands";
-  EXPECT_THAT(rig.Boxes(), IsEmpty());
+  EXPECT_THAT(Boxes(), IsEmpty());
 }
 
 TEST_F(InteractiveTest, LocalModeSuspendsAndALostLinkEndsIt) {
   Enter();
-  rig.line.Unit().SetLocal(true);
+  line.Unit().SetLocal(true);
   Tick();
-  EXPECT_THAT(rig.Boxes(), ElementsAre("Local Mode detected, Interactive mode suspended."));
+  EXPECT_THAT(Boxes(), ElementsAre("Local Mode detected, Interactive mode suspended."));
   EXPECT_THAT(Tick(), ElementsAre(kVideoSense, kVideoSense))
       << "watched, without a word; a lone byte is no answer to a query";
-  EXPECT_THAT(rig.Boxes(), IsEmpty());
+  EXPECT_THAT(Boxes(), IsEmpty());
   ExpectMode(true);
-  rig.line.Unit().SetLocal(false);
+  line.Unit().SetLocal(false);
   EXPECT_THAT(Tick(), ElementsAre(kVideoSense));
   EXPECT_THAT(Tick(), ElementsAre(kGetId, kVideoSense));
 
   form.StatBar(FrmStart::kExchangePanel).SetText("ACK LOST");
   EXPECT_THAT(Tick(), IsEmpty());
-  EXPECT_THAT(rig.Boxes(), ElementsAre("Comm Error, Interactive mode suspended, click OK to continue."));
+  EXPECT_THAT(Boxes(), ElementsAre("Comm Error, Interactive mode suspended, click OK to continue."));
   ExpectMode(false);
-  EXPECT_EQ(rig.settings.GetSetting("InMode", ""), "Off");
+  EXPECT_EQ(settings.GetSetting("InMode", ""), "Off");
 }
 
 TEST_F(InteractiveTest, FollowsTheUnitsStandardIfTheOperatorAgrees) {
   Enter();
-  rig.line.Unit().SetStandard(5);
+  line.Unit().SetStandard(5);
   Tick();
   EXPECT_EQ(form.comVS.Text(), "1080i/60") << "refused: it comes again";
-  rig.dialogs.answers = {BoxAnswer::kYes};
+  dialogs.answers = {BoxAnswer::kYes};
   EXPECT_THAT(Tick(), ElementsAre(kGetId, kVideoSense)) << "following sends nothing";
   EXPECT_EQ(form.comVS.Text(), "1080i/50");
   Tick();
-  EXPECT_THAT(rig.Boxes(), IsEmpty());
+  EXPECT_THAT(Boxes(), IsEmpty());
   form.comVS.Clear();
   for (const char* standard : {"1080i/60", "NTSC"}) form.comVS.AddItem(standard);
   form.comVS.SetListIndex(0);
-  rig.dialogs.answers = {BoxAnswer::kYes};
+  dialogs.answers = {BoxAnswer::kYes};
   Tick();
-  EXPECT_THAT(rig.Boxes(),
-              ElementsAre("Video Standard from box changed. Change 7340-Marlinset Video Standard?",
-                          "1080i/50 Input Video Standard not supported. No changes made."));
+  EXPECT_THAT(Boxes(), ElementsAre("Video Standard from box changed. Change 7340-Marlinset Video Standard?",
+                                   "1080i/50 Input Video Standard not supported. No changes made."));
   EXPECT_EQ(form.comVS.Text(), "1080i/60");
 }
 
@@ -167,18 +163,18 @@ TEST_F(InteractiveTest, SelectionOfTheStandard) {
                         {true, true, false, "In Manual Mode", 1},
                         {false, true, false, "Changed to Manual Mode", 2},
                         {false, true, true, "Video Sense Sent", 1}}) {
-    rig.line.Unit().SetManual(c.unitManual);
-    rig.line.Unit().Faults().mute = c.mute;
-    rig.line.ClearSent();
+    line.Unit().SetManual(c.unitManual);
+    line.Unit().Faults().mute = c.mute;
+    line.ClearSent();
     for (MenuItem* item : {&form.mnuAuto, &form.mnuMan}) item->SetChecked(true);
     (c.wantManual ? form.mnuMan : form.mnuAuto).OperatorClick();
-    EXPECT_EQ(rig.Panel(3), c.panel);
+    EXPECT_EQ(Panel(3), c.panel);
     EXPECT_EQ(form.StatBar(3).Picture(), c.mute ? "Image2(2)" : "Image2(0)");
-    ASSERT_EQ(rig.line.Sent().size(), c.messages) << c.panel;
-    EXPECT_EQ(rig.line.SentFields().front(), kVideoSense);
-    EXPECT_EQ(rig.line.Unit().Manual(), c.mute ? c.unitManual : c.wantManual);
+    ASSERT_EQ(line.Sent().size(), c.messages) << c.panel;
+    EXPECT_EQ(line.SentFields().front(), kVideoSense);
+    EXPECT_EQ(line.Unit().Manual(), c.mute ? c.unitManual : c.wantManual);
   }
-  EXPECT_THAT(rig.Boxes(), ElementsAre("Mode Set error"));
+  EXPECT_THAT(Boxes(), ElementsAre("Mode Set error"));
   EXPECT_FALSE(form.mnuAuto.Checked() || form.mnuMan.Checked());
   EXPECT_EQ(form.pComBut.BackColor(), kRed);
 }

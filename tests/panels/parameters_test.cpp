@@ -7,7 +7,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Parameters : testing::Test {
+struct Parameters : testing::Test, PanelRig {
   void Take(std::vector<SystemParameterRec> list) {
     vars.SystemParameters = std::move(list);
     form.bClass.OperatorClick();
@@ -29,10 +29,7 @@ struct Parameters : testing::Test {
     edit.txtValue.OperatorType(value);
     edit.cmdUpdate.OperatorClick();
   }
-  PanelRig rig;
-  FrmStart& form = rig.form;
-  Variables& vars = rig.vars;
-  FrmEditParameters& edit = rig.tool.parameterDialogs.frmEditParameters;
+  FrmEditParameters& edit = tool.parameterDialogs.frmEditParameters;
 };
 
 TEST_F(Parameters, SortBothWaysHideTheInternalClassesAndFitTheirSheet) {
@@ -75,27 +72,27 @@ TEST_F(Parameters, AreShownInEitherRadixAndOneDescriptionIsOneValue) {
 TEST_F(Parameters, GoToTheUnitAlsoInLocalModeAndByASort) {
   Take({{1, 0, "a", 9}, {2, 7, "level", 0}, {3, 200, "delay", 1}});
   form.udVal(1).OperatorSpin(1);
-  EXPECT_THAT(rig.Sent(), IsEmpty()) << "off line";
-  rig.GoInteractive();
+  EXPECT_THAT(Sent(), IsEmpty()) << "off line";
+  GoInteractive();
   form.udVal(1).OperatorSpin(300);
   vars.UnitLocalMode = true;  // is not asked here
   form.udVal(2).OperatorSpin(-1);
-  EXPECT_THAT(rig.Sent(), ElementsAre("15 0 192 7 2 44 1 0 0", "15 0 192 200 3 255 255 255 255"));
-  EXPECT_THAT(rig.TakeBoxes(), IsEmpty());
-  rig.line.Unit().Faults().drop = 1;
+  EXPECT_THAT(Sent(), ElementsAre("15 0 192 7 2 44 1 0 0", "15 0 192 200 3 255 255 255 255"));
+  EXPECT_THAT(TakeBoxes(), IsEmpty());
+  line.Unit().Faults().drop = 1;
   form.udVal(1).OperatorSpin(2);
-  EXPECT_THAT(rig.TakeBoxes(), ElementsAre("Problem with parameter."));
-  rig.Sent();
+  EXPECT_THAT(TakeBoxes(), ElementsAre("Problem with parameter."));
+  Sent();
   form.udVal(1).OperatorSpin(32768);
-  EXPECT_THAT(rig.TakeBoxes(), ElementsAre("6  Overflow"));
-  EXPECT_THAT(rig.Sent(), IsEmpty());
+  EXPECT_THAT(TakeBoxes(), ElementsAre("6  Overflow"));
+  EXPECT_THAT(Sent(), IsEmpty());
   EXPECT_EQ(At(vars.SystemParameters, 1).Value, 2);
   form.udVal(1).OperatorSpin(2);
-  rig.Sent();
+  Sent();
   form.bClass.OperatorClick();
-  EXPECT_THAT(rig.Sent(), IsEmpty()) << "nothing moves";
+  EXPECT_THAT(Sent(), IsEmpty()) << "nothing moves";
   form.bDesc.OperatorClick();
-  EXPECT_THAT(rig.Sent(), ElementsAre("15 0 192 7 2 2 0 0 0", "15 0 192 200 3 255 255 255 255"));
+  EXPECT_THAT(Sent(), ElementsAre("15 0 192 7 2 2 0 0 0", "15 0 192 200 3 255 255 255 255"));
 }
 
 TEST_F(Parameters, AreRefusedInOrder) {
@@ -103,14 +100,14 @@ TEST_F(Parameters, AreRefusedInOrder) {
   for (const TableRow& row : TableOf("parameters_refused")) {
     SCOPED_TRACE(row[0] + "/" + row[1]);
     Add(row[0], row[1], "1");
-    EXPECT_EQ(rig.dialogs.shown.at(0).buttons, BoxButtons::kOkCancel);
-    EXPECT_EQ(rig.dialogs.shown.at(0).icon, BoxIcon::kCritical);
-    EXPECT_THAT(rig.TakeBoxes(), ElementsAre(row[2]));
+    EXPECT_EQ(dialogs.shown.at(0).buttons, BoxButtons::kOkCancel);
+    EXPECT_EQ(dialogs.shown.at(0).icon, BoxIcon::kCritical);
+    EXPECT_THAT(TakeBoxes(), ElementsAre(row[2]));
     EXPECT_EQ(edit.txtValue.Text(), "1");
     EXPECT_TRUE(edit.Visible() && vars.ConfigSaved);
   }
   Add("30", "1", "32768");
-  EXPECT_THAT(rig.TakeBoxes(), ElementsAre("6  Overflow"));
+  EXPECT_THAT(TakeBoxes(), ElementsAre("6  Overflow"));
   EXPECT_TRUE(edit.Visible() && vars.ConfigSaved);
   EXPECT_EQ(vars.SystemParameters.size(), count);
 }

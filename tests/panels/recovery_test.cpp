@@ -92,41 +92,35 @@ TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
   EXPECT_FALSE(keeper_.kept);
 }
 
-TEST_F(RecoveryTest, ASaveAfterARestoreAsksAsItWouldHaveBefore) {
+TEST(RecoveryOfFiles, ASaveAfterARestoreAsksAsItWouldHaveBefore) {
   enum class File { kAsItWas, kChanged, kGone, kNew };
-  struct Case {
-    File file;
-    bool earlierVersion, asked;
-  };
-  for (const auto& [file, earlierVersion, asked] :
-       {Case{File::kAsItWas, false, false}, Case{File::kChanged, false, true},
-        Case{File::kGone, false, false}, Case{File::kNew, false, true}, Case{File::kChanged, true, false}}) {
+  const std::tuple<File, bool, bool> kCases[] = {{File::kAsItWas, false, false},
+                                                 {File::kChanged, false, true},
+                                                 {File::kGone, false, false},
+                                                 {File::kNew, false, true},
+                                                 {File::kChanged, true, false}};
+  for (const auto& [file, ofEarlierVersion, asked] : kCases) {
+    const TempFolder folder;
+    FakeKeeper keeper;
     {
-      OneRun run(keeper_);
-      if (file == File::kNew) {
-        run.settings.SaveSetting("Load", folder_.Path() + "/");
-        run.form.mnuNew.OperatorClick();
-      } else {
-        run.fileDialog.choices = {folder_.File("New.qcf")};
-        run.form.mnuSave.OperatorClick();
-      }
+      OneRun run(keeper);
+      run.settings.SaveSetting("Load", folder.Path() + "/");
+      run.fileDialog.choices = {folder.File("New.qcf")};
+      (file == File::kNew ? run.form.mnuNew : run.form.mnuSave).OperatorClick();
       run.Edit("TAKE 7");
       run.tool.recovery.Leave();
     }
-    if (earlierVersion) keeper_.left.front().mark.clear();
-    if (file == File::kChanged || file == File::kNew) folder_.Write("New.qcf", "somebody's");
-    if (file == File::kGone) std::filesystem::remove(folder_.File("New.qcf"));
+    if (ofEarlierVersion) keeper.left.front().mark.clear();
+    if (file == File::kChanged || file == File::kNew) folder.Write("New.qcf", "somebody's");
+    if (file == File::kGone) std::filesystem::remove(folder.File("New.qcf"));
     for (const int crash : {1, 2}) {
-      OneRun run(keeper_, {BoxAnswer::kYes});
+      OneRun run(keeper, {BoxAnswer::kYes});
       run.dialogs.shown.clear();
       run.form.mnuSav.OperatorClick();
       EXPECT_EQ(run.Boxes().size(), asked ? 1U : 0U) << static_cast<int>(file) << ", crash " << crash;
       if (!asked) break;
       run.tool.recovery.Leave();
     }
-    keeper_.left.clear();
-    keeper_.kept.reset();
-    std::filesystem::remove(folder_.File("New.qcf"));
   }
 }
 

@@ -55,18 +55,6 @@ void FillRows(Variables& vars, FrmStart& form) {
   }
 }
 
-void SelectSources(FrmStart& form) {
-  SelectText(form.comTB(0), "LTC Reader Time");
-  SelectText(form.ComUB(0), "LTC Reader Bits");
-  SelectText(form.comTB(1), "VITC Reader Time");
-  SelectText(form.ComUB(1), "Film Data");
-  SelectText(form.comTB(2), "Film Data");
-  SelectText(form.ComUB(2), "LTC Reader Bits");
-  SelectText(form.comTB(3), "VITC Reader Time");
-  SelectText(form.comTB(4), "A source that no table has");
-  SelectText(form.ComUB(4), "LTC Reader Time");
-}
-
 }  // namespace
 
 void SelectText(ComboBox& box, const std::string& text) {
@@ -79,7 +67,15 @@ void SelectText(ComboBox& box, const std::string& text) {
 void FillSamplePanels(Variables& vars, FrmStart& form) {
   FillTables(vars);
   FillRows(vars, form);
-  SelectSources(form);
+  SelectText(form.comTB(0), "LTC Reader Time");
+  SelectText(form.ComUB(0), "LTC Reader Bits");
+  SelectText(form.comTB(1), "VITC Reader Time");
+  SelectText(form.ComUB(1), "Film Data");
+  SelectText(form.comTB(2), "Film Data");
+  SelectText(form.ComUB(2), "LTC Reader Bits");
+  SelectText(form.comTB(3), "VITC Reader Time");
+  SelectText(form.comTB(4), "A source that no table has");
+  SelectText(form.ComUB(4), "LTC Reader Time");
   for (const char* standard : {"2160p", "525i/60", "720p/60", "1080i/60"}) SelectText(form.comVS, standard);
   SelectText(form.ComWin(0), "Letterbox");
   SelectText(form.ComWin(1), "On at Event Start");

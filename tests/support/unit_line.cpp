@@ -23,12 +23,7 @@ std::string UnitLine::DeviceName(int port) const {
 }
 
 void UnitLine::SetPortOpen(bool open) {
-  if (open == open_) return;
-  if (open) {
-    Open();
-  } else {
-    Close();
-  }
+  if (open != open_) open ? Open() : Close();
 }
 
 void UnitLine::Open() {
