@@ -31,25 +31,5 @@ TEST(FieldDatabase, StartsAndSendsTheWholeConfiguration) {
       << "the window of number -1";
 }
 
-/// libmdb crashes or hangs on two of them unless it is asked for little.
-TEST(FieldDatabase, ADamagedOneEndsTheStartWithItsMessage) {
-  for (const std::string name : {"damaged_catalog", "damaged_definitions", "damaged_rows", "damaged_map"}) {
-    const TempFolder program;
-    const std::string path = program.File("shotsys.mdb");
-    std::filesystem::copy_file(SAMPLE_FOLDER "access/" + name + ".mdb", path);
-    ToolRig rig({}, program.Path());
-    bool started = false;
-    try {
-      started = rig.tool.Start("");
-    } catch (const ProgramEnd& end) {
-      EXPECT_EQ(end.status, 1);
-    }
-    EXPECT_FALSE(started) << name;
-    EXPECT_THAT(rig.Boxes(), ElementsAre(testing::AnyOf(StartsWith("3343  Unrecognized database '" + path),
-                                                        "DataBase Error. Expected file at Path " + path +
-                                                            " Error code = 3343 App Terminated")));
-  }
-}
-
 }  // namespace
 }  // namespace marlinset

@@ -10,22 +10,20 @@ using testing::ElementsAre;
 const char* const kCable =
     "Ensure that the PC is properly connected and the proper Com Port is selected from the Options Menu.";
 
-struct AckCase {
-  const char* what;
-  void (*prepare)(UnitModel& unit);
-  bool acknowledged;
-  std::int64_t lastsMs;
-  const char* panel1;
-};
-
 TEST(AckWait, EndsWithTheAcknowledgementOrTheTimer) {
-  const AckCase kCases[] = {
+  const struct {
+    const char* what;
+    void (*prepare)(UnitModel& unit);
+    bool acknowledged;
+    std::int64_t lastsMs;
+    const char* panel1;
+  } kCases[] = {
       {"in time", [](UnitModel& unit) { unit.Faults().lateAcks = 99ms; }, true, 99, "Ack In"},
       {"late", [](UnitModel& unit) { unit.Faults().lateAcks = 101ms; }, false, 100, "Sent"},
       {"refused", [](UnitModel& unit) { unit.Faults().nak = 1; }, false, 100, "Nack In"},
       {"local mode", [](UnitModel& unit) { unit.SetLocal(true); }, false, 100, "Local Mode"},
   };
-  for (const AckCase& c : kCases) {
+  for (const auto& c : kCases) {
     SCOPED_TRACE(c.what);
     LinkRig rig;
     rig.OpenIdentified();
@@ -59,22 +57,20 @@ TEST(AckWait, IsLostWhenTheUnitBroadcastsInItsMiddle) {
   EXPECT_EQ(rig.dialogs.Texts().back(), "White FlagLine Set error 21") << "Select has no field 3";
 }
 
-struct ReplyCase {
-  const char* what;
-  void (*prepare)(UnitModel& unit);
-  std::size_t sendings;
-  std::int64_t lastsMs;
-  const char* standard;  ///< when the wait ends
-};
-
 TEST(ReplyWait, AsksTwiceAtMost) {
-  const ReplyCase kCases[] = {
+  const struct {
+    const char* what;
+    void (*prepare)(UnitModel& unit);
+    std::size_t sendings;
+    std::int64_t lastsMs;
+    const char* standard;  ///< when the wait ends
+  } kCases[] = {
       {"in time", [](UnitModel& unit) { unit.Faults().lateFrames = 99ms; }, 1, 99, "1080i/60"},
       {"damaged", [](UnitModel& unit) { unit.Faults().corrupt = 1; }, 2, 100, ""},
       {"late", [](UnitModel& unit) { unit.Faults().lateFrames = 130ms; }, 2, 100, ""},
       {"no standard", [](UnitModel& unit) { unit.SetStandard(0); }, 1, 0, ""},
   };
-  for (const ReplyCase& c : kCases) {
+  for (const auto& c : kCases) {
     SCOPED_TRACE(c.what);
     LinkRig rig;
     rig.Open();

@@ -51,24 +51,6 @@ TEST_F(Parameters, SortBothWaysHideTheInternalClassesAndFitTheirSheet) {
   EXPECT_EQ(form.pParIn.Top(), 255);
 }
 
-TEST_F(Parameters, AreShownInEitherRadixAndOneDescriptionIsOneValue) {
-  Take({{1, 0, "", -1}, {2, 0, "twin", 0}, {2, 1, "plus", 4095}, {2, 2, "minus", -2}, {3, 0, "twin", 0}});
-  form.bValue.OperatorClick();
-  EXPECT_EQ(form.bValue.Caption(), "Value (Hex)");
-  EXPECT_THAT(Rows(), ElementsAre("twin=0", "plus=FFF", "minus=FFFFFFFE", "twin=0"));
-  form.udVal(1).OperatorSpin(-32768);
-  EXPECT_EQ(form.tVal(1).Text(), "FFFF8000");
-  EXPECT_EQ(At(vars.SystemParameters, 4).Value, -32768) << "both records";
-  EXPECT_FALSE(vars.ConfigSaved);
-  vars.ConfigSaved = true;
-  form.bValue.OperatorClick();
-  EXPECT_EQ(form.bValue.Caption(), "Value (Dec)");
-  EXPECT_THAT(Rows(), ElementsAre("twin=-32768", "plus=4095", "minus=-2", "twin=0"));
-  EXPECT_EQ(At(vars.SystemParameters, 4).Value, 0) << "the radix writes by place only";
-  EXPECT_EQ(At(vars.SystemParameters, 0).Value, -1);
-  EXPECT_TRUE(vars.ConfigSaved);
-}
-
 TEST_F(Parameters, GoToTheUnitAlsoInLocalModeAndByASort) {
   Take({{1, 0, "a", 9}, {2, 7, "level", 0}, {3, 200, "delay", 1}});
   form.udVal(1).OperatorSpin(1);

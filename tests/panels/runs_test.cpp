@@ -11,14 +11,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-TEST(StartUp, TheCommandTextNamesAMode) {
-  ToolRig rig;
-  rig.settings.SaveSetting("Default", "/nowhere/Stage 4.qcf");
-  ASSERT_TRUE(rig.tool.Start("KeyKode Accuracy Test"));
-  EXPECT_EQ(rig.tool.variables.OperatingMode, "KeyKode Accuracy Test");
-  EXPECT_THAT(rig.Boxes(), IsEmpty()) << "and no file is opened";
-}
-
 TEST(Splash, StandsFourSecondsAfterTheLoadOrUntilItIsSkipped) {
   for (const bool skipped : {false, true}) {
     ToolRig rig;
@@ -181,10 +173,7 @@ TEST(Questions, CarryTheirFactsAndLoseTheirReasonWithTheUnit) {
          rig.tool.variables.ConfigSaved = false;
          rig.tool.form.mnuExit.OperatorClick();
        },
-       "Not saved: \"System Default Video\", in no file yet"},
-      {"Restart next time with this configuration?",
-       [](ToolRig& rig) { rig.tool.form.mnuExit.OperatorClick(); },
-       std::string("Next start: ") + kShipped + "\nSo far: " + kShipped}};
+       "Not saved: \"System Default Video\", in no file yet"}};
   for (const Question& question : kQuestions) {
     SCOPED_TRACE(question.text);
     ToolRig rig{UnitSettings{.standard = 4}};
