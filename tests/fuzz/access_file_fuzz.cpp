@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Gives the engine for Access files damaged copies of a sound one, ACCESS_SAMPLE. The input is a list of
-// edits, four bytes and some more each: page, offset (high byte, low byte), count, then so many bytes. An
-// edit beyond the last page cuts the file off.
+// Gives the engine for Access files damaged copies of ACCESS_SAMPLE. The input is a list of edits: page,
+// offset (high byte, low byte), count, then so many bytes. An edit beyond the last page cuts the file off.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -15,6 +14,7 @@
 #include <string>
 
 #include "base/runtime_error.h"
+#include "core/reference_arrays.h"
 #include "data/file_engine.h"
 #include "data/mdb/mdb_engine.h"
 
@@ -23,7 +23,7 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 constexpr std::size_t kPage = 4096;
 
-/// A file in memory that is as sound again after each input.
+/// A file in memory that Restore makes sound again.
 class Copy {
  public:
   Copy() {
@@ -71,18 +71,15 @@ class Copy {
 void ReadEverything(const std::string& path) {
   using namespace marlinset;
   const auto database = MdbEngine().OpenDatabase(path);
-  for (const char* table :
-       {"Operating Mode", "Video Standards", "Character Max Positions", "Character Styles",
-        "Virtual Slate Modes", "Down Converter Modes", "Character Windows", "Character Sizes",
-        "System Parameters", "Help Messages", "Code Sources", "Time Code Assignments",
-        "Down Converter Process Modes", "SDI Program Output", "Deleted Parameters", "General",
-        "Select * from [Down Converter Filters] where [Description] <> 'Custom' Order By [Order] "}) {
+  const auto read = [&](std::string_view table) {
     try {
       database->OpenRecordset(table);
     } catch (const RuntimeError&) {
       // This table is refused; the next may be sound.
     }
-  }
+  };
+  ForEachReferenceArray([&](const auto& array) { read(array.table); });
+  for (const std::string_view table : {kDeletedParameters, std::string_view("General")}) read(table);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Composes configuration files of whatever JSON comes: it may be refused in words, and the file of what is
-// accepted stays the same, byte for byte, when it is shown as JSON and composed again.
+// Composes configuration files of any JSON: it is refused in words, or its file stays the same, byte for
+// byte, when it is shown as JSON and composed again.
 #include <cassert>
 #include <cstdint>
 #include <stdexcept>

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Puts any bytes on the line while the tool exchanges messages with a unit, in pieces and at moments that the
-// input chooses. Afterwards the line is mended, and the tool has to understand the unit as if nothing had
-// been.
+// Puts any bytes on the line while the tool exchanges messages with a unit. Afterwards, on a sound line, the
+// tool must understand the unit as if nothing had happened.
 //
-// The first byte says what holds all the time, see Setting. Then come steps, each of three bytes and some
-// more: what the tool does meanwhile, and kFramed for bytes that are the fields of a sound frame; after how
-// many milliseconds they arrive; their number; the bytes.
+// The first byte holds the Settings. Each step is: what the tool does meanwhile, and kFramed if the bytes are
+// the fields of a sound frame; after how many milliseconds they arrive; their number; the bytes.
 #include <cassert>
 #include <cstdint>
 #include <functional>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Feeds the reader of configuration files whatever comes: it may refuse the bytes, and what it accepts is
-// written again as it was.
+// Feeds the reader of configuration files any bytes: it refuses them, or they are written again as they were.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Executes whatever lines come as a script, on the whole tool with a virtual unit, files in memory and the
-// virtual clock. Each line is answered with one JSON object that tells whether it was understood, comes to
-// its end, and fails in no way that nobody expected.
+// Executes any lines as a script, on the complete tool with a virtual unit, files in memory and the virtual
+// clock. Each line ends, causes only expected failures, and has one JSON object as its answer.
 #include <cassert>
 #include <map>
 #include <sstream>

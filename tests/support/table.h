@@ -29,7 +29,7 @@ using TableRow = std::vector<std::string>;
 /// The rows of a table in tests/samples/tables: columns between bars; # begins a comment; short rows are
 /// filled up with empty columns.
 inline std::vector<TableRow> TableOf(const std::string& name) {
-  std::ifstream file(TABLE_FOLDER + name + ".txt");
+  std::ifstream file(SAMPLE_FOLDER "tables/" + name + ".txt");
   if (!file) throw std::runtime_error("no table " + name);
   std::vector<TableRow> rows;
   std::size_t columns = 0;
