@@ -15,8 +15,7 @@ namespace {
 using testing::HasSubstr;
 
 /// The programs as processes, also with a virtual unit on a real pseudo terminal.
-class CliTest : public testing::Test {
- protected:
+struct CliTest : testing::Test {
   /// A text of a sample, with the paths of folders in it.
   std::string Filled(std::string text) const {
     for (const auto& [name, path] :

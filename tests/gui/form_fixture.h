@@ -17,8 +17,7 @@
 namespace marlinset {
 
 /// The controls of a main window without any rules: only what the widgets do to them happens.
-class FormTest : public testing::Test {
- protected:
+struct FormTest : testing::Test {
   static void Show(QWidget& window) {
     window.show();
     window.activateWindow();
@@ -62,8 +61,7 @@ class FormTest : public testing::Test {
 };
 
 /// A complete window with two character windows and two parameters, and a hidden one of each.
-class MainWindowTest : public FormTest {
- protected:
+struct MainWindowTest : FormTest {
   MainWindowTest() {
     form_.ForWindowRow([](auto& array) { array(0).SetVisible(false); });
     for (const int row : {2, 1}) {

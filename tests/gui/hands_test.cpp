@@ -18,8 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class HandsTest : public MainWindowTest {
- protected:
+struct HandsTest : MainWindowTest {
   /// Opens the editor of a parameter's value with F2, from another cell of its row.
   static QWidget& EditValue(const MainWindow& window, int row) {
     auto& table = Widget<QTableView>(window, "pParIn");

@@ -110,8 +110,7 @@ TEST_F(BindingsTest, WidgetAndControlOutliveEachOther) {
   form_.chSync.SetValue(1);
 }
 
-class FieldsTest : public FormTest {
- protected:
+struct FieldsTest : FormTest {
   FieldsTest() {
     // Picture lines count downwards, so up leads to the lower number.
     form_.UpDown1.SetMin(20);

@@ -36,8 +36,7 @@ struct ReportTest : testing::Test, ToolRig {
   void SetUp() override { ASSERT_TRUE(tool.Start("TEST")); }
 };
 
-class Printing : public ReportTest {
- protected:
+struct Printing : ReportTest {
   const PrintedForm& Print(std::size_t page = 0) {
     printer.jobs.clear();
     form.mnuPrint.OperatorClick();
@@ -163,8 +162,7 @@ TEST_F(Printing, ADocumentLeavesTheConfigurationsNameAlone) {
   EXPECT_EQ(dialog.FileName, "/setups/Stage 4.qcf");
 }
 
-class AboutTest : public ReportTest {
- protected:
+struct AboutTest : ReportTest {
   void GoInteractive() {
     form.bGetID.Press();
     form.mnuInter.SetChecked(true);

@@ -61,7 +61,7 @@ class StormRun {
   bool calm_ = false;
 };
 
-/// PROGRAM [RUNS [FIRST_SEED]]: counts the boxes of all runs; traces a single run; fails if there was a fault.
+/// PROGRAM [RUNS [FIRST_SEED]]: counts all boxes, fails if a run had a fault, traces a single run.
 int RunStorms(int argc, char** argv, StormReport (*run)(unsigned seed, bool trace));
 
 }  // namespace marlinset

@@ -37,8 +37,7 @@ struct Studio : ToolRig {
   }
 };
 
-class LiveWindowTest : public testing::TestWithParam<int> {
- protected:
+struct LiveWindowTest : testing::TestWithParam<int> {
   LiveWindowTest() {
     desk_.Show(2);
     studio_.line.ClearSent();
@@ -210,8 +209,7 @@ TEST_P(LiveWindowTest, AClickBeyondTheSecondKeepsTheNumberSelected) {
   }
 }
 
-class LateAnswersTest : public LiveWindowTest {
- protected:
+struct LateAnswersTest : LiveWindowTest {
   /// Runs `deed` when the next exchange has lasted a while.
   void InTheWait(std::function<void()> deed) { studio_.pump.At(studio_.pump.Now() + 5, std::move(deed)); }
   /// While the unit still owes the answer to a first tick, the operator ticks window 14, then does `more`.
