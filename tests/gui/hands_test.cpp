@@ -102,7 +102,9 @@ TEST_F(HandsTest, ANumberIsForTheParameterThatWasRead) {
     QTest::keyClick(&field, Qt::Key_Return);
     const QModelIndex cell = Widget<QTableView>(window, "pParIn").model()->index(0, 3);
     EXPECT_EQ(cell.data(), "66") << "shown at once";
-    QTest::keyClicks(&EditValue(window, 0), "67\t");
+    QWidget& again = EditValue(window, 0);
+    QTest::keyClicks(&again, "67");
+    QTest::keyClick(&again, Qt::Key_Return);
     Settle();
     EXPECT_EQ(done, expected);
   }

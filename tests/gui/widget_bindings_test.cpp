@@ -93,6 +93,20 @@ TEST_F(BindingsTest, ATickIsTheModelsWord) {
   }
 }
 
+TEST_F(BindingsTest, ARuleThatWritesTheTextLeavesTheCursorAndAListAloneSelectsNothing) {
+  QLineEdit widget;
+  Bind(widget, form_.tWinMess);
+  QTest::keyClicks(&widget, "ABC");
+  widget.setCursorPosition(1);
+  Settle();
+  form_.tWinMess.SetText("abc");
+  EXPECT_EQ(widget.text(), "abc");
+  EXPECT_EQ(widget.cursorPosition(), 1);
+  const ComboField combo(form_.comVS, 10, &window_);
+  form_.comVS.AddItem("525i/60");
+  EXPECT_EQ(combo.currentIndex(), -1);
+}
+
 TEST_F(BindingsTest, WidgetAndControlOutliveEachOther) {
   form_.chOnOff.Load(1).SetVisible(true);
   auto* row = new QWidget(&window_);

@@ -121,7 +121,6 @@ TEST(WholeSend, SendsWhatThePanelsSayInstead) {
   EXPECT_EQ(rig.Sent(), expected.Framed());
   EXPECT_EQ(marked, "") << "all names are white before the highlights are taken off";
   EXPECT_THAT(rig.dialogs.Texts(), ElementsAre("VITC Enable error 47", "White Flag Enable error 57"));
-  EXPECT_EQ(rig.wholeSend.Result().planned, rig.wholeSend.Result().messages);
   ExpectIdle(rig);
 }
 
@@ -218,6 +217,8 @@ TEST(WholeSend, BringsTheStandardsOfUnitAndConfigurationTogether) {
 /// Another standard than the unit's makes the tool ask; the device goes away while the question is open.
 template <BoxAnswer kAnswer>
 void VanishAtTheQuestion(LinkRig& rig) {
+  rig.form.mnuInter.SetChecked(true);  // so that the slate goes out once more
+  rig.form.mnuOff.SetChecked(false);
   SelectText(rig.form.comVS, "525i/60");
   rig.dialogs.onShow = [&rig](const MessageBox& box) {
     if (box.text == kMismatch) rig.line.Vanish();
@@ -286,7 +287,8 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     if (c.boxes.size() > 0 && c.boxes.back() == kClosed) {
       EXPECT_THAT(rig.dialogs.shown.back().remedy,
                   testing::StartsWith("The device behind port 1 (unit1) is gone. " + std::to_string(c.goOut) +
-                                      " of " + std::to_string(all) + " messages went out.\n"));
+                                      " of " + std::to_string(c.after == 0 ? all + 1 : all) +
+                                      " messages went out.\n"));
       EXPECT_TRUE(rig.form.pComBut.BackColor() == kRed && rig.form.mnuOff.Checked());
       rig.line.Return();
     } else if (!rig.wholeSend.stopRequested) {
