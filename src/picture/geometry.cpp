@@ -96,9 +96,9 @@ void PlanArea(const FrmStart& form, const Variables& vars, PicturePlan& plan) {
 LetterLook LookOf(std::string_view style) {
   const auto says = [style](std::string_view words) { return style.find(words) != std::string_view::npos; };
   LetterLook look{.white = !style.starts_with("Black"), .outlined = says("Outline")};
-  if (says("Black Box")) look.box = LetterLook::Box::kBlack;
+  if (says("Black Box")) look.box = LetterLook::Box::kDark;
   if (says("Grey Box") || says("Gray Box")) look.box = LetterLook::Box::kGrey;
-  if (says("White Box")) look.box = LetterLook::Box::kWhite;
+  if (says("White Box")) look.box = LetterLook::Box::kLight;
   return look;
 }
 

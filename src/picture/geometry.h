@@ -30,7 +30,7 @@ struct CellRect {
 
 /// How letters look, from the words of the style in force ("White on Black Box", "Black with Outline").
 struct LetterLook {
-  enum class Box { kNone, kBlack, kGrey, kWhite };
+  enum class Box { kNone, kDark, kGrey, kLight };
   bool white = true;
   bool outlined = false;
   Box box = Box::kNone;
