@@ -10,11 +10,13 @@
 #include "base/text.h"
 #include "cli/control_json.h"
 #include "cli/document_json.h"
+#include "cli/picture_json.h"
 #include "cli/queued_dialogs.h"
 #include "cli/variables_json.h"
 #include "files/panel_document.h"
 #include "files/qcf_reader.h"
 #include "files/qcf_writer.h"
+#include "picture/geometry.h"
 #include "platform/event_pump.h"
 #include "platform/settings_store.h"
 
@@ -99,6 +101,7 @@ const Script::Action* Script::FindAction(std::string_view name) {
       {"open", 0, kPath, &Script::Open},
       {"save", 0, kPath, &Script::Save},
       {"state", 0, 0, &Script::State},
+      {"windows", 0, 0, &Script::Windows},
       {"log", 0, 1, &Script::Log},
       {"close", 0, 0, &Script::Close},
       {"quit", 0, 0, &Script::Quit},
@@ -304,6 +307,10 @@ Json Script::State(const ScriptLine& /*line*/) {
   } catch (const RuntimeError& failure) {
     throw ScriptError(failure.Description());
   }
+}
+
+Json Script::Windows(const ScriptLine& /*line*/) {
+  return WindowsJson(PlanPicture(tool_.form, tool_.variables));
 }
 
 Json Script::Log(const ScriptLine& line) {

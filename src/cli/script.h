@@ -69,6 +69,7 @@ class Script {
   Json Open(const ScriptLine& line);
   Json Save(const ScriptLine& line);
   Json State(const ScriptLine& line);
+  Json Windows(const ScriptLine& line);
   Json Log(const ScriptLine& line);
   Json Close(const ScriptLine& line);
   Json Quit(const ScriptLine& line);
