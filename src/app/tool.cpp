@@ -24,6 +24,7 @@ Tool::Tool(const Platform& computer)
       panelRules(platform, variables, form, commands),
       configurationFile(platform, variables, form, panels),
       unsavedChanges(platform, variables, form, configurationFile),
+      remarks(form, variables, configurationFile),
       recovery(platform, variables, form, configurationFile, unsavedChanges),
       fileCommands(platform, variables, form, panels, configurationFile, unsavedChanges, recovery),
       recentFiles(platform, form, configurationFile, fileCommands),

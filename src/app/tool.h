@@ -29,6 +29,7 @@
 #include "panels/video_standard.h"
 #include "panels/views.h"
 #include "panels/window_settings.h"
+#include "picture/remark_list.h"
 #include "platform/platform.h"
 #include "report/about.h"
 #include "report/print_command.h"
@@ -75,6 +76,7 @@ class Tool {
   PanelRules panelRules;
   ConfigurationFile configurationFile;
   UnsavedChanges unsavedChanges;
+  RemarkList remarks;
   Recovery recovery;
   FileCommands fileCommands;
   RecentFiles recentFiles;

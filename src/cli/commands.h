@@ -30,7 +30,7 @@ struct CliOptions {
   std::string scriptFile;                   ///< empty: standard input
   std::vector<std::string> configurations;  ///< configuration files; compose: the JSON text
   std::string output;                       ///< file to write: compose a configuration, print a PDF document
-  bool json = false;                        ///< show: as JSON
+  bool json = false;                        ///< show, check: as JSON
   bool all = false;                         ///< diff: also equal values
   bool verbose = false;                     ///< send: print each message
 };
@@ -44,6 +44,9 @@ int RunPrint(const CliOptions& options);
 int RunShow(const CliOptions& options);
 /// Compares two configuration files. kExitNotDone if they differ, kExitUsage if one can't be read.
 int RunDiff(const CliOptions& options);
+/// Prints the remarks on configuration files. kExitNotDone if there are any, kExitUsage if a file can't be
+/// read. Needs Qt's application object.
+int RunCheck(const CliOptions& options);
 /// Writes a configuration file from the output of show --json.
 int RunCompose(const CliOptions& options);
 

@@ -88,6 +88,14 @@ CLI::App* AddCompose(CLI::App& app, CliOptions& options) {
   return compose;
 }
 
+CLI::App* AddCheck(CLI::App& app, CliOptions& options) {
+  CLI::App* check = app.add_subcommand("check", "Look for what is wrong in configuration files");
+  AddCommonOptions(*check, options.common);
+  check->add_flag("--json", options.json, "One JSON object a line and file");
+  check->add_option("FILE", options.configurations, "Configuration files")->required();
+  return check;
+}
+
 CLI::App* AddIdentify(CLI::App& app, CliOptions& options) {
   CLI::App* identify = app.add_subcommand("identify", "Ask the unit for model, video standard and firmware");
   AddCommonOptions(*identify, options.common);
@@ -105,6 +113,7 @@ int Main(int argc, char** argv) {
   const CLI::App* show = AddShow(app, options);
   const CLI::App* diff = AddDiff(app, options);
   const CLI::App* compose = AddCompose(app, options);
+  const CLI::App* check = AddCheck(app, options);
   AddIdentify(app, options);
   try {
     app.parse(argc, argv);
@@ -117,6 +126,7 @@ int Main(int argc, char** argv) {
   if (print->parsed()) return PrintWithoutDisplay(argc, argv, options);
   const QCoreApplication application(argc, argv);
   if (script->parsed()) return RunScript(options);
+  if (check->parsed()) return RunCheck(options);
   return send->parsed() ? RunSend(options) : RunIdentify(options);
 }
 

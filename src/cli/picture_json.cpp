@@ -2,6 +2,7 @@
 #include "cli/picture_json.h"
 
 #include "picture/geometry.h"
+#include "picture/remarks.h"
 
 namespace marlinset {
 namespace {
@@ -26,6 +27,17 @@ Json WindowsJson(const PicturePlan& plan) {
     row.update(PlaceJson(window.place));
     row.update({{"on", window.on}, {"slate", window.slate}, {"sample", window.sample}});
     json["windows"].push_back(std::move(row));
+  }
+  return json;
+}
+
+Json RemarksJson(const std::vector<Remark>& remarks) {
+  Json json = Json::array();
+  for (const Remark& remark : remarks) {
+    json.push_back({{"rule", remark.rule},
+                    {"severity", NameOf(remark.severity)},
+                    {"controls", remark.controls},
+                    {"text", remark.text}});
   }
   return json;
 }

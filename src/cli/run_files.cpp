@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // show, diff and compose: configuration files without the tool.
-#include <cstdio>
 #include <stdexcept>
 
-#include "base/text.h"
 #include "cli/commands.h"
+#include "cli/configuration_input.h"
 #include "cli/document_json.h"
+#include "cli/output.h"
 #include "files/qcf_listing.h"
-#include "files/qcf_reader.h"
 #include "files/qcf_writer.h"
 #include "platform/posix/file_failure.h"
 #include "platform/posix/file_place.h"
@@ -17,59 +16,6 @@
 
 namespace marlinset {
 namespace {
-
-void PrintLine(const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::putchar('\n');
-}
-
-/// Texts of other people's files must not control the terminal or leave their line: prints a control
-/// character as \x and its two digits.
-std::string Printable(const std::string& text) {
-  constexpr char kFirstOfTwo = '\xC2';  // U+0080 to U+009F are controls too
-  std::string printable;
-  printable.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool ofTwo =
-        text[i] == kFirstOfTwo && i + 1 < text.size() && static_cast<std::uint8_t>(text[i + 1]) < 0xA0;
-    if (ofTwo) ++i;
-    const auto byte = static_cast<std::uint8_t>(text[i]);
-    if (ofTwo || byte < ' ' || byte == 0x7F) {
-      printable += "\\x" + HexByte(byte);
-    } else {
-      printable += text[i];
-    }
-  }
-  return printable;
-}
-
-void PrintJson(const Json& json) {
-  PrintLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
-}
-
-/// Throws std::runtime_error that says what is wrong with the file.
-QcfDocument ReadFile(const std::string& path) {
-  LocalFiles files;
-  std::vector<std::uint8_t> bytes;
-  try {
-    bytes = files.OpenForReading(path)->ReadAll();
-  } catch (const RuntimeError& failure) {
-    throw std::runtime_error(InOneLine(failure));
-  }
-  try {
-    return ReadDocument(bytes);
-  } catch (const QcfError& failure) {
-    throw std::runtime_error(path + (failure.Which() == QcfError::Fault::kNoModel
-                                         ? ": holds no configuration of a 7340"
-                                         : ": is no configuration file"));
-  } catch (const RuntimeError&) {
-    throw std::runtime_error(path + ": is damaged");
-  }
-}
-
-void PrintError(const std::exception& error) {
-  std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
-}
 
 /// Another program's output may arrive through a stream: /dev/stdin.
 Json ReadJson(const std::string& path) {
@@ -111,7 +57,7 @@ int RunShow(const CliOptions& options) {
   int status = kExitDone;
   for (const std::string& path : options.configurations) {
     try {
-      const QcfDocument document = ReadFile(path);
+      const QcfDocument document = ReadConfiguration(path);
       if (options.json) {
         PrintJson(DocumentJson(document));
       } else {
@@ -129,8 +75,8 @@ int RunShow(const CliOptions& options) {
 
 int RunDiff(const CliOptions& options) {
   try {
-    const QcfDocument left = ReadFile(options.configurations.at(0));
-    const QcfDocument right = ReadFile(options.configurations.at(1));
+    const QcfDocument left = ReadConfiguration(options.configurations.at(0));
+    const QcfDocument right = ReadConfiguration(options.configurations.at(1));
     int status = kExitDone;
     for (const QcfComparison& line : Compare(left, right)) {
       if (line.difference == QcfDifference::kEqual && !options.all) continue;

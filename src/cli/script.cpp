@@ -102,6 +102,7 @@ const Script::Action* Script::FindAction(std::string_view name) {
       {"save", 0, kPath, &Script::Save},
       {"state", 0, 0, &Script::State},
       {"windows", 0, 0, &Script::Windows},
+      {"remarks", 0, 0, &Script::Remarks},
       {"log", 0, 1, &Script::Log},
       {"close", 0, 0, &Script::Close},
       {"quit", 0, 0, &Script::Quit},
@@ -169,7 +170,9 @@ Json Script::Get(const ScriptLine& line) {
     if (text == form->Name())
       return {{"name", text}, {"kind", "form"}, {"text", form->Caption()}, {"visible", form->Visible()}};
   }
-  Json json = ControlJson(FindControl(text));
+  const Control& control = FindControl(text);
+  if (&control == &tool_.form.lRemarks) tool_.remarks.Refresh();  // nobody counts unless somebody looks
+  Json json = ControlJson(control);
   const Form& form = FindForm(ParseControlName(text).form);
   if (&form != &tool_.form) json["name"] = form.Name() + "." + json["name"].get<std::string>();
   return json;
@@ -311,6 +314,11 @@ Json Script::State(const ScriptLine& /*line*/) {
 
 Json Script::Windows(const ScriptLine& /*line*/) {
   return WindowsJson(PlanPicture(tool_.form, tool_.variables));
+}
+
+Json Script::Remarks(const ScriptLine& /*line*/) {
+  tool_.remarks.Refresh();
+  return {{"remarks", RemarksJson(tool_.remarks.Remarks())}};
 }
 
 Json Script::Log(const ScriptLine& line) {

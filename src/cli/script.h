@@ -70,6 +70,7 @@ class Script {
   Json Save(const ScriptLine& line);
   Json State(const ScriptLine& line);
   Json Windows(const ScriptLine& line);
+  Json Remarks(const ScriptLine& line);
   Json Log(const ScriptLine& line);
   Json Close(const ScriptLine& line);
   Json Quit(const ScriptLine& line);

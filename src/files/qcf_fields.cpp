@@ -61,10 +61,10 @@ constexpr QcfField kWindow[] = {
 };
 
 constexpr QcfField kParameter[] = {
-    Part("Class", kByte),
-    Part("Parameter", kByte),
-    Part("Description", kText),
-    Part("Value", kValue),
+    Part("Class", kByte, "lClass"),
+    Part("Parameter", kByte, "lParam"),
+    Part("Description", kText, "lDesc"),
+    Part("Value", kValue, "udVal"),
 };
 
 // Operators know these messages: three boxes share one, and unknown user bits of the first VITC line reset

@@ -100,6 +100,16 @@ Bytes ConfigurationBlock(const QcfDocument& document) {
   return block;
 }
 
+bool CanBeWritten(const QcfEntry& entry) {
+  Bytes bytes;
+  try {
+    AppendEntry(bytes, entry);
+    return true;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
 Bytes WriteDocument(const QcfDocument& document) {
   Bytes file(kQcfSignature.begin(), kQcfSignature.end());
   AppendBytes(file, IdentificationBlock(document));

@@ -35,6 +35,9 @@ void AppendCount(std::vector<std::uint8_t>& bytes, std::size_t count);
 std::vector<std::uint8_t> IdentificationBlock(const QcfDocument& document);
 std::vector<std::uint8_t> ConfigurationBlock(const QcfDocument& document);
 
+/// Whether a file can hold the value, a record's parts included.
+bool CanBeWritten(const QcfEntry& entry);
+
 /// The complete file.
 std::vector<std::uint8_t> WriteDocument(const QcfDocument& document);
 

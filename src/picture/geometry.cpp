@@ -18,9 +18,6 @@
 namespace marlinset {
 namespace {
 
-/// The name of the window that shows the text message.
-constexpr std::string_view kTextWindow = "Text";
-
 constexpr auto kNarrowStandards = std::to_array<std::string_view>({"NTSC", "PAL", "525i/60", "625i/50"});
 
 const FontSize& SizeInForce(const FrmStart& form) {
@@ -90,6 +87,7 @@ void PlanArea(const FrmStart& form, const Variables& vars, PicturePlan& plan) {
   if (inForce->MaxHorPosn <= std::max<int>(inForce->MinHorPosn, 0)) {
     return failed("limits of horizontal positions turned round");
   }
+  plan.firstColumn = inForce->MinHorPosn;
   plan.area = CellRect{0, top, inForce->MaxHorPosn, bottom - top};
 }
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace marlinset {
@@ -12,6 +13,9 @@ struct Variables;
 
 // Where the character windows lie in the picture, from the panels and the reference database alone. Vertical
 // positions count units of eight lines of a field, horizontal ones columns of characters.
+
+/// The name of the window that shows the text message.
+inline constexpr std::string_view kTextWindow = "Text";
 
 /// A rectangle of character cells; right and bottom are the first column and unit behind it.
 struct CellRect {
@@ -63,6 +67,7 @@ struct PicturePlan {
   std::optional<CellRect> area;  ///< empty if the reference database has no picture for the standard
   std::string trouble;           ///< says why it is empty
   bool wide = true;              ///< 16 : 9, otherwise 4 : 3
+  int firstColumn = 0;           ///< windows should not begin left of it
   LetterLook look;
   std::vector<PlannedWindow> windows;
   bool operator==(const PicturePlan&) const = default;

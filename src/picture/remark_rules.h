@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "picture/geometry.h"
+
+namespace marlinset {
+
+// The rules behind the remarks: each looks at a setup and adds what it finds. remarks.cpp names them.
+
+struct Setup {
+  const FrmStart& form;
+  const Variables& vars;
+  PicturePlan plan;
+};
+
+struct Finding {
+  std::vector<std::string> controls;
+  std::string text;
+};
+using Findings = std::vector<Finding>;
+
+// Windows in the picture
+void FindOverlaps(const Setup& setup, Findings& found);
+void FindOutside(const Setup& setup, Findings& found);
+void FindMovedRows(const Setup& setup, Findings& found);
+void FindEmptySlate(const Setup& setup, Findings& found);
+
+// Lines of the blanking, which carry VITC and the white flag
+void FindLinesTwice(const Setup& setup, Findings& found);
+void FindFlagLine(const Setup& setup, Findings& found);
+
+// The text message
+void FindEmptyText(const Setup& setup, Findings& found);
+void FindCutText(const Setup& setup, Findings& found);
+void FindStrangeCharacters(const Setup& setup, Findings& found);
+
+// What a file does not keep
+void FindLostNumbers(const Setup& setup, Findings& found);
+void FindUnsavable(const Setup& setup, Findings& found);
+
+/// A name as the operator reads it, in quotation marks.
+std::string Quoted(const std::string& name);
+
+}  // namespace marlinset
