@@ -106,7 +106,8 @@ void WindowRun::Load() {
                               .showGuide = [this] { ShowGuide(); },
                               .recentFiles = &tool_.recentFiles.mnuRecent,
                               .frameSent = &tool_.communications.FrameSent,
-                              .changes = &tool_.unsavedChanges});
+                              .changes = &tool_.unsavedChanges,
+                              .remarks = &tool_.remarks});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }
 

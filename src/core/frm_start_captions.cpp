@@ -65,6 +65,7 @@ constexpr CaptionRow kCaptions[] = {
     {"bOpen", kNoIndex, "Open"},
     {"bClose", kNoIndex, "Close"},
     {"bSConfig", kNoIndex, "Send Setup"},
+    {"lRemarks", kNoIndex, "", "What there is to remark on this setup"},
     {"bSend", kNoIndex, "Send"},
     {"bBroad", kNoIndex, "Broad"},
     {"bGetID", kNoIndex, "Get ID"},

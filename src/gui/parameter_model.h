@@ -51,6 +51,8 @@ class ParameterModel : public QAbstractTableModel {
   const std::shared_ptr<ParameterRecord>& RecordOf(int row) const {
     return rows_.at(static_cast<std::size_t>(row)).record;
   }
+  /// The row in the table of the parameter whose controls have this index; -1 if it is not shown.
+  int RowOf(int index) const;
   /// The button whose caption heads a column.
   Button& Head(int column) const;
 
@@ -79,7 +81,6 @@ class ParameterModel : public QAbstractTableModel {
   void Arrange();
   Row MakeRow(int index, const std::vector<Row>& before);
   void KeepPlaces(const std::vector<Row>& before);
-  int RowOf(int index) const;
   static QString TextOf(const ParameterRecord& record, int column);
 
   FrmStart& form_;

@@ -9,6 +9,7 @@
 
 #include "gui/indicator.h"
 #include "gui/live_sign.h"
+#include "gui/remark_counter.h"
 #include "gui/widgets/buttons.h"
 #include "gui/widgets/fields.h"
 #include "gui/widgets/group.h"
@@ -60,7 +61,8 @@ void AddButton(QBoxLayout& row, BarButton* widget, Button& control, char mnemoni
 
 }  // namespace
 
-ToolArea::ToolArea(FrmStart& form, const std::function<std::string(int)>& deviceName, QWidget* parent)
+ToolArea::ToolArea(FrmStart& form, const std::function<std::string(int)>& deviceName, RemarkList* remarks,
+                   QWidget* parent)
     : QWidget(parent) {
   Bind(*this, form.CoolBar1);
   auto* rows = new QVBoxLayout(this);
@@ -70,7 +72,7 @@ ToolArea::ToolArea(FrmStart& form, const std::function<std::string(int)>& device
   Strip standard(this);
   AddStandard(form, *standard.row);
   Strip main(this);
-  AddMain(form, *main.row);
+  AddMain(form, remarks, *main.row);
   rows->addWidget(MakeLine(standard, main, this));
   Strip views(this);
   views.row->addWidget(MakeViews(form));
@@ -135,11 +137,12 @@ QWidget* ToolArea::MakeViews(FrmStart& form) {
   return band;
 }
 
-void ToolArea::AddMain(FrmStart& form, QBoxLayout& row) {
+void ToolArea::AddMain(FrmStart& form, RemarkList* remarks, QBoxLayout& row) {
   AddButton(row, new BarButton(this), form.bOpen, 'n');
   AddButton(row, new BarButton(this), form.bClose, 'C', Turn::kAtOnce);
   row.addSpacing(SpaceUnit(*this));
   AddButton(row, new MainButton(this), form.bSConfig, 'S');
+  row.addWidget(new RemarkCounter(form, remarks, this));
 }
 
 void ToolArea::AddService(FrmStart& form, QBoxLayout& row) {

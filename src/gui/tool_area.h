@@ -9,19 +9,24 @@ class QBoxLayout;
 
 namespace marlinset {
 
-/// The area above the panels. First row: indicator, video standard, VITC mode, Open, Close and the main
-/// action; second row: the choice of the panel (Alt+1 to Alt+5) and the service buttons.
+class RemarkList;
+
+/// The area above the panels. First row: indicator, video standard, VITC mode, Open, Close, the main
+/// action and what there is to remark before it; second row: the choice of the panel (Alt+1 to Alt+5) and the
+/// service buttons.
 class ToolArea : public QWidget {
   Q_OBJECT
  public:
-  /// `deviceName`: the device behind a port number; may be empty.
-  ToolArea(FrmStart& form, const std::function<std::string(int)>& deviceName, QWidget* parent);
+  /// `deviceName`: the device behind a port number; may be empty. `remarks`: what to remark on the setup; may
+  /// be null.
+  ToolArea(FrmStart& form, const std::function<std::string(int)>& deviceName, RemarkList* remarks,
+           QWidget* parent);
 
  private:
   QWidget* MakeVitcModes(FrmStart& form);
   QWidget* MakeViews(FrmStart& form);
   void AddStandard(FrmStart& form, QBoxLayout& row);
-  void AddMain(FrmStart& form, QBoxLayout& row);
+  void AddMain(FrmStart& form, RemarkList* remarks, QBoxLayout& row);
   void AddService(FrmStart& form, QBoxLayout& row);
 };
 

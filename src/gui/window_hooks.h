@@ -10,6 +10,7 @@
 
 namespace marlinset {
 
+class RemarkList;
 class UnsavedChanges;
 
 /// What the window needs from the program that creates it.
@@ -30,6 +31,8 @@ struct WindowHooks {
   FrameSignal* frameSent = nullptr;
   /// Decides the window's modified mark. May be null.
   UnsavedChanges* changes = nullptr;
+  /// What there is to remark on the setup. May be null.
+  RemarkList* remarks = nullptr;
 };
 
 }  // namespace marlinset

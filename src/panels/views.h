@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
+
 namespace marlinset {
 
+class Frame;
 class FrmStart;
+
+/// The panels in the order of their view buttons.
+std::array<Frame*, 6> PanelsByView(FrmStart& form);
 
 /// The view buttons `oView`: the main window shows one of its six panels at a time.
 class Views {

@@ -3,7 +3,6 @@
 
 #include <QFocusEvent>
 #include <QMouseEvent>
-#include <QScrollArea>
 #include <QWidget>
 #include <algorithm>
 
@@ -15,7 +14,7 @@ namespace {
 
 /// Scrolls the surrounding areas so that the widget is visible; does nothing on a hidden panel, nor where the
 /// operator is at work.
-void BringIntoView(QWidget& widget) {
+void ShowMarked(QWidget& widget) {
   if (!widget.isVisible()) return;
   for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
     auto* area = qobject_cast<QScrollArea*>(around);
@@ -118,7 +117,7 @@ void Binding::ShowMark() {
   if (marked == marked_) return;
   marked_ = marked;
   SetMarked(widget_, marked);
-  if (marked) BringIntoView(widget_);
+  if (marked) ShowMarked(widget_);
 }
 
 void Binding::ShowToolTip() {

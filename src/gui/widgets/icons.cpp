@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "gui/widgets/look.h"
 
@@ -15,6 +16,21 @@ QRectF FourByThree(const QRectF& area) {
   QRectF inner(0, 0, width, width * 3 / 4);
   inner.moveCenter(area.center());
   return inner;
+}
+
+/// On a square of 16 units.
+void PaintSign(QPainter& painter, Sign sign, const QColor& ink) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(ink, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  if (sign == Sign::kWarning) {
+    painter.drawPolygon(QPolygonF({{8, 1.8}, {14.8, 14}, {1.2, 14}}));
+    painter.drawLine(QPointF(8, 6.2), QPointF(8, 9.6));
+    painter.drawPoint(QPointF(8, 11.9));
+  } else {
+    painter.drawEllipse(QPointF(8, 8), 6.4, 6.4);
+    painter.drawLine(QPointF(8, 7.4), QPointF(8, 11.2));
+    painter.drawPoint(QPointF(8, 4.9));
+  }
 }
 
 void PaintProgram(QPainter& painter, double size) {
@@ -59,6 +75,26 @@ void PaintVideo(QPainter& painter, const QRectF& area, VideoPicture picture, con
     painter.drawLine(screen.topRight(), screen.bottomLeft());
   }
   painter.restore();
+}
+
+QIcon SignIcon(Sign sign, int size, const QPalette& palette) {
+  constexpr std::pair<QIcon::Mode, QPalette::ColorRole> kInks[] = {
+      {QIcon::Normal, QPalette::Text}, {QIcon::Selected, QPalette::HighlightedText}};
+  constexpr double kUnits = 16;
+  QIcon icon;
+  for (const int ratio : {1, 2, 3}) {
+    for (const auto& [mode, ink] : kInks) {
+      QPixmap pixmap(ratio * size, ratio * size);
+      pixmap.setDevicePixelRatio(ratio);
+      pixmap.fill(Qt::transparent);
+      QPainter painter(&pixmap);
+      painter.scale(size / kUnits, size / kUnits);
+      PaintSign(painter, sign, palette.color(QPalette::Active, ink));
+      painter.end();
+      icon.addPixmap(pixmap, mode);
+    }
+  }
+  return icon;
 }
 
 QIcon ProgramIcon() {

@@ -15,6 +15,11 @@ enum class VideoPicture { kPresent, kNone, kNeutral };
 /// A small monitor: with a picture on it, crossed out, or faint. In the palette's text colour.
 void PaintVideo(QPainter& painter, const QRectF& area, VideoPicture picture, const QPalette& palette);
 
+/// What a remark begins with: a triangle with an exclamation mark, or a circle with an "i".
+enum class Sign { kWarning, kNote };
+/// In the palette's text colour, so that it is as quiet as the text beside it; `size` in pixels.
+QIcon SignIcon(Sign sign, int size, const QPalette& palette);
+
 /// The program's own icon: a monitor with a character window burned into its picture.
 QIcon ProgramIcon();
 

@@ -3,11 +3,19 @@
 
 #include <QEvent>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
 
 namespace marlinset {
+
+void BringIntoView(QWidget& widget) {
+  if (!widget.isVisible()) return;
+  for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&widget);
+  }
+}
 
 void StandOnScreen(QWidget& window, QPoint corner, QSize size, QMargins frame) {
   const QRect desk = window.screen()->availableGeometry();

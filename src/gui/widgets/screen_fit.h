@@ -14,6 +14,9 @@ namespace marlinset {
 /// puts the frame's corner where it stands whole on the screen, as near to `corner` as possible.
 void StandOnScreen(QWidget& window, QPoint corner, QSize size, QMargins frame);
 
+/// Scrolls the surrounding area so that the widget is visible; does nothing on a hidden panel.
+void BringIntoView(QWidget& widget);
+
 /// Brings a window onto the screen with its frame, once: how much the window manager draws around it is
 /// known only some time after it has come up. Belongs to the window.
 class ScreenFit : public QObject {

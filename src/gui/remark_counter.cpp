@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/remark_counter.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QScreen>
+#include <QStyle>
+#include <algorithm>
+
+#include "core/frm_start.h"
+#include "gui/show_control.h"
+#include "gui/widgets/icons.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/widget_bindings.h"
+#include "picture/remark_list.h"
+
+namespace marlinset {
+namespace {
+
+constexpr int kLetters = 64;     // of a line in the list
+constexpr int kMostHeight = 20;  // of the list, in lines of text
+/// While a file is being loaded, which asks the operator something, the count waits.
+constexpr int kAskAgainMs = 50;
+
+int IconSize(const QWidget& widget) {
+  return widget.style()->pixelMetric(QStyle::PM_SmallIconSize);
+}
+
+QIcon IconOf(Severity severity, const QWidget& widget) {
+  return SignIcon(severity == Severity::kWarning ? Sign::kWarning : Sign::kNote, IconSize(widget),
+                  widget.palette());
+}
+
+/// The remarks below the counter, until one is chosen, Esc is pressed or the operator clicks elsewhere.
+class RemarkPopup : public QFrame {
+ public:
+  RemarkPopup(const std::vector<Remark>& remarks, FrmStart& form, QWidget* parent)
+      : QFrame(parent, Qt::Popup), list_(new QListWidget(this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFrameShape(QFrame::StyledPanel);
+    setObjectName(QStringLiteral("Remarks"));
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(list_);
+    list_->setFrameShape(QFrame::NoFrame);
+    list_->setAccessibleName(QStringLiteral("Remarks on the setup"));
+    list_->setWordWrap(true);
+    list_->setIconSize({IconSize(*this), IconSize(*this)});
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    for (const Remark& remark : remarks) AddItem(remark);
+    list_->setCurrentRow(0);
+    setFocusProxy(list_);
+    for (const auto signal : {&QListWidget::itemClicked, &QListWidget::itemActivated}) {
+      connect(list_, signal, this, [this, &form](QListWidgetItem* item) { Choose(*item, form); });
+    }
+  }
+
+  /// Below `place` and within its screen.
+  void OpenAt(const QWidget& place) {
+    const QRect desk = place.screen()->availableGeometry();
+    const int width = std::min(Width(), desk.width());
+    int height = 2 * frameWidth();
+    for (int i = 0; i < list_->count(); ++i) height += list_->item(i)->sizeHint().height();
+    resize(width, std::min({height, kMostHeight * fontMetrics().height(), desk.height()}));
+    const QPoint below = place.mapToGlobal(place.rect().bottomRight());
+    move(std::max(desk.left(), std::min(below.x(), desk.right()) - width),
+         std::max(desk.top(), std::min(below.y(), desk.bottom() - this->height())));
+    show();
+    list_->setFocus(Qt::PopupFocusReason);
+  }
+
+ private:
+  int Width() const { return fontMetrics().averageCharWidth() * kLetters + TextMargin(); }
+  /// Icon, spaces and scroll bar beside the text.
+  int TextMargin() const {
+    return IconSize(*this) + style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4 * SpaceUnit(*this);
+  }
+  void AddItem(const Remark& remark) {
+    auto* item = new QListWidgetItem(IconOf(remark.severity, *this), Shown(remark.text), list_);
+    const QString severity =
+        remark.severity == Severity::kWarning ? QStringLiteral("Warning: ") : QStringLiteral("Note: ");
+    item->setData(Qt::AccessibleTextRole, severity + item->text());
+    if (!remark.controls.empty()) item->setData(Qt::UserRole, Shown(remark.controls.front()));
+    const QRect room(0, 0, Width() - TextMargin(), QWIDGETSIZE_MAX);
+    const int lines = fontMetrics().boundingRect(room, Qt::TextWordWrap, item->text()).height();
+    item->setSizeHint({0, lines + 2 * SpaceUnit(*this)});
+  }
+  /// The list is closed first, because its end gives the focus back to where it was.
+  void Choose(const QListWidgetItem& item, FrmStart& form) {
+    if (!isVisible()) return;  // a click may count as an activation too
+    QWidget* window = parentWidget()->window();
+    const std::string control = Typed(item.data(Qt::UserRole).toString());
+    close();
+    ShowControl(*window, form, control);
+  }
+
+  QListWidget* list_;
+};
+
+}  // namespace
+
+RemarkCounter::RemarkCounter(FrmStart& form, RemarkList* remarks, QWidget* parent)
+    : QToolButton(parent),
+      form_(form),
+      remarks_(remarks),
+      touched_(form.Touched, [this] { LookSoon(); }),
+      counted_(form.lRemarks.Changed, [this] { ShowCount(); }) {
+  setAutoRaise(true);
+  setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  BindFlags(*this, form.lRemarks);
+  soon_.setSingleShot(true);
+  connect(&soon_, &QTimer::timeout, this, &RemarkCounter::Look);
+  connect(this, &QToolButton::clicked, this, &RemarkCounter::OpenList);
+  ShowCount();
+}
+
+QSize RemarkCounter::sizeHint() const {
+  const int icon = IconSize(*this);
+  return {icon + fontMetrics().horizontalAdvance(QStringLiteral("99 remarks")) + 3 * SpaceUnit(*this),
+          std::max(icon, fontMetrics().height()) + 2 * SpaceUnit(*this)};
+}
+
+void RemarkCounter::showEvent(QShowEvent* event) {
+  QToolButton::showEvent(event);
+  LookSoon();
+}
+
+void RemarkCounter::changeEvent(QEvent* event) {
+  QToolButton::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) ShowCount();
+}
+
+void RemarkCounter::paintEvent(QPaintEvent* event) {
+  if (HasAny()) QToolButton::paintEvent(event);
+}
+
+void RemarkCounter::LookSoon() {
+  if (remarks_ && isVisible() && !soon_.isActive()) soon_.start(0);
+}
+
+/// Touches that come from now on are reported again, whatever they change.
+void RemarkCounter::Look() {
+  form_.ListenAgain();
+  if (!remarks_->Refresh()) return soon_.start(kAskAgainMs);
+  ShowCount();
+}
+
+bool RemarkCounter::HasAny() const {
+  return !form_.lRemarks.Caption().empty() || (remarks_ && !remarks_->Remarks().empty());
+}
+
+/// Notes alone have no number, but there is something to read.
+void RemarkCounter::ShowCount() {
+  const QString count = Shown(form_.lRemarks.Caption());
+  setIcon(!HasAny() ? QIcon() : IconOf(count.isEmpty() ? Severity::kNote : Severity::kWarning, *this));
+  setText(count);
+  setAccessibleName(!HasAny()         ? QStringLiteral("No remarks")
+                    : count.isEmpty() ? QStringLiteral("Notes")
+                                      : count);
+  setFocusPolicy(HasAny() ? Qt::TabFocus : Qt::NoFocus);
+  update();
+}
+
+void RemarkCounter::OpenList() {
+  if (remarks_) Look();
+  if (!remarks_ || remarks_->Remarks().empty()) return;
+  (new RemarkPopup(remarks_->Remarks(), form_, this))->OpenAt(*this);
+}
+
+}  // namespace marlinset

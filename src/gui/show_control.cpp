@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/show_control.h"
+
+#include <QPointer>
+#include <QTableView>
+#include <array>
+
+#include "core/frm_start.h"
+#include "gui/parameter_model.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/operator_queue.h"
+#include "gui/widgets/screen_fit.h"
+#include "panels/views.h"
+
+namespace marlinset {
+namespace {
+
+/// The parameter list is one table: its rows have no widgets of their own.
+bool IsOfParameterList(const FrmStart& form, const Control& control) {
+  const std::array names = {&form.udVal.Name(), &form.lClass.Name(), &form.lParam.Name(), &form.lDesc.Name()};
+  return std::ranges::any_of(names, [&](const std::string* name) { return *name == control.Name(); });
+}
+
+void ShowParameter(QTableView& table, int row) {
+  const auto* model = qobject_cast<const ParameterModel*>(table.model());
+  const int place = model ? model->RowOf(row) : -1;
+  if (place >= 0) {
+    table.setCurrentIndex(model->index(place, ParameterModel::kValue));
+    table.scrollTo(table.currentIndex());
+  }
+  table.setFocus();
+}
+
+}  // namespace
+
+void ShowControl(QWidget& window, FrmStart& form, const std::string& name) {
+  const Control* control = form.Find(name);
+  if (!control) return;
+  const bool ofList = IsOfParameterList(form, *control);
+  const QPointer<QWidget> widget =
+      window.findChild<QWidget*>(Shown(ofList ? form.pParIn.FullName() : control->FullName()));
+  if (!widget) return;
+  const auto arrive = [widget, ofList, row = control->Index()] {
+    if (!widget) return;
+    if (auto* table = qobject_cast<QTableView*>(widget); table && ofList) return ShowParameter(*table, row);
+    BringIntoView(*widget);
+    widget->setFocus();
+  };
+  const auto panels = PanelsByView(form);
+  for (std::size_t view = 0; view < panels.size(); ++view) {
+    const auto* panel = window.findChild<QWidget*>(Shown(panels[view]->FullName()));
+    if (!panel || !panel->isAncestorOf(widget)) continue;
+    if (panels[view]->Visible()) return arrive();
+    // As the view buttons themselves: it sends nothing.
+    return OperatorQueue::OfProgram().Take(form.oView(static_cast<int>(view)), {OperatorAction::Kind::kClick},
+                                           Turn::kAtOnce, &window, arrive);
+  }
+}
+
+}  // namespace marlinset
