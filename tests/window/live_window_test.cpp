@@ -209,6 +209,44 @@ TEST_P(LiveWindowTest, AClickBeyondTheSecondKeepsTheNumberSelected) {
   }
 }
 
+/// The count follows the panels; its list leads to the controls, and nothing of that goes to the unit.
+TEST_P(LiveWindowTest, RemarksAreCountedAndLeadToTheirControls) {
+  auto& counter = dynamic_cast<QAbstractButton&>(desk_.Widget("lRemarks"));
+  const std::string before = form_.lRemarks.Caption();
+  desk_.Widget("tWinMess").setFocus();
+  desk_.Type("A{");
+  desk_.Key(0, Qt::NoModifier, QString(QChar(0xE9)));
+  LiveWindow::Settle();
+  int row = form_.udVal.UBound();
+  while (!form_.udVal(row).Visible()) --row;
+  form_.udVal(row).OperatorSpin(256);
+  LiveWindow::Settle();
+  EXPECT_EQ(form_.lRemarks.Caption(), "2 remarks") << "there were \"" << before << '"';
+  EXPECT_EQ(counter.text(), "2 remarks");
+  studio_.line.ClearSent();
+  const std::pair<int, const char*> choices[] = {{0, "tWinMess"}, {1, "pParIn"}};
+  for (const auto& [entry, control] : choices) {
+    desk_.Show(0);
+    counter.setFocus();
+    desk_.Key(Qt::Key_Space);
+    LiveWindow::Settle();
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    for (int i = 0; i < entry; ++i) desk_.Key(Qt::Key_Down);
+    desk_.Key(Qt::Key_Return);
+    LiveWindow::Settle();
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    EXPECT_TRUE(desk_.Widget(control).hasFocus()) << control;
+  }
+  const QModelIndex cell = Parameters(desk_).currentIndex();
+  EXPECT_EQ(cell.siblingAtColumn(2).data().toString().toStdString(), form_.lDesc(row).Caption());
+  EXPECT_THAT(studio_.line.Sent(), IsEmpty());
+  desk_.Show(2);
+  form_.tWinMess.OperatorType("A");
+  form_.udVal(row).OperatorSpin(255);
+  LiveWindow::Settle();
+  EXPECT_EQ(counter.text(), "");
+}
+
 struct LateAnswersTest : LiveWindowTest {
   /// Runs `deed` when the next exchange has lasted a while.
   void InTheWait(std::function<void()> deed) { studio_.pump.At(studio_.pump.Now() + 5, std::move(deed)); }
