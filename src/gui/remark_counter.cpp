@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QScreen>
 #include <QStyle>
+#include <QStyleOptionToolButton>
 #include <algorithm>
 
 #include "core/frm_start.h"
@@ -107,11 +108,12 @@ RemarkCounter::RemarkCounter(FrmStart& form, RemarkList* remarks, QWidget* paren
       touched_(form.Touched, [this] { LookSoon(); }),
       counted_(form.lRemarks.Changed, [this] { ShowCount(); }) {
   setAutoRaise(true);
-  setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   BindFlags(*this, form.lRemarks);
   soon_.setSingleShot(true);
   connect(&soon_, &QTimer::timeout, this, &RemarkCounter::Look);
   connect(this, &QToolButton::clicked, this, &RemarkCounter::OpenList);
+  setFocusPolicy(Qt::NoFocus);
+  setAccessibleName(QStringLiteral("No remarks"));
   ShowCount();
 }
 
@@ -126,13 +128,8 @@ void RemarkCounter::showEvent(QShowEvent* event) {
   LookSoon();
 }
 
-void RemarkCounter::changeEvent(QEvent* event) {
-  QToolButton::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) ShowCount();
-}
-
 void RemarkCounter::paintEvent(QPaintEvent* event) {
-  if (HasAny()) QToolButton::paintEvent(event);
+  if (worst_) QToolButton::paintEvent(event);
 }
 
 void RemarkCounter::LookSoon() {
@@ -146,20 +143,31 @@ void RemarkCounter::Look() {
   ShowCount();
 }
 
-bool RemarkCounter::HasAny() const {
-  return !form_.lRemarks.Caption().empty() || (remarks_ && !remarks_->Remarks().empty());
+std::optional<Severity> RemarkCounter::Worst() const {
+  if (!form_.lRemarks.Caption().empty()) return Severity::kWarning;
+  if (remarks_ && !remarks_->Remarks().empty()) return Severity::kNote;
+  return std::nullopt;
 }
 
 /// Notes alone have no number, but there is something to read.
 void RemarkCounter::ShowCount() {
   const QString count = Shown(form_.lRemarks.Caption());
-  setIcon(!HasAny() ? QIcon() : IconOf(count.isEmpty() ? Severity::kNote : Severity::kWarning, *this));
-  setText(count);
-  setAccessibleName(!HasAny()         ? QStringLiteral("No remarks")
+  if (count == count_ && Worst() == worst_) return;
+  count_ = count;
+  worst_ = Worst();
+  setAccessibleName(!worst_           ? QStringLiteral("No remarks")
                     : count.isEmpty() ? QStringLiteral("Notes")
                                       : count);
-  setFocusPolicy(HasAny() ? Qt::TabFocus : Qt::NoFocus);
+  setFocusPolicy(worst_ ? Qt::TabFocus : Qt::NoFocus);
   update();
+}
+
+void RemarkCounter::initStyleOption(QStyleOptionToolButton* option) const {
+  QToolButton::initStyleOption(option);
+  option->toolButtonStyle = Qt::ToolButtonTextBesideIcon;
+  option->text = count_;
+  option->iconSize = {IconSize(*this), IconSize(*this)};
+  if (worst_) option->icon = IconOf(*worst_, *this);
 }
 
 void RemarkCounter::OpenList() {

@@ -3,8 +3,10 @@
 
 #include <QTimer>
 #include <QToolButton>
+#include <optional>
 
 #include "controls/signal.h"
+#include "picture/remarks.h"
 
 namespace marlinset {
 
@@ -25,18 +27,21 @@ class RemarkCounter : public QToolButton {
 
  protected:
   void showEvent(QShowEvent* event) override;
-  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  /// A button that is given another text lays its neighbours out anew; this one only paints it.
+  void initStyleOption(QStyleOptionToolButton* option) const override;
 
  private:
   void LookSoon();
   void Look();
   void ShowCount();
   void OpenList();
-  bool HasAny() const;
+  std::optional<Severity> Worst() const;
 
   FrmStart& form_;
   RemarkList* remarks_;
+  QString count_;
+  std::optional<Severity> worst_;  ///< none without remarks
   QTimer soon_;
   Listening<> touched_;
   Listening<> counted_;

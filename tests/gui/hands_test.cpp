@@ -186,6 +186,7 @@ TEST_F(HandsTest, AMarkRepaintsItsOwnControlOnly) {
       {&FrmStart::fWindows, {&form_.ComWin(2), &form_.lName(1), &form_.tWinMess}}};
   for (const auto& [panel, controls] : cases) {
     Open(window, panel);
+    Settle();  // the tool bar may have to wrap first
     for (Control* control : controls) {
       SCOPED_TRACE(control->FullName());
       const QWidget& widget = Widget(window, control->FullName());
