@@ -3,6 +3,7 @@
 
 #include <QPointer>
 #include <QTableView>
+#include <QTimer>
 #include <array>
 
 #include "core/frm_start.h"
@@ -43,8 +44,9 @@ void ShowControl(QWidget& window, FrmStart& form, const std::string& name) {
   const auto arrive = [widget, ofList, row = control->Index()] {
     if (!widget) return;
     if (auto* table = qobject_cast<QTableView*>(widget); table && ofList) return ShowParameter(*table, row);
-    BringIntoView(*widget);
     widget->setFocus();
+    // A panel that has just come to the front finds its places first.
+    QTimer::singleShot(0, widget, [widget] { BringIntoView(*widget); });
   };
   const auto panels = PanelsByView(form);
   for (std::size_t view = 0; view < panels.size(); ++view) {
