@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/computer.h"
+#include "picture/qt/picture_file.h"
 
 namespace marlinset {
 
@@ -29,10 +30,11 @@ struct CliOptions {
   bool virtualClock = false;
   std::string scriptFile;                   ///< empty: standard input
   std::vector<std::string> configurations;  ///< configuration files; compose: the JSON text
-  std::string output;                       ///< file to write: compose a configuration, print a PDF document
-  bool json = false;                        ///< show, check: as JSON
-  bool all = false;                         ///< diff: also equal values
-  bool verbose = false;                     ///< send: print each message
+  std::string output;    ///< file to write: compose a configuration, print a PDF document, picture an image
+  bool json = false;     ///< show, check: as JSON
+  bool all = false;      ///< diff: also equal values
+  bool verbose = false;  ///< send: print each message
+  PictureOrder picture;  ///< picture: how it is written
 };
 
 int RunScript(const CliOptions& options);
@@ -40,6 +42,8 @@ int RunSend(const CliOptions& options);
 int RunIdentify(const CliOptions& options);
 /// Prints a configuration, or the defaults, into a PDF document. Needs a QGuiApplication.
 int RunPrint(const CliOptions& options);
+/// Draws the windows of a configuration, or of the defaults, into a PNG file.
+int RunPicture(const CliOptions& options);
 /// Lists configuration files. kExitNotDone if one can't be read.
 int RunShow(const CliOptions& options);
 /// Compares two configuration files. kExitNotDone if they differ, kExitUsage if one can't be read.

@@ -57,6 +57,25 @@ CLI::App* AddPrint(CLI::App& app, CliOptions& options) {
   return print;
 }
 
+CLI::App* AddPicture(CLI::App& app, CliOptions& options) {
+  CLI::App* picture =
+      app.add_subcommand("picture", "Draw where a configuration shows its windows into a PNG file");
+  AddCommonOptions(*picture, options.common);
+  AddDialogAnswers(*picture, options);
+  picture->add_option("FILE", options.configurations, "Configuration file; without it the defaults")
+      ->expected(0, 1);
+  picture->add_option("-o,--output", options.output, "PNG file to write")->type_name("FILE")->required();
+  picture->add_option("--width", options.picture.width, "Width in pixels; default: 960")
+      ->type_name("N")
+      ->check(CLI::Range(kLeastPictureWidth, kMostPictureWidth));
+  picture->add_option("--background", options.picture.background, "Still to show behind the windows")
+      ->type_name("IMAGE")
+      ->check([](const std::string& path) { return path.empty() ? "a background needs a file" : ""; });
+  picture->add_flag("--safe", options.picture.safe, "Draw the frames of 90 % and 80 %");
+  picture->add_flag("--slate", options.picture.slate, "Show the windows of the virtual slate too");
+  return picture;
+}
+
 /// Fonts need the desktop's library, but not a desktop.
 int PrintWithoutDisplay(int argc, char** argv, const CliOptions& options) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -110,6 +129,7 @@ int Main(int argc, char** argv) {
   const CLI::App* script = AddScript(app, options);
   const CLI::App* send = AddSend(app, options);
   const CLI::App* print = AddPrint(app, options);
+  const CLI::App* picture = AddPicture(app, options);
   const CLI::App* show = AddShow(app, options);
   const CLI::App* diff = AddDiff(app, options);
   const CLI::App* compose = AddCompose(app, options);
@@ -127,6 +147,7 @@ int Main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   if (script->parsed()) return RunScript(options);
   if (check->parsed()) return RunCheck(options);
+  if (picture->parsed()) return RunPicture(options);
   return send->parsed() ? RunSend(options) : RunIdentify(options);
 }
 

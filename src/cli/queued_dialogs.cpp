@@ -82,7 +82,7 @@ QueuedFileDialog::QueuedFileDialog(QueuedDialogs& messages) : messages_(messages
 
 std::optional<std::string> QueuedFileDialog::AnswerOf(const std::string& path) const {
   if (path == "cancel") return std::nullopt;
-  return (startFolder_ / path).string();
+  return FromStart(path);
 }
 
 void QueuedFileDialog::QueueFile(const std::string& path) {

@@ -47,6 +47,9 @@ class QueuedFileDialog : public FileDialog {
  public:
   explicit QueuedFileDialog(QueuedDialogs& messages);
 
+  /// The path seen from the folder in which the program was started.
+  std::string FromStart(const std::string& path) const { return (startFolder_ / path).string(); }
+
   /// Queues a path, or "cancel". A relative path starts at the folder in which the program was started,
   /// whatever folder the tool has changed to since.
   void QueueFile(const std::string& path);

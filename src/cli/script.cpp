@@ -100,6 +100,7 @@ const Script::Action* Script::FindAction(std::string_view name) {
       {"file", 0, kPath, &Script::QueueFile},
       {"open", 0, kPath, &Script::Open},
       {"save", 0, kPath, &Script::Save},
+      {"picture", 0, kPath, &Script::Picture},
       {"state", 0, 0, &Script::State},
       {"windows", 0, 0, &Script::Windows},
       {"remarks", 0, 0, &Script::Remarks},

@@ -68,6 +68,7 @@ class Script {
   Json QueueFile(const ScriptLine& line);
   Json Open(const ScriptLine& line);
   Json Save(const ScriptLine& line);
+  Json Picture(const ScriptLine& line);
   Json State(const ScriptLine& line);
   Json Windows(const ScriptLine& line);
   Json Remarks(const ScriptLine& line);
