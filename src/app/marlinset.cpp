@@ -107,7 +107,8 @@ void WindowRun::Load() {
                               .recentFiles = &tool_.recentFiles.mnuRecent,
                               .frameSent = &tool_.communications.FrameSent,
                               .changes = &tool_.unsavedChanges,
-                              .remarks = &tool_.remarks});
+                              .remarks = &tool_.remarks,
+                              .picture = &tool_.pictureRules});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }
 

@@ -22,6 +22,7 @@ Tool::Tool(const Platform& computer)
       parameterList(variables, form, panels, commands),
       parameterDialogs(platform, variables, database, parameterList, form),
       panelRules(platform, variables, form, commands),
+      pictureRules(platform, variables, form, panelRules.Windows()),
       configurationFile(platform, variables, form, panels),
       unsavedChanges(platform, variables, form, configurationFile),
       remarks(form, variables, configurationFile),

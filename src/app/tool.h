@@ -22,6 +22,7 @@
 #include "panels/panel_rules.h"
 #include "panels/parameter_dialogs.h"
 #include "panels/parameter_list.h"
+#include "panels/picture_rules.h"
 #include "panels/recent_files.h"
 #include "panels/recovery.h"
 #include "panels/start_up.h"
@@ -74,6 +75,7 @@ class Tool {
   ParameterList parameterList;
   ParameterDialogs parameterDialogs;
   PanelRules panelRules;
+  PictureRules pictureRules;
   ConfigurationFile configurationFile;
   UnsavedChanges unsavedChanges;
   RemarkList remarks;

@@ -181,10 +181,11 @@ class SpinControl : public Control {
   bool OperatorStep(bool up, int times = 1) override;
   /// Brings the spin to `value` with one change, kept inside the limits.
   bool OperatorSpin(int value) override;
+  /// Has provisional limits replaced by the real ones, before a rule moves the spin for the operator.
+  void Settle();
 
  private:
   void Pull();
-  void Settle();
   int value_ = 0;
   int min_ = 0;
   int max_ = 100;

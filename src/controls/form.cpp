@@ -48,8 +48,9 @@ void Form::Unregister(const Control& control) {
   Touch();
 }
 
-/// A load touches hundreds of controls; only the first one costs anything.
+/// A load touches hundreds of controls: what listens here has to be cheap.
 void Form::Touch() {
+  Altered.Emit();
   if (std::exchange(touched_, true)) return;
   Touched.Emit();
 }

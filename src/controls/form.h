@@ -42,6 +42,8 @@ class Form : public EventSource {
   /// A control's look or value changed, or a control was added or removed. Raised once, then not again until
   /// ListenAgain.
   Signal<> Touched;
+  /// The same, each time: for a screen that shows many controls at once.
+  Signal<> Altered;
   void ListenAgain() { touched_ = false; }
 
  private:

@@ -62,6 +62,11 @@ void FrmStart::SetPlace(const WindowPlace& place) {
   Changed.Emit();
 }
 
+void FrmStart::SetDocks(std::string docks) {
+  docks_ = std::move(docks);
+  Changed.Emit();
+}
+
 void FrmStart::ShowTraffic(Color color) {
   pComBut.SetBackColor(color);
   HideImages();

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+#include <utility>
+
 #include "controls/control_array.h"
 #include "controls/control_types.h"
 #include "controls/form.h"
@@ -43,6 +46,11 @@ class FrmStart : public Form {
   MenuItem mnuExit{*this, "mnuExit"};
   // Mode
   MenuItem mnuMode{*this, "mnuMode"}, mnuInter{*this, "mnuInter"}, mnuOff{*this, "mnuOff"};
+  // View
+  MenuItem mnuPicture{*this, "mnuPicture"};
+  MenuItem mnuStill{*this, "mnuStill"},
+      mnuNoStill{*this, "mnuNoStill"};                              ///< behind the windows of the picture
+  MenuItem mnuSafe{*this, "mnuSafe"}, mnuSlate{*this, "mnuSlate"};  ///< what the picture shows
   // Options
   MenuItem mnuCom1{*this, "mnuCom1"}, mnuCom2{*this, "mnuCom2"}, mnuCom3{*this, "mnuCom3"};
   MenuItem mnuCom4{*this, "mnuCom4"};
@@ -175,6 +183,12 @@ class FrmStart : public Form {
   /// Records that the operator has moved the window; raises no event.
   void NotePlace(const WindowPlace& place) { place_ = place; }
   WindowMeasures measures;
+  /// How panels are docked at the main window, as the program that shows it describes that; empty: as at
+  /// first.
+  const std::string& Docks() const { return docks_; }
+  void SetDocks(std::string docks);
+  /// The operator has moved a panel; nobody needs to be told.
+  void NoteDocks(std::string docks) { docks_ = std::move(docks); }
 
   /// Shows the state of the link on the indicator (red, green or yellow) and hides the heartbeat.
   void ShowTraffic(Color color);
@@ -226,6 +240,7 @@ class FrmStart : public Form {
   void SetStartState();
 
   WindowPlace place_;
+  std::string docks_;
 };
 
 }  // namespace marlinset

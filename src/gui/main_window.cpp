@@ -17,6 +17,7 @@
 #include "gui/byte_log.h"
 #include "gui/menu_bar.h"
 #include "gui/panel_host.h"
+#include "gui/picture_dock.h"
 #include "gui/status_bar.h"
 #include "gui/tool_area.h"
 #include "gui/widgets/group.h"
@@ -72,10 +73,11 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   tools_ = new ToolArea(form, hooks_.deviceName, hooks_.remarks, middle);
   rows->addWidget(tools_);
   rows->addWidget(MakeRule(middle));
-  rows->addWidget(new PanelHost(form, middle), 1);
+  rows->addWidget(new PanelHost(form, selection_, middle), 1);
   rows->addWidget(new ByteLog(form, hooks_.frameSent, middle));
   setCentralWidget(middle);
   setStatusBar(new StatusBarView(form, this));
+  if (hooks_.picture) AddPicture();
   resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
   // Everything between the controls passes the mouse on, up to the form itself.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
@@ -85,6 +87,36 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   if (hooks_.changes) changesListening_.emplace(hooks_.changes->Changed, [this] { ShowModified(); });
   ShowForm();
   ShowModified();
+}
+
+void MainWindow::AddPicture() {
+  QList<QAction*> entries;
+  for (const MenuItem* item : {&form_.mnuStill, &form_.mnuNoStill, &form_.mnuSafe, &form_.mnuSlate}) {
+    entries << menuBar()->findChild<QAction*>(Shown(item->FullName()));
+  }
+  picture_ = new PictureDock(form_, *hooks_.picture, selection_, entries, this);
+  addDockWidget(Qt::RightDockWidgetArea, picture_);
+  picture_->installEventFilter(this);
+}
+
+/// Docks that the form's text does not know stay where they are.
+void MainWindow::TakeDocks() {
+  docks_ = form_.Docks();
+  restoreState(QByteArray::fromBase64(QByteArray::fromStdString(docks_)));
+  if (picture_) picture_->FollowForm();
+}
+
+void MainWindow::NoteDocks() {
+  docks_ = saveState().toBase64().toStdString();
+  form_.NoteDocks(docks_);
+}
+
+/// The operator moves a dock or its edge.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  const bool moved = event->type() == QEvent::Resize || event->type() == QEvent::Move;
+  if (watched == picture_ && moved && picture_->isVisible())
+    QTimer::singleShot(0, this, &MainWindow::NoteDocks);
+  return QMainWindow::eventFilter(watched, event);
 }
 
 /// Depends on what is stored, not on ConfigSaved, which only says whether a command would ask.
@@ -144,6 +176,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 void MainWindow::ShowForm() {
   setWindowTitle(Shown(form_.Caption()).replace(kModifiedPlace, kTheSameAsText) + kModifiedPlace);
   if (form_.Place() != place_) TakePlace();
+  if (form_.Docks() != docks_) TakeDocks();
   if (form_.Visible() == formVisible_) return;
   formVisible_ = form_.Visible();
   // There the wheel and the arrows do no harm before anybody has chosen a field.

@@ -10,9 +10,11 @@
 #include "gui/byte_log.h"
 #include "gui/widgets/binding.h"
 #include "gui/window_hooks.h"
+#include "gui/window_selection.h"
 
 namespace marlinset {
 
+class PictureDock;
 class ToolArea;
 
 /// The main window: shows FrmStart and passes every action of the operator to it. It opens and closes with
@@ -30,6 +32,7 @@ class MainWindow : public QMainWindow {
   void mouseMoveEvent(QMouseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void ShowForm();
@@ -39,14 +42,20 @@ class MainWindow : public QMainWindow {
   /// Whether it can be moved and sized: it is visible, and the operator has not maximised it.
   bool Stands() const;
   void NotePlace();
+  void AddPicture();
+  void TakeDocks();
+  void NoteDocks();
   void FitFrame();
 
   FrmStart& form_;
   WindowHooks hooks_;
+  WindowSelection selection_;
   ToolArea* tools_ = nullptr;
+  PictureDock* picture_ = nullptr;
   bool formVisible_ = false;
   bool frameFits_ = false;  ///< the window manager's frame is known and allowed for
   WindowPlace place_;       ///< the form's, as last applied
+  std::string docks_;       ///< the same
   Listening<> listening_;
   Listening<> toolAtRest_;
   std::optional<Listening<>> changesListening_;

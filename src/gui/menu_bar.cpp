@@ -157,6 +157,13 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
   Bind(*mode.menuAction(), form.mnuMode, 'M');
   AddLines(mode,
            {{&form.mnuInter, 'I', Mark::kChoice}, {&form.mnuOff, 'O', Mark::kChoice, {}, Turn::kAtOnce}});
+  AddLines(AddMenu(bar, QStringLiteral("&View")),
+           {{&form.mnuPicture, 'P', Mark::kTick, QKeySequence(Qt::Key_F9), Turn::kAtOnce},
+            {},
+            {&form.mnuStill, 'B'},
+            {&form.mnuNoStill, 'N'},
+            {&form.mnuSafe, 'S', Mark::kTick, {}, Turn::kAtOnce},
+            {&form.mnuSlate, 'l', Mark::kTick, {}, Turn::kAtOnce}});
   FillOptions(AddMenu(bar, QStringLiteral("&Options")), form, hooks);
   AddLines(AddMenu(bar, QStringLiteral("&Parameters")),
            {{&form.mnuAddParameter, 'A'}, {&form.mnuRemoveParameter, 'R'}});

@@ -9,7 +9,7 @@ namespace marlinset {
 
 struct WindowHooks;
 
-/// The menus File, Mode, Options, Parameters and Help. `hooks` supplies the devices behind the ports,
+/// The menus File, Mode, View, Options, Parameters and Help. `hooks` supplies the devices behind the ports,
 /// searched each time Options opens, and the files last in use.
 void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks);
 

@@ -9,11 +9,13 @@
 
 namespace marlinset {
 
+class WindowSelection;
+
 /// Shows the panel whose frame is visible. Each panel scrolls if the window is too small for it.
 class PanelHost : public QStackedWidget {
   Q_OBJECT
  public:
-  PanelHost(FrmStart& form, QWidget* parent);
+  PanelHost(FrmStart& form, WindowSelection& selection, QWidget* parent);
 
  private:
   void Add(Frame& frame, QWidget* panel);

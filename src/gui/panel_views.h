@@ -7,11 +7,13 @@ class QWidget;
 
 namespace marlinset {
 
+class WindowSelection;
+
 // The panels, each a list of bindings and a layout. The widget carries the name of its frame.
 
 QWidget* MakeInputsPanel(FrmStart& form, QWidget* parent);
 QWidget* MakeOutputsPanel(FrmStart& form, QWidget* parent);
-QWidget* MakeWindowsPanel(FrmStart& form, QWidget* parent);
+QWidget* MakeWindowsPanel(FrmStart& form, WindowSelection& selection, QWidget* parent);
 QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent);
 QWidget* MakeDownConverterPanel(FrmStart& form, QWidget* parent);
 

@@ -10,6 +10,7 @@
 
 namespace marlinset {
 
+class PictureRules;
 class RemarkList;
 class UnsavedChanges;
 
@@ -33,6 +34,8 @@ struct WindowHooks {
   UnsavedChanges* changes = nullptr;
   /// What there is to remark on the setup. May be null.
   RemarkList* remarks = nullptr;
+  /// Without it there is no picture of the windows. May be null.
+  PictureRules* picture = nullptr;
 };
 
 }  // namespace marlinset

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/window_table.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -8,12 +9,15 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "gui/widgets/fields.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/scroll_keeper.h"
 #include "gui/widgets/widget_bindings.h"
+#include "gui/window_selection.h"
 
 namespace marlinset {
 namespace {
@@ -23,6 +27,7 @@ namespace {
 constexpr int kNameCharacters = 18;
 constexpr int kWidestName = 34;
 constexpr int kLeastRows = 6;
+constexpr int kChosenBar = 4;
 
 /// A column of boxes, or of spins with their echoes.
 struct Column {
@@ -109,6 +114,7 @@ class WindowTable::RowStrip : public QWidget {
     const QColor text = palette().color(QPalette::Text);
     const QColor base = palette().color(QPalette::Base);
     if (table_.tinted_ == this) painter.fillRect(rect(), Blend(base, Accent(palette()), 0.18));
+    if (table_.chosen_ == this) painter.fillRect(QRect(0, 0, kChosenBar, height()), Accent(palette()));
     painter.setPen(Blend(base, text, 0.1));
     painter.drawLine(rect().bottomLeft(), rect().bottomRight());
   }
@@ -134,8 +140,13 @@ class WindowTable::RowStrip : public QWidget {
   std::vector<Listening<>> listening_;
 };
 
-WindowTable::WindowTable(FrmStart& form, QWidget* parent)
-    : QWidget(parent), form_(form), gate_(new QWidget(this)), area_(new QScrollArea(this)) {
+WindowTable::WindowTable(FrmStart& form, WindowSelection& selection, QWidget* parent)
+    : QWidget(parent),
+      form_(form),
+      selection_(selection),
+      gate_(new QWidget(this)),
+      area_(new QScrollArea(this)),
+      selectionListening_(selection.Changed, [this] { ShowSelected(); }) {
   MeasureColumns();
   QWidget* header = MakeHeader();
   gate_->setFocusPolicy(Qt::ClickFocus);  // without a policy it has no place in the order
@@ -161,6 +172,7 @@ WindowTable::WindowTable(FrmStart& form, QWidget* parent)
   rows->addWidget(area_, 1);
   form.ForWindowRow([this](auto& array) { Watch(array); });
   for (const int row : form.lName.Indices()) AddRow(row);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { SelectRowOf(now); });
 }
 
 WindowTable::~WindowTable() = default;
@@ -184,6 +196,7 @@ void WindowTable::AddRow(int row) {
   rowStack_->insertWidget(static_cast<int>(std::distance(rows_.begin(), place)), strip);
   ArrangeTabs(row);
   strip->FollowName();
+  if (row == selection_.Row()) ShowSelected();
 }
 
 /// A row may be added at any time, but the Tab key walks the table from the top.
@@ -200,6 +213,7 @@ void WindowTable::RemoveRow(int row) {
   const auto found = rows_.find(row);
   if (found == rows_.end()) return;
   rowStack_->removeWidget(found->second);
+  if (chosen_ == found->second) chosen_ = nullptr;
   found->second->Release();
   rows_.erase(found);
 }
@@ -259,6 +273,30 @@ void WindowTable::Tint(RowStrip* strip, bool on) {
 
 int WindowTable::LeastNameWidth() const {
   return fontMetrics().averageCharWidth() * kNameCharacters;
+}
+
+void WindowTable::ShowSelected() {
+  const auto found = rows_.find(selection_.Row());
+  RowStrip* strip = found == rows_.end() ? nullptr : found->second;
+  for (RowStrip* changed : {std::exchange(chosen_, strip), strip}) {
+    if (changed) changed->update();
+  }
+  if (!strip || !isVisible() || strip->isAncestorOf(QApplication::focusWidget())) return;
+  for (QWidget* around = strip->parentWidget(); around; around = around->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(strip, 0, strip->height());
+  }
+}
+
+void WindowTable::SelectRowOf(const QWidget* field) {
+  const auto holds = [field](const auto& row) { return row.second->isAncestorOf(field); };
+  const auto found = field ? std::find_if(rows_.begin(), rows_.end(), holds) : rows_.end();
+  if (found != rows_.end()) selection_.Select(found->first);
+}
+
+/// The panel may have been hidden when a window was selected.
+void WindowTable::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  ShowSelected();
 }
 
 int WindowTable::RoomForNames() const {

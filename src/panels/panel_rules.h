@@ -23,6 +23,8 @@ class PanelRules {
  public:
   PanelRules(Platform& platform, Variables& variables, FrmStart& form, SettingCommands& commands);
 
+  WindowRules& Windows() { return windowRules_; }
+
  private:
   Routing routing_;
   LineNumbers lineNumbers_;

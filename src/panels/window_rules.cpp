@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/window_rules.h"
 
+#include <algorithm>
+
+#include "base/finally.h"
+#include "controls/guard.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/setting_commands.h"
+#include "picture/geometry.h"
 
 namespace marlinset {
 
@@ -16,8 +21,38 @@ WindowRules::WindowRules(Variables& variables, FrmStart& form, SettingCommands& 
   form_.VScroll1.OnChange([this] { form_.pWinIn.SetTop(FrmStart::kRowHeight - form_.VScroll1.Value()); });
 }
 
+bool WindowRules::TakesMove(int row) const {
+  if (!commands_.HasWindow(row) || !form_.lName(row).Visible()) return false;
+  const auto takes = [](const Control& spin) { return spin.Enabled() && spin.Visible(); };
+  return takes(form_.udVer(row)) && takes(form_.udHor(row));
+}
+
+void WindowRules::Move(int row, int left, int top) {
+  form_.GetGuard().Run([&] {
+    if (!TakesMove(row)) return;
+    form_.udVer(row).Settle();
+    const auto limits = MoveLimitsOf(form_, vars_, row);
+    const PicturePlan plan = PlanPicture(form_, vars_);
+    const PlannedWindow* window = plan.Find(row);
+    if (!limits || !window) return;
+    const CellRect& place = window->place;
+    left = std::clamp(left, limits->left, limits->right);
+    top = std::clamp(top / limits->step * limits->step, limits->top, limits->bottom);
+    if (left == place.left && top == place.top) return;
+    Finally(
+        [&] {
+          moving_ = true;
+          if (top != place.top) form_.udVer(row).SetValue(top);
+          if (left != place.left) form_.udHor(row).SetValue(left);
+        },
+        [this] { moving_ = false; });
+    RowChanged(row);
+  });
+}
+
 /// Sends even in local mode: the unit answers for itself.
 void WindowRules::RowChanged(int row) {
+  if (moving_) return;
   if (form_.mnuInter.Checked()) commands_.SendWindowAll(row);
   vars_.ConfigSaved = false;
 }

@@ -13,7 +13,14 @@ class WindowRules {
  public:
   WindowRules(Variables& variables, FrmStart& form, SettingCommands& commands);
 
+  /// The operator brings the window of a row to another place in the picture, as the picture shows it: inside
+  /// MoveLimitsOf, on a character row. A coordinate that stays keeps its spin. However many change, one
+  /// message goes to the unit. Does nothing if the row is not shown, its spins are disabled or nothing limits
+  /// it.
+  void Move(int row, int left, int top);
+
  private:
+  bool TakesMove(int row) const;
   void RowChanged(int row);
   void WidthChanged(int row);
   void OnOffChanged(int row);
@@ -22,6 +29,7 @@ class WindowRules {
   Variables& vars_;
   FrmStart& form_;
   SettingCommands& commands_;
+  bool moving_ = false;  ///< spins follow a move, which ends with the message
 };
 
 }  // namespace marlinset

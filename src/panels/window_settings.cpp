@@ -62,6 +62,7 @@ void WindowSettings::RestorePlace() {
   place.top = measure(kTopSetting, (sizes.screenHeight - place.height) / 2);
   place.left = measure(kLeftSetting, (sizes.screenWidth - place.width) / 2);
   form_.SetPlace(place);
+  form_.SetDocks(SettingText(platform_.settings, kDocksSetting));
 }
 
 void WindowSettings::PutToReg() {
@@ -73,6 +74,7 @@ void WindowSettings::PutToReg() {
   save(kWidthSetting, std::to_string(place.width));
   save(kTopSetting, std::to_string(place.top));
   save(kLeftSetting, std::to_string(place.left));
+  if (!form_.Docks().empty()) save(kDocksSetting, form_.Docks());
   save(kProgramFolderSetting, vars_.AppPath);
   try {
     save(kDatabaseVersionSetting, database_.DatabaseVersion());

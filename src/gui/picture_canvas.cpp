@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/picture_canvas.h"
+
+#include <QEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "gui/widgets/look.h"
+
+namespace marlinset {
+namespace {
+
+constexpr double kMostZoom = 8;
+constexpr double kGhostOpacity = 0.7;
+/// How far marks reach out of their windows, in pixels.
+constexpr int kMarkReach = 6;
+// Marks lie on any still, so their colours do not follow the desktop's: a bright line inside a black one.
+constexpr QRgb kSelectedColor = 0xFFFFD83D;
+constexpr QRgb kHoverColor = 0xFFFFFFFF;
+constexpr QRgb kFaultyColor = 0xFFFF5A50;
+
+void PaintMark(QPainter& painter, const QRectF& around, QRgb color, double width, Qt::PenStyle style) {
+  painter.setPen(QPen(Qt::black, width + 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.drawRect(around);
+  painter.setPen(QPen(QColor(color), width, style, Qt::FlatCap, Qt::MiterJoin));
+  painter.drawRect(around);
+}
+
+QRectF Grown(const QRectF& area, double by) {
+  return area.adjusted(-by, -by, by, by);
+}
+
+}  // namespace
+
+PictureCanvas::PictureCanvas(QWidget* parent) : QWidget(parent) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void PictureCanvas::SetPlan(PicturePlan plan) {
+  if (plan == plan_) return;
+  const PicturePlan before = std::exchange(plan_, std::move(plan));
+  const std::set<int> faultyBefore = faulty_;
+  FindFaulty();
+  if (before.area != plan_.area || before.wide != plan_.wide || before.look != plan_.look ||
+      before.trouble != plan_.trouble) {
+    Settle(frame_.topLeft());
+    return;
+  }
+  UpdateDifferences(before);
+  for (const PlannedWindow& window : plan_.windows) {
+    if (faulty_.contains(window.row) != faultyBefore.contains(window.row)) UpdateRow(window.row);
+  }
+}
+
+void PictureCanvas::UpdateDifferences(const PicturePlan& before) {
+  for (const PlannedWindow& old : before.windows) {
+    const PlannedWindow* now = plan_.Find(old.row);
+    if (IsShown(old, slate_) && (!now || *now != old)) Update(old.place);
+  }
+  for (const PlannedWindow& now : plan_.windows) {
+    const PlannedWindow* old = before.Find(now.row);
+    if (IsShown(now, slate_) && (!old || *old != now)) Update(now.place);
+  }
+}
+
+/// Only among windows that are seen together.
+void PictureCanvas::FindFaulty() {
+  faulty_.clear();
+  if (!plan_.area) return;
+  for (const PlannedWindow& one : plan_.windows) {
+    if (!IsShown(one, slate_)) continue;
+    if (!plan_.area->Contains(one.place)) faulty_.insert(one.row);
+    for (const PlannedWindow& other : plan_.windows) {
+      if (other.row <= one.row || !IsShown(other, slate_) || other.slate != one.slate) continue;
+      if (one.place.Overlaps(other.place)) faulty_.insert({one.row, other.row});
+    }
+  }
+}
+
+void PictureCanvas::SetStill(QImage still) {
+  still_ = std::move(still);
+  Redo();
+}
+
+void PictureCanvas::SetExtras(bool safe, bool slate) {
+  if (safe == safe_ && slate == slate_) return;
+  safe_ = safe;
+  slate_ = slate;
+  FindFaulty();
+  update();
+}
+
+void PictureCanvas::SetSelected(int row) {
+  if (row == selected_) return;
+  UpdateRow(std::exchange(selected_, row));
+  UpdateRow(row);
+}
+
+void PictureCanvas::SetHovered(int row) {
+  if (row == hovered_) return;
+  UpdateRow(std::exchange(hovered_, row));
+  UpdateRow(row);
+}
+
+void PictureCanvas::SetGhosts(std::map<int, CellRect> ghosts) {
+  if (ghosts == ghosts_) return;
+  for (const auto& [row, place] : ghosts_) Update(place);
+  ghosts_ = std::move(ghosts);
+  for (const auto& [row, place] : ghosts_) Update(place);
+}
+
+const PlannedWindow* PictureCanvas::Seen(int row) const {
+  const PlannedWindow* window = plan_.area ? plan_.Find(row) : nullptr;
+  return window && IsShown(*window, slate_) ? window : nullptr;
+}
+
+int PictureCanvas::RowAt(QPointF point) const {
+  const auto isAt = [&](const PlannedWindow& window) {
+    return Covers(point) && Seen(window.row) && RectOf(window.place).contains(point);
+  };
+  const PlannedWindow* selected = Seen(selected_);
+  if (selected && isAt(*selected)) return selected_;
+  const auto found = std::find_if(plan_.windows.rbegin(), plan_.windows.rend(), isAt);
+  return found == plan_.windows.rend() ? kNoIndex : found->row;
+}
+
+CellGrid PictureCanvas::Grid() const {
+  return {*plan_.area, frame_, 1 / devicePixelRatioF()};
+}
+
+QRectF PictureCanvas::RectOf(const CellRect& place) const {
+  return plan_.area ? Grid().RectOf(place) : QRectF();
+}
+
+QSizeF PictureCanvas::Cell() const {
+  return plan_.area ? Grid().Cell() : QSizeF(1, 1);
+}
+
+/// Gives the picture its size, and its left upper corner as near to `corner` as it fills the widget.
+void PictureCanvas::Settle(QPointF corner) {
+  // No taller than the picture, so that what is said about it stays close.
+  setMaximumHeight(std::max(minimumSizeHint().height(), static_cast<int>(std::ceil(width() / plan_.Shape()))));
+  const QRectF room(rect());
+  const QRectF whole = FrameInside(room, plan_.Shape());
+  const QSizeF size = whole.size() * zoom_;
+  const auto place = [](double at, double length, double roomLength) {
+    return length <= roomLength ? (roomLength - length) / 2 : std::clamp(at, roomLength - length, 0.0);
+  };
+  frame_ = QRectF(QPointF(std::floor(place(corner.x(), size.width(), room.width())),
+                          std::floor(place(corner.y(), size.height(), room.height()))),
+                  size);
+  Redo();
+}
+
+void PictureCanvas::Zoom(double factor, QPointF around) {
+  const double zoom = std::clamp(zoom_ * factor, 1.0, kMostZoom);
+  const double change = zoom / std::exchange(zoom_, zoom);
+  if (change != 1) Settle(around - (around - frame_.topLeft()) * change);
+}
+
+void PictureCanvas::Shift(QPointF by) {
+  if (zoom_ > 1) Settle(frame_.topLeft() + by);
+}
+
+void PictureCanvas::Redo() {
+  behind_ = QPixmap();
+  update();
+}
+
+void PictureCanvas::Update(const CellRect& place) {
+  if (plan_.area) update(Grown(RectOf(place), kMarkReach).toAlignedRect());
+}
+
+void PictureCanvas::UpdateRow(int row) {
+  if (const PlannedWindow* window = Seen(row)) Update(window->place);
+}
+
+/// A still takes time to scale, so it is scaled once.
+void PictureCanvas::PaintBehind() {
+  const double ratio = devicePixelRatioF();
+  behind_ = QPixmap((QSizeF(size()) * ratio).toSize().expandedTo({1, 1}));
+  behind_.setDevicePixelRatio(ratio);
+  behind_.fill(palette().color(QPalette::Window));
+  if (!plan_.area) return;
+  QPainter painter(&behind_);
+  const QSize pixels = (frame_.size() * ratio).toSize();
+  const bool smaller = pixels.width() < still_.width() && !pixels.isEmpty();
+  PaintGround(painter, frame_,
+              smaller ? still_.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation) : still_);
+}
+
+void PictureCanvas::PaintWindows(QPainter& painter, const CellGrid& grid, const QRect& dirty) const {
+  for (const PlannedWindow& window : plan_.windows) {
+    if (IsShown(window, slate_) && grid.RectOf(window.place).intersects(dirty))
+      PaintPlannedWindow(painter, grid, plan_.look, window);
+  }
+}
+
+void PictureCanvas::PaintMarks(QPainter& painter) const {
+  const auto mark = [&](int row, double distance, QRgb color, double width, Qt::PenStyle style) {
+    if (const PlannedWindow* window = Seen(row))
+      PaintMark(painter, Grown(RectOf(window->place), distance), color, width, style);
+  };
+  for (const int row : faulty_) mark(row, 0.5, kFaultyColor, 2, Qt::DashLine);
+  if (hovered_ != selected_) mark(hovered_, 2, kHoverColor, 1, Qt::SolidLine);
+  mark(selected_, 3, kSelectedColor, hasFocus() ? 2 : 1, Qt::SolidLine);
+}
+
+void PictureCanvas::PaintGhosts(QPainter& painter, const CellGrid& grid) const {
+  for (const auto& [row, place] : ghosts_) {
+    const PlannedWindow* window = Seen(row);
+    if (!window) continue;
+    PlannedWindow ghost = *window;
+    ghost.place = place;
+    painter.setOpacity(kGhostOpacity);
+    PaintPlannedWindow(painter, grid, plan_.look, ghost);
+    painter.setOpacity(1);
+    PaintMark(painter, Grown(grid.RectOf(place), 1.5), kSelectedColor, 1, Qt::DashLine);
+  }
+}
+
+void PictureCanvas::paintEvent(QPaintEvent* event) {
+  if (behind_.isNull() || behind_.devicePixelRatio() != devicePixelRatioF()) PaintBehind();
+  QPainter painter(this);
+  for (const QRect& part : event->region()) {
+    painter.drawPixmap(QRectF(part), behind_,
+                       QRectF(QPointF(part.topLeft()) * behind_.devicePixelRatio(),
+                              QSizeF(part.size()) * behind_.devicePixelRatio()));
+  }
+  if (!plan_.area) {
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, Shown(plan_.trouble));
+    return;
+  }
+  const CellGrid grid = Grid();
+  PaintWindows(painter, grid, event->rect());
+  if (safe_) PaintSafeFrames(painter, frame_);
+  painter.setBrush(Qt::NoBrush);
+  PaintMarks(painter);
+  PaintGhosts(painter, grid);
+}
+
+void PictureCanvas::resizeEvent(QResizeEvent* /*event*/) {
+  Settle(frame_.topLeft());
+}
+
+void PictureCanvas::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) Redo();
+  QWidget::changeEvent(event);
+}
+
+/// The mark of the selected window says whether keys go there.
+void PictureCanvas::focusInEvent(QFocusEvent* event) {
+  UpdateRow(selected_);
+  QWidget::focusInEvent(event);
+}
+void PictureCanvas::focusOutEvent(QFocusEvent* event) {
+  UpdateRow(selected_);
+  QWidget::focusOutEvent(event);
+}
+
+QSize PictureCanvas::sizeHint() const {
+  constexpr int kLetters = 60;
+  const int width = fontMetrics().averageCharWidth() * kLetters;
+  return {width, width * 9 / 16};
+}
+
+QSize PictureCanvas::minimumSizeHint() const {
+  return sizeHint() / 3;
+}
+
+}  // namespace marlinset

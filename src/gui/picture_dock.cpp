@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/picture_dock.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "base/runtime_error.h"
+#include "gui/picture_view.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/operator_queue.h"
+#include "panels/picture_rules.h"
+#include "picture/qt/still.h"
+
+namespace marlinset {
+namespace {
+
+/// A still is kept no larger than it takes to fill a large screen.
+constexpr QSize kEnough(2560, 1440);
+
+QLabel* MakeLabel(QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  return label;
+}
+
+void SetText(QLabel& label, const QString& text) {
+  if (label.text() != text) label.setText(text);
+}
+
+}  // namespace
+
+PictureDock::PictureDock(FrmStart& form, PictureRules& rules, WindowSelection& selection,
+                         QList<QAction*> entries, QWidget* parent)
+    : QDockWidget(Shown(form.mnuPicture.Caption()), parent),
+      form_(form),
+      rules_(rules),
+      view_(new PictureView(form, rules, selection, this)),
+      menu_(new QMenu(this)),
+      words_(view_->Changed, [this] { ShowWords(); }),
+      ownListening_(form.mnuPicture.Changed, [this] { FollowForm(); }),
+      formListening_(form.Changed, [this] { FollowForm(); }) {
+  setObjectName(QStringLiteral("picture"));  // by which the layout of the docks is restored
+  auto* middle = new QWidget(this);
+  auto* lines = new QVBoxLayout(middle);
+  SetSpaces(*lines, *this, 1);
+  caption_ = MakeLabel(middle);
+  selected_ = MakeLabel(middle);
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(SpaceUnit(*this));
+  for (QAction* entry : entries) {
+    auto* button = new QToolButton(middle);
+    button->setDefaultAction(entry);
+    buttons->addWidget(button);
+  }
+  buttons->addStretch(1);
+  menu_->addActions(entries);
+  lines->addWidget(view_, kNearlyAll);
+  lines->addWidget(selected_);
+  lines->addWidget(caption_);
+  lines->addLayout(buttons);
+  lines->addStretch(1);
+  setWidget(middle);
+  rules_.stillPatterns = StillPatterns();
+  rules_.showStill = [this](const std::string& file) { ShowStill(file); };
+  ShowWords();
+  FollowForm();
+}
+
+PictureDock::~PictureDock() {
+  rules_.showStill = nullptr;
+}
+
+void PictureDock::FollowForm() {
+  const bool shown = form_.mnuPicture.Checked() && form_.Visible();
+  if (isHidden() == shown) setVisible(shown);
+}
+
+void PictureDock::ShowStill(const std::string& file) {
+  view_->SetStill(file.empty() ? QImage() : LoadStill(file, kEnough));
+  stillFailure_.clear();
+  asked_ = true;
+  ShowWords();
+}
+
+/// A still that has gone since the last run is no reason for a box at the start.
+void PictureDock::TakeRememberedStill() {
+  if (std::exchange(asked_, true)) return;
+  try {
+    ShowStill(rules_.Still());
+  } catch (const RuntimeError& failure) {
+    stillFailure_ = QStringLiteral("No background: ") +
+                    Shown(failure.Remedy()).replace(QLatin1Char('\n'), QLatin1String(": "));
+  }
+}
+
+void PictureDock::ShowWords() {
+  const QString plan = QStringLiteral("A plan: place and size are the unit's, its letters look different.");
+  SetText(*caption_, stillFailure_.isEmpty() ? plan : plan + QLatin1Char('\n') + stillFailure_);
+  const QString words = view_->SelectedInWords();
+  SetText(*selected_, words.isEmpty() ? QStringLiteral("No window selected") : words);
+}
+
+void PictureDock::showEvent(QShowEvent* event) {
+  QDockWidget::showEvent(event);
+  TakeRememberedStill();
+}
+
+void PictureDock::closeEvent(QCloseEvent* event) {
+  event->ignore();  // it closes with its control
+  OperatorQueue::OfProgram().Take(form_.mnuPicture, {OperatorAction::Kind::kClick}, Turn::kAtOnce);
+}
+
+/// It does not wait for a choice: the tool goes on meanwhile.
+void PictureDock::contextMenuEvent(QContextMenuEvent* event) {
+  menu_->popup(event->globalPos());
+}
+
+}  // namespace marlinset

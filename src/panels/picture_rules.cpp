@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/picture_rules.h"
+
+#include "base/finally.h"
+#include "base/runtime_error.h"
+#include "core/frm_start.h"
+#include "core/variables.h"
+#include "panels/window_rules.h"
+#include "platform/file_dialog.h"
+#include "platform/platform.h"
+#include "platform/settings_keys.h"
+
+namespace marlinset {
+
+PictureRules::PictureRules(Platform& platform, const Variables& variables, FrmStart& form,
+                           WindowRules& windows)
+    : platform_(platform), vars_(variables), form_(form), windows_(windows) {
+  Remember(form_.mnuPicture, kPictureSetting);
+  Remember(form_.mnuSafe, kSafeFramesSetting);
+  Remember(form_.mnuSlate, kSlateSetting);
+  still_ = SettingText(platform_.settings, kStillSetting);
+  form_.mnuNoStill.SetEnabled(!still_.empty());
+  form_.mnuStill.OnClick([this] { AskForStill(); });
+  form_.mnuNoStill.OnClick([this] { TakeStill({}); });
+}
+
+/// A tick that each click turns over, and that the next run finds again.
+void PictureRules::Remember(MenuItem& item, const Setting& setting) {
+  item.SetChecked(SettingNumber(platform_.settings, setting) == 1);
+  item.OnClick([this, &item, &setting] {
+    item.SetChecked(!item.Checked());
+    platform_.settings.SaveSetting(setting.key, item.Checked() ? "1" : "0");
+  });
+}
+
+PicturePlan PictureRules::Plan() const {
+  return PlanPicture(form_, vars_);
+}
+
+std::optional<MoveLimits> PictureRules::LimitsOf(int row) const {
+  return MoveLimitsOf(form_, vars_, row);
+}
+
+void PictureRules::Move(int row, int left, int top) {
+  windows_.Move(row, left, top);
+}
+
+/// The tool's one file dialog carries the configuration in work, and does so again afterwards.
+void PictureRules::AskForStill() {
+  FileDialog& dialog = platform_.fileDialog;
+  const FileDialogState before = dialog.State();
+  std::string file;
+  const auto ask = [&] {
+    dialog.State() = {.CancelError = true,
+                      .Filter = "Pictures|" + stillPatterns,
+                      .Flags = kHideReadOnly,
+                      .FileName = still_,
+                      .InitDir = LastFolder(platform_.settings, vars_.AppPath),
+                      .DialogTitle = "Background of the Picture"};
+    try {
+      dialog.ShowOpen();
+      file = dialog.FileName;
+    } catch (const RuntimeError& cancelled) {
+      if (cancelled.Number() != kErrDialogCancelled) throw;
+    }
+  };
+  Finally(ask, [&] { dialog.State() = before; });
+  if (!file.empty()) TakeStill(file);
+}
+
+void PictureRules::TakeStill(const std::string& file) {
+  if (showStill) showStill(file);
+  still_ = file;
+  platform_.settings.SaveSetting(kStillSetting.key, still_);
+  form_.mnuNoStill.SetEnabled(!still_.empty());
+}
+
+}  // namespace marlinset
