@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -49,7 +50,7 @@ class MainWindow : public QMainWindow {
 
   FrmStart& form_;
   WindowHooks hooks_;
-  WindowSelection selection_;
+  std::shared_ptr<WindowSelection> selection_ = std::make_shared<WindowSelection>();
   ToolArea* tools_ = nullptr;
   PictureDock* picture_ = nullptr;
   bool formVisible_ = false;

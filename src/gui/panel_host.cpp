@@ -10,11 +10,11 @@
 
 namespace marlinset {
 
-PanelHost::PanelHost(FrmStart& form, WindowSelection& selection, QWidget* parent)
+PanelHost::PanelHost(FrmStart& form, std::shared_ptr<WindowSelection> selection, QWidget* parent)
     : QStackedWidget(parent), form_(form) {
   Add(form.fCodes, MakeInputsPanel(form, this));
   Add(form.fOutputs, MakeOutputsPanel(form, this));
-  Add(form.fWindows, MakeWindowsPanel(form, selection, this));
+  Add(form.fWindows, MakeWindowsPanel(form, std::move(selection), this));
   Add(form.fParameters, MakeParametersPanel(form, this));
   Add(form.fDownConverter, MakeDownConverterPanel(form, this));
   ShowVisible();

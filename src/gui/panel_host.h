@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStackedWidget>
+#include <memory>
 #include <vector>
 
 #include "core/frm_start.h"
@@ -15,7 +16,7 @@ class WindowSelection;
 class PanelHost : public QStackedWidget {
   Q_OBJECT
  public:
-  PanelHost(FrmStart& form, WindowSelection& selection, QWidget* parent);
+  PanelHost(FrmStart& form, std::shared_ptr<WindowSelection> selection, QWidget* parent);
 
  private:
   void Add(Frame& frame, QWidget* panel);

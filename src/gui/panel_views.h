@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
+
 #include "core/frm_start.h"
 
 class QWidget;
@@ -13,7 +15,7 @@ class WindowSelection;
 
 QWidget* MakeInputsPanel(FrmStart& form, QWidget* parent);
 QWidget* MakeOutputsPanel(FrmStart& form, QWidget* parent);
-QWidget* MakeWindowsPanel(FrmStart& form, WindowSelection& selection, QWidget* parent);
+QWidget* MakeWindowsPanel(FrmStart& form, std::shared_ptr<WindowSelection> selection, QWidget* parent);
 QWidget* MakeParametersPanel(FrmStart& form, QWidget* parent);
 QWidget* MakeDownConverterPanel(FrmStart& form, QWidget* parent);
 

@@ -77,10 +77,10 @@ Group* MakeProgramOut(FrmStart& form, QWidget* parent) {
 
 }  // namespace
 
-QWidget* MakeWindowsPanel(FrmStart& form, WindowSelection& selection, QWidget* parent) {
+QWidget* MakeWindowsPanel(FrmStart& form, std::shared_ptr<WindowSelection> selection, QWidget* parent) {
   auto* page = new QWidget(parent);
   auto* position = new Group(form.fPosition, page);
-  auto* table = new WindowTable(form, selection, position);
+  auto* table = new WindowTable(form, std::move(selection), position);
   position->Grid().addWidget(table, 1, 0, 1, 3);
   position->Grid().setRowStretch(1, 1);
   Group* attributes = MakeAttributes(form, page);

@@ -141,7 +141,8 @@ QSizeF PictureCanvas::Cell() const {
 /// Gives the picture its size, and its left upper corner as near to `corner` as it fills the widget.
 void PictureCanvas::Settle(QPointF corner) {
   // No taller than the picture, so that what is said about it stays close.
-  setMaximumHeight(std::max(minimumSizeHint().height(), static_cast<int>(std::ceil(width() / plan_.Shape()))));
+  setMaximumHeight(
+      std::max(minimumSizeHint().height(), static_cast<int>(std::ceil(width() / plan_.Shape()))));
   const QRectF room(rect());
   const QRectF whole = FrameInside(room, plan_.Shape());
   const QSizeF size = whole.size() * zoom_;

@@ -36,12 +36,12 @@ void SetText(QLabel& label, const QString& text) {
 
 }  // namespace
 
-PictureDock::PictureDock(FrmStart& form, PictureRules& rules, WindowSelection& selection,
+PictureDock::PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<WindowSelection> selection,
                          QList<QAction*> entries, QWidget* parent)
     : QDockWidget(Shown(form.mnuPicture.Caption()), parent),
       form_(form),
       rules_(rules),
-      view_(new PictureView(form, rules, selection, this)),
+      view_(new PictureView(form, rules, std::move(selection), this)),
       menu_(new QMenu(this)),
       words_(view_->Changed, [this] { ShowWords(); }),
       ownListening_(form.mnuPicture.Changed, [this] { FollowForm(); }),

@@ -3,6 +3,7 @@
 
 #include <QDockWidget>
 #include <QList>
+#include <memory>
 
 #include "core/frm_start.h"
 #include "gui/widgets/binding.h"
@@ -23,8 +24,8 @@ class WindowSelection;
 class PictureDock : public QDockWidget {
   Q_OBJECT
  public:
-  PictureDock(FrmStart& form, PictureRules& rules, WindowSelection& selection, QList<QAction*> entries,
-              QWidget* parent);
+  PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<WindowSelection> selection,
+              QList<QAction*> entries, QWidget* parent);
   ~PictureDock() override;
 
   /// Is shown or hidden as the form says.

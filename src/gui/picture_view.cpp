@@ -32,12 +32,13 @@ CellRect Within(CellRect place, const MoveLimits& limits) {
 
 }  // namespace
 
-PictureView::PictureView(FrmStart& form, PictureRules& rules, WindowSelection& selection, QWidget* parent)
+PictureView::PictureView(FrmStart& form, PictureRules& rules, std::shared_ptr<WindowSelection> selection,
+                         QWidget* parent)
     : PictureCanvas(parent),
       form_(form),
       rules_(rules),
-      selection_(selection),
-      selectionListening_(selection.Changed, [this] { ShowSelection(); }) {
+      selection_(std::move(selection)),
+      selectionListening_(selection_->Changed, [this] { ShowSelection(); }) {
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setAccessibleName(QStringLiteral("Picture of the windows"));
@@ -59,7 +60,7 @@ void PictureView::Replan() {
 }
 
 void PictureView::ShowSelection() {
-  SetSelected(selection_.Row());
+  SetSelected(selection_->Row());
   Changed.Emit();
 }
 
@@ -129,7 +130,7 @@ void PictureView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   if (replanning_) Replan();
   const int row = RowAt(event->position());
-  selection_.Select(row);
+  selection_->Select(row);
   const PlannedWindow* window = Seen(row);
   if (!window) {
     pulled_ = event->position();
@@ -246,7 +247,7 @@ void PictureView::SelectNext(int way) {
   const int count = static_cast<int>(rows.size());
   const auto found = std::find(rows.begin(), rows.end(), Selected());
   const int from = found != rows.end() ? static_cast<int>(found - rows.begin()) : (way > 0 ? -1 : 0);
-  selection_.Select(rows[static_cast<std::size_t>((from + way + count) % count)]);
+  selection_->Select(rows[static_cast<std::size_t>((from + way + count) % count)]);
 }
 
 void PictureView::Move(const PlannedWindow& window, const CellRect& to) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -20,7 +21,8 @@ class WindowSelection;
 class PictureView : public PictureCanvas {
   Q_OBJECT
  public:
-  PictureView(FrmStart& form, PictureRules& rules, WindowSelection& selection, QWidget* parent);
+  PictureView(FrmStart& form, PictureRules& rules, std::shared_ptr<WindowSelection> selection,
+              QWidget* parent);
   ~PictureView() override;
 
   /// The selected window in words, with the place that it has or will have; empty if none is selected.
@@ -73,7 +75,7 @@ class PictureView : public PictureCanvas {
 
   FrmStart& form_;
   PictureRules& rules_;
-  WindowSelection& selection_;
+  std::shared_ptr<WindowSelection> selection_;
   bool replanning_ = false;
   std::optional<Drag> drag_;
   std::optional<QPointF> pulled_;  ///< where the pointer has pulled an enlarged picture last

@@ -9,7 +9,7 @@
 namespace marlinset {
 
 /// Which character window the operator works on, for all views of the windows: by its row in the table,
-/// kNoIndex for none. The row may have gone.
+/// kNoIndex for none. The row may have gone. The views share it, because none of them lives longest.
 class WindowSelection {
  public:
   int Row() const { return row_; }

@@ -140,13 +140,13 @@ class WindowTable::RowStrip : public QWidget {
   std::vector<Listening<>> listening_;
 };
 
-WindowTable::WindowTable(FrmStart& form, WindowSelection& selection, QWidget* parent)
+WindowTable::WindowTable(FrmStart& form, std::shared_ptr<WindowSelection> selection, QWidget* parent)
     : QWidget(parent),
       form_(form),
-      selection_(selection),
+      selection_(std::move(selection)),
       gate_(new QWidget(this)),
       area_(new QScrollArea(this)),
-      selectionListening_(selection.Changed, [this] { ShowSelected(); }) {
+      selectionListening_(selection_->Changed, [this] { ShowSelected(); }) {
   MeasureColumns();
   QWidget* header = MakeHeader();
   gate_->setFocusPolicy(Qt::ClickFocus);  // without a policy it has no place in the order
@@ -196,7 +196,7 @@ void WindowTable::AddRow(int row) {
   rowStack_->insertWidget(static_cast<int>(std::distance(rows_.begin(), place)), strip);
   ArrangeTabs(row);
   strip->FollowName();
-  if (row == selection_.Row()) ShowSelected();
+  if (row == selection_->Row()) ShowSelected();
 }
 
 /// A row may be added at any time, but the Tab key walks the table from the top.
@@ -276,7 +276,7 @@ int WindowTable::LeastNameWidth() const {
 }
 
 void WindowTable::ShowSelected() {
-  const auto found = rows_.find(selection_.Row());
+  const auto found = rows_.find(selection_->Row());
   RowStrip* strip = found == rows_.end() ? nullptr : found->second;
   for (RowStrip* changed : {std::exchange(chosen_, strip), strip}) {
     if (changed) changed->update();
@@ -290,7 +290,7 @@ void WindowTable::ShowSelected() {
 void WindowTable::SelectRowOf(const QWidget* field) {
   const auto holds = [field](const auto& row) { return row.second->isAncestorOf(field); };
   const auto found = field ? std::find_if(rows_.begin(), rows_.end(), holds) : rows_.end();
-  if (found != rows_.end()) selection_.Select(found->first);
+  if (found != rows_.end()) selection_->Select(found->first);
 }
 
 /// The panel may have been hidden when a window was selected.

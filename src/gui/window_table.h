@@ -3,6 +3,7 @@
 
 #include <QWidget>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "core/frm_start.h"
@@ -22,7 +23,7 @@ class WindowSelection;
 class WindowTable : public QWidget {
   Q_OBJECT
  public:
-  WindowTable(FrmStart& form, WindowSelection& selection, QWidget* parent);
+  WindowTable(FrmStart& form, std::shared_ptr<WindowSelection> selection, QWidget* parent);
   ~WindowTable() override;
   /// The strip of a row, null if there is none.
   QWidget* Row(int row) const;
@@ -50,7 +51,7 @@ class WindowTable : public QWidget {
   void SelectRowOf(const QWidget* field);
 
   FrmStart& form_;
-  WindowSelection& selection_;
+  std::shared_ptr<WindowSelection> selection_;
   std::vector<int> widths_;  ///< of the columns behind the name, in pixels
   QWidget* gate_;            ///< invisible: the place of the rows in the tab order
   QHBoxLayout* headerCells_ = nullptr;

@@ -96,6 +96,18 @@ void LiveWindow::Click(QWidget& widget, QPoint at, int times) {
   }
 }
 
+void LiveWindow::Press(QWidget& widget, QPoint at) {
+  Mouse(widget, at, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress, NextMoment());
+}
+
+void LiveWindow::Hold(QWidget& widget, QPoint at) {
+  Mouse(widget, at, Qt::LeftButton, Qt::NoButton, QEvent::MouseMove, NextMoment());
+}
+
+void LiveWindow::Release(QWidget& widget, QPoint at) {
+  Mouse(widget, at, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease, NextMoment());
+}
+
 void LiveWindow::ClickArrow(QWidget& spin, bool up) {
   QStyleOptionSpinBox option;
   option.initFrom(&spin);

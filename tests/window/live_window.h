@@ -30,6 +30,10 @@ class LiveWindow {
   /// Clicks as quickly as in a double click.
   void Click(QWidget& widget, QPoint at, int times = 1);
   void Click(QWidget& widget) { Click(widget, widget.rect().center()); }
+  /// The left button goes down, is held while the mouse moves, goes up.
+  void Press(QWidget& widget, QPoint at);
+  void Hold(QWidget& widget, QPoint at);
+  void Release(QWidget& widget, QPoint at);
   void ClickArrow(QWidget& spin, bool up);
   /// A press, without its release for a key that is held down.
   void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});

@@ -14,28 +14,13 @@
 #include <functional>
 
 #include "tests/storm/twin.h"
+#include "tests/window/studio.h"
 
 namespace marlinset {
 namespace {
 
 using testing::ElementsAreArray;
 using testing::IsEmpty;
-
-/// A tool in interactive mode with a unit that answers after `ackMs`.
-struct Studio : ToolRig {
-  explicit Studio(int ackMs)
-      : ToolRig({.model = kModelHd7340Q, .ackTime = std::chrono::milliseconds{ackMs}}) {
-    dialogs.onShow = [](const MessageBox& box) {
-      return box.buttons == BoxButtons::kYesNo ? BoxAnswer::kYes : BoxAnswer::kOk;
-    };
-    tool.Start("");
-    const auto& list = form.comVS.List();
-    form.comVS.OperatorSelect(
-        static_cast<int>(std::find(list.begin(), list.end(), "1080i/60") - list.begin()));
-    form.mnuInter.OperatorClick();
-    EXPECT_TRUE(form.mnuInter.Checked());
-  }
-};
 
 struct LiveWindowTest : testing::TestWithParam<int> {
   LiveWindowTest() {
@@ -96,7 +81,11 @@ void ClickEntry(LiveWindow& desk, const char* name) {
 
 void ChooseCharOff(LiveWindow& desk) {
   auto& bar = *desk.Window().findChild<QMenuBar*>();
-  desk.Click(bar, bar.actionGeometry(bar.actions().at(2)).center());
+  const QList<QAction*> menus = bar.actions();
+  const auto options = std::find_if(menus.begin(), menus.end(), [](const QAction* menu) {
+    return menu->text() == QLatin1String("&Options");
+  });
+  desk.Click(bar, bar.actionGeometry(*options).center());
   ClickEntry(desk, "mnuChar");
   ClickEntry(desk, "mnuCharOff");
 }

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+
+#include "tests/support/tool_rig.h"
+
+namespace marlinset {
+
+/// A tool in interactive mode with a unit that takes its time to answer.
+struct Studio : ToolRig {
+  explicit Studio(int ackMs)
+      : ToolRig({.model = kModelHd7340Q, .ackTime = std::chrono::milliseconds{ackMs}}) {
+    dialogs.onShow = [](const MessageBox& box) {
+      return box.buttons == BoxButtons::kYesNo ? BoxAnswer::kYes : BoxAnswer::kOk;
+    };
+    tool.Start("");
+    const auto& list = form.comVS.List();
+    form.comVS.OperatorSelect(
+        static_cast<int>(std::find(list.begin(), list.end(), "1080i/60") - list.begin()));
+    form.mnuInter.OperatorClick();
+    EXPECT_TRUE(form.mnuInter.Checked());
+  }
+};
+
+}  // namespace marlinset
