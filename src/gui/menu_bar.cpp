@@ -157,7 +157,8 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
   Bind(*mode.menuAction(), form.mnuMode, 'M');
   AddLines(mode,
            {{&form.mnuInter, 'I', Mark::kChoice}, {&form.mnuOff, 'O', Mark::kChoice, {}, Turn::kAtOnce}});
-  AddLines(AddMenu(bar, QStringLiteral("&View")),
+  // Each letter of its name leads to something else already.
+  AddLines(AddMenu(bar, QStringLiteral("View")),
            {{&form.mnuPicture, 'P', Mark::kTick, QKeySequence(Qt::Key_F9), Turn::kAtOnce},
             {},
             {&form.mnuStill, 'B'},

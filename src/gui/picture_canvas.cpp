@@ -192,10 +192,27 @@ void PictureCanvas::PaintBehind() {
               smaller ? still_.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation) : still_);
 }
 
-void PictureCanvas::PaintWindows(QPainter& painter, const CellGrid& grid, const QRect& dirty) const {
+void PictureCanvas::PaintWindow(QPainter& painter, const PlannedWindow& window, const QRectF& area) {
+  if (area.isEmpty()) return;
+  const double ratio = devicePixelRatioF();
+  const QSize size = (area.size() * ratio).toSize();
+  Painted& painted = painted_[window.row];
+  if (painted.pixels.size() != size || painted.pixels.devicePixelRatio() != ratio ||
+      painted.sample != window.sample || painted.columns != window.place.columns ||
+      painted.look != plan_.look) {
+    painted = {window.sample, window.place.columns, plan_.look, QPixmap(size)};
+    painted.pixels.setDevicePixelRatio(ratio);
+    painted.pixels.fill(Qt::transparent);
+    QPainter inside(&painted.pixels);
+    PaintPlannedWindow(inside, QRectF(QPointF(0, 0), area.size()), plan_.look, window);
+  }
+  painter.drawPixmap(area.topLeft(), painted.pixels);
+}
+
+void PictureCanvas::PaintWindows(QPainter& painter, const CellGrid& grid, const QRect& dirty) {
   for (const PlannedWindow& window : plan_.windows) {
-    if (IsShown(window, slate_) && grid.RectOf(window.place).intersects(dirty))
-      PaintPlannedWindow(painter, grid, plan_.look, window);
+    const QRectF area = grid.RectOf(window.place);
+    if (IsShown(window, slate_) && area.intersects(dirty)) PaintWindow(painter, window, area);
   }
 }
 
@@ -207,18 +224,18 @@ void PictureCanvas::PaintMarks(QPainter& painter) const {
   for (const int row : faulty_) mark(row, 0.5, kFaultyColor, 2, Qt::DashLine);
   if (hovered_ != selected_) mark(hovered_, 2, kHoverColor, 1, Qt::SolidLine);
   mark(selected_, 3, kSelectedColor, hasFocus() ? 2 : 1, Qt::SolidLine);
+  for (const auto& [row, place] : ghosts_) {
+    if (Seen(row)) PaintMark(painter, Grown(RectOf(place), 1.5), kSelectedColor, 1, Qt::DashLine);
+  }
 }
 
-void PictureCanvas::PaintGhosts(QPainter& painter, const CellGrid& grid) const {
+void PictureCanvas::PaintGhosts(QPainter& painter, const CellGrid& grid) {
   for (const auto& [row, place] : ghosts_) {
     const PlannedWindow* window = Seen(row);
     if (!window) continue;
-    PlannedWindow ghost = *window;
-    ghost.place = place;
     painter.setOpacity(kGhostOpacity);
-    PaintPlannedWindow(painter, grid, plan_.look, ghost);
+    PaintWindow(painter, *window, grid.RectOf(place));
     painter.setOpacity(1);
-    PaintMark(painter, Grown(grid.RectOf(place), 1.5), kSelectedColor, 1, Qt::DashLine);
   }
 }
 
@@ -236,11 +253,13 @@ void PictureCanvas::paintEvent(QPaintEvent* event) {
     return;
   }
   const CellGrid grid = Grid();
+  painter.setClipRect(frame_);
   PaintWindows(painter, grid, event->rect());
   if (safe_) PaintSafeFrames(painter, frame_);
+  PaintGhosts(painter, grid);
+  painter.setClipping(false);
   painter.setBrush(Qt::NoBrush);
   PaintMarks(painter);
-  PaintGhosts(painter, grid);
 }
 
 void PictureCanvas::resizeEvent(QResizeEvent* /*event*/) {

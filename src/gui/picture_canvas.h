@@ -65,14 +65,23 @@ class PictureCanvas : public QWidget {
   void Settle(QPointF corner);
   void Redo();
   void PaintBehind();
-  void PaintWindows(QPainter& painter, const CellGrid& grid, const QRect& dirty) const;
+  void PaintWindow(QPainter& painter, const PlannedWindow& window, const QRectF& area);
+  void PaintWindows(QPainter& painter, const CellGrid& grid, const QRect& dirty);
   void PaintMarks(QPainter& painter) const;
-  void PaintGhosts(QPainter& painter, const CellGrid& grid) const;
+  void PaintGhosts(QPainter& painter, const CellGrid& grid);
   CellGrid Grid() const;
   void Update(const CellRect& place);
   void UpdateRow(int row);
   void UpdateDifferences(const PicturePlan& before);
   void FindFaulty();
+
+  /// A window as it was painted last: on its way across the picture only its place changes.
+  struct Painted {
+    std::string sample;
+    int columns = 0;
+    LetterLook look;
+    QPixmap pixels;
+  };
 
   PicturePlan plan_;
   std::set<int> faulty_;  ///< rows of windows that cover each other or leave the picture
@@ -84,6 +93,7 @@ class PictureCanvas : public QWidget {
   QImage still_;
   QPixmap behind_;  ///< what lies behind the windows, as large as the widget; null until it is needed
   QRectF frame_;    ///< of the picture
+  std::map<int, Painted> painted_;  ///< by rows
   double zoom_ = 1;
 };
 

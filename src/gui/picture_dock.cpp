@@ -2,12 +2,13 @@
 #include "gui/picture_dock.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QToolButton>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "base/runtime_error.h"
@@ -28,6 +29,29 @@ QLabel* MakeLabel(QWidget* parent) {
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   return label;
+}
+
+/// A button or box that does what the menu's entry does, and looks like it.
+QAbstractButton* MakeButton(QAction& entry, QWidget* parent) {
+  QAbstractButton* button = nullptr;
+  if (entry.isCheckable()) {
+    button = new QCheckBox(parent);
+  } else {
+    button = new QPushButton(parent);
+  }
+  const auto follow = [&entry, button] {
+    button->setText(entry.text().remove(QLatin1Char('&')));
+    button->setToolTip(entry.toolTip());
+    button->setEnabled(entry.isEnabled());
+    button->setChecked(entry.isChecked());
+  };
+  follow();
+  QObject::connect(&entry, &QAction::changed, button, follow);
+  QObject::connect(button, &QAbstractButton::clicked, &entry, [&entry, follow] {
+    entry.trigger();
+    follow();
+  });
+  return button;
 }
 
 void SetText(QLabel& label, const QString& text) {
@@ -54,11 +78,7 @@ PictureDock::PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<Wi
   selected_ = MakeLabel(middle);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(SpaceUnit(*this));
-  for (QAction* entry : entries) {
-    auto* button = new QToolButton(middle);
-    button->setDefaultAction(entry);
-    buttons->addWidget(button);
-  }
+  for (QAction* entry : entries) buttons->addWidget(MakeButton(*entry, middle));
   buttons->addStretch(1);
   menu_->addActions(entries);
   lines->addWidget(view_, kNearlyAll);

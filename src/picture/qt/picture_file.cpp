@@ -32,7 +32,9 @@ QImage Painted(const PicturePlan& plan, const PictureOrder& order) {
   PaintGround(painter, frame, still);
   const CellGrid grid(*plan.area, frame);
   for (const PlannedWindow& window : plan.windows) {
-    if (IsShown(window, order.slate)) PaintPlannedWindow(painter, grid, plan.look, window);
+    if (IsShown(window, order.slate)) {
+      PaintPlannedWindow(painter, grid.RectOf(window.place), plan.look, window);
+    }
   }
   if (order.safe) PaintSafeFrames(painter, frame);
   return image;

@@ -78,12 +78,11 @@ void PaintSafeFrames(QPainter& painter, const QRectF& frame) {
   painter.restore();
 }
 
-void PaintPlannedWindow(QPainter& painter, const CellGrid& grid, const LetterLook& look,
+void PaintPlannedWindow(QPainter& painter, const QRectF& area, const LetterLook& look,
                         const PlannedWindow& window) {
-  const QRectF area = grid.RectOf(window.place);
   if (area.isEmpty()) return;
   painter.save();
-  painter.setClipRect(grid.Frame(), Qt::IntersectClip);
+  painter.setClipRect(area, Qt::IntersectClip);
   if (look.box != LetterLook::Box::kNone) painter.fillRect(area, BoxColor(look.box));
   painter.setRenderHint(QPainter::Antialiasing);
   const QPainterPath letters = BurntText(QString::fromStdString(window.sample), area);

@@ -37,8 +37,8 @@ void PaintGround(QPainter& painter, const QRectF& frame, const QImage& still);
 /// The frames inside which 90 % and 80 % of width and height lie.
 void PaintSafeFrames(QPainter& painter, const QRectF& frame);
 
-/// One window: its box and its sample, in the style of the plan, cut off at the edges of the picture.
-void PaintPlannedWindow(QPainter& painter, const CellGrid& grid, const LetterLook& look,
+/// One window into its area, and nothing beside it: its box and its sample, in the style of the plan.
+void PaintPlannedWindow(QPainter& painter, const QRectF& area, const LetterLook& look,
                         const PlannedWindow& window);
 
 /// Whether a picture shows a window: it is on, and part of the slate only if that is shown.
