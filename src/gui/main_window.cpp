@@ -97,6 +97,18 @@ void MainWindow::AddPicture() {
   picture_ = new PictureDock(form_, *hooks_.picture, selection_, entries, this);
   addDockWidget(Qt::RightDockWidgetArea, picture_);
   picture_->installEventFilter(this);
+  connect(picture_, &QDockWidget::visibilityChanged, this, [this](bool visible) {
+    if (visible) QTimer::singleShot(0, this, &MainWindow::MakeRoomBeside);
+  });
+}
+
+/// The tool bar stays in its two lines beside the picture, as far as the screen is wide enough.
+void MainWindow::MakeRoomBeside() {
+  const Qt::DockWidgetArea area = dockWidgetArea(picture_);
+  const bool beside = area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
+  const int missing = tools_->sizeHint().width() - tools_->width();
+  if (!beside || missing <= 0 || !Stands() || picture_->isHidden() || picture_->isFloating()) return;
+  StandOnScreen(*this, pos(), {width() + missing, height()}, windowHandle()->frameMargins());
 }
 
 /// Docks that the form's text does not know stay where they are.

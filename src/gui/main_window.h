@@ -44,6 +44,7 @@ class MainWindow : public QMainWindow {
   bool Stands() const;
   void NotePlace();
   void AddPicture();
+  void MakeRoomBeside();
   void TakeDocks();
   void NoteDocks();
   void FitFrame();

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMenuBar>
 
+#include "gui/picture_view.h"
 #include "gui/widgets/application.h"
 #include "gui/widgets/operator_queue.h"
 #include "gui/widgets/readable_style.h"
@@ -28,6 +29,7 @@ class WindowStorm : public StormRun {
     rig_.line.Unit().SetManual(true);
     rig_.line.Unit().SetVideo(true);
     desk_.Show(kWindowsView);
+    if (world_.OneIn(2)) form_.mnuPicture.OperatorClick();
     form_.mnuInter.OperatorClick();
   }
 
@@ -58,6 +60,7 @@ class WindowStorm : public StormRun {
     if (Ended() || rig_.dialogs.Standing()) return;
     QWidget* popup = QApplication::activePopupWidget();
     if (popup && world_.OneIn(5)) return PressKey(Qt::Key_Escape);
+    if (!popup && world_.OneIn(8)) return DragInPicture();
     const int what = world_.Pick(9);
     if (what < 2) return PressKeys();
     if (what < 3) return Turn(popup);
@@ -96,6 +99,15 @@ class WindowStorm : public StormRun {
     Trace("move", widget);
     desk_.Move(widget, PointIn(widget));
   }
+  void DragInPicture() {
+    auto* view = desk_.Window().findChild<PictureView*>();
+    if (!view || !view->isVisible() || view->visibleRegion().isEmpty()) return;
+    Trace("drag", *view);
+    desk_.Press(*view, PointIn(*view));
+    for (int i = world_.Pick(4); i > 0; --i) desk_.Hold(*view, PointIn(*view));
+    if (world_.OneIn(6)) PressKey(Qt::Key_Escape);
+    desk_.Release(*view, PointIn(*view));
+  }
   void Turn(QWidget* popup) {
     if (popup || !QApplication::focusWidget()) return;
     Trace("wheel", *QApplication::focusWidget());
@@ -114,10 +126,11 @@ class WindowStorm : public StormRun {
     desk_.Key(key, Qt::NoModifier, key < 128 ? QString(QChar(key)) : QString());
   }
   void PressKeys() {
-    constexpr int kKeys[] = {Qt::Key_Space, Qt::Key_Up,      Qt::Key_Down,      Qt::Key_PageUp,
-                             Qt::Key_Tab,   Qt::Key_Backtab, Qt::Key_Return,    Qt::Key_Escape,
-                             Qt::Key_F2,    Qt::Key_Home,    Qt::Key_Backspace, Qt::Key_1,
-                             Qt::Key_7,     Qt::Key_A,       Qt::Key_Left,      Qt::Key_Right};
+    constexpr int kKeys[] = {Qt::Key_Space, Qt::Key_Up,        Qt::Key_Down,     Qt::Key_PageUp,
+                             Qt::Key_Tab,   Qt::Key_Backtab,   Qt::Key_Return,   Qt::Key_Escape,
+                             Qt::Key_F9,    Qt::Key_Delete,    Qt::Key_PageDown, Qt::Key_F2,
+                             Qt::Key_Home,  Qt::Key_Backspace, Qt::Key_1,        Qt::Key_7,
+                             Qt::Key_A,     Qt::Key_Left,      Qt::Key_Right};
     const int key = world_.PickOf(kKeys);
     for (int i = world_.OneIn(3) ? 5 : 1; i > 0; --i) PressKey(key);
   }
