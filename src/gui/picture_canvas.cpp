@@ -242,11 +242,7 @@ void PictureCanvas::PaintGhosts(QPainter& painter, const CellGrid& grid) {
 void PictureCanvas::paintEvent(QPaintEvent* event) {
   if (behind_.isNull() || behind_.devicePixelRatio() != devicePixelRatioF()) PaintBehind();
   QPainter painter(this);
-  for (const QRect& part : event->region()) {
-    painter.drawPixmap(QRectF(part), behind_,
-                       QRectF(QPointF(part.topLeft()) * behind_.devicePixelRatio(),
-                              QSizeF(part.size()) * behind_.devicePixelRatio()));
-  }
+  painter.drawPixmap(0, 0, behind_);  // no more of it than the event asks for
   if (!plan_.area) {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, Shown(plan_.trouble));

@@ -124,6 +124,7 @@ void PictureDock::ShowWords() {
   const QString plan = QStringLiteral("A plan: place and size are the unit's, its letters look different.");
   SetText(*caption_, stillFailure_.isEmpty() ? plan : plan + QLatin1Char('\n') + stillFailure_);
   const QString words = view_->SelectedInWords();
+  view_->setAccessibleDescription(words);
   SetText(*selected_, words.isEmpty() ? QStringLiteral("No window selected") : words);
 }
 
