@@ -53,10 +53,9 @@ std::pair<QString, QString> Looks(const QObject& widget, const Control& control)
 
 LiveWindow::LiveWindow(ToolRig& rig)
     : rig_(rig),
-      window_(std::make_unique<MainWindow>(
-          rig.form, WindowHooks{.changes = &rig.tool.unsavedChanges,
-                                .remarks = &rig.tool.remarks,
-                                .picture = &rig.tool.pictureRules})) {
+      window_(std::make_unique<MainWindow>(rig.form, WindowHooks{.changes = &rig.tool.unsavedChanges,
+                                                                 .remarks = &rig.tool.remarks,
+                                                                 .picture = &rig.tool.pictureRules})) {
   rig.pump.onHandle = TurnQtsLoop;
 }
 
