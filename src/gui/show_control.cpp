@@ -46,7 +46,7 @@ void ShowControl(QWidget& window, FrmStart& form, const std::string& name) {
     if (auto* table = qobject_cast<QTableView*>(widget); table && ofList) return ShowParameter(*table, row);
     widget->setFocus();
     // A panel that has just come to the front finds its places first.
-    QTimer::singleShot(0, widget, [widget] { BringIntoView(*widget); });
+    QTimer::singleShot(0, widget, [target = widget.data()] { BringIntoView(*target); });
   };
   const auto panels = PanelsByView(form);
   for (std::size_t view = 0; view < panels.size(); ++view) {
