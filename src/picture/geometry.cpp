@@ -133,7 +133,8 @@ PicturePlan PlanPicture(const FrmStart& form, const Variables& variables) {
 
 std::optional<MoveLimits> MoveLimitsOf(const FrmStart& form, const Variables& variables, int row) {
   const CharMaxPosRec* inForce = LimitsInForce(form, variables);
-  if (!inForce || !form.HasWindowRow(row)) return std::nullopt;
+  const bool isThere = row >= 0 && row < static_cast<int>(variables.CharWindows.size());
+  if (!inForce || !isThere || !form.HasWindowRow(row)) return std::nullopt;
   const FontSize& size = SizeInForce(form);
   const MoveLimits limits{.left = 0,
                           .right = inForce->MaxHorPosn - Columns(form, row, At(variables.CharWindows, row)),

@@ -74,6 +74,7 @@ TEST(Remarks, BearWithPoorReferenceData) {
     spoil(rig.vars);
     EXPECT_THAT(PlanPicture(rig.form, rig.vars).trouble, HasSubstr(trouble));
     EXPECT_EQ(ControlsOf(RemarksOf(rig.form, rig.vars), "outside", ""), "");
+    EXPECT_NO_THROW(MoveLimitsOf(rig.form, rig.vars, 0));
   }
 }
 
