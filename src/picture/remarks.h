@@ -22,7 +22,7 @@ struct Remark {
   std::string text;                   ///< one sentence: what is wrong, and what to do
 };
 
-/// The remarks on the panels as they stand: rule by rule, within a rule by rows. Only looks; it can be asked
+/// The remarks on the present panels: rule by rule, within a rule by rows. Changes nothing; it can be asked
 /// at any time, also while a reference database lacks rows.
 std::vector<Remark> RemarksOf(const FrmStart& form, const Variables& variables);
 

@@ -84,7 +84,7 @@ void AddUnsavable(const QcfEntry& entry, std::optional<int> row, const QcfRecord
   found.push_back({{ControlOf(*entry.field, row)}, std::move(text)});
 }
 
-/// The length of the whole is a number in the file, too. Only the message can be made shorter.
+/// The length of the configuration is a number in the file, too. Only the message can change it at will.
 constexpr std::string_view kWrongLength =
     "The setup has a length that no file can hold: make the text message one character shorter or longer, or "
     "no save will work.";

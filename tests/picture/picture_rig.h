@@ -6,7 +6,7 @@
 namespace marlinset {
 
 /// A tool whose limits of window positions are known: rows 32 to 92 of the large font and columns 2 to 40 in
-/// "1080i/60". In row 0 stands "Video Timecode", on, at row 40 and column 2, 11 columns wide.
+/// "1080i/60". Row 0 is "Video Timecode", on, at row 40 and column 2, 11 columns wide.
 struct PictureRig : PanelRig {
   PictureRig() {
     vars.CharMaxPositions = {{"Large (32 lines/field)", "1080i/60", 100, 4, 240, 0, 80},
