@@ -1,16 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
 #include "cli/commands.h"
 #include "cli/terminal_run.h"
 #include "controls/guard.h"
 #include "picture/geometry.h"
 #include "picture/qt/picture_file.h"
+#include "platform/posix/file_place.h"
 
 namespace marlinset {
+namespace {
+
+/// A slip of the pen would cost a setup.
+bool IsInput(const std::string& file, const CliOptions& options, const PictureOrder& order) {
+  std::vector<std::string> inputs = options.configurations;
+  inputs.push_back(order.background);
+  return std::any_of(inputs.begin(), inputs.end(), [&](const std::string& input) {
+    return !input.empty() && RealPath(WholePath(input)) == RealPath(file);
+  });
+}
+
+}  // namespace
 
 int RunPicture(const CliOptions& options) {
   const std::string file = WholePath(options.output);  // loading changes to the configuration's folder
   PictureOrder order = options.picture;
   order.background = WholePath(order.background);
+  if (IsInput(file, options, order)) {
+    std::fprintf(stderr, "%s: The picture would replace what it is made from.\n", options.output.c_str());
+    return kExitUsage;
+  }
   TerminalRun run(options);
   if (!run.Started()) return kExitStart;
   if (!run.LoadConfiguration(options)) return kExitNotDone;

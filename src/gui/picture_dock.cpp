@@ -61,7 +61,7 @@ void SetText(QLabel& label, const QString& text) {
 }  // namespace
 
 PictureDock::PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<WindowSelection> selection,
-                         QList<QAction*> entries, QWidget* parent)
+                         const QList<QAction*>& entries, QWidget* parent)
     : QDockWidget(Shown(form.mnuPicture.Caption()), parent),
       form_(form),
       rules_(rules),

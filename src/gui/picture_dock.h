@@ -25,7 +25,7 @@ class PictureDock : public QDockWidget {
   Q_OBJECT
  public:
   PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<WindowSelection> selection,
-              QList<QAction*> entries, QWidget* parent);
+              const QList<QAction*>& entries, QWidget* parent);
   ~PictureDock() override;
 
   /// Is shown or hidden as the form says.

@@ -57,6 +57,7 @@ void PictureView::Replan() {
   SetPlan(rules_.Plan());
   if (drag_ && !Seen(drag_->row)) EndDrag(false);
   ShowSelection();
+  ShowGhosts();
 }
 
 void PictureView::ShowSelection() {
@@ -268,7 +269,6 @@ void PictureView::Landed(int row) {
   const auto awaited = awaited_.find(row);
   if (awaited != awaited_.end() && --awaited->second.moves == 0) awaited_.erase(awaited);
   Replan();
-  ShowGhosts();
 }
 
 void PictureView::wheelEvent(QWheelEvent* event) {

@@ -196,7 +196,7 @@ void WindowTable::AddRow(int row) {
   rowStack_->insertWidget(static_cast<int>(std::distance(rows_.begin(), place)), strip);
   ArrangeTabs(row);
   strip->FollowName();
-  if (row == selection_->Row()) ShowSelected();
+  if (row == selection_->Row()) MarkSelected();
 }
 
 /// A row may be added at any time, but the Tab key walks the table from the top.
@@ -275,15 +275,21 @@ int WindowTable::LeastNameWidth() const {
   return fontMetrics().averageCharWidth() * kNameCharacters;
 }
 
-void WindowTable::ShowSelected() {
+void WindowTable::MarkSelected() {
   const auto found = rows_.find(selection_->Row());
   RowStrip* strip = found == rows_.end() ? nullptr : found->second;
   for (RowStrip* changed : {std::exchange(chosen_, strip), strip}) {
     if (changed) changed->update();
   }
-  if (!strip || !isVisible() || strip->isAncestorOf(QApplication::focusWidget())) return;
-  for (QWidget* around = strip->parentWidget(); around; around = around->parentWidget()) {
-    if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(strip, 0, strip->height());
+}
+
+void WindowTable::ShowSelected() {
+  MarkSelected();
+  if (!chosen_ || !isVisible() || chosen_->isAncestorOf(QApplication::focusWidget())) return;
+  for (QWidget* around = chosen_->parentWidget(); around; around = around->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(around)) {
+      area->ensureWidgetVisible(chosen_, 0, chosen_->height());
+    }
   }
 }
 

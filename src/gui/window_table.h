@@ -47,6 +47,7 @@ class WindowTable : public QWidget {
   QWidget* MakeHeader();
   void FillRow(RowStrip& strip, int row);
   void Tint(RowStrip* strip, bool on);
+  void MarkSelected();
   void ShowSelected();
   void SelectRowOf(const QWidget* field);
 
