@@ -130,7 +130,7 @@ TEST_F(PictureViewTest, AWindowStaysInsideItsLimits) {
   sent_.clear();
   for (const int key : {Qt::Key_Right, Qt::Key_Down}) desk_.Key(key);
   LiveWindow::Settle();
-  EXPECT_THAT(sent_, IsEmpty()) << "it stands in the corner";
+  EXPECT_THAT(sent_, IsEmpty()) << "it is in the corner already";
 }
 
 TEST_F(PictureViewTest, KeysAreForTheSelectedWindow) {
