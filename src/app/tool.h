@@ -10,6 +10,7 @@
 #include "core/variables.h"
 #include "files/configuration_file.h"
 #include "link/communications.h"
+#include "link/held_settings.h"
 #include "link/identification.h"
 #include "link/interactive_mode.h"
 #include "link/line_events.h"
@@ -68,6 +69,7 @@ class Tool {
   LineEvents lineEvents;
   Identification identification;
   SettingCommands commands;
+  HeldSettings held;
   WholeSend wholeSend;
   Views views;
   HardwareModel hardwareModel;

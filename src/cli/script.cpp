@@ -19,6 +19,7 @@
 #include "picture/geometry.h"
 #include "platform/event_pump.h"
 #include "platform/settings_store.h"
+#include "wire/frame.h"
 
 namespace marlinset {
 namespace {
@@ -105,6 +106,7 @@ const Script::Action* Script::FindAction(std::string_view name) {
       {"windows", 0, 0, &Script::Windows},
       {"remarks", 0, 0, &Script::Remarks},
       {"log", 0, 1, &Script::Log},
+      {"changes", 0, 0, &Script::Changes},
       {"close", 0, 0, &Script::Close},
       {"quit", 0, 0, &Script::Quit},
   };
@@ -334,6 +336,17 @@ Json Script::Log(const ScriptLine& line) {
     if (!entry.verdict.empty()) entries.back()["verdict"] = entry.verdict;
   }
   return {{"log", std::move(entries)}};
+}
+
+Json Script::Changes(const ScriptLine& /*line*/) {
+  const bool known = tool_.held.Known();
+  Json changes = Json::array();
+  if (known) {
+    for (const Message& message : tool_.wholeSend.Changes()) {
+      changes.push_back({{"meaning", message.meaning}, {"hex", HexOf(EncodeFrame(BytesOf(message.fields)))}});
+    }
+  }
+  return {{"known", known}, {"changes", std::move(changes)}};
 }
 
 Json Script::Close(const ScriptLine& /*line*/) {

@@ -73,6 +73,7 @@ class Script {
   Json Windows(const ScriptLine& line);
   Json Remarks(const ScriptLine& line);
   Json Log(const ScriptLine& line);
+  Json Changes(const ScriptLine& line);
   Json Close(const ScriptLine& line);
   Json Quit(const ScriptLine& line);
 

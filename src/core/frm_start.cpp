@@ -28,6 +28,7 @@ void FrmStart::SetStartState() {
   mnuCom1.SetChecked(true);
   mnuCharOn.SetChecked(true);
   oVITC(0).SetValue(true);
+  bSChanges.SetEnabled(false);
   pComBut.SetBackColor(kRed);
   HideImages();
   for (const int i : {5, 6, 7}) {

@@ -78,6 +78,7 @@ class FrmStart : public Form {
   OptionGroup vitcModes;
   ControlArray<OptionButton> oVITC{*this, "oVITC", {0, 1, 2}};
   Button bOpen{*this, "bOpen"}, bClose{*this, "bClose"}, bSConfig{*this, "bSConfig"};
+  Button bSChanges{*this, "bSChanges"};
   Label lRemarks{*this, "lRemarks"};  ///< how many remarks there are on the setup; empty for none
   Button bSend{*this, "bSend"}, bBroad{*this, "bBroad"}, bGetID{*this, "bGetID"};
   OptionGroup views;

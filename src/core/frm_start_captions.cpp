@@ -70,6 +70,7 @@ constexpr CaptionRow kCaptions[] = {
     {"bOpen", kNoIndex, "Open"},
     {"bClose", kNoIndex, "Close"},
     {"bSConfig", kNoIndex, "Send Setup"},
+    {"bSChanges", kNoIndex, "Send Changes", "Send what the unit does not hold yet"},
     {"lRemarks", kNoIndex, "", "What there is to remark on this setup"},
     {"bSend", kNoIndex, "Send"},
     {"bBroad", kNoIndex, "Broad"},

@@ -305,6 +305,13 @@ const SettingCommand& CommandOf(CommandId id) {
   return *found;
 }
 
+std::vector<std::uint8_t> BytesOf(std::span<const PacketField> fields) {
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(fields.size());
+  for (const PacketField& field : fields) bytes.push_back(static_cast<std::uint8_t>(field.value_or(0)));
+  return bytes;
+}
+
 std::vector<PacketField> FieldsOf(CommandId id) {
   const auto fixed = CommandOf(id).begin.All();
   return {fixed.begin(), fixed.end()};

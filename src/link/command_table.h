@@ -105,6 +105,9 @@ struct Message {
   std::string meaning;
 };
 
+/// The fields as bytes: the low byte of each, 0 for an empty one.
+std::vector<std::uint8_t> BytesOf(std::span<const PacketField> fields);
+
 /// The fields with which every message of a command begins.
 struct FixedFields {
   std::size_t size;

@@ -50,7 +50,7 @@ void Identification::GetId() {
   comms_.ReceivePacket();
   if (UnitIsIdentified(form_) || !platform_.ComP1.PortOpen()) return;
   form_.ShowTraffic(kRed);
-  form_.StatBar(FrmStart::kModelPanel).SetText("Get Id Failed. ");
+  form_.StatBar(FrmStart::kModelPanel).SetText(kGetIdFailedText);
   if (form_.StatBar(FrmStart::kExchangePanel).Text() == "Local Mode") {
     platform_.dialogs.Tell("Local Mode detected, Interactive mode suspended.");
   } else {

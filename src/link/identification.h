@@ -8,6 +8,9 @@ class FrmStart;
 struct Platform;
 struct Variables;
 
+/// What panel 4 shows after an identification that failed.
+constexpr const char* kGetIdFailedText = "Get Id Failed. ";
+
 /// Whether panel 4 names the model of a unit.
 bool UnitIsIdentified(const FrmStart& form);
 

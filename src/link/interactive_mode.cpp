@@ -10,6 +10,7 @@
 #include "core/question_facts.h"
 #include "link/command_table.h"
 #include "link/communications.h"
+#include "link/held_settings.h"
 #include "link/replies.h"
 #include "link/setting_commands.h"
 #include "link/whole_send.h"
@@ -74,12 +75,13 @@ void Suspended(FrmStart& form, const MSComm& line, const std::function<void()>& 
 
 InteractiveMode::InteractiveMode(Platform& platform, Variables& variables, FrmStart& form,
                                  Communications& communications, SettingCommands& commands,
-                                 const WholeSend& wholeSend)
+                                 HeldSettings& held, const WholeSend& wholeSend)
     : platform_(platform),
       vars_(variables),
       form_(form),
       comms_(communications),
       commands_(commands),
+      held_(held),
       wholeSend_(wholeSend) {
   form_.mnuInter.OnClick([this] { setChecks("inter"); });
   form_.mnuOff.OnClick([this] { mnuOff_Click(); });
@@ -177,6 +179,7 @@ void InteractiveMode::Watch() {
 }
 
 void InteractiveMode::Fail() {
+  held_.Forget();
   form_.InterTime.SetEnabled(false);
   platform_.dialogs.Tell("Comm Error, Interactive mode suspended, click OK to continue.");
   form_.mnuInter.SetChecked(false);

@@ -8,6 +8,7 @@ namespace marlinset {
 
 class Communications;
 class FrmStart;
+class HeldSettings;
 class MSComm;
 class SettingCommands;
 class WholeSend;
@@ -36,7 +37,7 @@ void Suspended(FrmStart& form, const MSComm& line, const std::function<void()>& 
 class InteractiveMode {
  public:
   InteractiveMode(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
-                  SettingCommands& commands, const WholeSend& wholeSend);
+                  SettingCommands& commands, HeldSettings& held, const WholeSend& wholeSend);
 
   /// "inter": identifies the unit and, if it answers, enters the mode with a whole send; remembers the wish
   /// for the next start in any case. "off": leaves the mode.
@@ -57,6 +58,7 @@ class InteractiveMode {
   FrmStart& form_;
   Communications& comms_;
   SettingCommands& commands_;
+  HeldSettings& held_;
   const WholeSend& wholeSend_;
 };
 

@@ -72,13 +72,18 @@ void Ports::ShowClosed() {
   form_.ShowVideoPicture(FrmStart::kVideoUnknown);
 }
 
+void Ports::CloseLine() {
+  platform_.ComP1.SetPortOpen(false);
+  Closed.Emit();
+}
+
 void Ports::Close() {
   if (!platform_.ComP1.PortOpen()) {
     form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed Already ");
     return;
   }
   LeaveInteractiveMode(form_);
-  platform_.ComP1.SetPortOpen(false);
+  CloseLine();
   ShowClosed();
   form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed ");
 }
@@ -86,7 +91,7 @@ void Ports::Close() {
 void Ports::ClosePort() {
   if (platform_.ComP1.PortOpen()) {
     LeaveInteractiveMode(form_);
-    platform_.ComP1.SetPortOpen(false);
+    CloseLine();
   }
   ShowClosed();
   form_.StatBar(FrmStart::kStandardPanel).SetText("Offline");
@@ -109,7 +114,7 @@ void Ports::LineLost(int commEvent) {
 
 void Ports::DeviceLost() {
   LeaveInteractiveMode(form_);
-  platform_.ComP1.SetPortOpen(false);  // PortOpen may be False while the close is still pending
+  CloseLine();  // PortOpen may be False while the close is still pending
   ClosePort();
 }
 

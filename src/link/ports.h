@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/signal.h"
 #include "platform/ms_comm.h"
 
 namespace marlinset {
@@ -44,9 +45,13 @@ class Ports {
   /// "The device behind port 1 (/dev/ttyUSB0) is gone"
   std::string LossText() const;
 
+  /// The port was closed, or its device went away.
+  Signal<> Closed;
+
  private:
   void Open();
   void Close();
+  void CloseLine();
   void ShowClosed();
   void UsePort(int port);
   std::string PresentDevice(int port) const;

@@ -30,10 +30,7 @@ std::string FailureText(const Manner& manner, const std::vector<PacketField>& se
 }  // namespace
 
 std::vector<std::uint8_t> SentMessage::Frame() const {
-  std::vector<std::uint8_t> bytes;
-  bytes.reserve(fields.size());
-  for (const PacketField& field : fields) bytes.push_back(static_cast<std::uint8_t>(field.value_or(0)));
-  return EncodeFrame(bytes);
+  return EncodeFrame(BytesOf(fields));
 }
 
 SettingCommands::SettingCommands(Platform& platform, Variables& variables, FrmStart& form,

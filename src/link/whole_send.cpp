@@ -10,6 +10,7 @@
 #include "core/frm_start.h"
 #include "core/question_facts.h"
 #include "link/communications.h"
+#include "link/held_settings.h"
 #include "link/identification.h"
 #include "link/ports.h"
 #include "link/replies.h"
@@ -52,6 +53,14 @@ int& CountOf(SendResult& result, Verdict verdict) {
   return result.count[static_cast<std::size_t>(verdict)];
 }
 
+PendingMessage EndOfHighlight(int row) {
+  return {.id = kWindow, .sender = Sender::kPanel, .row = row, .endsHighlight = true};
+}
+
+CommandId SlateCommand(const FrmStart& form) {
+  return form.chPrev.On() ? kSlatePreview : kSlateMode;
+}
+
 void PaintRows(const ControlArray<Label>& rows, Color color) {
   for (const int row : rows.Indices()) rows(row).SetBackColor(color);
 }
@@ -81,14 +90,17 @@ const char* NameOf(SendEnd end) {
 }
 
 WholeSend::WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
-                     SettingCommands& commands, Ports& ports)
+                     SettingCommands& commands, HeldSettings& held, Ports& ports)
     : platform_(platform),
       vars_(variables),
       form_(form),
       comms_(communications),
       commands_(commands),
+      held_(held),
       ports_(ports) {
-  form_.bSConfig.OnClick([this] { SendSetup(); });
+  form_.bSConfig.OnClick([this] { SendSetup(false); });
+  form_.bSChanges.OnClick([this] { SendSetup(true); });
+  held_.Changed.Connect([this] { form_.bSChanges.SetEnabled(held_.Known() && !Running()); });
   commands_.MessageSent.Connect([this](const SentMessage& message) {
     if (Running()) Count(message);
   });
@@ -115,19 +127,23 @@ bool WholeSend::GoesOn() {
   return !stopped_;
 }
 
-void WholeSend::SendSetup() {
+void WholeSend::SendSetup(bool changesOnly) {
   if (Running()) return;
+  changesOnly_ = changesOnly;
   stopped_ = false;
   progress_ = {};
   result_ = {SendEnd::kFailed};
   bool lost = false;
   const auto send = [&] {
     comms_.SetInSend(true);
+    form_.bSChanges.SetEnabled(false);
     result_.end = SendOverPort();
     lost = comms_.LostInSend();
   };
   Finally(send, [this] { comms_.SetInSend(false); });
   if (lost) TellLoss();
+  if (result_.end == SendEnd::kComplete) held_.NoteWholeSend();
+  form_.bSChanges.SetEnabled(held_.Known());
 }
 
 /// Shows the one box of a send whose device went away.
@@ -245,7 +261,7 @@ void WholeSend::Sequence() {
   SendWindows();
   RunSteps(StepsAfterWindows(), progress_.lateStep);
   progress_.slate = true;
-  if (GoesOn()) commands_.SendSlate();
+  if (GoesOn() && IsDue({.id = SlateCommand(form_)})) commands_.SendSlate();
 }
 
 SendEnd WholeSend::Close() {
@@ -266,6 +282,7 @@ void WholeSend::SendParameters() {
       const int i = progress_.parameter++;
       if (!IsSendable(At(vars_.SystemParameters, i))) continue;
       if (!GoesOn()) return;
+      if (!IsDue({.id = kSetParameter, .row = i})) continue;
       if (form_.lDesc.Has(i)) form_.lDesc(i).SetBackColor(kYellow);
       commands_.Send(kSetParameter, Sender::kWholeSend, i);
     }
@@ -279,7 +296,7 @@ void WholeSend::RunSteps(std::span<const SendStep> steps, std::size_t& place) {
 
 void WholeSend::RunStep(const SendStep& step) {
   const std::optional<CommandId> command = CommandIn(step, form_);
-  if (!command) return;
+  if (!command || !IsDue({.id = *command})) return;
   const Marks marks = MarksOf(step);
   Marked(form_, marks.All(), [&] {
     if (command == kCharOffForSize || command == kCharOnForSize) {
@@ -297,34 +314,87 @@ void WholeSend::RunStep(const SendStep& step) {
 void WholeSend::Plan() {
   if (comms_.LostInSend() || !platform_.ComP1.PortOpen()) return;
   // At least identification and query go before the sequence, and a query closes it.
-  result_.planned = std::max(result_.messages, 2) + StillToSend();
+  const std::vector<PendingMessage> pending = Pending(progress_);
+  const std::size_t left = changesOnly_ ? ChangesIn(pending, progress_.sizeGoes).size() : pending.size();
+  result_.planned = std::max(result_.messages, 2) + static_cast<int>(left) + (progress_.closing ? 0 : 1);
 }
 
-int WholeSend::StillIn(std::span<const SendStep> steps, std::size_t place) const {
-  int count = 0;
-  for (const SendStep& step : steps.subspan(place)) count += CommandIn(step, form_) ? 1 : 0;
-  return count;
-}
-
-int WholeSend::StillToSend() const {
-  int count = (progress_.closing ? 0 : 1) + (progress_.behindText ? 1 : 0);
-  for (int i = progress_.parameter; i < static_cast<int>(vars_.SystemParameters.size()); ++i) {
-    count += IsSendable(At(vars_.SystemParameters, i)) ? 1 : 0;
+void WholeSend::AddPending(std::span<const SendStep> steps, std::vector<PendingMessage>& messages) const {
+  for (const SendStep& step : steps) {
+    if (const auto command = CommandIn(step, form_)) messages.push_back({.id = *command});
   }
-  count += StillIn(StepsBeforeWindows(), progress_.step) + StillIn(StepsAfterWindows(), progress_.lateStep);
+}
+
+/// The messages of the sequence that follow a place in it, by the panels as they are now.
+std::vector<PendingMessage> WholeSend::Pending(const Progress& from) const {
+  std::vector<PendingMessage> messages;
+  if (from.behindText) messages.push_back({.id = kWindow, .row = from.window - 1});
+  for (int i = from.parameter; i < static_cast<int>(vars_.SystemParameters.size()); ++i) {
+    if (IsSendable(At(vars_.SystemParameters, i))) messages.push_back({.id = kSetParameter, .row = i});
+  }
+  AddPending(StepsBeforeWindows().subspan(from.step), messages);
   const int windows = static_cast<int>(vars_.CharWindows.size());
-  for (int row = progress_.highlight; row < windows; ++row) count += commands_.Highlights(row) ? 1 : 0;
-  for (int row = progress_.window; row < windows; ++row) {
-    if (commands_.HasWindow(row)) count += IsTextWindow(row) ? 2 : 1;
+  for (int row = from.highlight; row < windows; ++row) {
+    if (commands_.Highlights(row)) messages.push_back(EndOfHighlight(row));
   }
-  return count + (!progress_.slate && commands_.Live() ? 1 : 0);
+  for (int row = from.window; row < windows; ++row) {
+    if (!commands_.HasWindow(row)) continue;
+    if (IsTextWindow(row)) messages.push_back({.id = kText});
+    messages.push_back({.id = kWindow, .row = row});
+  }
+  AddPending(StepsAfterWindows().subspan(from.lateStep), messages);
+  if (!from.slate && commands_.Live()) messages.push_back({.id = SlateCommand(form_)});
+  return messages;
+}
+
+Message WholeSend::MessageFor(const PendingMessage& pending) const {
+  return MessageOf(CommandOf(pending.id), {form_, vars_, pending.sender, pending.row, kHighlightOff});
+}
+
+/// Whether Send Changes sends a message, with those that follow it. Of several messages for one thing only
+/// the last goes; `sizeGoes` keeps, for the inserter's on, whether the font size went.
+bool WholeSend::Goes(const PendingMessage& message, std::span<const PendingMessage> rest,
+                     const LastMessages& held, bool& sizeGoes) const {
+  const auto differs = [&](const PendingMessage& other) { return !held.Has(MessageFor(other).fields); };
+  if (message.id == kCharOffForSize) {
+    sizeGoes =
+        std::ranges::any_of(rest, [&](const auto& later) { return later.id == kCharSize && differs(later); });
+  }
+  if (message.id == kCharOffForSize || message.id == kCharOnForSize) return sizeGoes;
+  if (message.endsHighlight) return At(vars_.CharWindows, message.row).Highlighted;
+  if (!differs(message)) return false;
+  const auto thing = LastMessages::ThingOf(MessageFor(message).fields);
+  return std::ranges::none_of(
+      rest, [&](const auto& later) { return LastMessages::ThingOf(MessageFor(later).fields) == thing; });
+}
+
+bool WholeSend::IsDue(const PendingMessage& message) {
+  return !changesOnly_ || Goes(message, Pending(progress_), held_.Messages(), progress_.sizeGoes);
+}
+
+std::vector<Message> WholeSend::ChangesIn(std::span<const PendingMessage> pending, bool sizeGoes) const {
+  std::vector<Message> changes;
+  LastMessages held = held_.Messages();
+  while (!pending.empty()) {
+    const PendingMessage& message = pending.front();
+    pending = pending.subspan(1);
+    if (!Goes(message, pending, held, sizeGoes)) continue;
+    changes.push_back(MessageFor(message));
+    held.Take(changes.back().fields);
+  }
+  return changes;
+}
+
+std::vector<Message> WholeSend::Changes() const {
+  return ChangesIn(Pending({}), false);
 }
 
 void WholeSend::EndHighlights() {
   if (!GoesOn()) return;
   PaintRows(form_.lName, kWhite);
   while (progress_.highlight < static_cast<int>(vars_.CharWindows.size()) && GoesOn()) {
-    commands_.SendWindowInteractive(progress_.highlight++, kHighlightOff);
+    const int row = progress_.highlight++;
+    if (IsDue(EndOfHighlight(row))) commands_.SendWindowInteractive(row, kHighlightOff);
   }
 }
 
@@ -332,8 +402,9 @@ void WholeSend::SendWindows() {
   while (progress_.window < static_cast<int>(vars_.CharWindows.size()) && GoesOn()) {
     const int row = progress_.window++;
     if (!commands_.HasWindow(row)) continue;
+    const bool due = IsDue({.id = kWindow, .row = row}) || (IsTextWindow(row) && IsDue({.id = kText}));
     const ControlName name[] = {{"lName", row}};
-    Marked(form_, name, [&] { SendWindow(row); });
+    Marked(form_, std::span(name).first(due ? 1 : 0), [&] { SendWindow(row); });
   }
 }
 
@@ -345,11 +416,11 @@ void WholeSend::SendWindow(int row) {
   if (IsTextWindow(row)) {
     form_.tWinMess.SetText(MessageText(form_.tWinMess.Text()));
     progress_.behindText = true;
-    commands_.Send(kText, Sender::kWholeSend);
+    if (IsDue({.id = kText})) commands_.Send(kText, Sender::kWholeSend);
     if (!GoesOn()) return;
     progress_.behindText = false;
   }
-  commands_.Send(kWindow, Sender::kWholeSend, row);
+  if (IsDue({.id = kWindow, .row = row})) commands_.Send(kWindow, Sender::kWholeSend, row);
 }
 
 }  // namespace marlinset

@@ -5,11 +5,14 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "link/setting_commands.h"
 
 namespace marlinset {
 
+class HeldSettings;
+class LastMessages;
 class Ports;
 struct SendStep;
 
@@ -43,19 +46,31 @@ struct SendResult {
   }
 };
 
+/// A message that a whole send has still to send.
+struct PendingMessage {
+  CommandId id = CommandId::kWindow;
+  Sender sender = Sender::kWholeSend;
+  int row = 0;  ///< of a window or parameter
+  bool endsHighlight = false;
+};
+
 /// "Send Setup": sends the whole configuration to the unit, message by message, in the order that the unit's
 /// firmware relies on. First brings the video standards of unit and configuration together; after that,
 /// reports each missing acknowledgement and carries on. If the device goes away, the send ends with one box
-/// that says how far it got. Connects to `bSConfig`.
+/// that says how far it got. "Send Changes" does the same, but passes over each message that the unit holds
+/// as it is. Connects to `bSConfig` and `bSChanges`.
 class WholeSend {
  public:
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
-            SettingCommands& commands, Ports& ports);
+            SettingCommands& commands, HeldSettings& held, Ports& ports);
 
   /// Whether a send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
   bool Running() const;
   /// The result of the last send, or of the one in progress so far.
   const SendResult& Result() const { return result_; }
+
+  /// The messages that Send Changes would put on the line now between prologue and closing check.
+  std::vector<Message> Changes() const;
 
   /// Asked between two messages. True ends the send there, with everything enabled again.
   std::function<bool()> stopRequested;
@@ -71,14 +86,20 @@ class WholeSend {
     bool behindText = false;  ///< a window's text is being sent, the window itself is next
     bool slate = false;
     bool closing = false;
+    bool sizeGoes = false;  ///< the font size is sent, and the inserter's off and on around it
   };
 
   void Count(const SentMessage& message);
-  void SendSetup();
+  void SendSetup(bool changesOnly);
   void TellLoss();
   void Plan();
-  int StillToSend() const;
-  int StillIn(std::span<const SendStep> steps, std::size_t place) const;
+  std::vector<PendingMessage> Pending(const Progress& from) const;
+  void AddPending(std::span<const SendStep> steps, std::vector<PendingMessage>& messages) const;
+  Message MessageFor(const PendingMessage& pending) const;
+  std::vector<Message> ChangesIn(std::span<const PendingMessage> pending, bool sizeGoes) const;
+  bool Goes(const PendingMessage& message, std::span<const PendingMessage> rest, const LastMessages& held,
+            bool& sizeGoes) const;
+  bool IsDue(const PendingMessage& message);
   bool IsTextWindow(int row) const;
   SendEnd SendOverPort();
   SendEnd SendConfiguration();
@@ -102,10 +123,12 @@ class WholeSend {
   FrmStart& form_;
   Communications& comms_;
   SettingCommands& commands_;
+  HeldSettings& held_;
   Ports& ports_;
   SendResult result_;
   int firstNumber_ = 0;  ///< number of this send's first message
   Progress progress_;
+  bool changesOnly_ = false;
   bool stopped_ = false;
 };
 

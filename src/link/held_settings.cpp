@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/held_settings.h"
+
+#include <algorithm>
+
+#include "core/frm_start.h"
+#include "link/identification.h"
+#include "link/ports.h"
+#include "link/setting_commands.h"
+
+namespace marlinset {
+namespace {
+
+/// A command by its first three fields. Commands that are not listed set one thing each.
+struct SettingKind {
+  std::array<int, 3> command;
+  std::size_t keyFields;  ///< fields behind the command that say which of its settings it is
+  int sameAs;             ///< the command that sets the same thing
+};
+constexpr SettingKind kKinds[] = {
+    {{15, 0, 192}, 2, 192},  // parameter and class
+    {{1, 5, 160}, 1, 160},   // channel
+    {{2, 8, 33}, 1, 33},     // window
+    {{1, 5, 47}, 0, 46},     // VITC off, on
+    {{1, 5, 57}, 0, 56},     // white flag off, on
+};
+constexpr CommandId kNoSettings[] = {CommandId::kSelect, CommandId::kBroadcast, CommandId::kVideoSense,
+                                     CommandId::kGetID, CommandId::kGetFirmware};
+
+}  // namespace
+
+std::optional<LastMessages::Thing> LastMessages::ThingOf(std::span<const PacketField> fields) {
+  if (fields.size() < 3) return std::nullopt;
+  const auto begins = [fields](CommandId id) {
+    const auto fixed = CommandOf(id).begin.All();
+    return std::ranges::equal(fixed.first(3), fields.first(3),
+                              [](int a, const PacketField& b) { return a == b.value_or(0); });
+  };
+  if (std::ranges::any_of(kNoSettings, begins)) return std::nullopt;
+  Thing thing{};
+  for (std::size_t i = 0; i < 3; ++i) thing[i] = fields[i].value_or(0);
+  for (const SettingKind& kind : kKinds) {
+    if (!std::ranges::equal(kind.command, std::span(thing).first(3))) continue;
+    for (std::size_t i = 3; i < std::min(3 + kind.keyFields, fields.size()); ++i) {
+      thing[i] = fields[i].value_or(0);
+    }
+    thing[2] = kind.sameAs;
+    break;
+  }
+  return thing;
+}
+
+bool LastMessages::Has(std::span<const PacketField> fields) const {
+  const auto thing = ThingOf(fields);
+  const auto found = thing ? last_.find(*thing) : last_.end();
+  return found != last_.end() && found->second == BytesOf(fields);
+}
+
+void LastMessages::Take(std::span<const PacketField> fields) {
+  if (const auto thing = ThingOf(fields)) last_[*thing] = BytesOf(fields);
+}
+
+void LastMessages::Drop(std::span<const PacketField> fields) {
+  if (const auto thing = ThingOf(fields)) last_.erase(*thing);
+}
+
+HeldSettings::HeldSettings(FrmStart& form, SettingCommands& commands, Ports& ports) {
+  commands.MessageSent.Connect([this](const SentMessage& message) { Note(message); });
+  commands.VerdictChanged.Connect([this](const SentMessage& message, Verdict) { Note(message); });
+  ports.Closed.Connect([this] { Forget(); });
+  StatusPanel& exchange = form.StatBar(FrmStart::kExchangePanel);
+  exchange.Changed.Connect([this, &exchange] {
+    if (exchange.Text() == "Local Mode") Forget();
+  });
+  StatusPanel& model = form.StatBar(FrmStart::kModelPanel);
+  model.Changed.Connect([this, &form, &model] {
+    if (UnitIsIdentified(form)) {
+      FollowModel(model.Text());
+    } else if (model.Text() == kGetIdFailedText) {
+      Forget();
+    }
+  });
+}
+
+void HeldSettings::Note(const SentMessage& message) {
+  const bool held = message.verdict ? message.verdict == Verdict::kAcknowledged : message.wentOut;
+  if (held) {
+    messages_.Take(message.fields);
+  } else {
+    messages_.Drop(message.fields);
+  }
+  Changed.Emit();
+}
+
+void HeldSettings::FollowModel(const std::string& panel) {
+  if (panel == model_) return;
+  if (!model_.empty()) Forget();
+  model_ = panel;
+}
+
+void HeldSettings::Forget() {
+  messages_.Clear();
+  known_ = false;
+  Changed.Emit();
+}
+
+void HeldSettings::NoteWholeSend() {
+  known_ = true;
+  Changed.Emit();
+}
+
+}  // namespace marlinset
