@@ -8,6 +8,7 @@
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/communications.h"
+#include "link/held_settings.h"
 #include "link/identification.h"
 #include "link/line_events.h"
 #include "link/ports.h"
@@ -61,7 +62,8 @@ struct LinkRigOn : FakeComputer<Line, Clock> {
   LineEvents lineEvents{platform, form, comms, ports};
   Identification identification{platform, vars, form, comms};
   SettingCommands commands{platform, vars, form, comms};
-  WholeSend wholeSend{platform, vars, form, comms, commands, ports};
+  HeldSettings held{form, commands, ports};
+  WholeSend wholeSend{platform, vars, form, comms, commands, held, ports};
 };
 
 using LinkRig = LinkRigOn<>;

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Send Changes: what the unit does not hold, and no more.
+#include "tests/panels/panel_rig.h"
+
+namespace marlinset {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> Texts(const std::vector<Message>& messages) {
+  std::vector<std::string> texts;
+  for (const Message& message : messages) texts.push_back(FieldsText(EncodeFrame(BytesOf(message.fields))));
+  return texts;
+}
+
+/// Identification and query before the changes, a query behind them.
+std::vector<std::string> Framed(std::vector<std::string> changes) {
+  changes.insert(changes.begin(), {"15 0 53", "15 0 52"});
+  changes.emplace_back("15 0 52");
+  return changes;
+}
+
+struct SentSetup : PanelRig {
+  SentSetup() {
+    form.bSConfig.OperatorClick();
+    line.ClearSent();
+  }
+};
+
+TEST(SendChanges, SendsOfEachThingTheLastMessageThatTheUnitDoesNotHold) {
+  const std::pair<const char*, std::vector<std::string>> edits[] = {
+      {"", {}},
+      {"choose ComWin(2) #1", {"2 8 35 1"}},
+      {"choose ComWin(2) #1; choose ComWin(2) #0", {}},
+      {"check chVITC 0", {"1 5 47"}},
+      {"check chEnable 1", {"1 5 56", "1 5 169 20 20"}},
+      {"type tWinMess Take", {"2 8 40 14 84 65 75 69"}},
+      {"check chPrev 1", {"2 8 37 1"}},
+      {"choose ComWin(1) #2", {"2 8 37 2"}},
+      {"spin udHor(0) 6", {"2 8 33 1 66 10 6 13"}},
+  };
+  for (const auto& [edit, changes] : edits) {
+    SCOPED_TRACE(edit);
+    SentSetup rig;
+    rig.Do(edit);
+    EXPECT_EQ(Texts(rig.tool.wholeSend.Changes()), changes);
+    EXPECT_THAT(rig.Sent(), IsEmpty()) << "the question sends nothing";
+    rig.form.bSChanges.OperatorClick();
+    EXPECT_EQ(rig.Sent(), Framed(changes));
+    EXPECT_EQ(rig.tool.wholeSend.Result().planned, static_cast<int>(changes.size()) + 3);
+    EXPECT_THAT(rig.tool.wholeSend.Changes(), IsEmpty());
+    EXPECT_THAT(rig.Told(), IsEmpty());
+  }
+}
+
+TEST(SendChanges, SwitchTheInserterOffForTheFontSizeOnlyAndEndHighlights) {
+  SentSetup rig;
+  rig.Do("choose ComWin(3) #1");
+  rig.form.bSChanges.OperatorClick();
+  const std::vector<std::string> sent = rig.Sent();
+  ASSERT_GT(sent.size(), 6U) << "all windows move to the rows of the size";
+  EXPECT_EQ(std::vector(sent.begin() + 2, sent.begin() + 5),
+            (std::vector<std::string>{"2 8 34 0", "2 8 32 1", "2 8 34 1"}));
+  EXPECT_THAT(sent, testing::Contains(testing::StartsWith("2 8 34")).Times(2));
+
+  rig.GoInteractive();
+  rig.form.chOnOff(0).OperatorHover();
+  EXPECT_THAT(rig.Sent(), ElementsAre("2 8 33 1 194 20 5 13"));
+  rig.form.bSChanges.OperatorClick();
+  EXPECT_EQ(rig.Sent(), Framed({"2 8 33 1 66 20 5 13"}));
+}
+
+TEST(SendChanges, ForgetsWhatTheUnitMayHoldNoLonger) {
+  const std::pair<const char*, std::function<void(PanelRig&)>> ways[] = {
+      {"closed", [](PanelRig& rig) { rig.form.bClose.OperatorClick(); }},
+      {"gone", [](PanelRig& rig) { rig.line.Vanish(); }},
+      {"silent",
+       [](PanelRig& rig) {
+         rig.line.Unit().Faults().mute = true;
+         rig.form.bGetID.Press();
+       }},
+      {"another model", [](PanelRig& rig) { rig.form.StatBar(4).SetText("SD7340"); }},
+      {"local",
+       [](PanelRig& rig) {
+         rig.line.Unit().SetLocal(true);
+         rig.GoInteractive();
+         rig.Do("choose ComWin(2) #1");
+       }},
+  };
+  for (const auto& [name, way] : ways) {
+    SCOPED_TRACE(name);
+    SentSetup rig;
+    EXPECT_TRUE(rig.form.bSChanges.Enabled());
+    way(rig);
+    EXPECT_FALSE(rig.tool.held.Known());
+    EXPECT_FALSE(rig.form.bSChanges.Enabled());
+  }
+  SentSetup rig;
+  rig.GoInteractive();
+  rig.line.Unit().Faults().nak = 1;
+  rig.Do("choose ComWin(2) #1");
+  EXPECT_THAT(Texts(rig.tool.wholeSend.Changes()), ElementsAre("2 8 35 1"))
+      << "a refusal is no acknowledgement";
+  EXPECT_TRUE(rig.form.bSChanges.Enabled());
+}
+
+}  // namespace
+}  // namespace marlinset
