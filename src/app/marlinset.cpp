@@ -108,6 +108,8 @@ void WindowRun::Load() {
                               .frameSent = &tool_.communications.FrameSent,
                               .changes = &tool_.unsavedChanges,
                               .remarks = &tool_.remarks,
+                              .held = &tool_.held,
+                              .wholeSend = &tool_.wholeSend,
                               .picture = &tool_.pictureRules});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }

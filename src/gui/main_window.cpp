@@ -70,7 +70,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   auto* rows = new QVBoxLayout(middle);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  tools_ = new ToolArea(form, hooks_.deviceName, hooks_.remarks, middle);
+  tools_ = new ToolArea(form, hooks_, middle);
   rows->addWidget(tools_);
   rows->addWidget(MakeRule(middle));
   rows->addWidget(new PanelHost(form, selection_, middle), 1);

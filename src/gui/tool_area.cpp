@@ -7,6 +7,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "gui/change_counter.h"
 #include "gui/indicator.h"
 #include "gui/live_sign.h"
 #include "gui/remark_counter.h"
@@ -15,6 +16,7 @@
 #include "gui/widgets/group.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/widget_bindings.h"
+#include "gui/window_hooks.h"
 
 namespace marlinset {
 namespace {
@@ -61,9 +63,7 @@ void AddButton(QBoxLayout& row, BarButton* widget, Button& control, char mnemoni
 
 }  // namespace
 
-ToolArea::ToolArea(FrmStart& form, const std::function<std::string(int)>& deviceName, RemarkList* remarks,
-                   QWidget* parent)
-    : QWidget(parent) {
+ToolArea::ToolArea(FrmStart& form, const WindowHooks& hooks, QWidget* parent) : QWidget(parent) {
   Bind(*this, form.CoolBar1);
   auto* rows = new QVBoxLayout(this);
   SetSpaces(*rows, *this);
@@ -72,12 +72,15 @@ ToolArea::ToolArea(FrmStart& form, const std::function<std::string(int)>& device
   Strip standard(this);
   AddStandard(form, *standard.row);
   Strip main(this);
-  AddMain(form, remarks, *main.row);
+  AddMain(form, hooks.remarks, *main.row);
   rows->addWidget(MakeLine(standard, main, this));
   Strip views(this);
   views.row->addWidget(MakeViews(form));
   views.row->addSpacing(2 * unit);
-  views.row->addWidget(new LiveSign(form, deviceName, this));
+  views.row->addWidget(new LiveSign(form, hooks.deviceName, this));
+  if (hooks.held && hooks.wholeSend) {
+    views.row->addWidget(new ChangeCounter(form, *hooks.held, *hooks.wholeSend, this));
+  }
   Strip service(this);
   AddService(form, *service.row);
   rows->addWidget(MakeLine(views, service, this));
@@ -142,6 +145,13 @@ void ToolArea::AddMain(FrmStart& form, RemarkList* remarks, QBoxLayout& row) {
   AddButton(row, new BarButton(this), form.bClose, 'C', Turn::kAtOnce);
   row.addSpacing(SpaceUnit(*this));
   AddButton(row, new MainButton(this), form.bSConfig, 'S');
+  auto* changes = new BarButton(this);
+  Binding& binding = Bind(*changes, form.bSChanges);
+  binding.SetDisabledReason(
+      QStringLiteral("The tool does not know what the unit holds; available once a setup has been sent."));
+  row.addWidget(changes);
+  auto* keys = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return), changes);
+  connect(keys, &QShortcut::activated, changes, &QAbstractButton::click);
   row.addWidget(new RemarkCounter(form, remarks, this));
 }
 

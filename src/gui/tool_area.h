@@ -10,6 +10,7 @@ class QBoxLayout;
 namespace marlinset {
 
 class RemarkList;
+struct WindowHooks;
 
 /// The area above the panels. First row: indicator, video standard, VITC mode, Open, Close, the main
 /// action and what there is to remark before it; second row: the choice of the panel (Alt+1 to Alt+5) and the
@@ -17,10 +18,7 @@ class RemarkList;
 class ToolArea : public QWidget {
   Q_OBJECT
  public:
-  /// `deviceName`: the device behind a port number; may be empty. `remarks`: what to remark on the setup; may
-  /// be null.
-  ToolArea(FrmStart& form, const std::function<std::string(int)>& deviceName, RemarkList* remarks,
-           QWidget* parent);
+  ToolArea(FrmStart& form, const WindowHooks& hooks, QWidget* parent);
 
  private:
   QWidget* MakeVitcModes(FrmStart& form);

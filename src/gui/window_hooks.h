@@ -10,9 +10,11 @@
 
 namespace marlinset {
 
+class HeldSettings;
 class PictureRules;
 class RemarkList;
 class UnsavedChanges;
+class WholeSend;
 
 /// What the window needs from the program that creates it.
 struct WindowHooks {
@@ -34,6 +36,9 @@ struct WindowHooks {
   UnsavedChanges* changes = nullptr;
   /// What there is to remark on the setup. May be null.
   RemarkList* remarks = nullptr;
+  /// What the unit holds, and the send that brings it up to date. Both or none.
+  HeldSettings* held = nullptr;
+  const WholeSend* wholeSend = nullptr;
   /// Without it there is no picture of the windows. May be null.
   PictureRules* picture = nullptr;
 };

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/change_counter.h"
+
+#include "core/frm_start.h"
+#include "gui/widgets/look.h"
+#include "link/held_settings.h"
+#include "link/whole_send.h"
+
+namespace marlinset {
+namespace {
+
+QString TextOf(std::size_t changes) {
+  if (changes == 0) return {};
+  const QString noun = changes == 1 ? QStringLiteral("change") : QStringLiteral("changes");
+  return QStringLiteral("%1 %2 not on the unit").arg(changes).arg(noun);
+}
+
+}  // namespace
+
+ChangeCounter::ChangeCounter(FrmStart& form, HeldSettings& held, const WholeSend& send, QWidget* parent)
+    : QLabel(parent),
+      form_(form),
+      held_(held),
+      send_(send),
+      touched_(form.Touched, [this] { LookSoon(); }),
+      known_(held.Changed, [this] { LookSoon(); }) {
+  setObjectName(QStringLiteral("Changes"));
+  setAlignment(Qt::AlignVCenter | Qt::AlignRight);
+  soon_.setSingleShot(true);
+  connect(&soon_, &QTimer::timeout, this, &ChangeCounter::Look);
+}
+
+QSize ChangeCounter::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(TextOf(999)) + 2 * SpaceUnit(*this), fontMetrics().height()};
+}
+
+void ChangeCounter::showEvent(QShowEvent* event) {
+  QLabel::showEvent(event);
+  LookSoon();
+}
+
+void ChangeCounter::LookSoon() {
+  if (isVisible() && !soon_.isActive()) soon_.start(0);
+}
+
+/// During a send the number would run with the messages; the status bar shows those.
+void ChangeCounter::Look() {
+  form_.ListenAgain();
+  if (send_.Running()) return;
+  setText(held_.Known() ? TextOf(send_.Changes().size()) : QString());
+}
+
+}  // namespace marlinset
