@@ -3,6 +3,7 @@
 
 #include <QFocusEvent>
 #include <QMouseEvent>
+#include <QScrollArea>
 #include <QWidget>
 #include <algorithm>
 
