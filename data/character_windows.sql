@@ -5,7 +5,8 @@
 --
 -- A window must fit into 32 columns together with its symbol and field digit, and lie inside the limits of every
 -- video standard and font size. Its vertical position is a multiple of 4, the height of the largest characters, so that
--- units show it there in every size. Positions go into one byte of a configuration file.
+-- units show it there in every size. New puts all windows into the first row, so those that are on by default have
+-- columns of their own. Positions go into one byte of a configuration file.
 
 CREATE TABLE "Character Windows" (
   "Device"                 INTEGER NOT NULL,  -- the unit that has the window; 0: none any more, the row is passed over
@@ -36,7 +37,7 @@ CREATE TABLE "Character Windows" (
 
 INSERT INTO "Character Windows" VALUES
 --  Device Name               No On  Top Lft Len Slt  Sym Len Fld Len  Hor Vert  On Slt Sym Fld  Ign Dbl
-  ( 7340, 'Video Timecode',   1, 1,   56,  2,  11,  0,    0,  2,   1,  2,    2,  56,   1,  0,   0,  1,    0,  0),
+  ( 7340, 'Video Timecode',   1, 1,   56,  0,  11,  0,    0,  2,   1,  2,    0,  56,   1,  0,   0,  1,    0,  0),
   ( 7340, 'Video User Bits',  2, 0,   56, 18,  11,  0,    0,  2,   0,  0,   18,  56,   0,  0,   0,  0,    0,  0),
   ( 7340, 'LTC Timecode',     3, 0,   40,  2,  11,  0,    1,  2,   0,  2,    2,  40,   0,  0,   1,  0,    0,  0),
   ( 7340, 'LTC User Bits',    4, 0,   40, 18,  11,  0,    0,  0,   0,  0,   18,  40,   0,  0,   0,  0,    0,  0),
@@ -45,7 +46,7 @@ INSERT INTO "Character Windows" VALUES
   (    0, 'Control Track',   90, 0,   40,  2,   9,  0,    0,  0,   0,  0,    2,  40,   0,  0,   0,  0,    0,  0),
   ( 7340, 'Film Timecode',    7, 0,   48,  2,  11,  0,    0,  2,   1,  2,    2,  48,   0,  0,   0,  1,    0,  0),
   ( 7340, 'Film Footage',     8, 0,   48, 20,  10,  0,    0,  2,   0,  0,   20,  48,   0,  0,   0,  0,    0,  0),
-  ( 7340, 'KeyKode',          9, 1,   52,  2,  18,  0,    1,  2,   0,  0,    2,  52,   1,  0,   1,  0,    0,  0),
+  ( 7340, 'KeyKode',          9, 1,   52, 13,  17,  0,    1,  2,   0,  0,   13,  52,   1,  0,   1,  0,    0,  0),
   ( 7340, 'Sound Timecode',  10, 0,   40,  2,  11,  0,    0,  2,   0,  2,    2,  40,   0,  0,   0,  0,    0,  0),
   ( 7340, 'Camera Roll',     11, 0,   40,  0,   8,  1,    0,  0,   0,  0,    0,  40,   0,  1,   0,  0,    0,  0),
   ( 7340, 'Sound Roll',      12, 0,   40, 12,   8,  1,    0,  0,   0,  0,   12,  40,   0,  1,   0,  0,    0,  0),

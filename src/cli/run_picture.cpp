@@ -5,22 +5,25 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/picture_inputs.h"
 #include "cli/terminal_run.h"
 #include "controls/guard.h"
 #include "picture/geometry.h"
 #include "picture/qt/picture_file.h"
-#include "platform/posix/file_place.h"
 
 namespace marlinset {
 namespace {
 
-/// A slip of the pen would cost a setup.
 bool IsInput(const std::string& file, const CliOptions& options, const PictureOrder& order) {
   std::vector<std::string> inputs = options.configurations;
   inputs.push_back(order.background);
-  return std::any_of(inputs.begin(), inputs.end(), [&](const std::string& input) {
-    return !input.empty() && RealPath(WholePath(input)) == RealPath(file);
-  });
+  return std::any_of(inputs.begin(), inputs.end(),
+                     [&](const std::string& input) { return IsSameFile(WholePath(input), file); });
+}
+
+int Refuse(const CliOptions& options) {
+  std::fprintf(stderr, "%s: %s\n", options.output.c_str(), kReplacesInput);
+  return kExitUsage;
 }
 
 }  // namespace
@@ -29,14 +32,12 @@ int RunPicture(const CliOptions& options) {
   const std::string file = WholePath(options.output);  // loading changes to the configuration's folder
   PictureOrder order = options.picture;
   order.background = WholePath(order.background);
-  if (IsInput(file, options, order)) {
-    std::fprintf(stderr, "%s: The picture would replace what it is made from.\n", options.output.c_str());
-    return kExitUsage;
-  }
+  if (IsInput(file, options, order)) return Refuse(options);
   TerminalRun run(options);
   if (!run.Started()) return kExitStart;
   if (!run.LoadConfiguration(options)) return kExitNotDone;
   const Tool& tool = run.tool;
+  if (IsInUse(tool, file)) return Refuse(options);
   const bool written =
       tool.platform.guard.Run([&] { WritePicture(PlanPicture(tool.form, tool.variables), order, file); });
   return written ? kExitDone : kExitNotDone;

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
 #include "core/choices.h"
@@ -84,19 +86,40 @@ void PlanArea(const FrmStart& form, const Variables& vars, PicturePlan& plan) {
     found = true;
   }
   if (!found || !inForce) return failed("no positions of character windows");
-  if (inForce->MaxHorPosn <= std::max<int>(inForce->MinHorPosn, 0)) {
-    return failed("limits of horizontal positions turned round");
-  }
+  if (inForce->MaxHorPosn < inForce->MinHorPosn) return failed("limits of horizontal positions turned round");
+  if (inForce->MaxHorPosn < 1) return failed("no columns");
   plan.firstColumn = inForce->MinHorPosn;
   plan.area = CellRect{0, top, inForce->MaxHorPosn, bottom - top};
 }
 
+/// Styles are named "White on Black Box" or "Black with Outline": the colour before the word box is the
+/// box's, the first other one the letters'. A box without a colour contrasts with the letters.
 LetterLook LookOf(std::string_view style) {
-  const auto says = [style](std::string_view words) { return style.find(words) != std::string_view::npos; };
-  LetterLook look{.white = !style.starts_with("Black"), .outlined = says("Outline")};
-  if (says("Black Box")) look.box = LetterLook::Box::kDark;
-  if (says("Grey Box") || says("Gray Box")) look.box = LetterLook::Box::kGrey;
-  if (says("White Box")) look.box = LetterLook::Box::kLight;
+  using Box = LetterLook::Box;
+  static constexpr std::pair<std::string_view, Box> kColours[] = {
+      {"BLACK", Box::kDark}, {"GREY", Box::kGrey}, {"GRAY", Box::kGrey}, {"WHITE", Box::kLight}};
+  std::vector<Box> colours;
+  LetterLook look;
+  std::istringstream words(UpperOf(style));
+  bool boxed = false;
+  for (std::string word, before; words >> word; before = word) {
+    for (const auto& [name, colour] : kColours) {
+      if (word.starts_with(name)) colours.push_back(colour);
+    }
+    look.outlined = look.outlined || word.starts_with("OUTLINE");
+    if (boxed || !word.starts_with("BOX")) continue;
+    boxed = true;
+    const auto isOfBox = [&before](const auto& colour) {
+      return before.starts_with(colour.first) && !before.ends_with(',');
+    };
+    const auto* ofBox = std::ranges::find_if(kColours, isOfBox);
+    if (ofBox == std::end(kColours)) continue;
+    look.box = ofBox->second;
+    colours.pop_back();
+  }
+  if (!colours.empty()) look.white = colours.front() != Box::kDark;
+  if (colours.empty() && look.box == Box::kLight) look.white = false;
+  if (boxed && look.box == Box::kNone) look.box = look.white ? Box::kDark : Box::kLight;
   return look;
 }
 

@@ -51,6 +51,16 @@ std::string UpOrDown(const PlannedWindow& window, const PicturePlan& plan, const
   return name + " reaches below the picture: set Vertical to " + Number(last) + " or less.";
 }
 
+/// How to get to a row of the font size. The spin may still have the limits of another size, which the choice
+/// of the video standard renews.
+std::string RowAdvice(const SpinControl& vertical, int shown, int step) {
+  const int first =
+      vertical.Provisional() ? shown : std::max((vertical.Lowest() + step - 1) / step * step, shown);
+  const int last = vertical.Provisional() ? shown : vertical.Highest() / step * step;
+  if (first <= last || vertical.Provisional()) return "set Vertical to " + Number(first) + ".";
+  return "choose the video standard again, then set Vertical to " + Number(shown) + ".";
+}
+
 }  // namespace
 
 void FindOverlaps(const Setup& setup, Findings& found) {
@@ -90,7 +100,7 @@ void FindMovedRows(const Setup& setup, Findings& found) {
                      "The unit shows " + Quoted(window.name) + " at " + Number(window.place.top) +
                          " instead of " + Number(set) + ", because the rows of this font size begin at " +
                          Number(size.smallestRow * size.step) + " and are " + Number(size.step) +
-                         " apart: set Vertical to " + Number(window.place.top) + "."});
+                         " apart: " + RowAdvice(vertical, window.place.top, size.step)});
   }
 }
 

@@ -27,6 +27,7 @@ QImage Painted(const PicturePlan& plan, const PictureOrder& order) {
   QImage still = order.background.empty() ? QImage() : LoadStill(order.background, size);
   QImage image(size, QImage::Format_RGB32);
   if (image.isNull()) throw TooLargeForMemory();
+  image.fill(Qt::black);
   const QRectF frame(QPointF(0, 0), size);
   QPainter painter(&image);
   PaintGround(painter, frame, still);

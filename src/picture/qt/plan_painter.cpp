@@ -54,12 +54,10 @@ QRectF FrameInside(const QRectF& room, double shape) {
 }
 
 void PaintGround(QPainter& painter, const QRectF& frame, const QImage& still) {
-  if (still.isNull()) {
-    painter.fillRect(frame, QColor(kGround));
-  } else {
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(frame, still);
-  }
+  painter.fillRect(frame, QColor(kGround));  // shows through what is transparent in a still
+  if (still.isNull()) return;
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(frame, still);
 }
 
 void PaintSafeFrames(QPainter& painter, const QRectF& frame) {
