@@ -96,6 +96,18 @@ void PictureCanvas::SetSelected(int row) {
   if (row == selected_) return;
   UpdateRow(std::exchange(selected_, row));
   UpdateRow(row);
+  Reveal(row);
+}
+
+/// Shifts an enlarged picture so that the window of a row can be seen.
+void PictureCanvas::Reveal(int row) {
+  const PlannedWindow* window = Seen(row);
+  if (!window) return;
+  const QRectF place = RectOf(window->place);
+  const auto way = [](double begin, double end, double room) {
+    return begin < 0 ? -begin : std::min(room - end, 0.0);
+  };
+  Shift({way(place.left(), place.right(), width()), way(place.top(), place.bottom(), height())});
 }
 
 void PictureCanvas::SetHovered(int row) {
@@ -117,8 +129,12 @@ const PlannedWindow* PictureCanvas::Seen(int row) const {
 }
 
 int PictureCanvas::RowAt(QPointF point) const {
+  if (!Covers(point)) return kNoIndex;
+  for (const auto& [row, place] : ghosts_) {
+    if (Seen(row) && RectOf(place).contains(point)) return row;
+  }
   const auto isAt = [&](const PlannedWindow& window) {
-    return Covers(point) && Seen(window.row) && RectOf(window.place).contains(point);
+    return Seen(window.row) && RectOf(window.place).contains(point);
   };
   const PlannedWindow* selected = Seen(selected_);
   if (selected && isAt(*selected)) return selected_;
@@ -144,7 +160,7 @@ void PictureCanvas::Settle(QPointF corner) {
   setMaximumHeight(
       std::max(minimumSizeHint().height(), static_cast<int>(std::ceil(width() / plan_.Shape()))));
   const QRectF room(rect());
-  const QRectF whole = FrameInside(room, plan_.Shape());
+  const QRectF whole = FrameInside(Grown(room, -kMarkReach), plan_.Shape());
   const QSizeF size = whole.size() * zoom_;
   const auto place = [](double at, double length, double roomLength) {
     return length <= roomLength ? (roomLength - length) / 2 : std::clamp(at, roomLength - length, 0.0);
@@ -209,11 +225,16 @@ void PictureCanvas::PaintWindow(QPainter& painter, const PlannedWindow& window, 
   painter.drawPixmap(area.topLeft(), painted.pixels);
 }
 
+/// The selected window lies in front, where a press takes it.
 void PictureCanvas::PaintWindows(QPainter& painter, const CellGrid& grid, const QRect& dirty) {
-  for (const PlannedWindow& window : plan_.windows) {
+  const auto paint = [&](const PlannedWindow& window) {
     const QRectF area = grid.RectOf(window.place);
     if (IsShown(window, slate_) && area.intersects(dirty)) PaintWindow(painter, window, area);
+  };
+  for (const PlannedWindow& window : plan_.windows) {
+    if (window.row != selected_) paint(window);
   }
+  if (const PlannedWindow* selected = plan_.Find(selected_)) paint(*selected);
 }
 
 void PictureCanvas::PaintMarks(QPainter& painter) const {

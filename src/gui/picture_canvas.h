@@ -36,8 +36,8 @@ class PictureCanvas : public QWidget {
 
   /// The window of a row if it is to be seen, otherwise null.
   const PlannedWindow* Seen(int row) const;
-  /// The window at this point, the selected one before others, and those in front before those behind;
-  /// kNoIndex for none.
+  /// The window at this point: a ghost before all others, then the selected one, and those in front before
+  /// those behind; kNoIndex for none.
   int RowAt(QPointF point) const;
   /// Where a place lies on the widget.
   QRectF RectOf(const CellRect& place) const;
@@ -63,6 +63,7 @@ class PictureCanvas : public QWidget {
 
  private:
   void Settle(QPointF corner);
+  void Reveal(int row);
   void Redo();
   void PaintBehind();
   void PaintWindow(QPainter& painter, const PlannedWindow& window, const QRectF& area);

@@ -2,6 +2,7 @@
 #include "gui/picture_dock.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
@@ -70,6 +71,8 @@ PictureDock::PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<Wi
       words_(view_->Changed, [this] { ShowWords(); }),
       ownListening_(form.mnuPicture.Changed, [this] { FollowForm(); }),
       formListening_(form.Changed, [this] { FollowForm(); }) {
+  // At the top it would come between the menu bar and the tools.
+  setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea);
   setObjectName(QStringLiteral("picture"));  // by which the layout of the docks is restored
   auto* middle = new QWidget(this);
   auto* lines = new QVBoxLayout(middle);
@@ -117,6 +120,7 @@ void PictureDock::TakeRememberedStill() {
   } catch (const RuntimeError& failure) {
     stillFailure_ = QStringLiteral("No background: ") +
                     Shown(failure.Remedy()).replace(QLatin1Char('\n'), QLatin1String(": "));
+    ShowWords();
   }
 }
 
@@ -138,9 +142,10 @@ void PictureDock::closeEvent(QCloseEvent* event) {
   OperatorQueue::OfProgram().Take(form_.mnuPicture, {OperatorAction::Kind::kClick}, Turn::kAtOnce);
 }
 
-/// It does not wait for a choice: the tool goes on meanwhile.
+/// It does not wait for a choice: the tool goes on meanwhile. While the left button is down, the right one
+/// only cancels a drag; the release of the left one would choose an entry.
 void PictureDock::contextMenuEvent(QContextMenuEvent* event) {
-  menu_->popup(event->globalPos());
+  if (!QApplication::mouseButtons().testFlag(Qt::LeftButton)) menu_->popup(event->globalPos());
 }
 
 }  // namespace marlinset

@@ -47,6 +47,7 @@ class RemarkPopup : public QFrame {
     list_->setFrameShape(QFrame::NoFrame);
     list_->setAccessibleName(QStringLiteral("Remarks on the setup"));
     list_->setWordWrap(true);
+    list_->setMinimumHeight(1);  // for a single remark, too
     list_->setIconSize({IconSize(*this), IconSize(*this)});
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (const Remark& remark : remarks) AddItem(remark);
