@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 // The rows of the reference database in memory. A field has its column's name without blanks and slashes;
 // core/record_columns.cpp maps columns to fields.
@@ -162,6 +163,9 @@ struct CharWindowRec {
   bool Highlighted = false;  ///< of the last highlight message; not in the database
   bool DoubleHeight = false;
 };
+
+/// The name of the window that shows the text message.
+inline constexpr std::string_view kTextWindow = "Text";
 
 /// A numeric parameter of the unit; class and parameter number identify it on the wire and in files.
 struct SystemParameterRec {

@@ -34,9 +34,6 @@ bool TakenByCommand(const std::string& standard) {
   return HasCode(standard) && standard != kNotByCommand;
 }
 
-/// The name of the window that shows the text message.
-constexpr std::string_view kTextWindow = "Text";
-
 /// Shows what is being sent: yellow during `send`, white after it.
 template <class Send>
 void Marked(const FrmStart& form, std::span<const ControlName> names, const Send& send) {

@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace marlinset {
@@ -13,9 +12,6 @@ struct Variables;
 
 // Where the character windows lie in the picture, from the panels and the reference database alone. Vertical
 // positions count units of eight lines of a field, horizontal ones columns of characters.
-
-/// The name of the window that shows the text message.
-inline constexpr std::string_view kTextWindow = "Text";
 
 /// A rectangle of character cells; right and bottom are the first column and unit behind it.
 struct CellRect {
