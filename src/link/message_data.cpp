@@ -104,7 +104,7 @@ void AddWindow(const MessageSource& source, Message& message) {
   const CharWindowRec& window = At(source.vars.CharWindows, row);
   message.fields.emplace_back(window.Number);
   message.fields.emplace_back(WindowFlags(source));
-  message.fields.emplace_back(FontSizeOf(BoxOf(form, ChoiceId::kFontSize).Text()).RowOf(window.Top));
+  message.fields.emplace_back(FontSizeInForce(form).RowOf(window.Top));
   message.fields.emplace_back(window.Left);
   message.fields.emplace_back(TickedLength(form, row, window));
   message.meaning += " " + std::to_string(window.Number) + " '" + window.Name + "'";

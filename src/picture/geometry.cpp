@@ -22,10 +22,6 @@ namespace {
 
 constexpr auto kNarrowStandards = std::to_array<std::string_view>({"NTSC", "PAL", "525i/60", "625i/50"});
 
-const FontSize& SizeInForce(const FrmStart& form) {
-  return FontSizeOf(BoxOf(form, ChoiceId::kFontSize).Text());
-}
-
 /// The row of limits in force, null if there is none.
 const CharMaxPosRec* LimitsInForce(const FrmStart& form, const Variables& vars) {
   const int row = PositionLimitsRow(form, vars);
@@ -46,7 +42,7 @@ int Columns(const FrmStart& form, int row, const CharWindowRec& window) {
 }
 
 CellRect PlaceOf(const FrmStart& form, int row, const CharWindowRec& window) {
-  const FontSize& size = SizeInForce(form);
+  const FontSize& size = FontSizeInForce(form);
   return {window.Left, size.RowOf(window.Top) * size.step, Columns(form, row, window),
           size.step * (form.chDblSize(row).On() ? 2 : 1)};
 }
@@ -158,7 +154,7 @@ std::optional<MoveLimits> MoveLimitsOf(const FrmStart& form, const Variables& va
   const CharMaxPosRec* inForce = LimitsInForce(form, variables);
   const bool isThere = row >= 0 && row < static_cast<int>(variables.CharWindows.size());
   if (!inForce || !isThere || !form.HasWindowRow(row)) return std::nullopt;
-  const FontSize& size = SizeInForce(form);
+  const FontSize& size = FontSizeInForce(form);
   const MoveLimits limits{.left = 0,
                           .right = inForce->MaxHorPosn - Columns(form, row, At(variables.CharWindows, row)),
                           .top = size.smallestRow * size.step,

@@ -2,16 +2,11 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "core/choices.h"
 #include "core/font_sizes.h"
 #include "picture/remark_rules.h"
 
 namespace marlinset {
 namespace {
-
-const FontSize& SizeOf(const Setup& setup) {
-  return FontSizeOf(BoxOf(setup.form, ChoiceId::kFontSize).Text());
-}
 
 std::string Number(int number) {
   return std::to_string(number);
@@ -78,10 +73,11 @@ void FindOverlaps(const Setup& setup, Findings& found) {
 
 void FindOutside(const Setup& setup, Findings& found) {
   if (!setup.plan.area) return;
+  const FontSize& size = FontSizeInForce(setup.form);
   for (const PlannedWindow& window : setup.plan.windows) {
     if (!window.on) continue;
     const std::string sideways = Sideways(window, setup.plan);
-    const std::string vertical = UpOrDown(window, setup.plan, SizeOf(setup));
+    const std::string vertical = UpOrDown(window, setup.plan, size);
     if (!sideways.empty()) {
       found.push_back({{setup.form.udHor(window.row).FullName()}, sideways});
     } else if (!vertical.empty()) {
@@ -91,7 +87,7 @@ void FindOutside(const Setup& setup, Findings& found) {
 }
 
 void FindMovedRows(const Setup& setup, Findings& found) {
-  const FontSize& size = SizeOf(setup);
+  const FontSize& size = FontSizeInForce(setup.form);
   for (const PlannedWindow& window : setup.plan.windows) {
     const SpinControl& vertical = setup.form.udVer(window.row);
     const int set = std::abs(vertical.Value());
