@@ -65,7 +65,7 @@ void PictureCanvas::UpdateDifferences(const PicturePlan& before) {
   }
 }
 
-/// Only among windows that are seen together.
+/// Only among windows that the picture shows.
 void PictureCanvas::FindFaulty() {
   faulty_.clear();
   if (!plan_.area) return;
@@ -73,8 +73,7 @@ void PictureCanvas::FindFaulty() {
     if (!IsShown(one, slate_)) continue;
     if (!plan_.area->Contains(one.place)) faulty_.insert(one.row);
     for (const PlannedWindow& other : plan_.windows) {
-      if (other.row <= one.row || !IsShown(other, slate_) || other.slate != one.slate) continue;
-      if (one.place.Overlaps(other.place)) faulty_.insert({one.row, other.row});
+      if (other.row > one.row && CoverEachOther(one, other)) faulty_.insert({one.row, other.row});
     }
   }
 }

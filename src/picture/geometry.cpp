@@ -66,7 +66,7 @@ PlannedWindow Planned(const FrmStart& form, int row, const CharWindowRec& window
 void PlanArea(const FrmStart& form, const Variables& vars, PicturePlan& plan) {
   const std::string& standard = form.comVS.Text();
   const CharMaxPosRec* inForce = LimitsInForce(form, vars);
-  const auto failed = [&](std::string_view what) {
+  const auto fail = [&](std::string_view what) {
     plan.trouble = "The reference database has " + std::string(what) + " for " +
                    (standard.empty() ? "a setup without a video standard" : standard) + ".";
   };
@@ -75,15 +75,15 @@ void PlanArea(const FrmStart& form, const Variables& vars, PicturePlan& plan) {
   bool found = false;
   for (const CharMaxPosRec& limits : vars.CharMaxPositions) {
     if (limits.VideoStandard != standard || !IsOffered(limits)) continue;
-    if (limits.MinVertPosn > limits.MaxVertPosn) return failed("limits of vertical positions turned round");
+    if (limits.MinVertPosn > limits.MaxVertPosn) return fail("limits of vertical positions turned round");
     const int end = limits.MaxVertPosn + FontSizeOf(limits.Description).step;
     top = found ? std::min<int>(top, limits.MinVertPosn) : limits.MinVertPosn;
     bottom = found ? std::max(bottom, end) : end;
     found = true;
   }
-  if (!found || !inForce) return failed("no positions of character windows");
-  if (inForce->MaxHorPosn < inForce->MinHorPosn) return failed("limits of horizontal positions turned round");
-  if (inForce->MaxHorPosn < 1) return failed("no columns");
+  if (!found || !inForce) return fail("no positions of character windows");
+  if (inForce->MaxHorPosn < inForce->MinHorPosn) return fail("limits of horizontal positions turned round");
+  if (inForce->MaxHorPosn < 1) return fail("no columns");
   plan.firstColumn = inForce->MinHorPosn;
   plan.area = CellRect{0, top, inForce->MaxHorPosn, bottom - top};
 }
@@ -128,6 +128,14 @@ bool CellRect::Contains(const CellRect& other) const {
 bool CellRect::Overlaps(const CellRect& other) const {
   return std::max(left, other.left) < std::min(Right(), other.Right()) &&
          std::max(top, other.top) < std::min(Bottom(), other.Bottom());
+}
+
+bool IsShown(const PlannedWindow& window, bool slate) {
+  return window.on && (slate || !window.slate);
+}
+
+bool CoverEachOther(const PlannedWindow& one, const PlannedWindow& other) {
+  return one.on && other.on && one.slate == other.slate && one.place.Overlaps(other.place);
 }
 
 const PlannedWindow* PicturePlan::Find(int row) const {

@@ -15,13 +15,14 @@ struct Variables;
 
 /// A rectangle of character cells; right and bottom are the first column and unit behind it.
 struct CellRect {
-  int left = 0;     ///< columns
-  int top = 0;      ///< units
+  int left = 0;     ///< column
+  int top = 0;      ///< unit
   int columns = 0;  ///< width
   int units = 0;    ///< height
 
   int Right() const { return left + columns; }
   int Bottom() const { return top + units; }
+  /// Whether `other` lies within it.
   bool Contains(const CellRect& other) const;
   /// Whether both cover a common cell.
   bool Overlaps(const CellRect& other) const;
@@ -33,7 +34,7 @@ struct LetterLook {
   enum class Box { kNone, kDark, kGrey, kLight };
   bool white = true;
   bool outlined = false;
-  Box box = Box::kNone;
+  Box box = Box::kNone;  ///< behind the letters
   bool operator==(const LetterLook&) const = default;
 };
 
@@ -48,13 +49,20 @@ struct PlannedWindow {
   bool operator==(const PlannedWindow&) const = default;
 };
 
+/// Whether a picture shows a window: it is on, and part of the slate only if that is shown.
+bool IsShown(const PlannedWindow& window, bool slate);
+
+/// Whether both windows are on and cover a common cell. Windows of the slate and the others do not count
+/// against each other.
+bool CoverEachOther(const PlannedWindow& one, const PlannedWindow& other);
+
 /// How far a window may be moved: its left upper corner, both ends included.
 struct MoveLimits {
-  int left = 0;
-  int right = 0;
-  int top = 0;
-  int bottom = 0;
-  int step = 1;  ///< units in a character row; a top is a multiple of it
+  int left = 0;    ///< columns
+  int right = 0;   ///< columns
+  int top = 0;     ///< units
+  int bottom = 0;  ///< units
+  int step = 1;    ///< units in a character row; a top is a multiple of it
   bool operator==(const MoveLimits&) const = default;
 };
 
@@ -63,7 +71,7 @@ struct PicturePlan {
   std::optional<CellRect> area;  ///< empty if the reference database has no picture for the standard
   std::string trouble;           ///< says why it is empty
   bool wide = true;              ///< 16 : 9, otherwise 4 : 3
-  int firstColumn = 0;           ///< windows should not begin left of it
+  int firstColumn = 0;           ///< leftmost column at which a window should begin
   LetterLook look;
   std::vector<PlannedWindow> windows;
   bool operator==(const PicturePlan&) const = default;
@@ -73,10 +81,12 @@ struct PicturePlan {
   const PlannedWindow* Find(int row) const;
 };
 
+/// The picture by the panels as they are now. It can be asked for at any time, also while the reference
+/// database lacks rows.
 PicturePlan PlanPicture(const FrmStart& form, const Variables& variables);
 
-/// How far the operator may drag the window of a panel's row. Nothing if no row of the reference database
-/// limits positions, or if the window is too wide or the limits are turned round.
+/// How far the operator may drag the window of a panel's row. Nothing if the row is not there, if the
+/// reference database does not limit positions, or if its limits leave the window no room.
 std::optional<MoveLimits> MoveLimitsOf(const FrmStart& form, const Variables& variables, int row);
 
 }  // namespace marlinset

@@ -61,8 +61,8 @@ std::string RowAdvice(const SpinControl& vertical, int shown, int step) {
 void FindOverlaps(const Setup& setup, Findings& found) {
   const std::vector<PlannedWindow>& windows = setup.plan.windows;
   for (auto first = windows.begin(); first != windows.end(); ++first) {
-    for (auto second = first + 1; first->on && second != windows.end(); ++second) {
-      if (!second->on || first->slate != second->slate || !first->place.Overlaps(second->place)) continue;
+    for (auto second = first + 1; second != windows.end(); ++second) {
+      if (!CoverEachOther(*first, *second)) continue;
       found.push_back(
           {{setup.form.chOnOff(first->row).FullName(), setup.form.chOnOff(second->row).FullName()},
            (first->slate ? "On the slate, " : "") + Quoted(first->name) + " and " + Quoted(second->name) +

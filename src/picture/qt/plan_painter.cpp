@@ -14,7 +14,13 @@ constexpr QRgb kGround = 0xFF3C3C3C;
 constexpr QRgb kWhiteLevel = 0xFFFFFFFF;
 constexpr QRgb kBlackLevel = 0xFF000000;
 constexpr QRgb kGreyLevel = 0xFF808080;
+/// Of width and height, inside the safe frames.
 constexpr double kSafeParts[] = {0.9, 0.8};
+/// Lines of the safe frames: a light one in a wider dark one is visible on any still.
+constexpr QRgb kSafeDark = 0x6E000000;
+constexpr QRgb kSafeLight = 0xBEFFFFFF;
+constexpr int kSafeDarkWidth = 3;
+constexpr int kSafeLightWidth = 1;
 /// Width of an outline, as a part of a cell's shorter side.
 constexpr double kOutlinePart = 0.2;
 
@@ -67,10 +73,9 @@ void PaintSafeFrames(QPainter& painter, const QRectF& frame) {
     QRectF safe(0, 0, frame.width() * part, frame.height() * part);
     safe.moveCenter(frame.center());
     const QRectF onPixels = QRectF(safe.toRect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    // A light line in a dark one is visible on any still.
-    painter.setPen(QPen(QColor(0, 0, 0, 110), 3));
+    painter.setPen(QPen(QColor::fromRgba(kSafeDark), kSafeDarkWidth));
     painter.drawRect(onPixels);
-    painter.setPen(QPen(QColor(255, 255, 255, 190), 1));
+    painter.setPen(QPen(QColor::fromRgba(kSafeLight), kSafeLightWidth));
     painter.drawRect(onPixels);
   }
   painter.restore();
@@ -93,10 +98,6 @@ void PaintPlannedWindow(QPainter& painter, const QRectF& area, const LetterLook&
   }
   painter.fillPath(letters, fill);
   painter.restore();
-}
-
-bool IsShown(const PlannedWindow& window, bool slate) {
-  return window.on && (slate || !window.slate);
 }
 
 }  // namespace marlinset

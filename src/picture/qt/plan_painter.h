@@ -17,8 +17,9 @@ class CellGrid {
  public:
   CellGrid(const CellRect& area, const QRectF& frame, double pixel = 1);
   const QRectF& Frame() const { return frame_; }
+  /// Where a place of the plan lies; it may be partly or wholly outside the frame.
   QRectF RectOf(const CellRect& place) const;
-  /// How far apart columns and units are.
+  /// How far apart columns and units are, not rounded to pixels.
   QSizeF Cell() const { return {frame_.width() / area_.columns, frame_.height() / area_.units}; }
 
  private:
@@ -27,21 +28,18 @@ class CellGrid {
   double pixel_;
 };
 
-/// The largest frame of this shape in the middle of `room`.
+/// The largest frame in the middle of `room`; `shape` is its width divided by its height.
 QRectF FrameInside(const QRectF& room, double shape);
 
 /// What lies behind the windows: the still, stretched to the frame because it is a frame of the same video,
 /// or plain dark grey where there is none.
 void PaintGround(QPainter& painter, const QRectF& frame, const QImage& still);
 
-/// The frames inside which 90 % and 80 % of width and height lie.
+/// The safe frames: 90 % and 80 % of width and height, in the middle.
 void PaintSafeFrames(QPainter& painter, const QRectF& frame);
 
-/// One window into its area, and nothing beside it: its box and its sample, in the style of the plan.
+/// Paints a window's box and sample into `area`, and nothing outside it.
 void PaintPlannedWindow(QPainter& painter, const QRectF& area, const LetterLook& look,
                         const PlannedWindow& window);
-
-/// Whether a picture shows a window: it is on, and part of the slate only if that is shown.
-bool IsShown(const PlannedWindow& window, bool slate);
 
 }  // namespace marlinset
