@@ -8,6 +8,8 @@
 namespace marlinset {
 
 class ConfigurationFile;
+class FrmStart;
+struct Variables;
 
 /// The remarks as lRemarks shows them. They are worked out when somebody asks: edits cost nothing where
 /// nobody looks.

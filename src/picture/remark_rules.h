@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/frm_start.h"
@@ -10,16 +11,19 @@
 
 namespace marlinset {
 
-// The rules behind the remarks: each looks at a setup and adds what it finds. remarks.cpp names them.
+// The rules behind the remarks: each looks at a setup and appends what it finds. remarks.cpp lists them, with
+// their names and severities.
 
+/// What a rule looks at.
 struct Setup {
   const FrmStart& form;
   const Variables& vars;
   PicturePlan plan;
 };
 
+/// A remark but for its rule, which the table of rules adds.
 struct Finding {
-  std::vector<std::string> controls;
+  std::vector<std::string> controls;  ///< as in Remark
   std::string text;
 };
 using Findings = std::vector<Finding>;
@@ -44,6 +48,6 @@ void FindLostNumbers(const Setup& setup, Findings& found);
 void FindUnsavable(const Setup& setup, Findings& found);
 
 /// A name as the operator reads it, in quotation marks.
-std::string Quoted(const std::string& name);
+std::string Quoted(std::string_view name);
 
 }  // namespace marlinset

@@ -35,8 +35,8 @@ std::string_view NameOf(Severity severity) {
   return severity == Severity::kWarning ? "warning" : "note";
 }
 
-std::string Quoted(const std::string& name) {
-  return '"' + name + '"';
+std::string Quoted(std::string_view name) {
+  return '"' + std::string(name) + '"';
 }
 
 std::vector<Remark> RemarksOf(const FrmStart& form, const Variables& variables) {

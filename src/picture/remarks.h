@@ -10,7 +10,11 @@ namespace marlinset {
 class FrmStart;
 struct Variables;
 
-enum class Severity { kNote, kWarning };
+/// How bad it is.
+enum class Severity {
+  kNote,     ///< may be meant so; does not count
+  kWarning,  ///< hardly meant so: the operator is told how many there are
+};
 /// "note", "warning".
 std::string_view NameOf(Severity severity);
 

@@ -17,7 +17,7 @@ std::string NameOf(const SystemParameterRec& parameter) {
          Quoted(parameter.Description);
 }
 
-/// What a file gives back for a value; nothing if it cannot be loaded with it.
+/// The value that a load brings back after a save; nothing if the load would fail.
 std::optional<int> GivenBack(std::int16_t value) {
   try {
     return LoadedParameterValue(StoredParameterValue(value));
@@ -31,7 +31,8 @@ std::string Advice(const SystemParameterRec& parameter) {
                                           : "choose another value; 0 to 255 are always kept.";
 }
 
-/// A spin goes beyond the 16 bits of a value; the parameter then keeps the one from before.
+/// Whether the list shows a number beyond the 16 bits of a value: the parameter then keeps its value from
+/// before.
 bool ShowsMore(const FrmStart& form, int row) {
   using Limits = std::numeric_limits<std::int16_t>;
   if (!form.udVal.Has(row) || !form.udVal(row).Visible()) return false;

@@ -9,23 +9,25 @@
 namespace marlinset {
 namespace {
 
-// The characters that units surely have: those of the typewriter, in capitals.
+// The characters that any unit can be expected to have: printable ASCII, in capitals.
 constexpr char32_t kFirstCharacter = 32;
 constexpr char32_t kLastCharacter = 126;
+/// Other codes before this one are control characters.
+constexpr char32_t kFirstVisible = 160;
+/// A remark names no more characters than these.
 constexpr std::size_t kMostNamed = 5;
 
 bool IsContinuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// The characters of a text beyond those of the typewriter, each once and as many as can be named.
+/// The names of other characters in a text, each once.
 std::vector<std::string> StrangeCharacters(std::string_view text) {
   std::vector<std::string> strange;
   for (std::size_t at = 0; at < text.size() && strange.size() < kMostNamed; ++at) {
     if (IsContinuation(text[at])) continue;
     const char32_t code = CodeOf(text.substr(at));
     if (code >= kFirstCharacter && code <= kLastCharacter) continue;
-    constexpr char32_t kFirstVisible = 160;
     std::string name =
         code < kFirstVisible ? "the control character " + std::to_string(code) : Quoted(TextOfCode(code));
     if (std::ranges::find(strange, name) == strange.end()) strange.push_back(std::move(name));
@@ -42,7 +44,7 @@ void FindEmptyText(const Setup& setup, Findings& found) {
   });
   if (!on || !message.Text().empty()) return;
   found.push_back({{message.FullName()},
-                   Quoted(std::string(kTextWindow)) +
+                   Quoted(kTextWindow) +
                        " is on, but the text message is empty: type a message, or switch the window off."});
 }
 

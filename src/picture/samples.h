@@ -6,7 +6,7 @@
 
 namespace marlinset {
 
-/// What a sample text is made for.
+/// What a sample text is made from.
 struct SampleParts {
   std::string_view name;     ///< of the window, as the reference database has it
   std::string message = {};  ///< stands in for the window's own text, if there is one
@@ -14,8 +14,8 @@ struct SampleParts {
   int field = 0;             ///< characters of the field digit behind
 };
 
-/// A text of `columns` characters such as the unit might burn in: "01:23:45:12" for a time code. What the
-/// unit's own letters and symbols look like is not known.
+/// A text of `columns` characters, not negative, such as the unit might burn in: "01:23:45:12" for a time
+/// code. Symbol and field digit are stand-ins, since units draw their own.
 std::string SampleOf(const SampleParts& parts, int columns);
 
 }  // namespace marlinset

@@ -7,7 +7,7 @@
 
 namespace marlinset {
 
-/// In pixels.
+// Widths of a picture, in pixels.
 inline constexpr int kLeastPictureWidth = 16;
 inline constexpr int kMostPictureWidth = 16384;
 inline constexpr int kUsualPictureWidth = 960;
@@ -17,7 +17,7 @@ struct PictureOrder {
   int width = kUsualPictureWidth;  ///< the height follows from the standard's shape, rounded
   std::string background = {};     ///< a still behind the windows; empty for none
   bool safe = false;               ///< draws the safe frames
-  bool slate = false;              ///< shows windows of the slate too
+  bool slate = false;              ///< shows the windows of the slate too
 };
 
 /// Writes the picture as a PNG file, or to an open stream of the program such as /dev/stdout. Throws

@@ -21,6 +21,7 @@ const QList<QByteArray>& Formats() {
                                           "png", "ppm", "tif",  "tiff", "webp"};
   return kFormats;
 }
+
 /// Twice what the largest picture takes at four bytes a pixel: some have two bytes for each colour.
 constexpr int kMostMebibytes = 800;
 
@@ -34,7 +35,8 @@ bool TooLarge(QSize size) {
 
 RuntimeError TooLargeFor(const std::string& path, QSize size) {
   return Refused(path, "It has " + std::to_string(size.width()) + " x " + std::to_string(size.height()) +
-                           " pixels. A background may have 100 million.");
+                           " pixels. A background may have " + std::to_string(kMostStillPixels / 1'000'000) +
+                           " million.");
 }
 
 /// Of any size: a picture may be far larger than other files of the tool. A pipe or a device is not opened.

@@ -7,12 +7,12 @@
 
 namespace marlinset {
 
-/// A picture has at most so many pixels: a larger one is refused before it takes memory.
+/// The most pixels of a still. A larger one is refused before it takes memory.
 inline constexpr long long kMostStillPixels = 100'000'000;
 
-/// Reads a still from a picture file, turned as its camera says. One that is larger than it takes to fill
-/// `enough` is made smaller. Throws kErrFileNotFound or kErrFileAccess if there is no file that can be read,
-/// kErrFileFormat if it is no picture that we read, is damaged or has too many pixels.
+/// Reads a still from a picture file and turns it upright, as the camera has noted. Reduces a still that is
+/// larger than needed to fill `enough`, in pixels. Throws kErrFileNotFound or kErrFileAccess if there is no
+/// file that can be read, kErrFileFormat if its format is unknown, or it is damaged or has too many pixels.
 QImage LoadStill(const std::string& path, QSize enough);
 
 /// The names of picture files, as a file dialog filters them: "*.png *.jpg".
