@@ -6,30 +6,45 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "gui/widgets/look.h"
 
 namespace marlinset {
 namespace {
 
-constexpr double kMostZoom = 8;
+constexpr double kMostZoom = 8;  // times the picture that just fits
 constexpr double kGhostOpacity = 0.7;
-/// How far marks reach out of their windows, in pixels.
+/// No mark reaches further out of its window, in pixels.
 constexpr int kMarkReach = 6;
-// Marks lie on any still, so their colours do not follow the desktop's: a bright line inside a black one.
-constexpr QRgb kSelectedColor = 0xFFFFD83D;
-constexpr QRgb kHoverColor = 0xFFFFFFFF;
-constexpr QRgb kFaultyColor = 0xFFFF5A50;
 
-void PaintMark(QPainter& painter, const QRectF& around, QRgb color, double width, Qt::PenStyle style) {
-  painter.setPen(QPen(Qt::black, width + 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-  painter.drawRect(around);
-  painter.setPen(QPen(QColor(color), width, style, Qt::FlatCap, Qt::MiterJoin));
-  painter.drawRect(around);
-}
+/// A frame around a window. Marks lie on any still, so their colours do not follow the desktop's: a bright
+/// line inside a black one.
+struct Mark {
+  double distance;  ///< from the window to the middle of the line, in pixels
+  QRgb color;
+  double width;  ///< of the bright line, in pixels
+  Qt::PenStyle style;
+};
+constexpr QRgb kSelectedColor = 0xFFFFD83D;
+constexpr Mark kFaultyMark{0.5, 0xFFFF5A50, 2, Qt::DashLine};
+constexpr Mark kHoverMark{2, 0xFFFFFFFF, 1, Qt::SolidLine};
+constexpr Mark kSelectedMark{3, kSelectedColor, 1, Qt::SolidLine};
+constexpr Mark kFocusMark{3, kSelectedColor, 2, Qt::SolidLine};
+constexpr Mark kGhostMark{1.5, kSelectedColor, 1, Qt::DashLine};
+/// Black on both sides of the bright line, in pixels.
+constexpr double kMarkEdge = 1;
 
 QRectF Grown(const QRectF& area, double by) {
   return area.adjusted(-by, -by, by, by);
+}
+
+void PaintMark(QPainter& painter, const QRectF& area, const Mark& mark) {
+  const QRectF around = Grown(area, mark.distance);
+  painter.setPen(QPen(Qt::black, mark.width + 2 * kMarkEdge, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.drawRect(around);
+  painter.setPen(QPen(QColor(mark.color), mark.width, mark.style, Qt::FlatCap, Qt::MiterJoin));
+  painter.drawRect(around);
 }
 
 }  // namespace
@@ -237,15 +252,14 @@ void PictureCanvas::PaintWindows(QPainter& painter, const CellGrid& grid, const 
 }
 
 void PictureCanvas::PaintMarks(QPainter& painter) const {
-  const auto mark = [&](int row, double distance, QRgb color, double width, Qt::PenStyle style) {
-    if (const PlannedWindow* window = Seen(row))
-      PaintMark(painter, Grown(RectOf(window->place), distance), color, width, style);
+  const auto paint = [&](int row, const Mark& mark) {
+    if (const PlannedWindow* window = Seen(row)) PaintMark(painter, RectOf(window->place), mark);
   };
-  for (const int row : faulty_) mark(row, 0.5, kFaultyColor, 2, Qt::DashLine);
-  if (hovered_ != selected_) mark(hovered_, 2, kHoverColor, 1, Qt::SolidLine);
-  mark(selected_, 3, kSelectedColor, hasFocus() ? 2 : 1, Qt::SolidLine);
+  for (const int row : faulty_) paint(row, kFaultyMark);
+  if (hovered_ != selected_) paint(hovered_, kHoverMark);
+  paint(selected_, hasFocus() ? kFocusMark : kSelectedMark);
   for (const auto& [row, place] : ghosts_) {
-    if (Seen(row)) PaintMark(painter, Grown(RectOf(place), 1.5), kSelectedColor, 1, Qt::DashLine);
+    if (Seen(row)) PaintMark(painter, RectOf(place), kGhostMark);
   }
 }
 
@@ -292,6 +306,7 @@ void PictureCanvas::focusInEvent(QFocusEvent* event) {
   UpdateRow(selected_);
   QWidget::focusInEvent(event);
 }
+
 void PictureCanvas::focusOutEvent(QFocusEvent* event) {
   UpdateRow(selected_);
   QWidget::focusOutEvent(event);

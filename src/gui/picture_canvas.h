@@ -39,16 +39,19 @@ class PictureCanvas : public QWidget {
   /// The window at this point: a ghost before all others, then the selected one, and those in front before
   /// those behind; kNoIndex for none.
   int RowAt(QPointF point) const;
-  /// Where a place lies on the widget.
+  /// Where a place lies on the widget; an empty rectangle while there is no picture.
   QRectF RectOf(const CellRect& place) const;
-  /// A column and a unit, in pixels.
+  /// A column and a unit, in pixels; 1 by 1 while there is no picture.
   QSizeF Cell() const;
+  /// Whether the picture, and not only the widget, is at this point.
   bool Covers(QPointF point) const { return plan_.area && frame_.contains(point); }
 
-  /// Enlarges or reduces the picture; what is at `around` stays there. Never smaller than the widget.
+  /// Enlarges or reduces the picture by `factor`; what is at `around` stays there. Stops at eight times the
+  /// size that just fits into the widget, and at that size.
   void Zoom(double factor, QPointF around);
+  /// How many times larger the picture is than it just fits.
   double ZoomFactor() const { return zoom_; }
-  /// Shifts an enlarged picture, as far as there is some.
+  /// Shifts an enlarged picture, by pixels and no further than its edge.
   void Shift(QPointF by);
 
   QSize sizeHint() const override;
@@ -85,8 +88,8 @@ class PictureCanvas : public QWidget {
   };
 
   PicturePlan plan_;
-  std::set<int> faulty_;  ///< rows of windows that cover each other or leave the picture
-  std::map<int, CellRect> ghosts_;
+  std::set<int> faulty_;            ///< rows of windows that cover each other or leave the picture
+  std::map<int, CellRect> ghosts_;  ///< by rows
   bool safe_ = false;
   bool slate_ = false;
   int selected_ = kNoIndex;

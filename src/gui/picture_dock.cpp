@@ -11,8 +11,10 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "base/runtime_error.h"
+#include "core/frm_start.h"
 #include "gui/picture_view.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/operator_queue.h"
@@ -22,8 +24,8 @@
 namespace marlinset {
 namespace {
 
-/// A still is kept no larger than it takes to fill a large screen.
-constexpr QSize kEnough(2560, 1440);
+/// A still is kept no larger than it takes to fill this.
+constexpr QSize kLargeScreen(2560, 1440);
 
 QLabel* MakeLabel(QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -68,8 +70,8 @@ PictureDock::PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<Wi
       rules_(rules),
       view_(new PictureView(form, rules, std::move(selection), this)),
       menu_(new QMenu(this)),
-      words_(view_->Changed, [this] { ShowWords(); }),
-      ownListening_(form.mnuPicture.Changed, [this] { FollowForm(); }),
+      viewListening_(view_->Changed, [this] { ShowWords(); }),
+      itemListening_(form.mnuPicture.Changed, [this] { FollowForm(); }),
       formListening_(form.Changed, [this] { FollowForm(); }) {
   // At the top it would come between the menu bar and the tools.
   setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea);
@@ -106,15 +108,15 @@ void PictureDock::FollowForm() {
 }
 
 void PictureDock::ShowStill(const std::string& file) {
-  view_->SetStill(file.empty() ? QImage() : LoadStill(file, kEnough));
+  view_->SetStill(file.empty() ? QImage() : LoadStill(file, kLargeScreen));
   stillFailure_.clear();
-  asked_ = true;
+  stillTried_ = true;
   ShowWords();
 }
 
 /// A still that has gone since the last run is no reason for a box at the start.
 void PictureDock::TakeRememberedStill() {
-  if (std::exchange(asked_, true)) return;
+  if (std::exchange(stillTried_, true)) return;
   try {
     ShowStill(rules_.Still());
   } catch (const RuntimeError& failure) {

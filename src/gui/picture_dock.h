@@ -5,8 +5,7 @@
 #include <QList>
 #include <memory>
 
-#include "core/frm_start.h"
-#include "gui/widgets/binding.h"
+#include "controls/signal.h"
 
 class QAction;
 class QLabel;
@@ -14,6 +13,7 @@ class QMenu;
 
 namespace marlinset {
 
+class FrmStart;
 class PictureRules;
 class PictureView;
 class WindowSelection;
@@ -47,10 +47,10 @@ class PictureDock : public QDockWidget {
   QLabel* caption_;   ///< what the picture is
   QLabel* selected_;  ///< which window is selected, and its place
   QMenu* menu_;
-  QString stillFailure_;  ///< why the still of the last run is not there
-  bool asked_ = false;    ///< for the still of the last run
-  Listening<> words_;
-  Listening<> ownListening_;
+  QString stillFailure_;     ///< why the still of the last run is not there
+  bool stillTried_ = false;  ///< the still of the last run need not be tried any more
+  Listening<> viewListening_;
+  Listening<> itemListening_;
   Listening<> formListening_;
 };
 

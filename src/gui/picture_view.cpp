@@ -8,7 +8,9 @@
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
+#include "core/frm_start.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/operator_queue.h"
 #include "gui/window_selection.h"
@@ -18,7 +20,17 @@ namespace marlinset {
 namespace {
 
 constexpr double kZoomStep = 1.25;
+/// What one notch of a wheel reports, in eighths of a degree.
 constexpr double kWheelStep = 120;
+
+/// A key that moves the selected window, by columns and character rows.
+struct StepKey {
+  int key;
+  int columns;
+  int rows;
+};
+constexpr StepKey kStepKeys[] = {
+    {Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Down, 0, 1}};
 
 int Rounded(double number) {
   return static_cast<int>(std::lround(number));
@@ -213,12 +225,7 @@ bool PictureView::PressKey(int key, bool repeats) {
                                     Turn::kInOrder);
     return true;
   }
-  constexpr struct {
-    int key;
-    int columns;
-    int rows;
-  } kSteps[] = {{Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Down, 0, 1}};
-  for (const auto& step : kSteps) {
+  for (const StepKey& step : kStepKeys) {
     if (step.key != key) continue;
     if (!repeats || !awaited_.contains(Selected())) Step(step.columns, step.rows);
     return true;
@@ -247,7 +254,8 @@ void PictureView::SelectNext(int way) {
   if (rows.empty()) return;
   const int count = static_cast<int>(rows.size());
   const auto found = std::find(rows.begin(), rows.end(), Selected());
-  const int from = found != rows.end() ? static_cast<int>(found - rows.begin()) : (way > 0 ? -1 : 0);
+  int from = way > 0 ? -1 : 0;  // with none selected, on to the first or the last
+  if (found != rows.end()) from = static_cast<int>(found - rows.begin());
   selection_->Select(rows[static_cast<std::size_t>((from + way + count) % count)]);
 }
 

@@ -6,11 +6,12 @@
 #include <optional>
 #include <vector>
 
-#include "core/frm_start.h"
+#include "controls/signal.h"
 #include "gui/picture_canvas.h"
 
 namespace marlinset {
 
+class FrmStart;
 class PictureRules;
 class WindowSelection;
 
@@ -48,10 +49,10 @@ class PictureView : public PictureCanvas {
   /// A window in the operator's hand.
   struct Drag {
     int row;
-    QPointF press;
-    CellRect from;
-    CellRect to;
-    bool begun = false;  ///< moved by more than a hand trembles
+    QPointF press;       ///< where the button went down
+    CellRect from;       ///< the window's place at that time
+    CellRect to;         ///< its place if it were dropped now
+    bool begun = false;  ///< the pointer went further than a hand trembles
   };
   /// Moves of a window that are still to be carried out.
   struct Awaited {
@@ -76,10 +77,10 @@ class PictureView : public PictureCanvas {
   FrmStart& form_;
   PictureRules& rules_;
   std::shared_ptr<WindowSelection> selection_;
-  bool replanning_ = false;
+  bool replanning_ = false;  ///< a change waits for the next turn of the event loop
   std::optional<Drag> drag_;
-  std::optional<QPointF> pulled_;  ///< where the pointer has pulled an enlarged picture last
-  std::map<int, Awaited> awaited_;
+  std::optional<QPointF> pulled_;   ///< last point of the pointer while it pulls an enlarged picture
+  std::map<int, Awaited> awaited_;  ///< by rows
   Listening<> selectionListening_;
   std::optional<Listening<>> listening_;  ///< while it can be seen
 };
