@@ -9,6 +9,8 @@
 namespace marlinset {
 namespace {
 
+constexpr std::size_t kMostWithRoom = 999;
+
 QString TextOf(std::size_t changes) {
   if (changes == 0) return {};
   const QString noun = changes == 1 ? QStringLiteral("change") : QStringLiteral("changes");
@@ -22,8 +24,8 @@ ChangeCounter::ChangeCounter(FrmStart& form, HeldSettings& held, const WholeSend
       form_(form),
       held_(held),
       send_(send),
-      touched_(form.Touched, [this] { LookSoon(); }),
-      known_(held.Changed, [this] { LookSoon(); }) {
+      formListening_(form.Touched, [this] { LookSoon(); }),
+      heldListening_(held.Changed, [this] { LookSoon(); }) {
   setObjectName(QStringLiteral("Changes"));
   setAlignment(Qt::AlignVCenter | Qt::AlignRight);
   soon_.setSingleShot(true);
@@ -31,7 +33,8 @@ ChangeCounter::ChangeCounter(FrmStart& form, HeldSettings& held, const WholeSend
 }
 
 QSize ChangeCounter::sizeHint() const {
-  return {fontMetrics().horizontalAdvance(TextOf(999)) + 2 * SpaceUnit(*this), fontMetrics().height()};
+  return {fontMetrics().horizontalAdvance(TextOf(kMostWithRoom)) + 2 * SpaceUnit(*this),
+          fontMetrics().height()};
 }
 
 void ChangeCounter::showEvent(QShowEvent* event) {

@@ -33,9 +33,9 @@ class ChangeCounter : public QLabel {
   FrmStart& form_;
   const HeldSettings& held_;
   const WholeSend& send_;
-  QTimer soon_;
-  Listening<> touched_;
-  Listening<> known_;
+  QTimer soon_;  ///< runs while a look is due
+  Listening<> formListening_;
+  Listening<> heldListening_;
 };
 
 }  // namespace marlinset

@@ -19,8 +19,8 @@
 namespace marlinset {
 namespace {
 
-constexpr int kLetters = 64;     // of a line in the list
-constexpr int kMostHeight = 20;  // of the list, in lines of text
+constexpr int kLetters = 64;    // of a line in the list
+constexpr int kMostLines = 20;  // of text, without scrolling
 /// While a file is being loaded, which asks the operator something, the count waits.
 constexpr int kAskAgainMs = 50;
 
@@ -62,12 +62,12 @@ class RemarkPopup : public QFrame {
   void OpenAt(const QWidget& place) {
     const QRect desk = place.screen()->availableGeometry();
     const int width = std::min(Width(), desk.width());
-    int height = 2 * frameWidth();
-    for (int i = 0; i < list_->count(); ++i) height += list_->item(i)->sizeHint().height();
-    resize(width, std::min({height, kMostHeight * fontMetrics().height(), desk.height()}));
+    int wanted = 2 * frameWidth();
+    for (int i = 0; i < list_->count(); ++i) wanted += list_->item(i)->sizeHint().height();
+    resize(width, std::min({wanted, kMostLines * fontMetrics().height(), desk.height()}));
     const QPoint below = place.mapToGlobal(place.rect().bottomRight());
     move(std::max(desk.left(), std::min(below.x(), desk.right()) - width),
-         std::max(desk.top(), std::min(below.y(), desk.bottom() - this->height())));
+         std::max(desk.top(), std::min(below.y(), desk.bottom() - height())));
     show();
     list_->setFocus(Qt::PopupFocusReason);
   }
@@ -106,8 +106,8 @@ RemarkCounter::RemarkCounter(FrmStart& form, RemarkList* remarks, QWidget* paren
     : QToolButton(parent),
       form_(form),
       remarks_(remarks),
-      touched_(form.Touched, [this] { LookSoon(); }),
-      counted_(form.lRemarks.Changed, [this] { ShowCount(); }) {
+      formListening_(form.Touched, [this] { LookSoon(); }),
+      countListening_(form.lRemarks.Changed, [this] { ShowCount(); }) {
   setAutoRaise(true);
   BindFlags(*this, form.lRemarks);
   soon_.setSingleShot(true);
@@ -172,8 +172,9 @@ void RemarkCounter::initStyleOption(QStyleOptionToolButton* option) const {
 }
 
 void RemarkCounter::OpenList() {
-  if (remarks_) Look();
-  if (!remarks_ || remarks_->Remarks().empty()) return;
+  if (!remarks_) return;
+  Look();
+  if (remarks_->Remarks().empty()) return;
   (new RemarkPopup(remarks_->Remarks(), form_, this))->OpenAt(*this);
 }
 

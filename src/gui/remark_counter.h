@@ -13,8 +13,8 @@ namespace marlinset {
 class FrmStart;
 class RemarkList;
 
-/// How many remarks there are on the setup: a quiet button that is empty when there are none. A click opens
-/// them as a list, notes included; a choice there leads to the control. It follows the panels, at most once
+/// How many remarks there are on the setup: a flat button, invisible while there are none. A click opens them
+/// as a list, notes included; a choice there leads to the control. It follows the panels, at most once
 /// in a turn of the event loop, and only while it can be seen.
 class RemarkCounter : public QToolButton {
   Q_OBJECT
@@ -40,11 +40,11 @@ class RemarkCounter : public QToolButton {
 
   FrmStart& form_;
   RemarkList* remarks_;
-  QString count_;
-  std::optional<Severity> worst_;  ///< none without remarks
-  QTimer soon_;
-  Listening<> touched_;
-  Listening<> counted_;
+  QString count_;                  ///< as shown
+  std::optional<Severity> worst_;  ///< as shown; none without remarks
+  QTimer soon_;                    ///< runs while a look is due
+  Listening<> formListening_;
+  Listening<> countListening_;
 };
 
 }  // namespace marlinset

@@ -4,7 +4,10 @@
 #include <QPointer>
 #include <QTableView>
 #include <QTimer>
+#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <optional>
 
 #include "core/frm_start.h"
 #include "gui/parameter_model.h"
@@ -20,6 +23,17 @@ namespace {
 bool IsOfParameterList(const FrmStart& form, const Control& control) {
   const std::array names = {&form.udVal.Name(), &form.lClass.Name(), &form.lParam.Name(), &form.lDesc.Name()};
   return std::ranges::any_of(names, [&](const std::string* name) { return *name == control.Name(); });
+}
+
+/// The view whose panel holds a widget; nothing for a widget beside the panels.
+std::optional<std::size_t> ViewOf(const QWidget& widget, const QWidget& window, FrmStart& form) {
+  std::size_t view = 0;
+  for (const Frame* frame : PanelsByView(form)) {
+    const auto* panel = window.findChild<QWidget*>(Shown(frame->FullName()));
+    if (panel && panel->isAncestorOf(&widget)) return view;
+    ++view;
+  }
+  return std::nullopt;
 }
 
 void ShowParameter(QTableView& table, int row) {
@@ -48,15 +62,12 @@ void ShowControl(QWidget& window, FrmStart& form, const std::string& name) {
     // A panel that has just come to the front finds its places first.
     QTimer::singleShot(0, widget, [target = widget.data()] { BringIntoView(*target); });
   };
-  const auto panels = PanelsByView(form);
-  for (std::size_t view = 0; view < panels.size(); ++view) {
-    const auto* panel = window.findChild<QWidget*>(Shown(panels[view]->FullName()));
-    if (!panel || !panel->isAncestorOf(widget)) continue;
-    if (panels[view]->Visible()) return arrive();
-    // As the view buttons themselves: it sends nothing.
-    return OperatorQueue::OfProgram().Take(form.oView(static_cast<int>(view)), {OperatorAction::Kind::kClick},
-                                           Turn::kAtOnce, &window, arrive);
-  }
+  const std::optional<std::size_t> view = ViewOf(*widget, window, form);
+  if (!view) return;
+  if (PanelsByView(form)[*view]->Visible()) return arrive();
+  // As the view buttons themselves: it sends nothing.
+  OperatorQueue::OfProgram().Take(form.oView(static_cast<int>(*view)), {OperatorAction::Kind::kClick},
+                                  Turn::kAtOnce, &window, arrive);
 }
 
 }  // namespace marlinset
