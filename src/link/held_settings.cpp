@@ -11,11 +11,15 @@
 namespace marlinset {
 namespace {
 
-/// A command by its first three fields. Commands that are not listed set one thing each.
+/// Address, packet id and command: the fields by which a command is known.
+constexpr std::size_t kCommandFields = 3;
+constexpr std::size_t kCommandField = 2;  // the last of them
+
+/// Commands that are not listed set one thing each.
 struct SettingKind {
-  std::array<int, 3> command;
+  std::array<int, kCommandFields> command;
   std::size_t keyFields;  ///< fields behind the command that say which of its settings it is
-  int sameAs;             ///< the command that sets the same thing
+  int sameAs;             ///< the command that stands for all that set the same thing
 };
 constexpr SettingKind kKinds[] = {
     {{15, 0, 192}, 2, 192},  // parameter and class
@@ -24,27 +28,27 @@ constexpr SettingKind kKinds[] = {
     {{1, 5, 47}, 0, 46},     // VITC off, on
     {{1, 5, 57}, 0, 56},     // white flag off, on
 };
+/// Queries, and the switch between Select and Broadcast mode.
 constexpr CommandId kNoSettings[] = {CommandId::kSelect, CommandId::kBroadcast, CommandId::kVideoSense,
                                      CommandId::kGetID, CommandId::kGetFirmware};
 
 }  // namespace
 
 std::optional<LastMessages::Thing> LastMessages::ThingOf(std::span<const PacketField> fields) {
-  if (fields.size() < 3) return std::nullopt;
+  if (fields.size() < kCommandFields) return std::nullopt;
   const auto begins = [fields](CommandId id) {
     const auto fixed = CommandOf(id).begin.All();
-    return std::ranges::equal(fixed.first(3), fields.first(3),
+    return std::ranges::equal(fixed.first(kCommandFields), fields.first(kCommandFields),
                               [](int a, const PacketField& b) { return a == b.value_or(0); });
   };
   if (std::ranges::any_of(kNoSettings, begins)) return std::nullopt;
   Thing thing{};
-  for (std::size_t i = 0; i < 3; ++i) thing[i] = fields[i].value_or(0);
+  for (std::size_t i = 0; i < kCommandFields; ++i) thing[i] = fields[i].value_or(0);
   for (const SettingKind& kind : kKinds) {
-    if (!std::ranges::equal(kind.command, std::span(thing).first(3))) continue;
-    for (std::size_t i = 3; i < std::min(3 + kind.keyFields, fields.size()); ++i) {
-      thing[i] = fields[i].value_or(0);
-    }
-    thing[2] = kind.sameAs;
+    if (!std::ranges::equal(kind.command, std::span(thing).first(kCommandFields))) continue;
+    const std::size_t end = std::min(kCommandFields + kind.keyFields, fields.size());
+    for (std::size_t i = kCommandFields; i < end; ++i) thing[i] = fields[i].value_or(0);
+    thing[kCommandField] = kind.sameAs;
     break;
   }
   return thing;

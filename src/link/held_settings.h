@@ -31,6 +31,7 @@ class LastMessages {
 
   /// Whether the last message for its thing had the same bytes.
   bool Has(std::span<const PacketField> fields) const;
+  /// Takes a message for the last one for its thing.
   void Take(std::span<const PacketField> fields);
   /// Forgets the thing that a message sets.
   void Drop(std::span<const PacketField> fields);
@@ -46,6 +47,7 @@ class LastMessages {
 /// forgets one thing when its message was not acknowledged beyond doubt.
 class HeldSettings {
  public:
+  /// Follows what `commands` sends from now on.
   HeldSettings(FrmStart& form, SettingCommands& commands, Ports& ports);
 
   const LastMessages& Messages() const { return messages_; }

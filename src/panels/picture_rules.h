@@ -24,14 +24,14 @@ class PictureRules {
 
   /// What the picture shows now.
   PicturePlan Plan() const;
-  /// How far the window of a row can be moved; nothing if it cannot.
+  /// How far the window of a row can be moved; nothing if it cannot. See MoveLimitsOf.
   std::optional<MoveLimits> LimitsOf(int row) const;
   /// The operator moves the window of a row: see WindowRules::Move.
   void Move(int row, int left, int top);
 
   /// File of the still behind the windows, empty for none.
   const std::string& Still() const { return still_; }
-  /// Which files can be chosen as a still: "*.png *.jpg".
+  /// Which files can be chosen as a still, as a file dialog filters them: "*.png *.jpg".
   std::string stillPatterns = "*";
   /// Shows that still, no still for an empty name. If it throws, the one before stays.
   std::function<void(const std::string& file)> showStill;

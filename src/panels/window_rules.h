@@ -13,10 +13,10 @@ class WindowRules {
  public:
   WindowRules(Variables& variables, FrmStart& form, SettingCommands& commands);
 
-  /// The operator brings the window of a row to another place in the picture, as the picture shows it: inside
-  /// MoveLimitsOf, on a character row. A coordinate that stays keeps its spin. However many change, one
-  /// message goes to the unit. Does nothing if the row is not shown, its spins are disabled or nothing limits
-  /// it.
+  /// Brings the window of a row to a place in the picture, `left` in columns and `top` in units of eight
+  /// lines of a field; the nearest place within MoveLimitsOf counts, on a character row. A coordinate that
+  /// stays leaves its spin alone. Whether one or both change, one message goes to the unit. Does nothing if
+  /// the row is not shown, its spins are disabled or MoveLimitsOf finds no limits.
   void Move(int row, int left, int top);
 
  private:
@@ -29,7 +29,7 @@ class WindowRules {
   Variables& vars_;
   FrmStart& form_;
   SettingCommands& commands_;
-  bool moving_ = false;  ///< spins follow a move, which ends with the message
+  bool moving_ = false;  ///< Move sets the spins and sends the message itself
 };
 
 }  // namespace marlinset
