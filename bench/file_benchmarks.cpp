@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Loading and saving the shipped default configuration, disk left out, and showing many files.
+// Loading and saving the shipped default configuration, disk left out, what the history adds to an action,
+// and showing many files.
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -58,6 +61,54 @@ void SaveFile(benchmark::State& state) {
   Compare(state, save, [&] { benchmark::DoNotOptimize(WriteDocument(document)); });
 }
 BENCHMARK(SaveFile)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+/// What the history adds to an action, here New and a spin's step in a setup of 300 parameters: the action as
+/// the operator's own, which becomes an entry, less the same action without a handler around it.
+void HistoryEntry(benchmark::State& state, const std::function<void(FrmStart&, bool byOperator)>& action) {
+  constexpr int kParameters = 300;
+  BenchTool tool;
+  while (UBound(tool->variables.SystemParameters) + 1 < kParameters) {
+    const auto number = static_cast<std::int16_t>(UBound(tool->variables.SystemParameters));
+    tool->variables.SystemParameters.push_back(
+        {.Class = 30, .Parameter = number, .Description = "An added parameter, " + std::to_string(number)});
+  }
+  tool->parameterList.bClass_Click();
+  tool->history.Begin();
+  std::size_t bytes = 0;
+  for (auto step : state) {
+    const double all = SecondsOf([&] { action(tool->form, true); });
+    bytes = std::max(bytes, tool->history.LatestSize());
+    const double alone = SecondsOf([&] { action(tool->form, false); });
+    state.SetIterationTime(std::max(0.0, all - alone));
+  }
+  state.counters["bytes"] = static_cast<double>(bytes);
+}
+
+void HistoryOfStep(benchmark::State& state) {
+  int value = 0;
+  HistoryEntry(state, [&value](FrmStart& form, bool byOperator) {
+    value = 1 - value;
+    if (byOperator) {
+      form.UDDur.OperatorSpin(value);
+    } else {
+      form.UDDur.SetValue(value);
+    }
+  });
+}
+BENCHMARK(HistoryOfStep)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+/// Between two commands the list is sorted the other way, so that all of its rows change.
+void HistoryOfNew(benchmark::State& state) {
+  HistoryEntry(state, [](FrmStart& form, bool byOperator) {
+    form.bDesc.Press();
+    if (byOperator) {
+      form.mnuNew.OperatorClick();
+    } else {
+      form.mnuNew.Press();
+    }
+  });
+}
+BENCHMARK(HistoryOfNew)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 /// `show --json` of many files in one call.
 void ShowFiles(benchmark::State& state) {

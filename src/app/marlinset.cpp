@@ -52,7 +52,7 @@ class WindowRun {
   void Leave();
   /// After the splash: shows the window and does what the command line asks for.
   void Begin();
-  void OpenFile(const std::string& name);
+  void OpenDropped(const std::string& name);
   void ShowGuide();
 
   const WindowOptions& options_;
@@ -88,8 +88,8 @@ Platform WindowRun::MakePlatform() {
   return platform;
 }
 
-void WindowRun::OpenFile(const std::string& name) {
-  tool_.platform.guard.Run([&] { tool_.fileCommands.OpenNamed(name); });
+void WindowRun::OpenDropped(const std::string& name) {
+  tool_.platform.guard.RunFor(tool_.form.mnuOpen, [&] { tool_.fileCommands.OpenNamed(name); });
 }
 
 void WindowRun::ShowGuide() {
@@ -102,7 +102,7 @@ void WindowRun::Load() {
                   WindowHooks{.deviceName = [this](int port) { return computer_.Line().DeviceName(port); },
                               .portOpen = [this] { return tool_.platform.ComP1.PortOpen(); },
                               .lookForDevices = [this] { tool_.ports.LookForDevices(); },
-                              .openFile = [this](const std::string& name) { OpenFile(name); },
+                              .openFile = [this](const std::string& name) { OpenDropped(name); },
                               .showGuide = [this] { ShowGuide(); },
                               .recentFiles = &tool_.recentFiles.mnuRecent,
                               .frameSent = &tool_.communications.FrameSent,
@@ -117,7 +117,10 @@ void WindowRun::Load() {
 void WindowRun::Begin() {
   tool_.Show();
   if (tool_.recovery.Restored()) return;  // the operator looks at it first
-  if (!options_.file.empty()) OpenFile(options_.file);
+  if (!options_.file.empty()) {
+    tool_.platform.guard.Run([this] { tool_.fileCommands.OpenNamed(options_.file); });
+    tool_.history.Begin();
+  }
   if (options_.send)
     OperatorQueue::OfProgram().Take(tool_.form.bSConfig, {OperatorAction::Kind::kClick}, Turn::kInOrder);
 }

@@ -30,6 +30,8 @@ Tool::Tool(const Platform& computer)
       recovery(platform, variables, form, configurationFile, unsavedChanges),
       fileCommands(platform, variables, form, panels, configurationFile, unsavedChanges, recovery),
       recentFiles(platform, form, configurationFile, fileCommands),
+      history(platform, variables, form,
+              {configurationFile, unsavedChanges, communications, commands, held, wholeSend}),
       interactiveMode(platform, variables, form, communications, commands, held, wholeSend),
       windowSettings(platform, variables, form, database),
       endsOfRun(platform, variables, form,
@@ -48,6 +50,7 @@ bool Tool::Load(const std::string& commandText, bool resume) {
 void Tool::Show() {
   form.SetVisible(true);
   variables.MainFormActive = true;
+  history.Begin();
 }
 
 bool Tool::Start(const std::string& commandText, bool resume) {

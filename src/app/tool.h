@@ -9,6 +9,7 @@
 #include "core/panel_setup.h"
 #include "core/variables.h"
 #include "files/configuration_file.h"
+#include "history/history.h"
 #include "link/communications.h"
 #include "link/held_settings.h"
 #include "link/identification.h"
@@ -84,6 +85,7 @@ class Tool {
   Recovery recovery;
   FileCommands fileCommands;
   RecentFiles recentFiles;
+  History history;
   InteractiveMode interactiveMode;
   WindowSettings windowSettings;
   EndsOfRun endsOfRun;

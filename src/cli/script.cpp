@@ -107,6 +107,9 @@ const Script::Action* Script::FindAction(std::string_view name) {
       {"remarks", 0, 0, &Script::Remarks},
       {"log", 0, 1, &Script::Log},
       {"changes", 0, 0, &Script::Changes},
+      {"undo", 0, 0, &Script::Undo},
+      {"redo", 0, 0, &Script::Redo},
+      {"history", 0, 0, &Script::History},
       {"close", 0, 0, &Script::Close},
       {"quit", 0, 0, &Script::Quit},
   };
@@ -347,6 +350,20 @@ Json Script::Changes(const ScriptLine& /*line*/) {
     }
   }
   return {{"known", known}, {"changes", std::move(changes)}};
+}
+
+Json Script::Undo(const ScriptLine& /*line*/) {
+  const std::vector<std::string> names = tool_.history.UndoNames();
+  return {{"undone", tool_.form.mnuUndo.OperatorClick() ? Json(names.front()) : Json()}};
+}
+
+Json Script::Redo(const ScriptLine& /*line*/) {
+  const std::vector<std::string> names = tool_.history.RedoNames();
+  return {{"redone", tool_.form.mnuRedo.OperatorClick() ? Json(names.front()) : Json()}};
+}
+
+Json Script::History(const ScriptLine& /*line*/) {
+  return {{"undo", tool_.history.UndoNames()}, {"redo", tool_.history.RedoNames()}};
 }
 
 Json Script::Close(const ScriptLine& /*line*/) {

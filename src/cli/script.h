@@ -74,6 +74,9 @@ class Script {
   Json Remarks(const ScriptLine& line);
   Json Log(const ScriptLine& line);
   Json Changes(const ScriptLine& line);
+  Json Undo(const ScriptLine& line);
+  Json Redo(const ScriptLine& line);
+  Json History(const ScriptLine& line);
   Json Close(const ScriptLine& line);
   Json Quit(const ScriptLine& line);
 

@@ -4,6 +4,7 @@
 #include "base/runtime_error.h"
 #include "controls/form.h"
 #include "controls/guard.h"
+#include "controls/packed_fields.h"
 
 namespace marlinset {
 
@@ -25,7 +26,22 @@ std::string Control::FullName() const {
 
 void Control::NoteChange() {
   Changed.Emit();
-  form_.Touch();
+  form_.Touch(*this);
+}
+
+void Control::PackState(FieldPacker& fields) const {
+  fields.Number((enabled_ ? 1 : 0) + (visible_ ? 2 : 0));
+  fields.Text(caption_);
+  PackKind(fields);
+}
+
+void Control::RestoreState(FieldReader& fields) {
+  const std::int64_t flags = fields.Number();
+  enabled_ = (flags & 1) != 0;
+  visible_ = (flags & 2) != 0;
+  caption_ = fields.Text();
+  RestoreKind(fields);
+  NoteChange();
 }
 
 void Control::Raise(Signal<int> ControlEvents::*event) const {
@@ -35,7 +51,7 @@ void Control::Raise(Signal<int> ControlEvents::*event) const {
 
 bool Control::AsOperator(const std::function<void()>& action) {
   if (!TakesInput()) return false;
-  form_.GetGuard().Run(action);
+  form_.GetGuard().RunFor(*this, action);
   return true;
 }
 

@@ -11,6 +11,8 @@
 
 namespace marlinset {
 
+class FieldPacker;
+class FieldReader;
 class Form;
 
 /// A colour as 0x00BBGGRR, or the desktop's own colour of a window's background.
@@ -142,6 +144,13 @@ class Control : public EventSource {
   /// The texts of the entries that an operator can select.
   virtual std::vector<std::string> Entries() const;
 
+  /// Packs all that rules and operator change: flags, caption, and what the control's kind has besides. Not
+  /// the colour, which marks what happens at the moment, nor the tool tip.
+  void PackState(FieldPacker& fields) const;
+  /// Takes a state that was packed before. Runs no handler, so no rule acts on it and nothing is sent; a
+  /// screen follows.
+  void RestoreState(FieldReader& fields);
+
   /// Something that a screen shows has changed.
   Signal<> Changed;
 
@@ -162,8 +171,12 @@ class Control : public EventSource {
   /// Runs an operator's action under the form's guard; returns false if the control does not take it now.
   bool AsOperator(const std::function<void()>& action);
   bool TakesInput() const { return enabled_ && visible_; }
+  /// The part of the state that only this kind has.
+  virtual void PackKind(FieldPacker& /*fields*/) const {}
+  virtual void RestoreKind(FieldReader& /*fields*/) {}
 
  private:
+  friend class Form;
   Form& form_;
   std::string name_;
   int index_;
@@ -173,6 +186,7 @@ class Control : public EventSource {
   std::string caption_;
   std::string toolTip_;
   std::shared_ptr<const void> life_ = std::make_shared<char>();
+  int touch_ = kNoIndex;  ///< place in the form's list of touched controls
 };
 
 }  // namespace marlinset

@@ -23,6 +23,10 @@ class Button : public Control {
   void SetArrow(SortArrow arrow) { Store(arrow_, arrow); }
   bool OperatorClick() override;
 
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
+
  private:
   SortArrow arrow_ = SortArrow::kNone;
 };
@@ -37,6 +41,10 @@ class MenuItem : public Control {
   void SetChecked(bool checked) { Store(checked_, checked); }
   void Press() { Raise(&ControlEvents::click); }
   bool OperatorClick() override;
+
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
 
  private:
   bool checked_ = false;
@@ -53,6 +61,10 @@ class CheckBox : public Control {
   void SetValue(int value);
   /// Ticks or unticks the box; does nothing if it is so already.
   bool OperatorCheck(bool on) override;
+
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
 
  private:
   int value_ = 0;
@@ -83,6 +95,10 @@ class OptionButton : public Control {
   /// True clears the others of the choice without an event; if this one was not set yet, it runs its Click.
   void SetValue(bool value);
   bool OperatorClick() override;
+
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
 
  private:
   OptionGroup* group_ = nullptr;
@@ -118,6 +134,10 @@ class ComboBox : public Control {
   bool OperatorKey(char32_t code) override;
   std::vector<std::string> Entries() const override { return list_; }
 
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
+
  private:
   std::string text_;
   std::vector<std::string> list_;
@@ -145,6 +165,10 @@ class ListView : public Control {
   bool OperatorSelect(int row) override;
   /// The texts of the first column.
   std::vector<std::string> Entries() const override;
+
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
 
  private:
   std::vector<std::string> columns_;
@@ -184,6 +208,10 @@ class SpinControl : public Control {
   /// Has provisional limits replaced by the real ones, before a rule moves the spin for the operator.
   void Settle();
 
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
+
  private:
   void Pull();
   int value_ = 0;
@@ -208,6 +236,10 @@ class TextBox : public Control {
   /// Whether the key handlers let a key press pass: for a widget that types by itself, at its own
   /// cursor.
   bool TakesKey(char32_t code);
+
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
 
  private:
   bool Passes(char32_t code) const;
@@ -245,6 +277,10 @@ class PictureBox : public Control {
   int Top() const { return top_; }
   void SetTop(int top) { Store(top_, top); }
 
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
+
  private:
   int top_ = 0;
 };
@@ -260,6 +296,10 @@ class ScrollBar : public Control {
   void SetValue(int value);
   bool OperatorScroll(int value) override;
 
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
+
  private:
   int value_ = 0;
   int max_ = 0;
@@ -274,6 +314,10 @@ class StatusPanel : public Control {
   void SetText(std::string text) { Store(text_, std::move(text)); }
   const std::string& Picture() const { return picture_; }
   void SetPicture(std::string picture) { Store(picture_, std::move(picture)); }
+
+ protected:
+  void PackKind(FieldPacker& fields) const override;
+  void RestoreKind(FieldReader& fields) override;
 
  private:
   std::string text_;

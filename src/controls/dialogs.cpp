@@ -9,10 +9,13 @@
 namespace marlinset {
 
 BoxAnswer Dialogs::Show(const MessageBox& box) {
+  const bool asks = box.buttons != BoxButtons::kOk;
+  if (asks) Asking.Emit();
   ++boxes_;
   try {
     const BoxAnswer answer = Present(box);
     --boxes_;
+    if (asks && (answer == BoxAnswer::kYes || answer == BoxAnswer::kOk)) ++agreed_;
     return answer;
   } catch (...) {
     --boxes_;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/program_title.h"
+#include "controls/signal.h"
 
 namespace marlinset {
 
@@ -47,6 +48,11 @@ class Dialogs {
   /// Whether a box or such a window is open now.
   bool Standing() const;
 
+  /// A box with a choice is about to come up.
+  Signal<> Asking;
+  /// How many questions of the tool the operator has agreed to so far.
+  int Agreed() const { return agreed_; }
+
   /// A plain box with an OK button.
   void Tell(std::string text) { Show({.text = std::move(text)}); }
   /// A question with the buttons Yes and No. `facts` is what the operator needs to know before answering, one
@@ -59,6 +65,7 @@ class Dialogs {
 
  private:
   int boxes_ = 0;
+  int agreed_ = 0;
   std::vector<const Form*> forms_;
 };
 

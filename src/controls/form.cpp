@@ -41,18 +41,38 @@ void Form::OperatorHover() {
 
 void Form::Register(Control& control) {
   controls_[control.FullName()] = &control;
-  Touch();
+  Touch(control);
 }
+
 void Form::Unregister(const Control& control) {
   controls_.erase(control.FullName());
-  Touch();
+  if (noting_) {
+    touches_.gone.emplace_back(control.Name(), control.Index());
+    if (control.touch_ >= 0) touches_.changed[static_cast<std::size_t>(control.touch_)] = nullptr;
+  }
+  RaiseTouched();
+}
+
+void Form::Touch(Control& control) {
+  if (noting_ && control.touch_ < 0) {
+    control.touch_ = static_cast<int>(touches_.changed.size());
+    touches_.changed.push_back(&control);
+  }
+  RaiseTouched();
 }
 
 /// A load touches hundreds of controls: what listens here has to be cheap.
-void Form::Touch() {
+void Form::RaiseTouched() {
   Altered.Emit();
   if (std::exchange(touched_, true)) return;
   Touched.Emit();
+}
+
+Form::Touches Form::TakeTouches() {
+  for (Control* control : touches_.changed) {
+    if (control) control->touch_ = kNoIndex;
+  }
+  return std::exchange(touches_, {});
 }
 
 }  // namespace marlinset

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "controls/control.h"
@@ -46,9 +47,20 @@ class Form : public EventSource {
   Signal<> Altered;
   void ListenAgain() { touched_ = false; }
 
+  /// Controls by array and element that were added, removed or changed.
+  struct Touches {
+    std::vector<Control*> changed;                  ///< null for one that has gone since
+    std::vector<std::pair<std::string, int>> gone;  ///< removed; another may be there again
+  };
+  /// From now on the form notes which controls change, for TakeTouches.
+  void NoteTouches() { noting_ = true; }
+  /// The controls touched since the last call. Costs what was touched, whatever the size of the form.
+  Touches TakeTouches();
+
  private:
   friend class Control;
-  void Touch();
+  void Touch(Control& control);
+  void RaiseTouched();
   void Register(Control& control);
   void Unregister(const Control& control);
 
@@ -57,6 +69,8 @@ class Form : public EventSource {
   std::string caption_;
   bool visible_ = false;
   bool touched_ = false;
+  bool noting_ = false;
+  Touches touches_;
   std::map<std::string, Control*, std::less<>> controls_;
 };
 

@@ -9,10 +9,15 @@
 
 namespace marlinset {
 
-bool Guard::Run(const std::function<void()>& body) {
+bool Guard::Execute(const Control* control, const std::function<void()>& body) {
   bool done = false;
+  Begins.Emit(control);
   ++atWork_;
-  Finally([&] { done = Contain(body); }, [this] { --atWork_; });
+  Finally([&] { done = Contain(body); },
+          [this] {
+            --atWork_;
+            Over.Emit();
+          });
   Ended.Emit();
   return done;
 }

@@ -7,6 +7,7 @@
 
 namespace marlinset {
 
+class Control;
 class Dialogs;
 
 /// The one place where failures stop. Run executes every handler of an operator's action, a timer or the
@@ -15,15 +16,23 @@ class Dialogs;
 class Guard {
  public:
   explicit Guard(Dialogs& dialogs) : dialogs_(dialogs) {}
-  /// Returns whether `body` completed.
-  bool Run(const std::function<void()>& body);
+  /// Runs a handler of a timer or of the line. Returns whether `body` completed.
+  bool Run(const std::function<void()>& body) { return Execute(nullptr, body); }
+  /// Runs what the operator does to a control, which `body` may destroy.
+  bool RunFor(const Control& control, const std::function<void()>& body) { return Execute(&control, body); }
   /// How many handlers are running: more than one if a handler pumps and another runs in that wait.
   int AtWork() const { return atWork_; }
 
-  /// A handler has ended, and its box is closed.
+  /// A handler begins: the operator's on this control, or, with null, one of a timer or of the line. It may
+  /// begin in the wait of another.
+  Signal<const Control*> Begins;
+  /// The handler that began last is over, and its box is closed.
+  Signal<> Over;
+  /// After Over: a handler has ended, unless it ended the program.
   Signal<> Ended;
 
  private:
+  bool Execute(const Control* control, const std::function<void()>& body);
   bool Contain(const std::function<void()>& body);
 
   Dialogs& dialogs_;

@@ -29,6 +29,8 @@ void FrmStart::SetStartState() {
   mnuCharOn.SetChecked(true);
   oVITC(0).SetValue(true);
   bSChanges.SetEnabled(false);
+  mnuUndo.SetEnabled(false);
+  mnuRedo.SetEnabled(false);
   pComBut.SetBackColor(kRed);
   HideImages();
   for (const int i : {5, 6, 7}) {

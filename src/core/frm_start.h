@@ -44,6 +44,8 @@ class FrmStart : public Form {
   MenuItem mnuSave{*this, "mnuSave"};  ///< Save As
   MenuItem mnuPrint{*this, "mnuPrint"}, mnuPreview{*this, "mnuPreview"}, mnuExport{*this, "mnuExport"};
   MenuItem mnuExit{*this, "mnuExit"};
+  // Edit
+  MenuItem mnuUndo{*this, "mnuUndo"}, mnuRedo{*this, "mnuRedo"};
   // Mode
   MenuItem mnuMode{*this, "mnuMode"}, mnuInter{*this, "mnuInter"}, mnuOff{*this, "mnuOff"};
   // View

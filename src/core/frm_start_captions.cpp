@@ -22,6 +22,8 @@ constexpr CaptionRow kCaptions[] = {
     {"mnuPreview", kNoIndex, "Print preview..."},
     {"mnuExport", kNoIndex, "Export as PDF..."},
     {"mnuExit", kNoIndex, "Exit"},
+    {"mnuUndo", kNoIndex, "Undo"},
+    {"mnuRedo", kNoIndex, "Redo"},
     {"mnuMode", kNoIndex, "Mode"},
     {"mnuInter", kNoIndex, "Interactive"},
     {"mnuOff", kNoIndex, "Off"},

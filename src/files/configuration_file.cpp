@@ -185,6 +185,18 @@ void ConfigurationFile::TakeName(const LeftWork& work) {
   form_.SetCaption(TitleOf(work.title));
 }
 
+ConfigurationFile::OpenFile ConfigurationFile::Opened() const {
+  return {path_, LastFolder(platform_.settings, vars_.AppPath), known_.Opened()};
+}
+
+bool ConfigurationFile::TakeOpened(const OpenFile& file) {
+  path_ = file.path;
+  if (file.folder != LastFolder(platform_.settings, vars_.AppPath)) {
+    platform_.settings.SaveSetting(kFolderSetting.key, file.folder);
+  }
+  return known_.TakeOpened(file.known);
+}
+
 void ConfigurationFile::NameWithoutAsking() {
   platform_.fileDialog.Flags = kHideReadOnly;
   platform_.fileDialog.FileName = vars_.LoadFolder + vars_.CurrentFile + std::string(kConfigurationExtension);

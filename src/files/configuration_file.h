@@ -84,6 +84,17 @@ class ConfigurationFile {
   /// as it would have asked then.
   void TakeName(const LeftWork& work);
 
+  /// The file that the window works on: name, folder, and what it is known to hold.
+  struct OpenFile {
+    std::string path;
+    std::string folder;  ///< where the next file dialog opens and Save writes
+    KnownFiles::OpenFile known;
+  };
+  OpenFile Opened() const;
+  /// Works on an earlier file again: the next save behaves as it would have then. Returns whether that file
+  /// is known to hold what it held then.
+  bool TakeOpened(const OpenFile& file);
+
  private:
   /// Empty if there is nothing to parse.
   using Content = std::optional<std::vector<std::uint8_t>>;

@@ -62,6 +62,23 @@ void KnownFiles::Open(const std::string& name) {
   openFolder_ = files_.Identify(FolderOf(name)).place;
 }
 
+KnownFiles::OpenFile KnownFiles::Opened() const {
+  const auto mark = marks_.find(openPlace_);
+  return {openPlace_, openFolder_, mark == marks_.end() ? std::nullopt : std::optional(mark->second)};
+}
+
+bool KnownFiles::TakeOpened(const OpenFile& file) {
+  openPlace_ = file.place;
+  openFolder_ = file.folder;
+  const bool same = Opened().mark == file.mark;
+  if (file.mark) {
+    marks_[file.place] = *file.mark;
+  } else {
+    marks_.erase(file.place);
+  }
+  return same;
+}
+
 bool KnownFiles::IsOpen(const std::string& name) const {
   return IsStill(openPlace_, files_.Identify(name));
 }

@@ -33,6 +33,17 @@ class KnownFiles {
   /// Where the name leads if it is a symbolic link itself, otherwise empty.
   std::string BehindLink(const std::string& name) const;
 
+  /// The open file, and what it held when this run last read or wrote it, if it did.
+  struct OpenFile {
+    std::string place;
+    std::string folder;
+    std::optional<std::string> mark;
+  };
+  OpenFile Opened() const;
+  /// Makes a file the open one again, with what it held when it was. Returns whether this run has neither
+  /// read nor written it since.
+  bool TakeOpened(const OpenFile& file);
+
   /// What a file held then, as a line of text for a later run. A file that this run has neither read nor
   /// written gets a line, too.
   std::string Mark(const std::string& name) const;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/menu_bar.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStyleOptionMenuItem>
@@ -47,6 +50,24 @@ class Menu : public QMenu {
 
  private:
   static constexpr const char* kChoice = "choice";
+};
+
+/// A field that is being edited takes Undo and Redo back from the menu only while it has something to undo or
+/// redo itself. The toolkit's fields keep the keys in any case.
+class UndoKeys : public QObject {
+ public:
+  explicit UndoKeys(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::ShortcutOverride) return false;
+    const auto* field = qobject_cast<QLineEdit*>(watched);
+    if (!field && watched->inherits("QAbstractSpinBox")) field = watched->findChild<QLineEdit*>();
+    if (!field) return false;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    return (key.matches(QKeySequence::Undo) && !field->isUndoAvailable()) ||
+           (key.matches(QKeySequence::Redo) && !field->isRedoAvailable());
+  }
 };
 
 Menu& AddMenu(QMenuBar& bar, const QString& title = {}) {
@@ -153,6 +174,10 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
                   {&form.mnuExport, 'E'},
                   {},
                   {&form.mnuExit, 'x', Mark::kNone, QKeySequence(Qt::CTRL | Qt::Key_Q), Turn::kClosing}});
+  AddLines(AddMenu(bar, QStringLiteral("&Edit")),
+           {{&form.mnuUndo, 'U', Mark::kNone, QKeySequence(Qt::CTRL | Qt::Key_Z)},
+            {&form.mnuRedo, 'R', Mark::kNone, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)}});
+  new UndoKeys(&bar);
   Menu& mode = AddMenu(bar);
   Bind(*mode.menuAction(), form.mnuMode, 'M');
   AddLines(mode,

@@ -9,8 +9,8 @@ namespace marlinset {
 
 struct WindowHooks;
 
-/// The menus File, Mode, View, Options, Parameters and Help. `hooks` supplies the devices behind the ports,
-/// searched each time Options opens, and the files last in use.
+/// The menus File, Edit, Mode, View, Options, Parameters and Help. `hooks` supplies the devices behind the
+/// ports, searched each time Options opens, and the files last in use.
 void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks);
 
 }  // namespace marlinset

@@ -312,7 +312,8 @@ void WholeSend::Plan() {
   if (comms_.LostInSend() || !platform_.ComP1.PortOpen()) return;
   // At least identification and query go before the sequence, and a query closes it.
   const std::vector<PendingMessage> pending = Pending(progress_);
-  const std::size_t left = changesOnly_ ? ChangesIn(pending, progress_.sizeGoes).size() : pending.size();
+  const std::size_t left =
+      changesOnly_ ? ChangesIn(pending, held_.Messages(), progress_.sizeGoes).size() : pending.size();
   result_.planned = std::max(result_.messages, 2) + static_cast<int>(left) + (progress_.closing ? 0 : 1);
 }
 
@@ -369,21 +370,60 @@ bool WholeSend::IsDue(const PendingMessage& message) {
   return !changesOnly_ || Goes(message, Pending(progress_), held_.Messages(), progress_.sizeGoes);
 }
 
-std::vector<Message> WholeSend::ChangesIn(std::span<const PendingMessage> pending, bool sizeGoes) const {
-  std::vector<Message> changes;
-  LastMessages held = held_.Messages();
+std::vector<PendingMessage> WholeSend::ChangesIn(std::span<const PendingMessage> pending, LastMessages held,
+                                                 bool sizeGoes) const {
+  std::vector<PendingMessage> changes;
   while (!pending.empty()) {
     const PendingMessage& message = pending.front();
     pending = pending.subspan(1);
     if (!Goes(message, pending, held, sizeGoes)) continue;
-    changes.push_back(MessageFor(message));
-    held.Take(changes.back().fields);
+    changes.push_back(message);
+    held.Take(MessageFor(message).fields);
   }
   return changes;
 }
 
 std::vector<Message> WholeSend::Changes() const {
-  return ChangesIn(Pending({}), false);
+  std::vector<Message> messages;
+  for (const PendingMessage& change : ChangesIn(Pending({}), held_.Messages(), false)) {
+    messages.push_back(MessageFor(change));
+  }
+  return messages;
+}
+
+LastMessages WholeSend::Messages() const {
+  LastMessages messages;
+  for (const PendingMessage& message : Pending({})) {
+    try {
+      messages.Take(MessageFor(message).fields);
+    } catch (const RuntimeError&) {
+      // No message could carry it, so the unit does not hold it either.
+    }
+  }
+  return messages;
+}
+
+void WholeSend::SendDifferences(const LastMessages& unitHolds) {
+  const auto send = [&] {
+    form_.InterTime.SetEnabled(false);
+    for (const PendingMessage& change : ChangesIn(Pending({}), unitHolds, false)) {
+      if (!commands_.Live() || !comms_.LineUp()) return;
+      SendChange(change);
+    }
+  };
+  Finally(send, [this] { form_.InterTime.SetEnabled(form_.mnuInter.Checked()); });
+}
+
+/// The rows may be others by now: the operator can do a few things even in a wait.
+void WholeSend::SendChange(const PendingMessage& change) {
+  if (change.endsHighlight) {
+    commands_.SendWindowInteractive(change.row, kHighlightOff);
+    return;
+  }
+  const bool ofParameter = change.id == kSetParameter;
+  if (ofParameter && change.row >= static_cast<int>(vars_.SystemParameters.size())) return;
+  if (change.id == kWindow && !commands_.HasWindow(change.row)) return;
+  commands_.Send(change.id, Sender::kWholeSend, change.row);
 }
 
 void WholeSend::EndHighlights() {

@@ -7,12 +7,11 @@
 #include <span>
 #include <vector>
 
+#include "link/held_settings.h"
 #include "link/setting_commands.h"
 
 namespace marlinset {
 
-class HeldSettings;
-class LastMessages;
 class Ports;
 struct SendStep;
 
@@ -72,6 +71,14 @@ class WholeSend {
   /// The messages that Send Changes would put on the line now between prologue and closing check.
   std::vector<Message> Changes() const;
 
+  /// The last message of a whole send for each thing, by the panels as they are now. Leaves out what no
+  /// message can carry.
+  LastMessages Messages() const;
+  /// Sends those messages of a whole send that differ from what the unit holds, in its order and with its
+  /// waits and boxes, but without prologue and closing check. Ends early when changes no longer go out at
+  /// once. Throws Overflow for a value that does not fit its byte.
+  void SendDifferences(const LastMessages& unitHolds);
+
   /// Asked between two messages. True ends the send there, with everything enabled again.
   std::function<bool()> stopRequested;
 
@@ -96,7 +103,8 @@ class WholeSend {
   std::vector<PendingMessage> Pending(const Progress& from) const;
   void AddPending(std::span<const SendStep> steps, std::vector<PendingMessage>& messages) const;
   Message MessageFor(const PendingMessage& pending) const;
-  std::vector<Message> ChangesIn(std::span<const PendingMessage> pending, bool sizeGoes) const;
+  std::vector<PendingMessage> ChangesIn(std::span<const PendingMessage> pending, LastMessages held,
+                                        bool sizeGoes) const;
   bool Goes(const PendingMessage& message, std::span<const PendingMessage> rest, const LastMessages& held,
             bool& sizeGoes) const;
   bool IsDue(const PendingMessage& message);
@@ -116,6 +124,7 @@ class WholeSend {
   void EndHighlights();
   void SendWindows();
   void SendWindow(int row);
+  void SendChange(const PendingMessage& change);
   bool GoesOn();
 
   Platform& platform_;

@@ -51,18 +51,24 @@ bool UnsavedChanges::Modified() const {
 }
 
 bool UnsavedChanges::IsUnsaved(const std::optional<Bytes>& composition) const {
-  return begun_ && (unsaved_ || composition != stored_);
+  if (!begun_ || stored_.nowhere) return begun_;
+  const Bytes* stored = stored_.composition.get();
+  return composition.has_value() != (stored != nullptr) || (stored && *composition != *stored);
 }
 
 void UnsavedChanges::CountAsStored() {
   if (!std::exchange(begun_, true)) form_.ListenAgain();
-  unsaved_ = false;
-  stored_ = Composition();
+  std::optional<Bytes> composition = Composition();
+  TakeStored({.composition = composition ? std::make_shared<const Bytes>(*std::move(composition)) : nullptr});
+}
+
+void UnsavedChanges::TakeStored(const Stored& stored) {
+  stored_ = stored;
   Look();
 }
 
 void UnsavedChanges::CountAsUnsaved() {
-  unsaved_ = true;
+  stored_.nowhere = true;
   Look();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -29,6 +30,15 @@ class UnsavedChanges {
   /// What the panels hold is in no file, whatever was read: work of a run that died, or of a failed save.
   void CountAsUnsaved();
 
+  /// What Modified compares with.
+  struct Stored {
+    std::shared_ptr<const std::vector<std::uint8_t>> composition;  ///< null: of a value beyond any file
+    bool nowhere = false;  ///< in no file, even if the bytes are equal
+  };
+  const Stored& GetStored() const { return stored_; }
+  /// Compares with what counted before.
+  void TakeStored(const Stored& stored);
+
   /// Whether the panels hold something other than what was last stored, read or started with.
   bool Modified() const;
 
@@ -50,9 +60,8 @@ class UnsavedChanges {
   Timer timer_;
   Listening<> touched_;
   bool begun_ = false;
-  bool unsaved_ = false;         ///< in no file, even if the bytes are equal
-  std::optional<Bytes> stored_;  ///< the composition last started with, read or stored
-  std::optional<Bytes> seen_;    ///< the composition at the last report
+  Stored stored_;              ///< the composition last started with, read or stored
+  std::optional<Bytes> seen_;  ///< the composition at the last report
   bool seenModified_ = false;
 };
 

@@ -28,7 +28,8 @@ bool WindowRules::TakesMove(int row) const {
 }
 
 void WindowRules::Move(int row, int left, int top) {
-  form_.GetGuard().Run([&] {
+  if (!form_.lName.Has(row)) return;
+  form_.GetGuard().RunFor(form_.lName(row), [&] {
     if (!TakesMove(row)) return;
     form_.udVer(row).Settle();
     const auto limits = MoveLimitsOf(form_, vars_, row);

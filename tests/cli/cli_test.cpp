@@ -88,7 +88,7 @@ TEST_P(TranscriptTest, IsWhatTheScriptAnswers) {
 INSTANTIATE_TEST_SUITE_P(Scripts, TranscriptTest,
                          testing::Values("dialogs", "load", "operator", "questions", "windows", "parameters",
                                          "files", "links", "recent", "saving", "settings", "print",
-                                         "new_modes", "new_windows"));
+                                         "new_modes", "new_windows", "history"));
 
 /// Each line runs in a shell of its own, in one folder, on a machine without a display.
 TEST_F(CliTest, ShellsSeeOutputAndStatus) {

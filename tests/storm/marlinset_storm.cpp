@@ -61,7 +61,8 @@ class Storm : public StormRun {
       if (what < 2) return Time();
       if (what < 4) return ChangeWeather(world_);
       if (what < 5) return UseFiles(world_);
-      what < 6 ? UseLink(world_) : Operate(world_);
+      if (what < 6) return UseLink(world_);
+      world_.OneIn(5) ? GoBack(world_) : Operate(world_);
     });
   }
 
@@ -89,7 +90,13 @@ class Storm : public StormRun {
   }
 
   void Judge() override {
+    // What is mended between an undo and its redo would go with the redo.
+    Watched([this] {
+      while (form_.mnuRedo.OperatorClick()) {
+      }
+    });
     Watched([this] { Mend(); });
+    Watched([this] { ExpectToGoBackAndForth(); });
     if (!world_.OneIn(3)) Click(form_.mnuOff);
     world_.Trace("the last send");
     // First silences a unit that speaks on its own and lets it finish what it has begun to say.
@@ -98,6 +105,18 @@ class Storm : public StormRun {
     Click(form_.bSConfig);
     ExpectSent();
     ExpectFileToHoldEverything();
+  }
+
+  void ExpectToGoBackAndForth() {
+    world_.Trace("back and forth");
+    const QcfDocument before = DocumentOfPanels(rig_.vars, form_);
+    int undone = 0;
+    while (form_.mnuUndo.OperatorClick()) ++undone;
+    while (undone > 0 && form_.mnuRedo.OperatorClick()) --undone;
+    for (const QcfComparison& line : Compare(before, DocumentOfPanels(rig_.vars, form_))) {
+      if (line.difference != QcfDifference::kEqual)
+        Fault("before " + line.name + " " + line.left + ", redone " + line.right);
+    }
   }
 
   void ExpectFileToHoldEverything() {

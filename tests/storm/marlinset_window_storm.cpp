@@ -61,6 +61,7 @@ class WindowStorm : public StormRun {
     QWidget* popup = QApplication::activePopupWidget();
     if (popup && world_.OneIn(5)) return PressKey(Qt::Key_Escape);
     if (!popup && world_.OneIn(8)) return DragInPicture();
+    if (world_.OneIn(12)) return GoBack();
     const int what = world_.Pick(9);
     if (what < 2) return PressKeys();
     if (what < 3) return Turn(popup);
@@ -121,6 +122,11 @@ class WindowStorm : public StormRun {
     desk_.Click(*bar, place.center());
   }
 
+  void GoBack() {
+    const bool redo = world_.OneIn(3);
+    world_.Trace(redo ? "redo" : "undo");
+    desk_.Key(Qt::Key_Z, redo ? Qt::ControlModifier | Qt::ShiftModifier : Qt::ControlModifier);
+  }
   void PressKey(int key) {
     world_.Trace("key " + std::to_string(key));
     desk_.Key(key, Qt::NoModifier, key < 128 ? QString(QChar(key)) : QString());

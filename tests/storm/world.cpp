@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 
+#include "history/scope.h"
 #include "wire/frame.h"
 
 namespace marlinset {
@@ -19,10 +20,11 @@ void Damage(World& world) {
 }
 
 /// Picks each array of controls as often as a single control.
-Control* PickControl(World& world, Form& form) {
+Control* PickControl(World& world, Form& form, bool (*suits)(const Control&)) {
   std::map<std::string, std::vector<Control*>> byName;
   for (Control* control : form.Controls()) {
-    if (control->Enabled() && control->Visible()) byName[control->Name()].push_back(control);
+    if (control->Enabled() && control->Visible() && suits(*control))
+      byName[control->Name()].push_back(control);
   }
   if (byName.empty()) return nullptr;
   return world.PickOf(std::next(byName.begin(), world.Pick(static_cast<int>(byName.size())))->second);
@@ -46,8 +48,12 @@ void Choose(World& world, Control& control) {
   if (entries > 0) control.OperatorSelect(world.Pick(entries));
 }
 
-void Act(World& world, Form& form) {
-  Control* control = PickControl(world, form);
+bool Any(const Control& /*control*/) {
+  return true;
+}
+
+void Act(World& world, Form& form, bool (*suits)(const Control&) = Any) {
+  Control* control = PickControl(world, form, suits);
   if (!control || (control == &world.rig.tool.form.mnuExit && !world.OneIn(4))) return;
   world.Trace(control->FullName());
   if (world.OneIn(12)) return control->OperatorHover();
@@ -100,6 +106,20 @@ void Operate(World& world) {
     return world.rig.tool.SetActive(active);
   }
   Act(world, world.rig.tool.form);
+}
+
+void Edit(World& world) {
+  Act(world, world.rig.tool.form, [](const Control& control) {
+    return BelongsToConfiguration(control) && control.Kind() != ControlKind::kLabel &&
+           control.Kind() != ControlKind::kLine && control.Kind() != ControlKind::kFrame;
+  });
+}
+
+void GoBack(World& world) {
+  FrmStart& form = world.rig.tool.form;
+  MenuItem& item = world.OneIn(2) ? form.mnuUndo : form.mnuRedo;
+  world.Trace(item.Caption());
+  for (int i = 1 + world.Pick(4); i > 0; --i) item.OperatorClick();
 }
 
 void UseLink(World& world) {

@@ -69,6 +69,10 @@ void MendWeather(World& world);
 
 /// An operator does anything to any control of the window on top, whatever state it is in.
 void Operate(World& world);
+/// An operator changes a setting.
+void Edit(World& world);
+/// Undoes some of what was done, or does it again.
+void GoBack(World& world);
 /// Uses a button or menu entry of the link.
 void UseLink(World& world);
 /// Uses a file command; files are sound, damaged, empty or missing, and the disk may be full.

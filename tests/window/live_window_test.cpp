@@ -236,6 +236,34 @@ TEST_P(LiveWindowTest, RemarksAreCountedAndLeadToTheirControls) {
   EXPECT_EQ(counter.accessibleName(), "No remarks");
 }
 
+TEST_P(LiveWindowTest, KeysUndoAndRedoButAFieldFirstUndoesItself) {
+  const auto undo = [this] {
+    desk_.Key(Qt::Key_Z, Qt::ControlModifier);
+    LiveWindow::Settle();
+  };
+  const int before = form_.udVer(14).Value();
+  desk_.ClickArrow(desk_.Widget("udVer(14)"), false);
+  LiveWindow::Settle();
+  const int moved = form_.udVer(14).Value();
+  EXPECT_NE(moved, before);
+  undo();
+  EXPECT_EQ(form_.udVer(14).Value(), before);
+  desk_.Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  LiveWindow::Settle();
+  EXPECT_EQ(form_.udVer(14).Value(), moved);
+
+  desk_.Widget("tWinMess").setFocus();
+  desk_.Type("AB");
+  LiveWindow::Settle();
+  undo();
+  EXPECT_EQ(form_.tWinMess.Text(), "") << "the field's own undo, which the tool takes for typing";
+  EXPECT_THAT(studio_.tool.history.RedoNames(), IsEmpty());
+  undo();
+  EXPECT_THAT(studio_.tool.history.RedoNames(), testing::SizeIs(1));
+  undo();
+  EXPECT_EQ(form_.udVer(14).Value(), before);
+}
+
 struct LateAnswersTest : LiveWindowTest {
   /// Runs `deed` when the next exchange has lasted a while.
   void InTheWait(std::function<void()> deed) { studio_.pump.At(studio_.pump.Now() + 5, std::move(deed)); }
