@@ -50,14 +50,6 @@ int& CountOf(SendResult& result, Verdict verdict) {
   return result.count[static_cast<std::size_t>(verdict)];
 }
 
-PendingMessage EndOfHighlight(int row) {
-  return {.id = kWindow, .sender = Sender::kPanel, .row = row, .endsHighlight = true};
-}
-
-CommandId SlateCommand(const FrmStart& form) {
-  return form.chPrev.On() ? kSlatePreview : kSlateMode;
-}
-
 void PaintRows(const ControlArray<Label>& rows, Color color) {
   for (const int row : rows.Indices()) rows(row).SetBackColor(color);
 }
@@ -258,7 +250,7 @@ void WholeSend::Sequence() {
   SendWindows();
   RunSteps(StepsAfterWindows(), progress_.lateStep);
   progress_.slate = true;
-  if (GoesOn() && IsDue({.id = SlateCommand(form_)})) commands_.SendSlate();
+  if (GoesOn() && IsDue({.id = SlateCommand()})) commands_.SendSlate();
 }
 
 SendEnd WholeSend::Close() {
@@ -303,127 +295,6 @@ void WholeSend::RunStep(const SendStep& step) {
       commands_.Send(*command, Sender::kWholeSend);
     }
   });
-}
-
-/// Counts the messages of the send anew. They depend on the panels, which answers change, so it counts what
-/// is left after each message, and in the end the plan equals what was sent. Keeps the last count once the
-/// device is gone, since the panels then show the loss.
-void WholeSend::Plan() {
-  if (comms_.LostInSend() || !platform_.ComP1.PortOpen()) return;
-  // At least identification and query go before the sequence, and a query closes it.
-  const std::vector<PendingMessage> pending = Pending(progress_);
-  const std::size_t left =
-      changesOnly_ ? ChangesIn(pending, held_.Messages(), progress_.sizeGoes).size() : pending.size();
-  result_.planned = std::max(result_.messages, 2) + static_cast<int>(left) + (progress_.closing ? 0 : 1);
-}
-
-void WholeSend::AddPending(std::span<const SendStep> steps, std::vector<PendingMessage>& messages) const {
-  for (const SendStep& step : steps) {
-    if (const auto command = CommandIn(step, form_)) messages.push_back({.id = *command});
-  }
-}
-
-/// The messages of the sequence that follow a place in it, by the panels as they are now.
-std::vector<PendingMessage> WholeSend::Pending(const Progress& from) const {
-  std::vector<PendingMessage> messages;
-  if (from.behindText) messages.push_back({.id = kWindow, .row = from.window - 1});
-  for (int i = from.parameter; i < static_cast<int>(vars_.SystemParameters.size()); ++i) {
-    if (IsSendable(At(vars_.SystemParameters, i))) messages.push_back({.id = kSetParameter, .row = i});
-  }
-  AddPending(StepsBeforeWindows().subspan(from.step), messages);
-  const int windows = static_cast<int>(vars_.CharWindows.size());
-  for (int row = from.highlight; row < windows; ++row) {
-    if (commands_.Highlights(row)) messages.push_back(EndOfHighlight(row));
-  }
-  for (int row = from.window; row < windows; ++row) {
-    if (!commands_.HasWindow(row)) continue;
-    if (IsTextWindow(row)) messages.push_back({.id = kText});
-    messages.push_back({.id = kWindow, .row = row});
-  }
-  AddPending(StepsAfterWindows().subspan(from.lateStep), messages);
-  if (!from.slate && commands_.Live()) messages.push_back({.id = SlateCommand(form_)});
-  return messages;
-}
-
-Message WholeSend::MessageFor(const PendingMessage& pending) const {
-  return MessageOf(CommandOf(pending.id), {form_, vars_, pending.sender, pending.row, kHighlightOff});
-}
-
-/// Whether Send Changes sends a message, with those that follow it. Of several messages for one thing only
-/// the last goes; `sizeGoes` keeps, for the inserter's on, whether the font size went.
-bool WholeSend::Goes(const PendingMessage& message, std::span<const PendingMessage> rest,
-                     const LastMessages& held, bool& sizeGoes) const {
-  const auto differs = [&](const PendingMessage& other) { return !held.Has(MessageFor(other).fields); };
-  if (message.id == kCharOffForSize) {
-    sizeGoes =
-        std::ranges::any_of(rest, [&](const auto& later) { return later.id == kCharSize && differs(later); });
-  }
-  if (message.id == kCharOffForSize || message.id == kCharOnForSize) return sizeGoes;
-  if (message.endsHighlight) return At(vars_.CharWindows, message.row).Highlighted;
-  if (!differs(message)) return false;
-  const auto thing = LastMessages::ThingOf(MessageFor(message).fields);
-  return std::ranges::none_of(
-      rest, [&](const auto& later) { return LastMessages::ThingOf(MessageFor(later).fields) == thing; });
-}
-
-bool WholeSend::IsDue(const PendingMessage& message) {
-  return !changesOnly_ || Goes(message, Pending(progress_), held_.Messages(), progress_.sizeGoes);
-}
-
-std::vector<PendingMessage> WholeSend::ChangesIn(std::span<const PendingMessage> pending, LastMessages held,
-                                                 bool sizeGoes) const {
-  std::vector<PendingMessage> changes;
-  while (!pending.empty()) {
-    const PendingMessage& message = pending.front();
-    pending = pending.subspan(1);
-    if (!Goes(message, pending, held, sizeGoes)) continue;
-    changes.push_back(message);
-    held.Take(MessageFor(message).fields);
-  }
-  return changes;
-}
-
-std::vector<Message> WholeSend::Changes() const {
-  std::vector<Message> messages;
-  for (const PendingMessage& change : ChangesIn(Pending({}), held_.Messages(), false)) {
-    messages.push_back(MessageFor(change));
-  }
-  return messages;
-}
-
-LastMessages WholeSend::Messages() const {
-  LastMessages messages;
-  for (const PendingMessage& message : Pending({})) {
-    try {
-      messages.Take(MessageFor(message).fields);
-    } catch (const RuntimeError&) {
-      // No message could carry it, so the unit does not hold it either.
-    }
-  }
-  return messages;
-}
-
-void WholeSend::SendDifferences(const LastMessages& unitHolds) {
-  const auto send = [&] {
-    form_.InterTime.SetEnabled(false);
-    for (const PendingMessage& change : ChangesIn(Pending({}), unitHolds, false)) {
-      if (!commands_.Live() || !comms_.LineUp()) return;
-      SendChange(change);
-    }
-  };
-  Finally(send, [this] { form_.InterTime.SetEnabled(form_.mnuInter.Checked()); });
-}
-
-/// The rows may be others by now: the operator can do a few things even in a wait.
-void WholeSend::SendChange(const PendingMessage& change) {
-  if (change.endsHighlight) {
-    commands_.SendWindowInteractive(change.row, kHighlightOff);
-    return;
-  }
-  const bool ofParameter = change.id == kSetParameter;
-  if (ofParameter && change.row >= static_cast<int>(vars_.SystemParameters.size())) return;
-  if (change.id == kWindow && !commands_.HasWindow(change.row)) return;
-  commands_.Send(change.id, Sender::kWholeSend, change.row);
 }
 
 void WholeSend::EndHighlights() {

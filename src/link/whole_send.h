@@ -100,6 +100,8 @@ class WholeSend {
   void SendSetup(bool changesOnly);
   void TellLoss();
   void Plan();
+  static PendingMessage EndOfHighlight(int row);
+  CommandId SlateCommand() const;
   std::vector<PendingMessage> Pending(const Progress& from) const;
   void AddPending(std::span<const SendStep> steps, std::vector<PendingMessage>& messages) const;
   Message MessageFor(const PendingMessage& pending) const;
