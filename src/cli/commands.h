@@ -42,7 +42,8 @@ int RunSend(const CliOptions& options);
 int RunIdentify(const CliOptions& options);
 /// Prints a configuration, or the defaults, into a PDF document. Needs a QGuiApplication.
 int RunPrint(const CliOptions& options);
-/// Draws the windows of a configuration, or of the defaults, into a PNG file.
+/// Draws the windows of a configuration, or of the defaults, into a PNG file. kExitUsage if that file is also
+/// an input. Needs Qt's application object.
 int RunPicture(const CliOptions& options);
 /// Lists configuration files. kExitNotDone if one can't be read.
 int RunShow(const CliOptions& options);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/output.h"
 
+#include <cstddef>
+#include <cstdint>
+
 #include "base/text.h"
 
 namespace marlinset {
@@ -34,6 +37,11 @@ void PrintJson(const Json& json) {
 
 void PrintError(const std::exception& error) {
   std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
+}
+
+void PrintError(const std::exception& error, const std::string& file, bool json) {
+  PrintError(error);
+  if (json) PrintJson({{"file", file}, {"error", error.what()}});
 }
 
 }  // namespace marlinset

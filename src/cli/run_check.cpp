@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <cstdio>
-#include <optional>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "cli/commands.h"
 #include "cli/configuration_input.h"
@@ -14,7 +15,7 @@ namespace marlinset {
 namespace {
 
 /// A tool for one file: it starts from the defaults, so that nothing of another file is left, and has neither
-/// line nor time.
+/// a line nor waits.
 class CheckRun {
  public:
   CheckRun(const CliOptions& options, const std::string& path)
@@ -27,8 +28,8 @@ class CheckRun {
   }
   bool Started() const { return started_; }
 
-  /// Loads the file, which can be read. What the load changes in the setup is told on standard error. Throws
-  /// std::runtime_error that says why it cannot be loaded.
+  /// Loads the file and prints on standard error what the load changes in the setup. Throws
+  /// std::runtime_error that says why the file cannot be loaded. The remarks live as long as this run.
   const std::vector<Remark>& Check() {
     tool_.platform.fileDialog.FileName = path_;
     tool_.configurationFile.ReadConfigFile();
@@ -74,8 +75,7 @@ int RunCheck(const CliOptions& options) {
       PrintRemarks(path, remarks, options.json);
       if (!remarks.empty() && status == kExitDone) status = kExitNotDone;
     } catch (const std::runtime_error& error) {
-      PrintError(error);
-      if (options.json) PrintJson({{"file", path}, {"error", error.what()}});
+      PrintError(error, path, options.json);
       status = kExitUsage;
     }
   }

@@ -65,8 +65,7 @@ int RunShow(const CliOptions& options) {
         for (const QcfLine& line : ListingOf(document)) PrintLine(Printable(line.name + ": " + line.text));
       }
     } catch (const std::runtime_error& error) {
-      PrintError(error);
-      if (options.json) PrintJson({{"file", path}, {"error", error.what()}});
+      PrintError(error, path, options.json);
       status = kExitNotDone;
     }
   }
