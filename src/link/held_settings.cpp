@@ -18,15 +18,15 @@ constexpr std::size_t kCommandField = 2;  // the last of them
 /// Commands that are not listed set one thing each.
 struct SettingKind {
   std::array<int, kCommandFields> command;
-  std::size_t keyFields;  ///< fields behind the command that say which of its settings it is
   int sameAs;             ///< the command that stands for all that set the same thing
+  std::size_t keyFields;  ///< fields behind the command that say which of its settings it is
 };
 constexpr SettingKind kKinds[] = {
-    {{15, 0, 192}, 2, 192},  // parameter and class
-    {{1, 5, 160}, 1, 160},   // channel
-    {{2, 8, 33}, 1, 33},     // window
-    {{1, 5, 47}, 0, 46},     // VITC off, on
-    {{1, 5, 57}, 0, 56},     // white flag off, on
+    {{15, 0, 192}, 192, 2},  // parameter and class
+    {{1, 5, 160}, 160, 1},   // channel
+    {{2, 8, 33}, 33, 1},     // window
+    {{1, 5, 47}, 46, 0},     // VITC off, on
+    {{1, 5, 57}, 56, 0},     // white flag off, on
 };
 /// Queries, and the switch between Select and Broadcast mode.
 constexpr CommandId kNoSettings[] = {CommandId::kSelect, CommandId::kBroadcast, CommandId::kVideoSense,
