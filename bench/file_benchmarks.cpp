@@ -64,7 +64,7 @@ BENCHMARK(SaveFile)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 /// What the history adds to an action, here New and a spin's step in a setup of 300 parameters: the action as
 /// the operator's own, which becomes an entry, less the same action without a handler around it.
-void HistoryEntry(benchmark::State& state, const std::function<void(FrmStart&, bool byOperator)>& action) {
+void HistoryEntry(benchmark::State& state, const std::function<void(Tool&, bool byOperator)>& action) {
   constexpr int kParameters = 300;
   BenchTool tool;
   while (UBound(tool->variables.SystemParameters) + 1 < kParameters) {
@@ -76,11 +76,9 @@ void HistoryEntry(benchmark::State& state, const std::function<void(FrmStart&, b
   tool->history.Begin();
   std::size_t bytes = 0;
   for (auto step : state) {
-    tool->variables.ConfigSaved = true;  // or New would ask
-    const double all = SecondsOf([&] { action(tool->form, true); });
-    tool->variables.ConfigSaved = true;
+    const double all = SecondsOf([&] { action(*tool, true); });
     bytes = std::max(bytes, tool->history.LatestSize());
-    const double alone = SecondsOf([&] { action(tool->form, false); });
+    const double alone = SecondsOf([&] { action(*tool, false); });
     state.SetIterationTime(std::max(0.0, all - alone));
   }
   state.counters["bytes"] = static_cast<double>(bytes);
@@ -88,12 +86,12 @@ void HistoryEntry(benchmark::State& state, const std::function<void(FrmStart&, b
 
 void HistoryOfStep(benchmark::State& state) {
   int value = 0;
-  HistoryEntry(state, [&value](FrmStart& form, bool byOperator) {
+  HistoryEntry(state, [&value](Tool& tool, bool byOperator) {
     value = 1 - value;
     if (byOperator) {
-      form.UDDur.OperatorSpin(value);
+      tool.form.UDDur.OperatorSpin(value);
     } else {
-      form.UDDur.SetValue(value);
+      tool.form.UDDur.SetValue(value);
     }
   });
 }
@@ -101,12 +99,13 @@ BENCHMARK(HistoryOfStep)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 /// Between two commands the list is sorted the other way, so that all of its rows change.
 void HistoryOfNew(benchmark::State& state) {
-  HistoryEntry(state, [](FrmStart& form, bool byOperator) {
-    form.bDesc.Press();
+  HistoryEntry(state, [](Tool& tool, bool byOperator) {
+    tool.form.bDesc.Press();
+    tool.variables.ConfigSaved = true;  // or New would ask
     if (byOperator) {
-      form.mnuNew.OperatorClick();
+      tool.form.mnuNew.OperatorClick();
     } else {
-      form.mnuNew.Press();
+      tool.form.mnuNew.Press();
     }
   });
 }
