@@ -39,12 +39,31 @@ QRectF Grown(const QRectF& area, double by) {
   return area.adjusted(-by, -by, by, by);
 }
 
+/// A frame of this width around a rectangle, of filled pieces: the strokes of a wide dashed pen would cost
+/// more than all windows together.
+void FillFrame(QPainter& painter, const QRectF& around, const QColor& color, double width, bool dashed) {
+  constexpr double kDash = 8;
+  constexpr double kGap = 5;
+  const QRectF outer = around.adjusted(-width / 2, -width / 2, width / 2, width / 2);
+  const auto fill = [&](const QRectF& side, bool across) {
+    const double length = across ? side.width() : side.height();
+    for (double at = 0; at < length; at += dashed ? kDash + kGap : length) {
+      const double piece = dashed ? std::min(kDash, length - at) : length;
+      painter.fillRect(across ? QRectF(side.left() + at, side.top(), piece, width)
+                              : QRectF(side.left(), side.top() + at, width, piece),
+                       color);
+    }
+  };
+  fill({outer.left(), outer.top(), outer.width(), width}, true);
+  fill({outer.left(), outer.bottom() - width, outer.width(), width}, true);
+  fill({outer.left(), outer.top(), width, outer.height()}, false);
+  fill({outer.right() - width, outer.top(), width, outer.height()}, false);
+}
+
 void PaintMark(QPainter& painter, const QRectF& area, const Mark& mark) {
   const QRectF around = Grown(area, mark.distance);
-  painter.setPen(QPen(Qt::black, mark.width + 2 * kMarkEdge, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-  painter.drawRect(around);
-  painter.setPen(QPen(QColor(mark.color), mark.width, mark.style, Qt::FlatCap, Qt::MiterJoin));
-  painter.drawRect(around);
+  FillFrame(painter, around, Qt::black, mark.width + 2 * kMarkEdge, false);
+  FillFrame(painter, around, QColor(mark.color), mark.width, mark.style == Qt::DashLine);
 }
 
 }  // namespace
