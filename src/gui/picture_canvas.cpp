@@ -201,6 +201,7 @@ void PictureCanvas::Settle(QPointF corner) {
   frame_ = QRectF(QPointF(std::floor(place(corner.x(), size.width(), room.width())),
                           std::floor(place(corner.y(), size.height(), room.height()))),
                   size);
+  painted_.clear();
   Redo();
 }
 
@@ -245,7 +246,7 @@ void PictureCanvas::PaintWindow(QPainter& painter, const PlannedWindow& window, 
   if (area.isEmpty()) return;
   const double ratio = devicePixelRatioF();
   const QSize size = (area.size() * ratio).toSize();
-  Painted& painted = painted_[window.row];
+  Painted& painted = painted_[{window.row, size.width(), size.height()}];
   if (painted.pixels.size() != size || painted.pixels.devicePixelRatio() != ratio ||
       painted.sample != window.sample || painted.columns != window.place.columns ||
       painted.look != plan_.look) {

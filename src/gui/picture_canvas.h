@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPixmap>
 #include <QWidget>
+#include <array>
 #include <map>
 #include <set>
 
@@ -97,7 +98,8 @@ class PictureCanvas : public QWidget {
   QImage still_;
   QPixmap behind_;  ///< what lies behind the windows, as large as the widget; null until it is needed
   QRectF frame_;    ///< of the picture
-  std::map<int, Painted> painted_;  ///< by rows
+  /// By row, width and height: from place to place the rounding to pixels changes the size by one.
+  std::map<std::array<int, 3>, Painted> painted_;
   double zoom_ = 1;
 };
 
