@@ -47,7 +47,9 @@ void FillFrame(QPainter& painter, const QRectF& around, const QColor& color, dou
   const QRectF outer = around.adjusted(-width / 2, -width / 2, width / 2, width / 2);
   const auto fill = [&](const QRectF& side, bool across) {
     const double length = across ? side.width() : side.height();
-    for (double at = 0; at < length; at += dashed ? kDash + kGap : length) {
+    const int pieces = dashed ? static_cast<int>(std::ceil(length / (kDash + kGap))) : 1;
+    for (int i = 0; i < pieces; ++i) {
+      const double at = i * (kDash + kGap);
       const double piece = dashed ? std::min(kDash, length - at) : length;
       painter.fillRect(across ? QRectF(side.left() + at, side.top(), piece, width)
                               : QRectF(side.left(), side.top() + at, width, piece),
