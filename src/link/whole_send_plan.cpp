@@ -112,13 +112,7 @@ std::vector<Message> WholeSend::Changes() const {
 
 LastMessages WholeSend::Messages() const {
   LastMessages messages;
-  for (const PendingMessage& message : Pending({})) {
-    try {
-      messages.Take(MessageFor(message).fields);
-    } catch (const RuntimeError&) {
-      // No message could carry it, so the unit does not hold it either.
-    }
-  }
+  for (const PendingMessage& message : Pending({})) messages.Take(MessageFor(message).fields);
   return messages;
 }
 
