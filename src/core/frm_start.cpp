@@ -29,6 +29,7 @@ void FrmStart::SetStartState() {
   mnuCharOn.SetChecked(true);
   oVITC(0).SetValue(true);
   bSChanges.SetEnabled(false);
+  bStop.SetEnabled(false);
   mnuUndo.SetEnabled(false);
   mnuRedo.SetEnabled(false);
   pComBut.SetBackColor(kRed);

@@ -42,6 +42,7 @@ class FrmStart : public Form {
   // File
   MenuItem mnuNew{*this, "mnuNew"}, mnuOpen{*this, "mnuOpen"}, mnuSav{*this, "mnuSav"};
   MenuItem mnuSave{*this, "mnuSave"};  ///< Save As
+  MenuItem mnuCompare{*this, "mnuCompare"};
   MenuItem mnuPrint{*this, "mnuPrint"}, mnuPreview{*this, "mnuPreview"}, mnuExport{*this, "mnuExport"};
   MenuItem mnuExit{*this, "mnuExit"};
   // Edit
@@ -49,7 +50,7 @@ class FrmStart : public Form {
   // Mode
   MenuItem mnuMode{*this, "mnuMode"}, mnuInter{*this, "mnuInter"}, mnuOff{*this, "mnuOff"};
   // View
-  MenuItem mnuPicture{*this, "mnuPicture"};
+  MenuItem mnuPicture{*this, "mnuPicture"}, mnuTraffic{*this, "mnuTraffic"};
   MenuItem mnuStill{*this, "mnuStill"},
       mnuNoStill{*this, "mnuNoStill"};                              ///< behind the windows of the picture
   MenuItem mnuSafe{*this, "mnuSafe"}, mnuSlate{*this, "mnuSlate"};  ///< what the picture shows
@@ -58,6 +59,7 @@ class FrmStart : public Form {
   MenuItem mnuCom4{*this, "mnuCom4"};
   /// The entry of a port, 1 to 4.
   MenuItem& ComMenu(int port);
+  MenuItem mnuPorts{*this, "mnuPorts"};
   MenuItem mnuHardwareType{*this, "mnuHardwareType"};
   MenuItem mnuHD7340{*this, "mnuHD7340"}, mnuHD7340Q{*this, "mnuHD7340Q"};
   MenuItem mnuAuto{*this, "mnuAuto"}, mnuMan{*this, "mnuMan"};
@@ -81,6 +83,7 @@ class FrmStart : public Form {
   ControlArray<OptionButton> oVITC{*this, "oVITC", {0, 1, 2}};
   Button bOpen{*this, "bOpen"}, bClose{*this, "bClose"}, bSConfig{*this, "bSConfig"};
   Button bSChanges{*this, "bSChanges"};
+  Button bStop{*this, "bStop"};       ///< ends a send after the message under way
   Label lRemarks{*this, "lRemarks"};  ///< how many remarks there are on the setup; empty for none
   Button bSend{*this, "bSend"}, bBroad{*this, "bBroad"}, bGetID{*this, "bGetID"};
   OptionGroup views;
