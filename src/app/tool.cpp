@@ -43,6 +43,8 @@ Tool::Tool(const Platform& computer)
   windowSettings.KeepStatusWhile([this] { return wholeSend.Running(); });
 }
 
+Tool::~Tool() = default;
+
 bool Tool::Load(const std::string& commandText, bool resume) {
   return startUp.Form_Load(commandText, resume);
 }

@@ -44,6 +44,9 @@ namespace marlinset {
 class Tool {
  public:
   explicit Tool(const Platform& platform);
+  ~Tool();
+  Tool(const Tool&) = delete;
+  Tool& operator=(const Tool&) = delete;
 
   /// Starts the tool in the operating mode that `commandText` names (empty: the default) and shows the main
   /// window. Returns false if the start failed, after telling the operator why. Without `resume` it loads the

@@ -23,6 +23,9 @@ FrmStart::FrmStart(TimerQueue& timers, Guard& guard)
   SetStartState();
 }
 
+// Here, since every file that ends a tool would compile the ends of all controls.
+FrmStart::~FrmStart() = default;
+
 void FrmStart::SetStartState() {
   mnuOff.SetChecked(true);
   mnuCom1.SetChecked(true);

@@ -38,6 +38,7 @@ struct WindowMeasures {
 class FrmStart : public Form {
  public:
   FrmStart(TimerQueue& timers, Guard& guard);
+  ~FrmStart() override;
 
   // File
   MenuItem mnuNew{*this, "mnuNew"}, mnuOpen{*this, "mnuOpen"}, mnuSav{*this, "mnuSav"};
