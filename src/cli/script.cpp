@@ -158,7 +158,7 @@ Form& Script::FindForm(const std::string& name) const {
 }
 
 Control& Script::FindControl(const std::string& text) const {
-  const ControlName name = ParseControlName(text);
+  const NameParts name = ParseControlName(text);
   Control* control = FindForm(name.form).Find(name.name, name.index);
   if (!control) throw ScriptError("no control " + text);
   return *control;
@@ -345,7 +345,7 @@ Json Script::Changes(const ScriptLine& /*line*/) {
   const bool known = tool_.held.Known();
   Json changes = Json::array();
   if (known) {
-    for (const Message& message : tool_.wholeSend.Changes()) {
+    for (const auto& [message, controls] : tool_.wholeSend.Changes()) {
       changes.push_back({{"meaning", message.meaning}, {"hex", HexOf(EncodeFrame(BytesOf(message.fields)))}});
     }
   }

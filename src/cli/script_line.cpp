@@ -89,8 +89,8 @@ std::string ScriptLine::Path() const {
   return TakeWord(text).text;
 }
 
-ControlName ParseControlName(std::string_view text) {
-  ControlName result{"frmStart", "", kNoIndex};
+NameParts ParseControlName(std::string_view text) {
+  NameParts result{"frmStart", "", kNoIndex};
   const auto dot = text.find('.');
   if (dot != std::string_view::npos) {
     result.form = text.substr(0, dot);

@@ -54,12 +54,12 @@ class ScriptLine {
 
 /// The parts of "comTB(1)"; index kNoIndex without parentheses. A form's name may precede it:
 /// "frmAbout.cmdOK".
-struct ControlName {
+struct NameParts {
   std::string form;
   std::string name;
   int index;
 };
 /// Throws ScriptError if it has neither form.
-ControlName ParseControlName(std::string_view text);
+NameParts ParseControlName(std::string_view text);
 
 }  // namespace marlinset

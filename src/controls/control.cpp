@@ -20,8 +20,10 @@ Control::~Control() {
   form_.Unregister(*this);
 }
 
-std::string Control::FullName() const {
-  return index_ == kNoIndex ? name_ : name_ + "(" + std::to_string(index_) + ")";
+std::string FullNameOf(std::string_view name, int index) {
+  std::string full(name);
+  if (index != kNoIndex) full += "(" + std::to_string(index) + ")";
+  return full;
 }
 
 void Control::NoteChange() {

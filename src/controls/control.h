@@ -61,6 +61,8 @@ struct ControlEvents {
 };
 
 constexpr int kNoIndex = -1;
+/// "comVS", or "comTB(1)" for an element of an array.
+std::string FullNameOf(std::string_view name, int index);
 
 /// What rules connect to: a control or a control array.
 class EventSource {
@@ -113,7 +115,7 @@ class Control : public EventSource {
   const std::string& Name() const { return name_; }
   int Index() const { return index_; }
   /// "comVS", or "comTB(1)" for an element of an array.
-  std::string FullName() const;
+  std::string FullName() const { return FullNameOf(name_, index_); }
 
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled) { Store(enabled_, enabled); }

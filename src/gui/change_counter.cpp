@@ -28,8 +28,6 @@ ChangeCounter::ChangeCounter(FrmStart& form, HeldSettings& held, const WholeSend
       heldListening_(held.Changed, [this] { LookSoon(); }) {
   setObjectName(QStringLiteral("Changes"));
   setAlignment(Qt::AlignVCenter | Qt::AlignRight);
-  soon_.setSingleShot(true);
-  connect(&soon_, &QTimer::timeout, this, &ChangeCounter::Look);
 }
 
 QSize ChangeCounter::sizeHint() const {
@@ -43,14 +41,16 @@ void ChangeCounter::showEvent(QShowEvent* event) {
 }
 
 void ChangeCounter::LookSoon() {
-  if (isVisible() && !soon_.isActive()) soon_.start(0);
+  if (isVisible()) soon_.Ask();
 }
 
 /// During a send the number would run with the messages; the status bar shows those.
 void ChangeCounter::Look() {
   form_.ListenAgain();
   if (send_.Running()) return;
-  setText(held_.Known() ? TextOf(send_.Changes().size()) : QString());
+  const std::vector<UnheldMessage> changes = held_.Known() ? send_.Changes() : std::vector<UnheldMessage>();
+  setText(TextOf(changes.size()));
+  Counted.Emit(changes);
 }
 
 }  // namespace marlinset

@@ -2,15 +2,17 @@
 #pragma once
 
 #include <QLabel>
-#include <QTimer>
+#include <vector>
 
 #include "controls/signal.h"
+#include "gui/widgets/soon.h"
 
 namespace marlinset {
 
 class FrmStart;
 class HeldSettings;
 class WholeSend;
+struct UnheldMessage;
 
 /// "3 changes not on the unit": how many messages Send Changes would put on the line. Empty while the tool
 /// does not know what the unit holds, and when the unit holds all of it. Looks at most once in a turn of the
@@ -23,6 +25,9 @@ class ChangeCounter : public QLabel {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
+  /// What the unit does not hold, as far as the tool knows; during a send as it was before.
+  Signal<const std::vector<UnheldMessage>&> Counted;
+
  protected:
   void showEvent(QShowEvent* event) override;
 
@@ -33,7 +38,7 @@ class ChangeCounter : public QLabel {
   FrmStart& form_;
   const HeldSettings& held_;
   const WholeSend& send_;
-  QTimer soon_;  ///< runs while a look is due
+  Soon soon_{[this] { Look(); }};
   Listening<> formListening_;
   Listening<> heldListening_;
 };

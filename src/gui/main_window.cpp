@@ -15,6 +15,7 @@
 
 #include "controls/guard.h"
 #include "gui/byte_log.h"
+#include "gui/change_counter.h"
 #include "gui/menu_bar.h"
 #include "gui/panel_host.h"
 #include "gui/picture_dock.h"
@@ -71,6 +72,9 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
   tools_ = new ToolArea(form, hooks_, middle);
+  if (auto* counter = tools_->findChild<ChangeCounter*>()) {
+    counter->Counted.Connect([this](const auto& changes) { marks_.Show(changes); });
+  }
   rows->addWidget(tools_);
   rows->addWidget(MakeRule(middle));
   rows->addWidget(new PanelHost(form, selection_, middle), 1);

@@ -9,6 +9,7 @@
 
 #include "core/frm_start.h"
 #include "gui/byte_log.h"
+#include "gui/change_marks.h"
 #include "gui/widgets/binding.h"
 #include "gui/window_hooks.h"
 #include "gui/window_selection.h"
@@ -53,6 +54,7 @@ class MainWindow : public QMainWindow {
   WindowHooks hooks_;
   std::shared_ptr<WindowSelection> selection_ = std::make_shared<WindowSelection>();
   ToolArea* tools_ = nullptr;
+  ChangeMarks marks_{*this};
   PictureDock* picture_ = nullptr;
   bool formVisible_ = false;
   bool frameFits_ = false;  ///< the window manager's frame is known and allowed for

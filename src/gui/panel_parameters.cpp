@@ -10,6 +10,7 @@
 
 #include "gui/panel_views.h"
 #include "gui/parameter_model.h"
+#include "gui/widgets/corner_mark.h"
 #include "gui/widgets/fields.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/scroll_keeper.h"
@@ -46,6 +47,12 @@ class ValueDelegate : public QStyledItemDelegate {
   void setEditorData(QWidget* /*editor*/, const QModelIndex& /*cell*/) const override {}
   void setModelData(QWidget* /*editor*/, QAbstractItemModel* /*model*/,
                     const QModelIndex& /*cell*/) const override {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& cell) const override {
+    QStyledItemDelegate::paint(painter, option, cell);
+    if (cell.data(ParameterModel::kUnheldRole).toBool())
+      PaintCornerMark(*painter, option.rect, option.palette);
+  }
 
  protected:
   /// A row that is being sent shows its mark even if it is selected.

@@ -124,6 +124,12 @@ void ParameterModel::MarkChanged(int index) {
   }
 }
 
+void ParameterModel::ShowUnheld(std::set<int> indices) {
+  if (indices == unheld_) return;
+  unheld_ = std::move(indices);
+  if (!rows_.empty()) emit dataChanged(createIndex(0, kValue), createIndex(rowCount() - 1, kValue));
+}
+
 /// A new list changes hundreds of rows at once; the table is arranged once, when the rules are done.
 void ParameterModel::ArrangeSoon() {
   if (arranging_) return;
@@ -218,6 +224,8 @@ QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
                                   : QVariant(SentColor(QGuiApplication::palette()));
     case Qt::ForegroundRole:
       return marked && index == underWay_ ? QVariant(MarkTextColor()) : QVariant();
+    case kUnheldRole:
+      return cell.column() == kValue && unheld_.contains(index);
     case Qt::ToolTipRole:
       return cell.column() == kDescription ? QVariant(TextOf(record, kDescription)) : QVariant();
     default:

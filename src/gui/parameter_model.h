@@ -5,6 +5,7 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "core/frm_start.h"
@@ -53,6 +54,10 @@ class ParameterModel : public QAbstractTableModel {
   }
   /// The row in the table of the parameter whose controls have this index; -1 if it is not shown.
   int RowOf(int index) const;
+  /// Whether the unit does not hold a value; of cells in the column kValue.
+  static constexpr int kUnheldRole = Qt::UserRole;
+  /// The values that the unit does not hold are those of the controls with these indices.
+  void ShowUnheld(std::set<int> indices);
   /// The button whose caption heads a column.
   Button& Head(int column) const;
 
@@ -87,6 +92,7 @@ class ParameterModel : public QAbstractTableModel {
   std::vector<Row> rows_;  ///< by ascending index of their controls
   bool arranging_ = false;
   bool putOff_ = false;      ///< until the list is filled
+  std::set<int> unheld_;     ///< indices of their controls
   int underWay_ = kNoIndex;  ///< the row marked last; the send leaves its marks on earlier rows
   std::vector<Listening<int>> arrays_;
   std::vector<Listening<>> heads_;

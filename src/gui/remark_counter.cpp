@@ -110,8 +110,6 @@ RemarkCounter::RemarkCounter(FrmStart& form, RemarkList* remarks, QWidget* paren
       countListening_(form.lRemarks.Changed, [this] { ShowCount(); }) {
   setAutoRaise(true);
   BindFlags(*this, form.lRemarks);
-  soon_.setSingleShot(true);
-  connect(&soon_, &QTimer::timeout, this, &RemarkCounter::Look);
   connect(this, &QToolButton::clicked, this, &RemarkCounter::OpenList);
   setFocusPolicy(Qt::NoFocus);
   setAccessibleName(QStringLiteral("No remarks"));
@@ -134,13 +132,13 @@ void RemarkCounter::paintEvent(QPaintEvent* event) {
 }
 
 void RemarkCounter::LookSoon() {
-  if (remarks_ && isVisible() && !soon_.isActive()) soon_.start(0);
+  if (remarks_ && isVisible()) soon_.Ask();
 }
 
 /// Touches that come from now on are reported again, whatever they change.
 void RemarkCounter::Look() {
   form_.ListenAgain();
-  if (!remarks_->Refresh()) return soon_.start(kAskAgainMs);
+  if (!remarks_->Refresh()) return soon_.Ask(kAskAgainMs);
   ShowCount();
 }
 

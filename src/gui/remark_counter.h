@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QTimer>
 #include <QToolButton>
 #include <optional>
 
 #include "controls/signal.h"
+#include "gui/widgets/soon.h"
 #include "picture/remarks.h"
 
 namespace marlinset {
@@ -42,7 +42,7 @@ class RemarkCounter : public QToolButton {
   RemarkList* remarks_;
   QString count_;                  ///< as shown
   std::optional<Severity> worst_;  ///< as shown; none without remarks
-  QTimer soon_;                    ///< runs while a look is due
+  Soon soon_{[this] { Look(); }};
   Listening<> formListening_;
   Listening<> countListening_;
 };

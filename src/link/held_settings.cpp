@@ -55,9 +55,15 @@ std::optional<LastMessages::Thing> LastMessages::ThingOf(std::span<const PacketF
 }
 
 bool LastMessages::Has(std::span<const PacketField> fields) const {
+  const std::span<const std::uint8_t> last = LastFor(fields);
+  return !last.empty() && std::ranges::equal(last, BytesOf(fields));
+}
+
+std::span<const std::uint8_t> LastMessages::LastFor(std::span<const PacketField> fields) const {
   const auto thing = ThingOf(fields);
   const auto found = thing ? last_.find(*thing) : last_.end();
-  return found != last_.end() && found->second == BytesOf(fields);
+  return found != last_.end() ? std::span<const std::uint8_t>(found->second)
+                              : std::span<const std::uint8_t>();
 }
 
 void LastMessages::Take(std::span<const PacketField> fields) {

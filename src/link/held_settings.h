@@ -31,6 +31,8 @@ class LastMessages {
 
   /// Whether the last message for its thing had the same bytes.
   bool Has(std::span<const PacketField> fields) const;
+  /// The bytes of the last message for the thing that this one sets; empty if there was none.
+  std::span<const std::uint8_t> LastFor(std::span<const PacketField> fields) const;
   /// Takes a message for the last one for its thing.
   void Take(std::span<const PacketField> fields);
   /// Forgets the thing that a message sets.

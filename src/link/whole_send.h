@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "link/held_settings.h"
+#include "link/send_steps.h"
 #include "link/setting_commands.h"
 
 namespace marlinset {
 
 class Ports;
-struct SendStep;
 
 /// How a whole send ended.
 enum class SendEnd {
@@ -53,6 +53,12 @@ struct PendingMessage {
   bool endsHighlight = false;
 };
 
+/// A message that the unit does not hold, and the controls whose values it carries.
+struct UnheldMessage {
+  Message message;
+  std::vector<ControlName> controls;  ///< that differ, as far as a screen can mark them
+};
+
 /// "Send Setup": sends the whole configuration to the unit, message by message, in the order that the unit's
 /// firmware relies on. First brings the video standards of unit and configuration together; after that,
 /// reports each missing acknowledgement and carries on. If the device goes away, the send ends with one box
@@ -69,7 +75,7 @@ class WholeSend {
   const SendResult& Result() const { return result_; }
 
   /// The messages that Send Changes would put on the line now between prologue and closing check.
-  std::vector<Message> Changes() const;
+  std::vector<UnheldMessage> Changes() const;
 
   /// The last message of a whole send for each thing, by the panels as they are now. Leaves out what no
   /// message can carry.

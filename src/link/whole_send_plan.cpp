@@ -7,6 +7,7 @@
 #include "link/communications.h"
 #include "link/held_settings.h"
 #include "link/send_steps.h"
+#include "link/unheld_controls.h"
 #include "link/whole_send.h"
 #include "platform/event_pump.h"
 #include "platform/ms_comm.h"
@@ -102,12 +103,15 @@ std::vector<PendingMessage> WholeSend::ChangesIn(std::span<const PendingMessage>
   return changes;
 }
 
-std::vector<Message> WholeSend::Changes() const {
-  std::vector<Message> messages;
-  for (const PendingMessage& change : ChangesIn(Pending({}), held_.Messages(), false)) {
-    messages.push_back(MessageFor(change));
+std::vector<UnheldMessage> WholeSend::Changes() const {
+  std::vector<UnheldMessage> changes;
+  for (const PendingMessage& pending : ChangesIn(Pending({}), held_.Messages(), false)) {
+    Message message = MessageFor(pending);
+    const auto held = held_.Messages().LastFor(message.fields);
+    auto controls = UnheldControls(pending.id, pending.row, BytesOf(message.fields), held);
+    changes.push_back({std::move(message), std::move(controls)});
   }
-  return messages;
+  return changes;
 }
 
 LastMessages WholeSend::Messages() const {

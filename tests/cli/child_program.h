@@ -24,6 +24,7 @@ class ChildProgram {
   ChildProgram(const char* program, std::vector<std::string> options) {
     options.insert(options.begin(), program);
     std::vector<char*> arguments;
+    arguments.reserve(options.size() + 1);
     for (std::string& word : options) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     int pipes[3][2];

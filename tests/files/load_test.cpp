@@ -22,7 +22,7 @@ constexpr auto kExtraParameters = "Extra parameters have been removed from the Q
 
 struct Loading : ::testing::Test, FileRig {
   /// Sample 2 with another value in one field.
-  static FileBytes With(std::string_view field, QcfValue value) {
+  static FileBytes With(std::string_view field, const QcfValue& value) {
     QcfDocument document = ReadDocument(Sample(2));
     for (QcfEntry& entry : document.entries) {
       if (entry.field->name == field) entry.value = value;

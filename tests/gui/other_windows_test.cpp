@@ -38,11 +38,11 @@ TEST_F(DialogsTest, BoxesAnswerSafelyByEscAndByDefault) {
       {BoxButtons::kOk, Qt::Key_Escape, BoxAnswer::kOk}};
   for (const auto& [buttons, key, answer] : cases) {
     const MessageBox box{.text = "Char <b>On</b> error", .buttons = buttons, .remedy = "Look."};
-    AtDialog([&] { EXPECT_EQ(dialogs.Show(box), answer); },
-             [&](QWidget& window) {
+    AtDialog([&, expected = answer] { EXPECT_EQ(dialogs.Show(box), expected); },
+             [key = key, yes = answer == BoxAnswer::kYes](QWidget& window) {
                auto& shown = dynamic_cast<QMessageBox&>(window);
                EXPECT_EQ(shown.text() + shown.informativeText(), "Char <b>On</b> errorLook.");
-               QTest::keyClick(answer == BoxAnswer::kYes ? shown.button(QMessageBox::Yes) : &window, key);
+               QTest::keyClick(yes ? shown.button(QMessageBox::Yes) : &window, key);
              });
   }
 }
@@ -95,8 +95,8 @@ TEST_F(DialogsTest, ANameWithoutAnExtensionGetsThatOfTheFilter) {
   dialog.InitDir = folder.Path();
   for (const auto& [typed, taken] : {std::pair{"show", "show.qcf"}, std::pair{"show.b", "show.b"}}) {
     AtDialog([&] { dialog.ShowSave(); },
-             [&](QWidget& window) {
-               Widget<QLineEdit>(window, "fileNameEdit").setText(typed);
+             [name = typed](QWidget& window) {
+               Widget<QLineEdit>(window, "fileNameEdit").setText(name);
                QTest::keyClick(&Widget(window, "fileNameEdit"), Qt::Key_Return);
              });
     EXPECT_EQ(dialog.FileName, folder.File(taken));

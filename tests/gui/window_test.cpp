@@ -156,7 +156,7 @@ TEST_F(WindowTest, ThePointerReachesTheSurfaceItIsOver) {
       {form_, "form"},        {form_.pWinOut, "pWinOut"}, {form_.fAttribs, "fAttribs"},
       {form_.lName, "lName"}, {form_.chField, "chField"}, {form_.udHor, "udHor"}};
   for (const auto& [surface, name] : surfaces) {
-    surface.OnMouseMove([&over, name](int index) {
+    surface.OnMouseMove([&over, name = name](int index) {
       over.push_back(index == kNoIndex ? name : name + std::to_string(index));
     });
   }

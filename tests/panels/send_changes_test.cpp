@@ -8,13 +8,25 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<std::string> Texts(const std::vector<Message>& messages) {
+std::vector<std::string> Texts(const std::vector<UnheldMessage>& changes) {
   std::vector<std::string> texts;
-  for (const Message& message : messages) {
+  for (const UnheldMessage& change : changes) {
     std::string& text = texts.emplace_back();
-    for (const int byte : BytesOf(message.fields)) text += (text.empty() ? "" : " ") + std::to_string(byte);
+    for (const int byte : BytesOf(change.message.fields))
+      text += (text.empty() ? "" : " ") + std::to_string(byte);
   }
   return texts;
+}
+
+/// What a screen marks.
+std::string Controls(const std::vector<UnheldMessage>& changes) {
+  std::string names;
+  for (const UnheldMessage& change : changes) {
+    for (const ControlName& control : change.controls) {
+      names += (names.empty() ? "" : " ") + FullNameOf(control.name, control.index);
+    }
+  }
+  return names;
 }
 
 /// Identification and query before the changes, a query behind them.
@@ -32,22 +44,32 @@ struct SentSetup : PanelRig {
 };
 
 TEST(SendChanges, SendsOfEachThingTheLastMessageThatTheUnitDoesNotHold) {
-  const std::pair<const char*, std::vector<std::string>> edits[] = {
-      {"", {}},
-      {"choose ComWin(2) #1", {"2 8 35 1"}},
-      {"choose ComWin(2) #1; choose ComWin(2) #0", {}},
-      {"check chVITC 0", {"1 5 47"}},
-      {"check chEnable 1", {"1 5 56", "1 5 169 20 20"}},
-      {"type tWinMess Take", {"2 8 40 14 84 65 75 69"}},
-      {"check chPrev 1", {"2 8 37 1"}},
-      {"choose ComWin(1) #2", {"2 8 37 2"}},
-      {"spin udHor(0) 6", {"2 8 33 1 66 10 6 13"}},
+  struct Edit {
+    const char* edit;
+    std::vector<std::string> changes;
+    const char* marked = "";
   };
-  for (const auto& [edit, changes] : edits) {
+  const Edit edits[] = {
+      {"", {}},
+      {"choose ComWin(2) #1", {"2 8 35 1"}, "ComWin(2)"},
+      {"choose ComWin(2) #1; choose ComWin(2) #0", {}},
+      {"check chVITC 0", {"1 5 47"}, "chVITC"},
+      {"check chEnable 1", {"1 5 56", "1 5 169 20 20"}, "chEnable UpDown1"},
+      {"type tWinMess Take", {"2 8 40 14 84 65 75 69"}, "tWinMess"},
+      {"check chPrev 1", {"2 8 37 1"}, "chPrev"},
+      {"choose ComWin(1) #2", {"2 8 37 2"}, "ComWin(1)"},
+      {"spin udHor(0) 6", {"2 8 33 1 66 10 6 13"}, "udHor(0)"},
+      {"check chField(0) 0; check chOnOff(0) 0", {"2 8 33 1 0 10 5 11"}, "chOnOff(0) chField(0)"},
+      {"click oVITC(2)", {"1 5 138 3"}, "oVITC(2)"},
+      {"spin udVal(5) 77", {"15 0 192 2 2 77 0 0 0"}, "udVal(5)"},
+      {"spin upVitc1(2) 17", {"1 5 163 14 0 17 0 16 0"}, "upVitc1(2)"},
+  };
+  for (const auto& [edit, changes, marked] : edits) {
     SCOPED_TRACE(edit);
     SentSetup rig;
     rig.Do(edit);
     EXPECT_EQ(Texts(rig.tool.wholeSend.Changes()), changes);
+    EXPECT_EQ(Controls(rig.tool.wholeSend.Changes()), marked);
     EXPECT_THAT(rig.Sent(), IsEmpty()) << "the question sends nothing";
     rig.form.bSChanges.OperatorClick();
     EXPECT_EQ(rig.Sent(), Framed(changes));

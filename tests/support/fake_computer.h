@@ -60,7 +60,7 @@ class FakeFileDialog : public FileDialog {
   std::optional<std::string> Next(bool save) {
     shown.push_back({save, FileName, InitDir, Filter, Flags});
     if (choices.empty()) return std::nullopt;
-    const std::optional<std::string> choice = choices.front();
+    std::optional<std::string> choice = choices.front();
     choices.pop_front();
     return choice;
   }

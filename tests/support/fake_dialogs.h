@@ -53,7 +53,7 @@ class FakeDialogs : public Dialogs {
 
   /// The same, and forgets them.
   std::vector<std::string> TakeTexts() {
-    const auto texts = Texts();
+    auto texts = Texts();
     shown.clear();
     return texts;
   }

@@ -55,6 +55,8 @@ LiveWindow::LiveWindow(ToolRig& rig)
     : rig_(rig),
       window_(std::make_unique<MainWindow>(rig.form, WindowHooks{.changes = &rig.tool.unsavedChanges,
                                                                  .remarks = &rig.tool.remarks,
+                                                                 .held = &rig.tool.held,
+                                                                 .wholeSend = &rig.tool.wholeSend,
                                                                  .picture = &rig.tool.pictureRules})) {
   rig.pump.onHandle = TurnQtsLoop;
 }

@@ -85,8 +85,8 @@ TEST(BothEngines, RunTheQueryAlikeAndRefuseTheSame) {
                                        {"select * from General order by n", kErrNoColumn},
                                        {"select * from [General", kErrInternal},
                                        {"select from where", kErrInternal}}) {
-    EXPECT_EQ(FailureOf([&] { access->OpenRecordset(query); }), failure) << query;
-    EXPECT_EQ(FailureOf([&] { sqlite->OpenRecordset(query); }), failure) << query;
+    EXPECT_EQ(FailureOf([&, sql = query] { access->OpenRecordset(sql); }), failure) << query;
+    EXPECT_EQ(FailureOf([&, sql = query] { sqlite->OpenRecordset(sql); }), failure) << query;
   }
 }
 

@@ -111,7 +111,7 @@ TEST_F(SqliteEngineTest, CarriesOutNothingThatTheFileBringsAlong) {
                                      {"select * from Words", kErrInternal},
                                      {"Computed", kErrBadDatabase},
                                      {"select * from [Computed]", kErrBadDatabase}}) {
-    EXPECT_EQ(FailureOf([&] { Open(what); }), number) << what;
+    EXPECT_EQ(FailureOf([&, sql = what] { Open(sql); }), number) << what;
   }
 }
 
