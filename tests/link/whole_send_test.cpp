@@ -284,7 +284,7 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     EXPECT_EQ(rig.wholeSend.Result().end, c.end);
     EXPECT_EQ(rig.wholeSend.Result().Doubtful() > 1, c.end == kNotConfirmed) << "refused: no answer";
     ExpectIdle(rig);
-    if (c.boxes.size() > 0 && c.boxes.back() == kClosed) {
+    if (!c.boxes.empty() && c.boxes.back() == kClosed) {
       EXPECT_THAT(rig.dialogs.shown.back().remedy,
                   testing::StartsWith("The device behind port 1 (unit1) is gone. " + std::to_string(c.goOut) +
                                       " of " + std::to_string(c.after == 0 ? all + 1 : all) +

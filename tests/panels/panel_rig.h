@@ -34,7 +34,7 @@ struct PanelRig : ToolRig {
   }
   /// The fields of each message since the last call: "2 8 34 1".
   std::vector<std::string> Sent() {
-    const auto texts = line.SentFields();
+    auto texts = line.SentFields();
     line.ClearSent();
     return texts;
   }

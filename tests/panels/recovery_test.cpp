@@ -54,7 +54,7 @@ struct OneRun : ToolRig {
   }
   void Edit(const std::string& message) { form.tWinMess.OperatorType(message); }
 
-  static constexpr int kHalfMinute = 30000;
+  static constexpr std::int64_t kHalfMinute = 30000;
 };
 
 struct RecoveryTest : testing::Test {

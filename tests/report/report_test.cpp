@@ -200,7 +200,7 @@ TEST_F(AboutTest, AsksTheUnitInInteractiveModeAndOpensOnceItIsThrough) {
     line.Unit().Faults().mute = true;
     dialogs.forms.clear();
     const std::int64_t end = pump.Now() + 5500;
-    pump.At(end, [&] {
+    pump.At(end, [&, act = act] {
       EXPECT_FALSE(about.Visible() || Active());
       form.mnuAbout.OperatorClick();
       act();

@@ -10,9 +10,9 @@ namespace {
 
 constexpr int kMostSteps = 80;
 /// A whole send to a silent unit, with every box left open, takes half an hour.
-constexpr std::int64_t kLongestStepMs = 4 * 3600 * 1000;
+constexpr std::int64_t kLongestStepMs = 14'400'000;
 /// Then the operator goes off line, which ends the query for a firmware that no unit answers.
-constexpr std::int64_t kPatienceMs = 3600 * 1000;
+constexpr std::int64_t kPatienceMs = 3'600'000;
 
 /// Operator, files, time and faults of the line get in each other's way.
 class Storm : public StormRun {

@@ -60,7 +60,9 @@ std::vector<std::string> DifferencesToTwin(const ToolRig& rig) {
   for (const auto& [setting, fields] : SettingsOf(twin.line.Unit().Memory())) {
     const auto same = held.find(setting);
     const std::string here = same == held.end() ? " nothing" : same->second;
-    if (here != fields) found.push_back(setting + ": unit" + here + ", twin" + fields);
+    if (here == fields) continue;
+    std::string& text = found.emplace_back(setting);
+    text.append(": unit").append(here).append(", twin").append(fields);
   }
   return found;
 }
