@@ -50,8 +50,10 @@ class ValueDelegate : public QStyledItemDelegate {
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& cell) const override {
     QStyledItemDelegate::paint(painter, option, cell);
-    if (cell.data(ParameterModel::kUnheldRole).toBool())
-      PaintCornerMark(*painter, option.rect, option.palette);
+    if (!cell.data(ParameterModel::kUnheldRole).toBool()) return;
+    const bool selected = option.state & QStyle::State_Selected;
+    PaintCornerMark(*painter, option.rect,
+                    selected ? option.palette.color(QPalette::HighlightedText) : LinkColor(option.palette));
   }
 
  protected:

@@ -25,7 +25,7 @@ class CornerMark : public QWidget {
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    PaintCornerMark(painter, rect(), palette());
+    PaintCornerMark(painter, rect(), LinkColor(palette()));
   }
 };
 
@@ -38,13 +38,13 @@ CornerMark* MarkOf(const QWidget& field) {
 
 }  // namespace
 
-void PaintCornerMark(QPainter& painter, const QRect& field, const QPalette& palette) {
+void PaintCornerMark(QPainter& painter, const QRect& field, const QColor& color) {
   const int size = MarkSize(painter.fontMetrics());
   const QPoint corner = field.topLeft();
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(LinkColor(palette));
+  painter.setBrush(color);
   painter.drawConvexPolygon(QPolygon({corner, corner + QPoint(size, 0), corner + QPoint(0, size)}));
   painter.restore();
 }
