@@ -73,6 +73,15 @@ char32_t Capital(char32_t code) {
 
 }  // namespace
 
+bool IsUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t begin = at;
+    const bool damaged = NextCharacter(text, at) == kReplacement;
+    if (damaged && at - begin == 1) return false;  // the mark itself has three bytes
+  }
+  return true;
+}
+
 std::size_t LengthOf(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t at = 0; at < text.size(); ++count) NextCharacter(text, at);

@@ -11,6 +11,8 @@ namespace marlinset {
 
 // Text inside the tool is UTF-8; these count, cut and capitalise characters, not bytes.
 
+/// Whether the text is undamaged UTF-8.
+bool IsUtf8(std::string_view text);
 /// Number of characters.
 std::size_t LengthOf(std::string_view text);
 /// The first character's code point; 0 for an empty text.
