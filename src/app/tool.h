@@ -8,6 +8,8 @@
 #include "core/load_arrays.h"
 #include "core/panel_setup.h"
 #include "core/variables.h"
+#include "exchange/comparison.h"
+#include "exchange/take_over.h"
 #include "files/configuration_file.h"
 #include "history/history.h"
 #include "link/communications.h"
@@ -88,6 +90,8 @@ class Tool {
   Recovery recovery;
   FileCommands fileCommands;
   RecentFiles recentFiles;
+  Comparison comparison;
+  TakeOver takeOver;
   History history;
   InteractiveMode interactiveMode;
   WindowSettings windowSettings;

@@ -102,6 +102,8 @@ const Script::Action* Script::FindAction(std::string_view name) {
       {"open", 0, kPath, &Script::Open},
       {"save", 0, kPath, &Script::Save},
       {"picture", 0, kPath, &Script::Picture},
+      {"compare", 1, 1, &Script::Compare},
+      {"takeover", 2, 10000, &Script::TakeOverFrom},
       {"state", 0, 0, &Script::State},
       {"windows", 0, 0, &Script::Windows},
       {"remarks", 0, 0, &Script::Remarks},

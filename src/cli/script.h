@@ -13,6 +13,7 @@ namespace marlinset {
 
 class Control;
 class Form;
+struct OtherFile;
 class QueuedDialogs;
 class QueuedFileDialog;
 class Tool;
@@ -42,6 +43,7 @@ class Script {
   /// Null if no action has that name.
   static const Action* FindAction(std::string_view name);
   std::string Answer(Json answer);
+  OtherFile ReadOther(const Word& file) const;
   Form& FindForm(const std::string& name) const;
   Control& FindControl(const std::string& text) const;
   /// A control on which an operator could act: its window is open.
@@ -69,6 +71,8 @@ class Script {
   Json Open(const ScriptLine& line);
   Json Save(const ScriptLine& line);
   Json Picture(const ScriptLine& line);
+  Json Compare(const ScriptLine& line);
+  Json TakeOverFrom(const ScriptLine& line);
   Json State(const ScriptLine& line);
   Json Windows(const ScriptLine& line);
   Json Remarks(const ScriptLine& line);

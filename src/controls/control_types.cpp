@@ -34,10 +34,14 @@ bool Label::OperatorClick() {
 }
 
 void CheckBox::SetValue(int value) {
-  if (value < 0 || value > 2) throw InvalidPropertyValue();
   if (value == value_) return;
-  Store(value_, value);
+  TakeValue(value);
   Raise(&ControlEvents::click);
+}
+
+void CheckBox::TakeValue(int value) {
+  if (value < 0 || value > 2) throw InvalidPropertyValue();
+  Store(value_, value);
 }
 
 bool CheckBox::OperatorCheck(bool on) {
@@ -62,13 +66,18 @@ void OptionButton::Join(OptionGroup& group) {
 
 void OptionButton::SetValue(bool value) {
   if (value == value_) return;
+  TakeValue(value);
+  if (value) Raise(&ControlEvents::click);
+}
+
+void OptionButton::TakeValue(bool value) {
+  if (value == value_) return;
   if (value && group_) {
     for (OptionButton* other : group_->members_) {
       if (other != this) other->Store(other->value_, false);
     }
   }
   Store(value_, value);
-  if (value) Raise(&ControlEvents::click);
 }
 
 bool OptionButton::OperatorClick() {
@@ -96,6 +105,13 @@ void ComboBox::Preselect(int index) {
   if (index < -1 || index >= ListCount()) throw InvalidPropertyValue();
   index_ = index;
   text_ = index < 0 ? std::string() : list_[static_cast<std::size_t>(index)];
+  NoteChange();
+}
+
+void ComboBox::TakeText(const std::string& text) {
+  const auto found = std::ranges::find(list_, text);
+  index_ = found == list_.end() ? -1 : static_cast<int>(found - list_.begin());
+  text_ = text;
   NoteChange();
 }
 
@@ -174,9 +190,14 @@ int SpinControl::Highest() const {
 
 void SpinControl::SetValue(int value) {
   if (value == value_) return;
+  TakeValue(value);
+  Raise(&ControlEvents::change);
+}
+
+void SpinControl::TakeValue(int value) {
+  if (value == value_) return;
   Store(value_, value);
   Raise(&ControlEvents::moved);
-  Raise(&ControlEvents::change);
 }
 
 void SpinControl::Pull() {

@@ -59,6 +59,8 @@ class CheckBox : public Control {
   bool On() const { return value_ == 1; }
   /// Runs Click if the value really changes. Throws InvalidPropertyValue for a value other than 0, 1, 2.
   void SetValue(int value);
+  /// The same without Click, for a value that comes with others and whose rules must not run.
+  void TakeValue(int value);
   /// Ticks or unticks the box; does nothing if it is so already.
   bool OperatorCheck(bool on) override;
 
@@ -94,6 +96,8 @@ class OptionButton : public Control {
   bool Value() const { return value_; }
   /// True clears the others of the choice without an event; if this one was not set yet, it runs its Click.
   void SetValue(bool value);
+  /// The same without Click.
+  void TakeValue(bool value);
   bool OperatorClick() override;
 
  protected:
@@ -123,6 +127,9 @@ class ComboBox : public Control {
   void SetListIndex(int index);
   /// Selects an entry without Click, for a list that opens with a selection that nobody made.
   void Preselect(int index);
+  /// Shows a text without Click or Change: the entry with this text is selected, or none if the list does not
+  /// offer it.
+  void TakeText(const std::string& text);
   /// Undoes typing: the box shows the entry's text again. Raises no event if `index` is selected already;
   /// otherwise selects it.
   void PutBack(int index);
@@ -189,6 +196,8 @@ class SpinControl : public Control {
   int Highest() const;
   /// Takes any value, even outside the limits; runs Change on a real change.
   void SetValue(int value);
+  /// The same without Change; OnMoved reports it.
+  void TakeValue(int value);
   /// Sets a limit and pulls the value inside. A pull runs no Change, but OnMoved reports it.
   void SetMin(int min);
   void SetMax(int max);
@@ -229,6 +238,8 @@ class TextBox : public Control {
   const std::string& Text() const { return text_; }
   /// Runs Change on a real change.
   void SetText(std::string text);
+  /// The same without Change.
+  void TakeText(std::string text) { Store(text_, std::move(text)); }
   /// The operator replaces the text; one change.
   bool OperatorType(std::string text) override;
   /// One key press; types at the end of the text unless a handler cancels it.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "controls/signal.h"
 
@@ -20,6 +21,8 @@ class Guard {
   bool Run(const std::function<void()>& body) { return Execute(nullptr, body); }
   /// Runs what the operator does to a control, which `body` may destroy.
   bool RunFor(const Control& control, const std::function<void()>& body) { return Execute(&control, body); }
+  /// Says what the operator calls what the running handler does, where its control does not say it.
+  void Name(const std::string& action) { Named.Emit(action); }
   /// How many handlers are running: more than one if a handler pumps and another runs in that wait.
   int AtWork() const { return atWork_; }
 
@@ -28,6 +31,8 @@ class Guard {
   Signal<const Control*> Begins;
   /// The handler that began last is over, and its box is closed.
   Signal<> Over;
+  /// The handler that began last has been given this name.
+  Signal<const std::string&> Named;
   /// After Over: a handler has ended, unless it ended the program.
   Signal<> Ended;
 

@@ -71,8 +71,9 @@ PanelLoader::PanelLoader(Platform& platform, Variables& variables, FrmStart& for
       panels_(panels),
       upgrade_(platform, variables, form, panels) {}
 
-LoadOutcome PanelLoader::Load(std::span<const std::uint8_t> bytes) {
+LoadOutcome PanelLoader::Load(std::span<const std::uint8_t> bytes, Mode mode) {
   using enum LoadOutcome::End;
+  mode_ = mode;
   // Once the windows are loaded, a failure of panels or database says nothing about the file.
   LoadOutcome incomplete{kIncomplete};
   const auto take = [&incomplete](const auto& step) {
@@ -162,7 +163,7 @@ void PanelLoader::TakeOperatingMode(const std::string& text) {
   const bool known = std::any_of(vars_.OperatingModes.begin(), vars_.OperatingModes.end(),
                                  [&](const OperatingModeRec& mode) { return mode.Name == name; });
   if (!known) throw TypeMismatch();
-  vars_.OperatingMode = name;
+  if (mode_ == Mode::kOfFile) vars_.OperatingMode = name;
   panels_.SetDefaults();
 }
 

@@ -38,7 +38,10 @@ class PanelLoader {
 
   /// Loads all bytes of a file. When it reads the operating mode, it sets the panels to the defaults of that
   /// mode. What it set before a failure stays.
-  LoadOutcome Load(std::span<const std::uint8_t> bytes);
+  LoadOutcome Load(std::span<const std::uint8_t> bytes) { return Load(bytes, Mode::kOfFile); }
+  /// kPresent: keeps the operating mode of the panels; the file's must be a known one all the same.
+  enum class Mode { kOfFile, kPresent };
+  LoadOutcome Load(std::span<const std::uint8_t> bytes, Mode mode);
 
  private:
   void LoadPanels(QcfReader& reader);
@@ -59,6 +62,7 @@ class PanelLoader {
   FrmStart& form_;
   PanelSetup& panels_;
   Upgrade upgrade_;
+  Mode mode_ = Mode::kOfFile;
 };
 
 }  // namespace marlinset

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/qcf_listing.h"
 
-#include <algorithm>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "base/text.h"
 #include "files/qcf_identification.h"
+#include "files/qcf_values.h"
+#include "files/unique_names.h"
 
 namespace marlinset {
 namespace {
@@ -18,16 +20,9 @@ std::string Quoted(const std::string& text) {
   return '"' + text + '"';
 }
 
-std::string TextOfEntry(const QcfEntry& entry) {
-  if (const auto* text = std::get_if<std::string>(&entry.value)) return Quoted(*text);
-  const std::int64_t number = std::get<std::int64_t>(entry.value);
-  return std::to_string(entry.field->encoding == QcfEncoding::kValue ? ShownParameterValue(number) : number);
-}
-
-/// The name or number that identifies a record.
-std::string KeyOf(const QcfRecord& record) {
-  if (const auto* name = std::get_if<std::string>(&record.front().value)) return *name;
-  return TextOfEntry(record[0]) + "." + TextOfEntry(record[1]);
+std::string TextOfValue(const SingleValue& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  return text ? Quoted(*text) : std::to_string(std::get<std::int64_t>(value));
 }
 
 std::string TextOfItem(const QcfItem& item) {
@@ -46,43 +41,15 @@ std::string NameOfItem(const QcfItem& item) {
   return {};
 }
 
-class Lister {
- public:
-  void AddIdentification(const std::vector<std::uint8_t>& block) {
-    const std::string name(kIdentificationName);
-    const auto items = IdentificationItems(block);
-    if (!items) return Add(name, HexOfBytes(block));
-    for (const QcfItem& item : *items) Add(Unused(name + " / " + NameOfItem(item)), TextOfItem(item));
+void AddIdentification(const std::vector<std::uint8_t>& block, std::vector<QcfLine>& lines) {
+  const std::string name(kIdentificationName);
+  const auto items = IdentificationItems(block);
+  if (!items) return lines.push_back({name, HexOfBytes(block)});
+  UniqueNames names;
+  for (const QcfItem& item : *items) {
+    lines.push_back({names.Unused(name + " / " + NameOfItem(item)), TextOfItem(item)});
   }
-  void AddEntry(const QcfEntry& entry) {
-    const auto* records = std::get_if<std::vector<QcfRecord>>(&entry.value);
-    if (!records) return Add(std::string(entry.field->name), TextOfEntry(entry));
-    for (const QcfRecord& record : *records) AddRecord(entry.field->name, record);
-  }
-  void Add(std::string name, std::string text) { lines_.push_back({std::move(name), std::move(text)}); }
-  std::vector<QcfLine> Take() { return std::move(lines_); }
-
- private:
-  void AddRecord(std::string_view list, const QcfRecord& record) {
-    const std::string prefix = Unused(std::string(list) + " / " + KeyOf(record));
-    for (const QcfEntry& part : record)
-      Add(prefix + " / " + std::string(part.field->name), TextOfEntry(part));
-  }
-
-  /// Numbers further records of the same name, and those whose own name is such a numbered one.
-  std::string Unused(const std::string& name) {
-    std::string unused = name;
-    for (int& number = occurrences_[name]; !used_.insert(unused).second;) {
-      number = std::max(number, 1) + 1;
-      unused = name + " (" + std::to_string(number) + ")";
-    }
-    return unused;
-  }
-
-  std::vector<QcfLine> lines_;
-  std::map<std::string, int> occurrences_;
-  std::set<std::string> used_;
-};
+}
 
 }  // namespace
 
@@ -101,14 +68,16 @@ std::int64_t StoredOfShown(std::int64_t shown) {
 }
 
 std::vector<QcfLine> ListingOf(const QcfDocument& document) {
-  Lister lister;
-  lister.AddIdentification(document.identification);
-  for (const QcfEntry& entry : document.entries) lister.AddEntry(entry);
-  if (document.configurationLength) {
-    lister.Add(std::string(kLengthName), std::to_string(*document.configurationLength));
+  std::vector<QcfLine> lines;
+  AddIdentification(document.identification, lines);
+  for (QcfNamedValue& value : ValuesOf(document)) {
+    lines.push_back({std::move(value.name), TextOfValue(value.value)});
   }
-  if (!document.tail.empty()) lister.Add(std::string(kTailName), HexOfBytes(document.tail));
-  return lister.Take();
+  if (document.configurationLength) {
+    lines.push_back({std::string(kLengthName), std::to_string(*document.configurationLength)});
+  }
+  if (!document.tail.empty()) lines.push_back({std::string(kTailName), HexOfBytes(document.tail)});
+  return lines;
 }
 
 std::vector<QcfComparison> Compare(const QcfDocument& left, const QcfDocument& right) {

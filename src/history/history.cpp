@@ -12,8 +12,6 @@
 #include "core/variables.h"
 #include "history/scope.h"
 #include "link/communications.h"
-#include "link/held_settings.h"
-#include "link/setting_commands.h"
 #include "link/whole_send.h"
 #include "platform/event_pump.h"
 #include "platform/platform.h"
@@ -33,6 +31,10 @@ History::History(Platform& platform, Variables& variables, FrmStart& form, const
       cabinet_(platform, variables, form, parts.file, parts.changes),
       mirror_(variables, form),
       begins_(platform.guard.Begins, [this](const Control* control) { Begins(control); }),
+      named_(platform.guard.Named,
+             [this](const std::string& name) {
+               if (!running_.empty()) running_.back().name = name;
+             }),
       over_(platform.guard.Over, [this] { Over(); }),
       asking_(platform.dialogs.Asking, [this] { NoteQuestion(); }) {
   form_.mnuUndo.OnClick([this] { Undo(); });
@@ -246,22 +248,19 @@ void History::Redo() {
 
 /// Makes the changes, and sends what the unit does not hold, or does not hold any more.
 void History::Go(Entry entry, const Changes& changes, Entries& to) {
-  const bool live = parts_.commands.Live();
-  const LastMessages before = live ? parts_.wholeSend.Messages() : LastMessages();
-  mirror_.Apply(changes);
-  if (entry.filing) {
-    Filing here = cabinet_.Present();
-    cabinet_.Restore(*std::exchange(entry.filing, std::move(here)));
-  }
-  vars_.ConfigSaved = !parts_.changes.Modified();
-  to.push_back(std::move(entry));
-  for (Entries* entries : {&undo_, &redo_}) {
-    if (!entries->empty()) entries->back().joins.reset();
-  }
-  ShowState();
-  if (live) {
-    parts_.wholeSend.SendDifferences(parts_.held.Known() ? parts_.held.Messages() : before);
-  }
+  parts_.wholeSend.SendChangesOf([&] {
+    mirror_.Apply(changes);
+    if (entry.filing) {
+      Filing here = cabinet_.Present();
+      cabinet_.Restore(*std::exchange(entry.filing, std::move(here)));
+    }
+    vars_.ConfigSaved = !parts_.changes.Modified();
+    to.push_back(std::move(entry));
+    for (Entries* entries : {&undo_, &redo_}) {
+      if (!entries->empty()) entries->back().joins.reset();
+    }
+    ShowState();
+  });
 }
 
 void History::ShowState() {

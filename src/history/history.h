@@ -16,8 +16,6 @@
 namespace marlinset {
 
 class Communications;
-class HeldSettings;
-class SettingCommands;
 class WholeSend;
 
 /// What the operator has changed, step by step, and the way back: `mnuUndo` and `mnuRedo`.
@@ -34,8 +32,6 @@ class History {
     ConfigurationFile& file;
     UnsavedChanges& changes;
     Communications& communications;
-    SettingCommands& commands;
-    const HeldSettings& held;
     WholeSend& wholeSend;
   };
   static constexpr std::size_t kMost = 200;
@@ -115,6 +111,7 @@ class History {
   Entries redo_;   ///< next at the end
   Changes aside_;  ///< no entry, and made while there was something to redo
   Listening<const Control*> begins_;
+  Listening<const std::string&> named_;
   Listening<> over_;
   Listening<> asking_;
 };

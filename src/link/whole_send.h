@@ -80,10 +80,12 @@ class WholeSend {
   /// The last message of a whole send for each thing, by the panels as they are now. Leaves out what no
   /// message can carry.
   LastMessages Messages() const;
-  /// Sends those messages of a whole send that differ from what the unit holds, in its order and with its
-  /// waits and boxes, but without prologue and closing check. Ends early when changes no longer go out at
-  /// once. Throws Overflow for a value that does not fit its byte.
-  void SendDifferences(const LastMessages& unitHolds);
+  /// Runs `change`, which changes panels without their rules. While changes go out at once, it then sends
+  /// those messages of a whole send that differ from what the unit holds or, if that is not known, from those
+  /// before the change: in the order of a whole send and with its waits and boxes, but without prologue and
+  /// closing check. Ends early when changes no longer go out at once. Throws Overflow for a value that does
+  /// not fit its byte.
+  void SendChangesOf(const std::function<void()>& change);
 
   /// Asked between two messages. True ends the send there, with everything enabled again.
   std::function<bool()> stopRequested;
@@ -132,6 +134,7 @@ class WholeSend {
   void EndHighlights();
   void SendWindows();
   void SendWindow(int row);
+  void SendDifferences(const LastMessages& unitHolds);
   void SendChange(const PendingMessage& change);
   bool GoesOn();
 

@@ -120,6 +120,13 @@ LastMessages WholeSend::Messages() const {
   return messages;
 }
 
+void WholeSend::SendChangesOf(const std::function<void()>& change) {
+  const bool live = commands_.Live();
+  const LastMessages before = live ? Messages() : LastMessages();
+  change();
+  if (live) SendDifferences(held_.Known() ? held_.Messages() : before);
+}
+
 void WholeSend::SendDifferences(const LastMessages& unitHolds) {
   const auto send = [&] {
     form_.InterTime.SetEnabled(false);

@@ -46,7 +46,7 @@ LineNumbers::LineNumbers(Variables& variables, FrmStart& form, SettingCommands& 
   form_.chVITC.OnClick([this] { chVITC_Click(); });
   form_.chDups.OnClick([this] { chDups_Click(); });
   form_.chSync.OnClick([this] {
-    SetSyncLines();
+    ShowSyncLines(form_);
     vars_.ConfigSaved = false;
   });
 }
@@ -131,22 +131,15 @@ void LineNumbers::MoveDuplicateWithLine() {
   duplicate.SetValue(line.Value() + 1);
 }
 
-void LineNumbers::SetSyncLines() {
-  form_.upVitc1(kFirstDuplicate).SetEnabled(!form_.chSync.On());
-}
-
 void LineNumbers::SetDupsDisplay() {
   WhileChanging([&] { RunRules(kFirst); });
-  for (const int line : {5, 6, 7}) {
-    form_.tLineNumber(line).SetVisible(form_.chDups.On());
-    form_.upVitc1(line).SetVisible(form_.chDups.On());
-  }
+  ShowDuplicateLines(form_);
 }
 
 /// The lines of the new mode get their numbers at the next change of the first line.
 void LineNumbers::oVITC_Click(int mode) {
   ShowVitcFrames(form_, mode);
-  form_.chSync.SetVisible(mode == 0);
+  ShowSyncChoice(form_, mode);
   if (mode != 0) form_.chSync.SetValue(0);
   if (!form_.mnuInter.Checked()) return;  // sends to a unit in local mode, too
   commands_.Send(CommandId::kVitcSource, Sender::kPanel);

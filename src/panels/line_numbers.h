@@ -26,8 +26,6 @@ class LineNumbers {
   /// both numbers are shown. The number that tLineNumber(1) still shows tells how line 1 has moved. Does
   /// nothing with two or three lines.
   void LoadStuff(int index);
-  /// Lets the operator set the duplicate of line 1 unless it is synchronized.
-  void SetSyncLines();
   /// Runs the rules of the first line, then shows or hides the duplicates.
   void SetDupsDisplay();
   /// Handles a change of line `index`: runs its rules, then sends all lines if changes go out at once.
