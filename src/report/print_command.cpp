@@ -4,41 +4,18 @@
 #include <memory>
 
 #include "base/finally.h"
-#include "base/text.h"
-#include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/interactive_mode.h"
 #include "platform/desktop.h"
-#include "platform/file_dialog.h"
 #include "platform/file_system.h"
 #include "platform/ms_comm.h"
+#include "platform/new_file.h"
 #include "platform/platform.h"
 #include "platform/settings_keys.h"
 #include "report/print_layout.h"
 
 namespace marlinset {
-namespace {
-
-constexpr std::string_view kPdf = ".pdf";
-
-/// The document's name for a configuration of this name.
-std::string PdfNameOf(const std::string& configuration) {
-  const std::string name = FileNameOf(configuration);
-  return name.substr(0, name.rfind('.')) + std::string(kPdf);
-}
-
-/// With its separator; empty if the path has none.
-std::string FolderOf(const std::string& path) {
-  return path.substr(0, path.size() - FileNameOf(path).size());
-}
-
-bool EndsInPdf(const std::string& file) {
-  return EqualNoCase(RightOf(file, kPdf.size()), kPdf);
-}
-
-}  // namespace
-
 PrintCommand::PrintCommand(Platform& platform, const Variables& variables, FrmStart& form)
     : platform_(platform), vars_(variables), form_(form) {
   form_.mnuPrint.OnClick([this] { mnuPrint_Click(); });
@@ -66,46 +43,13 @@ void PrintCommand::Preview() {
 void PrintCommand::Export() {
   std::string file;
   Undisturbed([&] {
-    file = AskForDocument();
+    file = AskForNewFile(
+        platform_, {.title = "Export as PDF", .kind = "PDF document", .extension = ".pdf", .suffix = {}},
+        vars_.CurrentFile, LastFolder(platform_.settings, vars_.AppPath));
     if (!file.empty()) PrintConfig({.target = PrintTarget::kFile, .file = file});
   });
   if (file.empty()) return;
-  form_.StatBar(FrmStart::kVideoPanel).SetText(FileNameOf(file) + " written to " + FolderOf(file));
-}
-
-/// The document to write; empty if the operator decides against it.
-std::string PrintCommand::AskForDocument() const {
-  std::string file = AskForName();
-  if (file.empty() || EndsInPdf(file)) return file;
-  file += kPdf;
-  // The dialog has asked about the name as typed, not about this one.
-  const bool taken = platform_.files.FileExists(file);
-  return !taken || platform_.dialogs.Ask(file + " already exists. Do you want to replace it?") ? file : "";
-}
-
-/// Asks with the tool's one file dialog, which belongs to the open configuration and gets its state back
-/// afterwards. Suggests the configuration's folder. Empty if the operator cancelled.
-std::string PrintCommand::AskForName() const {
-  FileDialog& dialog = platform_.fileDialog;
-  const FileDialogState before = dialog.State();
-  const std::string folder = FolderOf(before.FileName);
-  dialog.State() = {.CancelError = true,
-                    .Filter = "PDF document|*.pdf",
-                    .Flags = kOverwritePrompt | kHideReadOnly,
-                    .FileName = PdfNameOf(before.FileName.empty() ? vars_.CurrentFile : before.FileName),
-                    .InitDir = folder.empty() ? LastFolder(platform_.settings, vars_.AppPath) : folder,
-                    .DialogTitle = "Export as PDF"};
-  std::string file;
-  const auto ask = [&] {
-    try {
-      dialog.ShowSave();
-      file = dialog.FileName;
-    } catch (const RuntimeError& cancelled) {
-      if (cancelled.Number() != kErrDialogCancelled) throw;
-    }
-  };
-  Finally(ask, [&] { dialog.State() = before; });
-  return file;
+  form_.StatBar(FrmStart::kVideoPanel).SetText(FileNameOf(file) + " written to " + FolderOfPath(file));
 }
 
 void PrintCommand::PrintConfig(PrintRequest request) {

@@ -27,8 +27,6 @@ class PrintCommand {
   void mnuPrint_Click();
   void Preview();
   void Export();
-  std::string AskForDocument() const;
-  std::string AskForName() const;
   /// Runs `action` while polling is paused, and resumes it even if `action` fails.
   template <class Action>
   void Undisturbed(const Action& action);
