@@ -32,6 +32,7 @@ Tool::Tool(const Platform& computer)
       recentFiles(platform, form, configurationFile, fileCommands),
       comparison(platform, variables, form),
       takeOver(platform, variables, form, panels, wholeSend),
+      compareCommand(platform, variables, form, comparison, takeOver),
       history(platform, variables, form, {configurationFile, unsavedChanges, communications, wholeSend}),
       interactiveMode(platform, variables, form, communications, commands, held, wholeSend),
       windowSettings(platform, variables, form, database),

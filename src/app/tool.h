@@ -8,6 +8,7 @@
 #include "core/load_arrays.h"
 #include "core/panel_setup.h"
 #include "core/variables.h"
+#include "exchange/compare_command.h"
 #include "exchange/comparison.h"
 #include "exchange/take_over.h"
 #include "files/configuration_file.h"
@@ -92,6 +93,7 @@ class Tool {
   RecentFiles recentFiles;
   Comparison comparison;
   TakeOver takeOver;
+  CompareCommand compareCommand;
   History history;
   InteractiveMode interactiveMode;
   WindowSettings windowSettings;

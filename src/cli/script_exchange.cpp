@@ -45,7 +45,7 @@ Json Script::TakeOverFrom(const ScriptLine& line) try {
   const bool all = line.Count() == 2 && !line.At(1).quoted && line.At(1).text == "all";
   const std::vector<NewValue> values =
       all ? TakeOver::All(differences) : tool_.takeOver.Chosen(differences, names);
-  tool_.takeOver.Set("Take Over from " + FileNameOf(other.path), values);
+  tool_.takeOver.Set(TakeOverName(FileNameOf(other.path)), values);
   return {{"taken", values.size()}};
 } catch (const RuntimeError& failure) {
   throw ScriptError(InOneLine(failure));

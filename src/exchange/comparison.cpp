@@ -45,8 +45,18 @@ constexpr Group kGroups[] = {
 
 constexpr const char* kDamaged = "It is damaged.";
 
+constexpr const char* kRefused = "This file cannot be compared.";
+
 RuntimeError Refused(const std::string& path, const std::string& reason) {
-  return {kErrFileFormat, "This file cannot be compared.", path + "\n" + reason};
+  return {kErrFileFormat, kRefused, path + "\n" + reason};
+}
+
+std::vector<std::uint8_t> BytesIn(FileSystem& files, const std::string& path) {
+  try {
+    return files.OpenForReading(path)->ReadAll();
+  } catch (const RuntimeError& failure) {
+    throw RuntimeError(failure.Number(), kRefused, failure.Remedy());
+  }
 }
 
 QcfDocument DocumentIn(const std::string& path, std::span<const std::uint8_t> bytes) {
@@ -103,16 +113,28 @@ QcfDocument LoadedDocument(QuietPanels& panels, const OtherFile& other) {
 /// Collects what differs.
 class Differences {
  public:
+  /// `tables` know the descriptions of parameters, the first one best.
+  explicit Differences(std::vector<const ValueTable*> tables) : tables_(std::move(tables)) {}
   void Add(const QcfNamedValue& value, std::optional<SingleValue> here, std::optional<SingleValue> there) {
     if (value.field->use == QcfUse::kOperatingMode || here == there) return;
     rows_.push_back({.name = value.name,
                      .group = GroupOf(*value.field),
+                     .about = DescriptionOf(value),
                      .here = std::move(here),
                      .there = std::move(there)});
   }
   std::vector<ComparedValue> Take() { return std::move(rows_); }
 
  private:
+  std::string DescriptionOf(const QcfNamedValue& value) const {
+    for (const ValueTable* table : tables_) {
+      if (const QcfNamedValue* found = table->Find(value.owner + " / Description"))
+        return TextOf(found->value);
+    }
+    return {};
+  }
+
+  std::vector<const ValueTable*> tables_;
   std::vector<ComparedValue> rows_;
 };
 
@@ -139,7 +161,7 @@ std::string TextOf(const SingleValue& value) {
 }
 
 OtherFile Comparison::Read(const std::string& path) const {
-  OtherFile other{.path = path, .bytes = platform_.files.OpenForReading(path)->ReadAll(), .document = {}};
+  OtherFile other{.path = path, .bytes = BytesIn(platform_.files, path), .document = {}};
   other.document = DocumentIn(path, other.bytes);
   With(other);  // some files are sound and cannot be loaded all the same
   return other;
@@ -150,7 +172,7 @@ std::vector<ComparedValue> Comparison::With(const OtherFile& other) const {
   const ValueTable loaded(ValuesOf(LoadedDocument(panels, other)));
   const ValueTable file(ValuesOf(other.document));
   const ValueTable here(ValuesOf(DocumentOfPanels(vars_, form_)));
-  Differences differences;
+  Differences differences({&here, &loaded, &file});
   for (const QcfNamedValue& value : here.All()) {
     if (!file.HasOwner(value.owner)) {
       differences.Add(value, value.value, std::nullopt);

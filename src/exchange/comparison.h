@@ -21,6 +21,7 @@ struct Variables;
 struct ComparedValue {
   std::string name;        ///< as QcfNamedValue names it
   std::string_view group;  ///< what it belongs to, in an operator's words: "Windows"
+  std::string about = {};  ///< description of the parameter, empty for anything else
   std::optional<SingleValue> here;
   std::optional<SingleValue> there;
 

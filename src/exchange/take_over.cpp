@@ -34,6 +34,10 @@ TakeOver::TakeOver(Platform& platform, Variables& variables, FrmStart& form, Pan
                    WholeSend& wholeSend)
     : platform_(platform), vars_(variables), form_(form), panels_(panels), wholeSend_(wholeSend) {}
 
+std::string TakeOverName(const std::string& fileName) {
+  return "Take Over from " + fileName;
+}
+
 bool TakeOver::CanSet(const QcfField& field) {
   const auto identifies = [&](QcfUse use, std::size_t parts) {
     const auto record = QcfFieldOf(use).record.first(parts);

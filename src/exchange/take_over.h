@@ -23,6 +23,9 @@ struct NewValue {
   SingleValue value;
 };
 
+/// What the history calls taking over values of a file.
+std::string TakeOverName(const std::string& fileName);
+
 /// Sets values in the panels that come from outside: another file, a table, the clipboard.
 class TakeOver {
  public:

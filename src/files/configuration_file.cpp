@@ -23,7 +23,6 @@
 namespace marlinset {
 namespace {
 
-constexpr std::string_view kFilter = "Brandal Marlinset File|*.qcf";
 constexpr std::string_view kBackupExtension = ".bak";
 constexpr std::string_view kHeaderFault = "Data Process Error, file header corrupt or unreadable";
 constexpr std::string_view kNoModelFault = "No 7340 Configuration found in file, using Default.";
@@ -110,7 +109,7 @@ SaveEnd ConfigurationFile::SaveConfig(std::string_view flow) {
 }
 
 void ConfigurationFile::OfferConfigurations() {
-  platform_.fileDialog.Filter = kFilter;
+  platform_.fileDialog.Filter = kConfigurationFilter;
   platform_.fileDialog.FilterIndex = 1;
 }
 

@@ -18,6 +18,8 @@ struct LeftWork;
 /// Names of the shipped configurations begin with this; the tool never saves over them.
 inline constexpr std::string_view kSystemDefault = "System Default";
 inline constexpr std::string_view kConfigurationExtension = ".qcf";
+/// What file dialogs offer.
+inline constexpr std::string_view kConfigurationFilter = "Brandal Marlinset File|*.qcf";
 
 /// Whether a file name begins with "System Default", ignoring case and leading blanks.
 bool IsSystemDefaultName(std::string_view name);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/picture_rules.h"
 
-#include "base/finally.h"
-#include "base/runtime_error.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "panels/window_rules.h"
@@ -45,27 +43,14 @@ void PictureRules::Move(int row, int left, int top) {
   windows_.Move(row, left, top);
 }
 
-/// The tool's one file dialog carries the configuration in work, and does so again afterwards.
 void PictureRules::AskForStill() {
-  FileDialog& dialog = platform_.fileDialog;
-  const FileDialogState before = dialog.State();
-  std::string file;
-  const auto ask = [&] {
-    dialog.State() = {.CancelError = true,
-                      .Filter = "Pictures|" + stillPatterns,
-                      .Flags = kHideReadOnly,
-                      .FileName = still_,
-                      .InitDir = LastFolder(platform_.settings, vars_.AppPath),
-                      .DialogTitle = "Background of the Picture"};
-    try {
-      dialog.ShowOpen();
-      file = dialog.FileName;
-    } catch (const RuntimeError& cancelled) {
-      if (cancelled.Number() != kErrDialogCancelled) throw;
-    }
-  };
-  Finally(ask, [&] { dialog.State() = before; });
-  if (!file.empty()) TakeStill(file);
+  const auto file = AskToOpen(platform_.fileDialog, {.CancelError = true,
+                                                     .Filter = "Pictures|" + stillPatterns,
+                                                     .Flags = kHideReadOnly,
+                                                     .FileName = still_,
+                                                     .InitDir = LastFolder(platform_.settings, vars_.AppPath),
+                                                     .DialogTitle = "Background of the Picture"});
+  if (file) TakeStill(*file);
 }
 
 void PictureRules::TakeStill(const std::string& file) {

@@ -53,4 +53,8 @@ class FileDialog : public FileDialogState {
   void Take(std::optional<std::string> choice);
 };
 
+/// Asks for a file to open, in a dialog of another state; afterwards the dialog is as it was before. Nothing
+/// if the operator cancelled.
+std::optional<std::string> AskToOpen(FileDialog& dialog, FileDialogState state);
+
 }  // namespace marlinset
