@@ -110,7 +110,8 @@ void WindowRun::Load() {
                               .remarks = &tool_.remarks,
                               .held = &tool_.held,
                               .wholeSend = &tool_.wholeSend,
-                              .picture = &tool_.pictureRules});
+                              .picture = &tool_.pictureRules,
+                              .compare = &tool_.compareCommand});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }
 

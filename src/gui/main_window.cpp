@@ -4,9 +4,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
@@ -16,6 +14,8 @@
 #include "controls/guard.h"
 #include "gui/byte_log.h"
 #include "gui/change_counter.h"
+#include "gui/comparison_window.h"
+#include "gui/dragged_file.h"
 #include "gui/menu_bar.h"
 #include "gui/panel_host.h"
 #include "gui/picture_dock.h"
@@ -47,14 +47,6 @@ int Pixels(int twips) {
 constexpr QLatin1String kModifiedPlace("[*]");
 constexpr QLatin1String kTheSameAsText("[*][*]");
 
-/// The single configuration that is being dragged; empty for anything else.
-QString DraggedConfiguration(const QMimeData& data) {
-  const QList<QUrl> urls = data.urls();
-  const QString name = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
-  return name.endsWith(QLatin1String(".qcf"), Qt::CaseInsensitive) ? QDir::toNativeSeparators(name)
-                                                                   : QString();
-}
-
 }  // namespace
 
 MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
@@ -82,6 +74,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   setCentralWidget(middle);
   setStatusBar(new StatusBarView(form, this));
   if (hooks_.picture) AddPicture();
+  if (hooks_.compare) hooks_.compare->show = [this](const Offer& offer) { ShowComparison(offer); };
   resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
   // Everything between the controls passes the mouse on, up to the form itself.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
@@ -91,6 +84,11 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   if (hooks_.changes) changesListening_.emplace(hooks_.changes->Changed, [this] { ShowModified(); });
   ShowForm();
   ShowModified();
+}
+
+void MainWindow::ShowComparison(const Offer& offer) {
+  if (!comparison_) comparison_ = new ComparisonWindow(form_, *hooks_.compare, this);
+  comparison_->Show(offer);
 }
 
 void MainWindow::AddPicture() {

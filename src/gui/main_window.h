@@ -16,8 +16,10 @@
 
 namespace marlinset {
 
+class ComparisonWindow;
 class PictureDock;
 class ToolArea;
+struct Offer;
 
 /// The main window: shows FrmStart and passes every action of the operator to it. It opens and closes with
 /// the form's Visible flag, at the place that the form says, but never beyond the screen, its frame included.
@@ -45,6 +47,7 @@ class MainWindow : public QMainWindow {
   bool Stands() const;
   void NotePlace();
   void AddPicture();
+  void ShowComparison(const Offer& offer);
   void MakeRoomBeside();
   void TakeDocks();
   void NoteDocks();
@@ -56,6 +59,7 @@ class MainWindow : public QMainWindow {
   ToolArea* tools_ = nullptr;
   ChangeMarks marks_{*this};
   PictureDock* picture_ = nullptr;
+  ComparisonWindow* comparison_ = nullptr;  ///< made on first use
   bool formVisible_ = false;
   bool frameFits_ = false;  ///< the window manager's frame is known and allowed for
   WindowPlace place_;       ///< the form's, as last applied

@@ -167,6 +167,7 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
                   {&form.mnuOpen, 'O', Mark::kNone, QKeySequence::Open},
                   {&form.mnuSav, 'S', Mark::kNone, QKeySequence::Save},
                   {&form.mnuSave, 'A', Mark::kNone, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+                  {&form.mnuCompare, 'C', Mark::kNone, QKeySequence(Qt::CTRL | Qt::Key_D)},
                   {}});
   if (hooks.recentFiles) AddRecent(file, *hooks.recentFiles);
   AddLines(file, {{&form.mnuPrint, 'P', Mark::kNone, QKeySequence::Print},

@@ -10,6 +10,7 @@
 
 namespace marlinset {
 
+class CompareCommand;
 class HeldSettings;
 class PictureRules;
 class RemarkList;
@@ -41,6 +42,8 @@ struct WindowHooks {
   const WholeSend* wholeSend = nullptr;
   /// Without it there is no picture of the windows. May be null.
   PictureRules* picture = nullptr;
+  /// Compares other files with the panels. May be null.
+  CompareCommand* compare = nullptr;
 };
 
 }  // namespace marlinset

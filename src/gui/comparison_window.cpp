@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/comparison_window.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "base/program_title.h"
+#include "base/runtime_error.h"
+#include "core/frm_start.h"
+#include "gui/comparison_model.h"
+#include "gui/dragged_file.h"
+#include "gui/widgets/look.h"
+#include "gui/widgets/operator_queue.h"
+#include "gui/widgets/screen_fit.h"
+
+namespace marlinset {
+namespace {
+
+// The first size.
+constexpr int kLetters = 100;
+constexpr int kLines = 34;
+/// How long the panels rest before they are compared again.
+constexpr int kLookMs = 100;
+
+QString Number(int count, const char* one, const char* more) {
+  return QString::number(count) + QLatin1Char(' ') + QLatin1String(count == 1 ? one : more);
+}
+
+QPushButton* AddButton(QBoxLayout& row, const char* caption, QWidget* parent) {
+  auto* button = new QPushButton(QLatin1String(caption), parent);
+  button->setAutoDefault(false);  // Enter takes nothing over
+  row.addWidget(button);
+  return button;
+}
+
+}  // namespace
+
+ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWidget* parent)
+    : QDialog(parent),
+      form_(form),
+      command_(command),
+      model_(new ComparisonModel(this)),
+      filter_(new QLineEdit(this)),
+      listening_(form.Altered, [this] { LookSoon(); }) {
+  setObjectName(QStringLiteral("Comparison"));
+  setAcceptDrops(true);
+  auto* rows = new QVBoxLayout(this);
+  SetSpaces(*rows, *this, 2);
+  auto* top = new QHBoxLayout;
+  SetSpaces(*top, *this);
+  auto* label = new QLabel(QStringLiteral("&Filter:"), this);
+  label->setBuddy(filter_);
+  filter_->setObjectName(QStringLiteral("filter"));
+  filter_->setPlaceholderText(QStringLiteral("Name or value"));
+  filter_->setClearButtonEnabled(true);
+  filter_->installEventFilter(this);
+  top->addWidget(label);
+  top->addWidget(filter_, 1);
+  all_ = AddButton(*top, "Tick &All", this);
+  none_ = AddButton(*top, "Tick &None", this);
+  rows->addLayout(top);
+  rows->addWidget(tree_ = MakeTree(), 1);
+  auto* bottom = new QHBoxLayout;
+  SetSpaces(*bottom, *this);
+  bottom->addWidget(count_ = new QLabel(this), 1);
+  takeOver_ = AddButton(*bottom, "&Take Over", this);
+  QPushButton* closing = AddButton(*bottom, "&Close", this);
+  rows->addLayout(bottom);
+  soon_.setSingleShot(true);
+  connect(&soon_, &QTimer::timeout, this, &ComparisonWindow::Look);
+  connect(filter_, &QLineEdit::textChanged, model_, &ComparisonModel::SetFilter);
+  connect(model_, &ComparisonModel::Changed, this, &ComparisonWindow::ShowState);
+  connect(all_, &QPushButton::clicked, model_, [this] { model_->TickAll(true); });
+  connect(none_, &QPushButton::clicked, model_, [this] { model_->TickAll(false); });
+  connect(takeOver_, &QPushButton::clicked, this, &ComparisonWindow::TakeOver);
+  connect(closing, &QPushButton::clicked, this, &QDialog::reject);
+  resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
+  new ScreenFit(*this);
+}
+
+QTreeView* ComparisonWindow::MakeTree() {
+  auto* tree = new QTreeView(this);
+  tree->setObjectName(QStringLiteral("values"));
+  tree->setAccessibleName(QStringLiteral("Values that differ"));
+  tree->setModel(model_);
+  tree->setUniformRowHeights(true);
+  tree->setAlternatingRowColors(true);
+  tree->setAllColumnsShowFocus(true);
+  tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  tree->header()->setStretchLastSection(true);
+  connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, &ComparisonWindow::NotePlace);
+  connect(model_, &QAbstractItemModel::modelReset, this, &ComparisonWindow::FindPlace);
+  const auto note = [this](const QModelIndex& group) {
+    if (tree_->isExpanded(group)) {
+      closedGroups_.remove(model_->NameOf(group));
+    } else {
+      closedGroups_.insert(model_->NameOf(group));
+    }
+  };
+  connect(tree, &QTreeView::expanded, this, note);
+  connect(tree, &QTreeView::collapsed, this, note);
+  return tree;
+}
+
+void ComparisonWindow::NotePlace() {
+  if (!tree_->currentIndex().isValid()) return;
+  current_ = model_->NameOf(tree_->currentIndex());
+  scrolled_ = tree_->verticalScrollBar()->value();
+}
+
+/// A row that has gone, since both sides are equal now, leaves the operator at the top of what is shown.
+void ComparisonWindow::FindPlace() {
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    const QModelIndex group = model_->index(row, 0);
+    tree_->setExpanded(group, !closedGroups_.contains(model_->NameOf(group)));
+  }
+  const QModelIndex place = model_->Find(current_);
+  if (!place.isValid()) return;
+  tree_->setCurrentIndex(place);
+  tree_->verticalScrollBar()->setValue(scrolled_);
+}
+
+void ComparisonWindow::Show(const Offer& offer) {
+  offer_ = offer;
+  setWindowTitle(Shown(offer.title) + QStringLiteral(" - ") + Shown(std::string(kProgramTitle)));
+  filter_->clear();
+  trouble_.clear();
+  closedGroups_.clear();
+  model_->Begin(offer_.differences(), offer.ticked);
+  const int letter = fontMetrics().averageCharWidth();
+  tree_->setColumnWidth(ComparisonModel::kName, letter * 46);
+  tree_->setColumnWidth(ComparisonModel::kHere, letter * 24);
+  tree_->setCurrentIndex(model_->index(0, 0, model_->index(0, 0)));
+  tree_->setFocus();
+  show();
+  raise();
+  activateWindow();
+}
+
+void ComparisonWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  LookSoon();
+}
+
+void ComparisonWindow::LookSoon() {
+  if (isVisible() && !soon_.isActive()) soon_.start(kLookMs);
+}
+
+/// While a file is being loaded the panels are between two configurations; its end is a change again.
+void ComparisonWindow::Look() {
+  if (!isVisible() || !offer_.differences) return;
+  try {
+    model_->Refresh(offer_.differences());
+    trouble_.clear();
+  } catch (const RuntimeError& failure) {
+    trouble_ = failure.Description();
+    ShowState();
+  }
+}
+
+void ComparisonWindow::ShowState() {
+  const ComparisonModel::Counts counts = model_->Count();
+  QString text = Number(counts.all, "difference", "differences");
+  if (counts.shown != counts.all) text += QStringLiteral(", %1 shown").arg(counts.shown);
+  text += QStringLiteral(", %1 ticked").arg(counts.ticked);
+  if (counts.oneSided > 0) text += QStringLiteral("; %1 on one side only").arg(counts.oneSided);
+  if (counts.all + counts.oneSided == 0) text = QStringLiteral("No differences");
+  count_->setText(trouble_.empty() ? text : Shown(trouble_));
+  all_->setEnabled(counts.ticked < counts.shown);
+  none_->setEnabled(counts.ticked > 0);
+  takeOver_->setEnabled(counts.ticked > 0 && trouble_.empty());
+}
+
+void ComparisonWindow::TakeOver() {
+  OperatorQueue::OfProgram().Take(
+      form_, *this, [this, offer = offer_, values = model_->Ticked()] { command_.Take(offer, values); });
+}
+
+/// Enter and the arrow down lead from the filter to the rows that it shows.
+bool ComparisonWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == filter_ && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down) {
+      tree_->setFocus();
+      if (!tree_->currentIndex().isValid()) tree_->setCurrentIndex(model_->index(0, 0, model_->index(0, 0)));
+      return true;
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void ComparisonWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!QApplication::activeModalWidget() && !DraggedConfiguration(*event->mimeData()).isEmpty()) {
+    event->acceptProposedAction();
+  }
+}
+
+void ComparisonWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  OperatorQueue::OfProgram().Take(
+      form_, *this, [this, name = DraggedConfiguration(*event->mimeData())] { command_.Open(Typed(name)); });
+}
+
+}  // namespace marlinset
