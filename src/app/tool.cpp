@@ -33,6 +33,7 @@ Tool::Tool(const Platform& computer)
       comparison(platform, variables, form),
       takeOver(platform, variables, form, panels, wholeSend),
       compareCommand(platform, variables, form, comparison, takeOver),
+      tables(platform, variables, form, takeOver, compareCommand),
       history(platform, variables, form, {configurationFile, unsavedChanges, communications, wholeSend}),
       interactiveMode(platform, variables, form, communications, commands, held, wholeSend),
       windowSettings(platform, variables, form, database),

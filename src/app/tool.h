@@ -10,6 +10,7 @@
 #include "core/variables.h"
 #include "exchange/compare_command.h"
 #include "exchange/comparison.h"
+#include "exchange/table_commands.h"
 #include "exchange/take_over.h"
 #include "files/configuration_file.h"
 #include "history/history.h"
@@ -94,6 +95,7 @@ class Tool {
   Comparison comparison;
   TakeOver takeOver;
   CompareCommand compareCommand;
+  TableCommands tables;
   History history;
   InteractiveMode interactiveMode;
   WindowSettings windowSettings;

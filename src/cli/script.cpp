@@ -104,6 +104,8 @@ const Script::Action* Script::FindAction(std::string_view name) {
       {"picture", 0, kPath, &Script::Picture},
       {"compare", 1, 1, &Script::Compare},
       {"takeover", 2, 10000, &Script::TakeOverFrom},
+      {"export", 0, kPath, &Script::Export},
+      {"import", 0, kPath, &Script::Import},
       {"state", 0, 0, &Script::State},
       {"windows", 0, 0, &Script::Windows},
       {"remarks", 0, 0, &Script::Remarks},

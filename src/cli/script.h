@@ -73,6 +73,8 @@ class Script {
   Json Picture(const ScriptLine& line);
   Json Compare(const ScriptLine& line);
   Json TakeOverFrom(const ScriptLine& line);
+  Json Export(const ScriptLine& line);
+  Json Import(const ScriptLine& line);
   Json State(const ScriptLine& line);
   Json Windows(const ScriptLine& line);
   Json Remarks(const ScriptLine& line);

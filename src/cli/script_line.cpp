@@ -83,10 +83,18 @@ int ScriptLine::NumberAt(std::size_t index) const {
 }
 
 std::string ScriptLine::Path() const {
-  if (rest_.empty()) throw ScriptError("a path is missing behind \"" + action_ + "\"");
-  if (rest_.front() != '"') return rest_;
+  return PathIn(rest_);
+}
+
+std::pair<std::string, std::string> ScriptLine::WordAndPath() const {
   std::string_view text = rest_;
-  return TakeWord(text).text;
+  std::string word = text.empty() ? std::string() : TakeWord(text).text;
+  return {std::move(word), PathIn(text)};
+}
+
+std::string ScriptLine::PathIn(std::string_view text) const {
+  if (text.empty()) throw ScriptError("a path is missing behind \"" + action_ + "\"");
+  return text.front() == '"' ? TakeWord(text).text : std::string(text);
 }
 
 NameParts ParseControlName(std::string_view text) {

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace marlinset {
@@ -45,8 +46,11 @@ class ScriptLine {
   int NumberAt(std::size_t index) const;
   /// The rest of the line after the name, or a JSON string there, for actions that take a path.
   std::string Path() const;
+  /// A word, and the rest behind it as a path.
+  std::pair<std::string, std::string> WordAndPath() const;
 
  private:
+  std::string PathIn(std::string_view text) const;
   std::string action_;
   std::string rest_;
   std::vector<Word> words_;

@@ -45,6 +45,9 @@ class FrmStart : public Form {
   MenuItem mnuSave{*this, "mnuSave"};  ///< Save As
   MenuItem mnuCompare{*this, "mnuCompare"};
   MenuItem mnuPrint{*this, "mnuPrint"}, mnuPreview{*this, "mnuPreview"}, mnuExport{*this, "mnuExport"};
+  MenuItem mnuImport{*this, "mnuImport"}, mnuExportCsv{*this, "mnuExportCsv"};
+  MenuItem mnuImportPar{*this, "mnuImportPar"}, mnuImportWin{*this, "mnuImportWin"};
+  MenuItem mnuExportPar{*this, "mnuExportPar"}, mnuExportWin{*this, "mnuExportWin"};
   MenuItem mnuExit{*this, "mnuExit"};
   // Edit
   MenuItem mnuUndo{*this, "mnuUndo"}, mnuRedo{*this, "mnuRedo"};

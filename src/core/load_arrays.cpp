@@ -21,6 +21,7 @@ void ReferenceDatabase::LoadArrays() {
   ForEachReferenceArray([this]<class Rec>(const ReferenceArray<Rec>& array) {
     if constexpr (!std::is_same_v<Rec, OperatingModeRec>) Fill(array);
   });
+  variables_.ReferenceParameters = variables_.SystemParameters;
 }
 
 void ReferenceDatabase::checkDatabase() {

@@ -21,7 +21,8 @@ class ReferenceDatabase {
  public:
   ReferenceDatabase(Platform& platform, Variables& variables);
 
-  /// Loads all arrays except OperatingModes, in the order of kReferenceArrays.
+  /// Loads all arrays except OperatingModes, in the order of kReferenceArrays, and keeps the parameters as
+  /// ReferenceParameters.
   void LoadArrays();
 
   /// Loads one array.

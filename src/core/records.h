@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -174,6 +175,13 @@ struct SystemParameterRec {
   std::int16_t Parameter = 0;
   std::string Description;
   std::int16_t Value = 0;
+};
+
+/// What identifies a parameter.
+struct ParameterKey {
+  int parameterClass = 0;
+  int number = 0;
+  auto operator<=>(const ParameterKey&) const = default;
 };
 
 /// Parameters of classes 1 and 25 are internal to the unit: no visible row shows them, and they are not sent

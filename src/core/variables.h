@@ -73,6 +73,7 @@ struct Variables {
   std::vector<HelpMessageRec> HelpMessages;
   std::vector<CharWindowRec> CharWindows;
   std::vector<SystemParameterRec> SystemParameters;
+  std::vector<SystemParameterRec> ReferenceParameters;  ///< as the database had them when it was last read
 };
 
 /// Highest index of an array. Throws SubscriptOutOfRange if the array was never filled.

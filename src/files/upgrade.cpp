@@ -147,6 +147,7 @@ void Upgrade::RemoveDeletedParameters() {
 void Upgrade::MergeParameters(int& lastRow) {
   const auto rows = ReadTableOf(&Variables::SystemParameters);
   if (!rows) return;
+  vars_.ReferenceParameters = *rows;
   bool added = false;
   for (const SystemParameterRec& row : *rows) {
     if (Holds(vars_.SystemParameters, row)) continue;

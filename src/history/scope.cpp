@@ -26,12 +26,13 @@ constexpr auto kShowOther = std::to_array<std::string_view>(
      "fOptions", "fDownConverter", "fSDIProgramOut", "fProcessingMode", "fFilters", "lRemarks"});
 
 constexpr auto kPassedOver = std::to_array<std::string_view>(
-    {"bOpen",      "bClose",   "bSConfig", "bSChanges",  "bSend",      "bBroad",   "bGetID",
-     "bClass",     "bParam",   "bDesc",    "bValue",     "oView",      "VScroll1", "VScroll2",
-     "mnuSav",     "mnuSave",  "mnuPrint", "mnuPreview", "mnuExport",  "mnuExit",  "mnuUndo",
-     "mnuRedo",    "mnuInter", "mnuCom1",  "mnuCom2",    "mnuCom3",    "mnuCom4",  "mnuHD7340",
-     "mnuHD7340Q", "mnuAuto",  "mnuMan",   "mnu10",      "mnu20",      "mnu30",    "mnu60",
-     "mnuNever",   "mnuCommD", "mnuAbout", "mnuPorts",   "mnuTraffic", "bStop"});
+    {"bOpen",        "bClose",       "bSConfig",     "bSChanges",    "bSend",     "bBroad",   "bGetID",
+     "bClass",       "bParam",       "bDesc",        "bValue",       "oView",     "VScroll1", "VScroll2",
+     "mnuSav",       "mnuSave",      "mnuPrint",     "mnuPreview",   "mnuExport", "mnuExit",  "mnuUndo",
+     "mnuRedo",      "mnuInter",     "mnuCom1",      "mnuCom2",      "mnuCom3",   "mnuCom4",  "mnuHD7340",
+     "mnuHD7340Q",   "mnuAuto",      "mnuMan",       "mnu10",        "mnu20",     "mnu30",    "mnu60",
+     "mnuImportPar", "mnuImportWin", "mnuExportPar", "mnuExportWin", "mnuNever",  "mnuCommD", "mnuAbout",
+     "mnuPorts",     "mnuTraffic",   "bStop"});
 
 /// Where the row of a control's element is named.
 enum class Row { kNone, kWindow, kParameter };
