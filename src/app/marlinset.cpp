@@ -111,7 +111,8 @@ void WindowRun::Load() {
                               .held = &tool_.held,
                               .wholeSend = &tool_.wholeSend,
                               .picture = &tool_.pictureRules,
-                              .compare = &tool_.compareCommand});
+                              .compare = &tool_.compareCommand,
+                              .tables = &tool_.tables});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }
 

@@ -69,7 +69,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   }
   rows->addWidget(tools_);
   rows->addWidget(MakeRule(middle));
-  rows->addWidget(new PanelHost(form, selection_, middle), 1);
+  rows->addWidget(new PanelHost(form, hooks_.tables, selection_, middle), 1);
   rows->addWidget(new ByteLog(form, hooks_.frameSent, middle));
   setCentralWidget(middle);
   setStatusBar(new StatusBarView(form, this));

@@ -173,8 +173,10 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
   AddLines(file, {{&form.mnuPrint, 'P', Mark::kNone, QKeySequence::Print},
                   {&form.mnuPreview, 'v'},
                   {&form.mnuExport, 'E'},
-                  {},
-                  {&form.mnuExit, 'x', Mark::kNone, QKeySequence(Qt::CTRL | Qt::Key_Q), Turn::kClosing}});
+                  {}});
+  AddSubMenu(file, form.mnuImport, 'I', {{&form.mnuImportPar, 'P'}, {&form.mnuImportWin, 'W'}});
+  AddSubMenu(file, form.mnuExportCsv, 't', {{&form.mnuExportPar, 'P'}, {&form.mnuExportWin, 'W'}});
+  AddLines(file, {{}, {&form.mnuExit, 'x', Mark::kNone, QKeySequence(Qt::CTRL | Qt::Key_Q), Turn::kClosing}});
   AddLines(AddMenu(bar, QStringLiteral("&Edit")),
            {{&form.mnuUndo, 'U', Mark::kNone, QKeySequence(Qt::CTRL | Qt::Key_Z)},
             {&form.mnuRedo, 'R', Mark::kNone, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)}});

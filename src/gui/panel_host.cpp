@@ -10,12 +10,13 @@
 
 namespace marlinset {
 
-PanelHost::PanelHost(FrmStart& form, std::shared_ptr<WindowSelection> selection, QWidget* parent)
+PanelHost::PanelHost(FrmStart& form, TableCommands* tables, std::shared_ptr<WindowSelection> selection,
+                     QWidget* parent)
     : QStackedWidget(parent), form_(form) {
   Add(form.fCodes, MakeInputsPanel(form, this));
   Add(form.fOutputs, MakeOutputsPanel(form, this));
   Add(form.fWindows, MakeWindowsPanel(form, std::move(selection), this));
-  Add(form.fParameters, MakeParametersPanel(form, this));
+  Add(form.fParameters, MakeParametersPanel(form, tables, this));
   Add(form.fDownConverter, MakeDownConverterPanel(form, this));
   ShowVisible();
 }

@@ -10,13 +10,15 @@
 
 namespace marlinset {
 
+class TableCommands;
 class WindowSelection;
 
 /// Shows the panel whose frame is visible. Each panel scrolls if the window is too small for it.
 class PanelHost : public QStackedWidget {
   Q_OBJECT
  public:
-  PanelHost(FrmStart& form, std::shared_ptr<WindowSelection> selection, QWidget* parent);
+  PanelHost(FrmStart& form, TableCommands* tables, std::shared_ptr<WindowSelection> selection,
+            QWidget* parent);
 
  private:
   void Add(Frame& frame, QWidget* panel);

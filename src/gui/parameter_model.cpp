@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/text.h"
 #include "controls/guard.h"
 #include "gui/widgets/look.h"
 
@@ -43,21 +44,32 @@ Control* ParameterRecord::Find() const {
   return nullptr;
 }
 
+ParameterKey ParameterRecord::Key() const {
+  return {names[ParameterModel::kClass].toInt(), names[ParameterModel::kParameter].toInt()};
+}
+
 void ParameterRecord::Read() {
   if (awaited.actions > 0 || gone || !StandsAt(row)) return;
   awaited.value = form_.udVal(row).Value();
   awaited.text = Shown(form_.tVal(row).Text());
 }
 
-ParameterModel::ParameterModel(FrmStart& form, QObject* parent)
-    : QAbstractTableModel(parent), form_(form), rulesEnded_(form.GetGuard().Ended, [this] {
+ParameterModel::ParameterModel(FrmStart& form, ReferenceValue reference, QObject* parent)
+    : QAbstractTableModel(parent),
+      form_(form),
+      reference_(std::move(reference)),
+      rulesEnded_(form.GetGuard().Ended, [this] {
         if (putOff_) ArrangeSoon();
       }) {
   form.ForParameterRow([this](auto& array) { WatchArray(array); });
-  for (int column = 0; column < kColumns; ++column) {
+  for (int column = 0; column < kHeads; ++column) {
     heads_.emplace_back(Head(column).Changed,
                         [this, column] { emit headerDataChanged(Qt::Horizontal, column, column); });
   }
+  // The radix counts for both values; most of one digit look the same in either.
+  heads_.emplace_back(form.bValue.Changed, [this] {
+    if (!rows_.empty()) emit dataChanged(createIndex(0, kReference), createIndex(rowCount() - 1, kReference));
+  });
   for (const int i : form.lClass.Indices()) WatchRow(i);
   Arrange();
 }
@@ -106,7 +118,7 @@ void ParameterModel::RowChanged(int index) {
   if (shown && RecordOf(row)->StandsAt(index)) {
     RecordOf(row)->Read();
     emit dataChanged(createIndex(row, 0), createIndex(row, kColumns - 1));
-  } else if (shown || form_.lClass(index).Visible()) {
+  } else if (shown || (form_.lClass(index).Visible() && IsWanted(ParameterRecord(form_, index)))) {
     ArrangeSoon();
   }
 }
@@ -155,8 +167,12 @@ void ParameterModel::Arrange() {
   emit layoutAboutToBeChanged();
   const std::vector<Row> before = std::exchange(rows_, {});
   for (const auto& [index, listening] : controls_) {
-    if (form_.lClass(index).Visible()) rows_.push_back(MakeRow(index, before));
+    if (!form_.lClass(index).Visible()) continue;
+    Row row = MakeRow(index, before);
+    const bool stays = !filterChanged_ && std::ranges::find(before, row.record, &Row::record) != before.end();
+    if (stays || IsWanted(*row.record)) rows_.push_back(std::move(row));
   }
+  filterChanged_ = false;
   KeepPlaces(before);
   emit layoutChanged();
   emit Arranged();
@@ -176,8 +192,8 @@ ParameterModel::Row ParameterModel::MakeRow(int index, const std::vector<Row>& b
   return {record, {record->awaited.Changed, [this, shown = record.get()] {
                      shown->Read();
                      const int place = RowOf(shown->row);
-                     const QModelIndex cell = createIndex(place, kValue);
-                     if (place != kNoIndex) emit dataChanged(cell, cell);
+                     if (place != kNoIndex)
+                       emit dataChanged(createIndex(place, kValue), createIndex(place, kReference));
                    }}};
 }
 
@@ -202,7 +218,46 @@ int ParameterModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : kColumns;
 }
 
-QString ParameterModel::TextOf(const ParameterRecord& record, int column) {
+void ParameterModel::SetFilter(const ParameterFilter& filter) {
+  if (filter == filter_) return;
+  filter_ = filter;
+  filterChanged_ = true;
+  Arrange();
+}
+
+int ParameterModel::AllRows() const {
+  return static_cast<int>(std::ranges::count_if(
+      controls_, [this](const auto& row) { return form_.lClass(row.first).Visible(); }));
+}
+
+bool ParameterModel::IsWanted(const ParameterRecord& record) const {
+  const auto& [parameterClass, parameter, description] = record.names;
+  return filter_.Matches({parameterClass, parameter, description, record.awaited.text});
+}
+
+std::optional<int> ParameterModel::ReferenceOf(int row) const {
+  return ReferenceOf(*RecordOf(row));
+}
+
+std::optional<int> ParameterModel::ReferenceOf(const ParameterRecord& record) const {
+  return reference_ ? reference_(record.Key()) : std::nullopt;
+}
+
+bool ParameterModel::Differs(const ParameterRecord& record) const {
+  const std::optional<int> reference = ReferenceOf(record);
+  return reference && *reference != record.awaited.value;
+}
+
+/// In the radix of the values, so that the two can be compared at a glance.
+QString ParameterModel::ReferenceText(const ParameterRecord& record) const {
+  const std::optional<int> reference = ReferenceOf(record);
+  if (!reference) return {};
+  const bool decimal = form_.bValue.Caption() != FrmStart::kHexadecimalHead;
+  return Shown(decimal ? std::to_string(*reference) : HexText(static_cast<std::uint32_t>(*reference)));
+}
+
+QString ParameterModel::TextOf(const ParameterRecord& record, int column) const {
+  if (column == kReference) return ReferenceText(record);
   return column == kValue ? record.awaited.text : record.names.at(static_cast<std::size_t>(column));
 }
 
@@ -217,7 +272,7 @@ QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
     case Qt::TextAlignmentRole:
       return static_cast<int>(AlignmentOf(cell.column()));
     case Qt::FontRole:
-      return cell.column() == kValue ? QVariant(FixedFont()) : QVariant();
+      return cell.column() >= kValue ? QVariant(FixedFont()) : QVariant();
     case Qt::BackgroundRole:
       return !marked              ? QVariant()
              : index == underWay_ ? QVariant(MarkColor())
@@ -227,7 +282,16 @@ QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
     case kUnheldRole:
       return cell.column() == kValue && unheld_.contains(index);
     case Qt::ToolTipRole:
+      if (cell.column() >= kValue && Differs(record)) {
+        return QStringLiteral("The reference database has %1 here").arg(ReferenceText(record));
+      }
       return cell.column() == kDescription ? QVariant(TextOf(record, kDescription)) : QVariant();
+    case Qt::AccessibleTextRole:
+      return cell.column() == kReference && Differs(record)
+                 ? QVariant(ReferenceText(record) + QStringLiteral(", differs"))
+                 : QVariant();
+    case kDiffersRole:
+      return Differs(record);
     default:
       return {};
   }
@@ -235,9 +299,15 @@ QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
 
 QVariant ParameterModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal) return {};
+  if (role == Qt::TextAlignmentRole) return static_cast<int>(AlignmentOf(section));
+  if (section >= kHeads) {
+    if (role == Qt::DisplayRole) return QStringLiteral("Reference");
+    if (role == Qt::ToolTipRole)
+      return QStringLiteral("The value in the reference database, marked where the list has another");
+    return {};
+  }
   if (role == Qt::DisplayRole) return Shown(Head(section).Caption());
   if (role == Qt::ToolTipRole) return Shown(Head(section).ToolTip());
-  if (role == Qt::TextAlignmentRole) return static_cast<int>(AlignmentOf(section));
   return {};
 }
 

@@ -3,12 +3,16 @@
 
 #include <QAbstractTableModel>
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
+#include <optional>
 #include <vector>
 
 #include "core/frm_start.h"
+#include "core/records.h"
+#include "gui/parameter_filter.h"
 #include "gui/widgets/binding.h"
 
 namespace marlinset {
@@ -21,6 +25,7 @@ class ParameterRecord : public Subject {
   /// The spin of the value.
   Control* Find() const override;
   bool StandsAt(int row) const;
+  ParameterKey Key() const;
   /// Adopts the value of the controls, unless the operator sees a newer one.
   void Read();
 
@@ -32,16 +37,23 @@ class ParameterRecord : public Subject {
   FrmStart& form_;
 };
 
-/// The visible rows of the parameter list, as a table of class, parameter, description and value. There
-/// may be hundreds of rows, so they are painted and have no widgets; a change repaints only its row. While
-/// the rules refill the list, which in interactive mode takes a message for each row, the table stays as
-/// it is.
+/// The value that the reference database has for a parameter; nothing if it lacks that.
+using ReferenceValue = std::function<std::optional<int>(const ParameterKey& key)>;
+
+/// The visible rows of the parameter list that the operator's filter leaves, as a table of class, parameter,
+/// description, value and the reference database's value. There may be hundreds of rows, so they are painted
+/// and have no widgets; a change repaints only its row. While the rules refill the list, which in
+/// interactive mode takes a message for each row, the table stays as it is.
 class ParameterModel : public QAbstractTableModel {
   Q_OBJECT
  public:
-  enum Column { kClass, kParameter, kDescription, kValue, kColumns };
+  enum Column { kClass, kParameter, kDescription, kValue, kReference, kColumns };
+  /// Those with a button of the form as their head.
+  static constexpr int kHeads = kReference;
+  /// Whether the row's value is another one than the reference database has.
+  static constexpr int kDiffersRole = Qt::UserRole;
 
-  ParameterModel(FrmStart& form, QObject* parent);
+  ParameterModel(FrmStart& form, ReferenceValue reference, QObject* parent);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -55,11 +67,16 @@ class ParameterModel : public QAbstractTableModel {
   /// The row in the table of the parameter whose controls have this index; -1 if it is not shown.
   int RowOf(int index) const;
   /// Whether the unit does not hold a value; of cells in the column kValue.
-  static constexpr int kUnheldRole = Qt::UserRole;
+  static constexpr int kUnheldRole = Qt::UserRole + 1;
   /// The values that the unit does not hold are those of the controls with these indices.
   void ShowUnheld(std::set<int> indices);
-  /// The button whose caption heads a column.
+  /// The button whose caption heads a column below kHeads.
   Button& Head(int column) const;
+  /// Leaves only the rows that match. A row stays while its value is changed, until another filter is set.
+  void SetFilter(const ParameterFilter& filter);
+  /// How many rows there are without a filter.
+  int AllRows() const;
+  std::optional<int> ReferenceOf(int row) const;
 
  signals:
   /// The parameter of this cell is being sent now.
@@ -86,9 +103,16 @@ class ParameterModel : public QAbstractTableModel {
   void Arrange();
   Row MakeRow(int index, const std::vector<Row>& before);
   void KeepPlaces(const std::vector<Row>& before);
-  static QString TextOf(const ParameterRecord& record, int column);
+  QString TextOf(const ParameterRecord& record, int column) const;
+  QString ReferenceText(const ParameterRecord& record) const;
+  bool Differs(const ParameterRecord& record) const;
+  bool IsWanted(const ParameterRecord& record) const;
+  std::optional<int> ReferenceOf(const ParameterRecord& record) const;
 
   FrmStart& form_;
+  ReferenceValue reference_;
+  ParameterFilter filter_;
+  bool filterChanged_ = false;
   std::vector<Row> rows_;  ///< by ascending index of their controls
   bool arranging_ = false;
   bool putOff_ = false;      ///< until the list is filled

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/show_control.h"
 
+#include <QLineEdit>
 #include <QPointer>
 #include <QTableView>
 #include <QTimer>
@@ -10,6 +11,7 @@
 #include <optional>
 
 #include "core/frm_start.h"
+#include "gui/panel_views.h"
 #include "gui/parameter_model.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/operator_queue.h"
@@ -38,6 +40,9 @@ std::optional<std::size_t> ViewOf(const QWidget& widget, const QWidget& window, 
 
 void ShowParameter(QTableView& table, int row) {
   const auto* model = qobject_cast<const ParameterModel*>(table.model());
+  if (model && model->RowOf(row) < 0) {
+    if (auto* filter = table.window()->findChild<QLineEdit*>(kParameterFilter)) filter->clear();
+  }
   const int place = model ? model->RowOf(row) : -1;
   if (place >= 0) {
     table.setCurrentIndex(model->index(place, ParameterModel::kValue));

@@ -14,6 +14,7 @@ class CompareCommand;
 class HeldSettings;
 class PictureRules;
 class RemarkList;
+class TableCommands;
 class UnsavedChanges;
 class WholeSend;
 
@@ -44,6 +45,8 @@ struct WindowHooks {
   PictureRules* picture = nullptr;
   /// Compares other files with the panels. May be null.
   CompareCommand* compare = nullptr;
+  /// Parameters and windows as tables. May be null.
+  TableCommands* tables = nullptr;
 };
 
 }  // namespace marlinset
