@@ -106,6 +106,7 @@ QPushButton* AddCommands(ParameterTable& table, FrmStart& form, TableCommands& c
   button->setObjectName(QStringLiteral("resetToReference"));
   button->setToolTip(QStringLiteral("Give the selected parameters the values of the reference database"));
   button->setAutoDefault(false);
+  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the hands in the list
   QObject::connect(button, &QPushButton::clicked, reset, &QAction::trigger);
   const auto enable = [=, &table] {
     const bool any = table.selectionModel()->hasSelection();

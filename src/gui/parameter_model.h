@@ -6,8 +6,8 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "core/frm_start.h"
