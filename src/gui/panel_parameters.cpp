@@ -33,6 +33,7 @@ class FilterField : public QLineEdit {
     setToolTip(QStringLiteral("Class, number (2.7), words of the description, or the value as shown"));
     setAccessibleName(QStringLiteral("Filter of the parameter list"));
     setClearButtonEnabled(true);
+    setAcceptDrops(false);  // a configuration that is dropped is opened
     setMinimumWidth(FiguresWidth(*this, kFilterFigures));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QLineEdit::textChanged, &table,
