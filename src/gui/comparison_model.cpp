@@ -2,6 +2,7 @@
 #include "gui/comparison_model.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QPalette>
 #include <algorithm>
 #include <utility>
@@ -21,6 +22,13 @@ QString LabelOf(const ComparedValue& row) {
     if (name.startsWith(QLatin1String(list))) name.remove(0, QLatin1String(list).size());
   }
   return row.about.empty() ? name : name + QStringLiteral("   ") + Shown(row.about);
+}
+
+/// Grey that can still be read: the desktop's own for what is disabled is too faint for hundreds of rows.
+QBrush Faint() {
+  constexpr double kInk = 0.62;
+  const QPalette palette = QApplication::palette();
+  return Blend(palette.color(QPalette::Base), palette.color(QPalette::Text), kInk);
 }
 
 QString ValueText(const std::optional<SingleValue>& value) {
@@ -190,6 +198,7 @@ QVariant ComparisonModel::GroupData(const Group& group, int column, int role) co
 
 QVariant ComparisonModel::data(const QModelIndex& cell, int role) const {
   if (!cell.isValid()) return {};
+  if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QApplication::font()).height() * 3 / 2);
   const ComparedValue* row = RowOf(cell);
   if (!row) return GroupData(GroupOf(cell), cell.column(), role);
   switch (role) {
@@ -202,10 +211,11 @@ QVariant ComparisonModel::data(const QModelIndex& cell, int role) const {
     case Qt::ToolTipRole:
       if (!row->here) return QStringLiteral("The panels do not have this, so it cannot be taken over.");
       if (!row->there) return QStringLiteral("Only the panels have this.");
-      return Shown(row->name);
+      return cell.column() == kName ? Shown(row->name)
+                                    : ValueText(cell.column() == kHere ? row->here : row->there);
     case Qt::ForegroundRole:
       if (!row->OneSided()) return {};
-      return QApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+      return Faint();
     default:
       return {};
   }

@@ -26,8 +26,10 @@ namespace marlinset {
 namespace {
 
 // The first size.
-constexpr int kLetters = 100;
-constexpr int kLines = 34;
+constexpr int kLetters = 120;
+constexpr int kLines = 36;
+constexpr int kNameLetters = 52;
+constexpr int kValueLetters = 32;
 /// How long the panels rest before they are compared again.
 constexpr int kLookMs = 100;
 
@@ -124,9 +126,8 @@ void ComparisonWindow::FindPlace() {
     tree_->setExpanded(group, !closedGroups_.contains(model_->NameOf(group)));
   }
   const QModelIndex place = model_->Find(current_);
-  if (!place.isValid()) return;
-  tree_->setCurrentIndex(place);
-  tree_->verticalScrollBar()->setValue(scrolled_);
+  tree_->setCurrentIndex(place.isValid() ? place : model_->index(0, 0, model_->index(0, 0)));
+  if (place.isValid()) tree_->verticalScrollBar()->setValue(scrolled_);
 }
 
 void ComparisonWindow::Show(const Offer& offer) {
@@ -137,13 +138,19 @@ void ComparisonWindow::Show(const Offer& offer) {
   closedGroups_.clear();
   model_->Begin(offer_.differences(), offer.ticked);
   const int letter = fontMetrics().averageCharWidth();
-  tree_->setColumnWidth(ComparisonModel::kName, letter * 46);
-  tree_->setColumnWidth(ComparisonModel::kHere, letter * 24);
-  tree_->setCurrentIndex(model_->index(0, 0, model_->index(0, 0)));
-  tree_->setFocus();
+  tree_->setColumnWidth(ComparisonModel::kName, letter * kNameLetters);
+  tree_->setColumnWidth(ComparisonModel::kHere, letter * kValueLetters);
+  FocusRows();
   show();
   raise();
   activateWindow();
+}
+
+void ComparisonWindow::FocusRows() {
+  if (!tree_->selectionModel()->hasSelection()) {
+    tree_->setCurrentIndex(model_->index(0, 0, model_->index(0, 0)));
+  }
+  tree_->setFocus();
 }
 
 void ComparisonWindow::showEvent(QShowEvent* event) {
@@ -183,6 +190,7 @@ void ComparisonWindow::ShowState() {
 void ComparisonWindow::TakeOver() {
   OperatorQueue::OfProgram().Take(
       form_, *this, [this, offer = offer_, values = model_->Ticked()] { command_.Take(offer, values); });
+  FocusRows();  // the button has nothing to do until something else is ticked
 }
 
 /// Enter and the arrow down lead from the filter to the rows that it shows.
@@ -190,8 +198,7 @@ bool ComparisonWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == filter_ && event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down) {
-      tree_->setFocus();
-      if (!tree_->currentIndex().isValid()) tree_->setCurrentIndex(model_->index(0, 0, model_->index(0, 0)));
+      FocusRows();
       return true;
     }
   }

@@ -41,6 +41,7 @@ class ComparisonWindow : public QDialog {
   QTreeView* MakeTree();
   void NotePlace();
   void FindPlace();
+  void FocusRows();
   void LookSoon();
   void Look();
   void ShowState();

@@ -94,5 +94,115 @@ TEST(TakeOverProperty, LeavesOnlyWhatOneSideHasAndGoesBackByteForByte) {
   EXPECT_GT(taken, 100U);
 }
 
+/// A value as `compare` and a real load give it.
+std::string There(const std::vector<ComparedValue>& differences, const std::string& name) {
+  const auto row = std::ranges::find(differences, name, &ComparedValue::name);
+  return row == differences.end() ? "equal" : row->there ? TextOf(*row->there) : "none";
+}
+
+TEST(Comparison, GivesWhatALoadWouldGive) {
+  for (const char* file : {SAMPLE_FOLDER "version_1.qcf", SAMPLE_FOLDER "version_2.qcf"}) {
+    SCOPED_TRACE(file);
+    PanelRig rig;
+    const OtherFile other = rig.tool.comparison.Read(file);
+    PanelRig loaded;
+    loaded.vars.OperatingMode = rig.vars.OperatingMode;
+    PanelLoader loader(loaded.platform, loaded.vars, loaded.form, loaded.tool.panels);
+    loader.Load(other.bytes, PanelLoader::Mode::kPresent);
+    std::map<std::string, SingleValue> given;
+    for (const QcfNamedValue& value : ValuesOf(DocumentOfPanels(loaded.vars, loaded.form))) {
+      given.emplace(value.name, value.value);
+    }
+    for (const ComparedValue& row : rig.tool.comparison.With(other)) {
+      if (!row.there) continue;
+      const auto found = given.find(row.name);
+      if (found == given.end()) {
+        EXPECT_FALSE(row.here) << row.name << " was dropped by the database";
+      } else {
+        EXPECT_EQ(row.there, found->second) << row.name;
+      }
+    }
+  }
+  PanelRig rig;
+  const OtherFile old = rig.tool.comparison.Read(SAMPLE_FOLDER "version_1.qcf");
+  const std::vector<ComparedValue> differences = rig.tool.comparison.With(old);
+  const std::pair<const char*, const char*> cases[] = {
+      {"operating mode", "equal"},
+      {"output VITC1 user bits", "Input Video Recorder Time"},
+      {"VITC1 first line", "18"},  // clamped, then moved to leave room for the lines after it
+      {"window style", "equal"},   // no list has it: the first
+      {"white flag line", "255"},
+      {"vertical filter", "equal"},  // newer than the file
+      {"character windows / Video User Bits / On", "none"},
+      {"character windows / video timecode / Double Height", "0"},
+      {"system parameters / 2.0 / Value", "266"},
+      {"system parameters / 2.1 / Value", "none"},
+  };
+  for (const auto& [name, there] : cases) EXPECT_EQ(There(differences, name), there) << name;
+}
+
+TEST(TakeOver, IsOneActionThatObeysTheRestOfTheTool) {
+  const TempFolder folder;
+  const std::string file = folder.File("stage 4.qcf");
+  {
+    PanelRig other;
+    other.Do("choose ComWin(2) #1; spin UDDur 9; check chVITC 0; spin udVal(8) 77");
+    Write(file, Composition(other));
+  }
+  PanelRig rig;
+  rig.Do("click bSConfig");
+  rig.GoInteractive();
+  const std::string quoted = Json(file).dump();
+  EXPECT_EQ(Json::parse(rig.Answer("compare " + quoted))["differences"].dump(),
+            R"([{"name":"VITC on","here":1,"there":0},{"name":"window style","here":")" +
+                rig.form.ComWin(2).Text() + R"(","there":")" + rig.form.ComWin(2).List()[1] +
+                R"("},{"name":"slate duration","here":0,"there":9},)"
+                R"({"name":"system parameters / 2.5 / Value","here":10,"there":77}])");
+  rig.Sent();
+  rig.Do("takeover " + quoted + R"( "slate duration" "VITC on")");
+  EXPECT_EQ(rig.Sent(), (std::vector<std::string>{"1 5 47", "2 8 36 0 9"}));
+  EXPECT_THAT(rig.tool.history.UndoNames(), ElementsAre("Take Over from stage 4.qcf"));
+  EXPECT_FALSE(rig.vars.ConfigSaved);
+  EXPECT_EQ(rig.form.tLineNumber(4).Text(), "9");
+  rig.Do("undo");
+  EXPECT_EQ(rig.Sent(), (std::vector<std::string>{"1 5 46", "2 8 36 0 0"}));
+
+  const std::vector<std::uint8_t> whole = Composition(rig);
+  const std::pair<std::string, const char*> refused[] = {
+      {quoted + R"( "slate duration" "no such value")", "no such value"},
+      {quoted + R"( "operating mode")", "operating mode"},
+      {R"("version_1.qcf" "system parameters / 2.1 / Value")", "version_1.qcf"},
+      {Json(SAMPLE_FOLDER "version_1.qcf").dump() + R"( "system parameters / 2.1 / Value")",
+       "system parameters / 2.1 / Value"},
+      {Json(Write(folder.File("bad.qcf"), std::vector<std::uint8_t>(9, 7))).dump() + " all",
+       "no configuration file"},
+      {Json(Write(folder.File("cut.qcf"), std::span(whole).first(300))).dump() + " all", "damaged"},
+      {Json(Write(folder.File("empty.qcf"), {})).dump() + " all", "damaged"},
+      {Json(folder.Path()).dump() + " all", "folder"},
+  };
+  for (const auto& [words, why] : refused) {
+    const Json answer = Json::parse(rig.Answer("takeover " + words));
+    EXPECT_FALSE(answer["ok"]) << words;
+    EXPECT_THAT(answer.value("error", ""), HasSubstr(why));
+    EXPECT_THAT(answer["messages"], IsEmpty());
+  }
+  // An action that waits for the unit goes first.
+  rig.line.Unit().Faults().mute = true;
+  std::string error;
+  rig.pump.onHandle = [&] {
+    if (!error.empty() || rig.platform.guard.AtWork() == 0) return;
+    try {
+      rig.tool.takeOver.Set("Paste", {{"slate duration", std::int64_t{7}}});
+    } catch (const RuntimeError& failure) {
+      error = failure.Description();
+    }
+  };
+  rig.Do("choose ComWin(2) #1");
+  EXPECT_THAT(error, HasSubstr("waiting for the unit"));
+  EXPECT_EQ(rig.form.UDDur.Value(), 0);
+  rig.Do("undo");
+  EXPECT_EQ(Composition(rig), whole);
+}
+
 }  // namespace
 }  // namespace marlinset

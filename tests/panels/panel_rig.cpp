@@ -20,11 +20,15 @@ struct PanelRig::Hand {
   Script script;
 };
 
-void PanelRig::Do(const std::string& actions) {
+std::string PanelRig::Answer(const std::string& action) {
   if (!hand_) hand_ = std::make_shared<Hand>(tool);
+  return hand_->script.Execute(action);
+}
+
+void PanelRig::Do(const std::string& actions) {
   std::istringstream text(actions);
   for (std::string action; std::getline(text, action, ';');) {
-    const std::string answer = hand_->script.Execute(std::string(Trim(action)));
+    const std::string answer = Answer(std::string(Trim(action)));
     EXPECT_TRUE(answer.empty() || Json::parse(answer).value("ok", false)) << action << answer;
   }
 }

@@ -41,6 +41,8 @@ struct PanelRig : ToolRig {
 
   /// Carries out lines of a script: "check chDups 1; spin UDDur 9".
   void Do(const std::string& actions);
+  /// Carries out one line and returns its answer as JSON text.
+  std::string Answer(const std::string& action);
 
  private:
   struct Hand;
