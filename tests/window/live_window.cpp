@@ -57,7 +57,6 @@ LiveWindow::LiveWindow(ToolRig& rig)
                                                                  .remarks = &rig.tool.remarks,
                                                                  .held = &rig.tool.held,
                                                                  .wholeSend = &rig.tool.wholeSend,
-
                                                                  .picture = &rig.tool.pictureRules,
                                                                  .tables = &rig.tool.tables})) {
   rig.pump.onHandle = TurnQtsLoop;
