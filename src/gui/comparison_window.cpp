@@ -62,7 +62,7 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
   auto* label = new QLabel(QStringLiteral("&Filter:"), this);
   label->setBuddy(filter_);
   filter_->setObjectName(QStringLiteral("filter"));
-  filter_->setPlaceholderText(QStringLiteral("Name or value"));
+  filter_->setToolTip(QStringLiteral("Shows the rows that contain each of these words"));
   filter_->setClearButtonEnabled(true);
   filter_->installEventFilter(this);
   top->addWidget(label);
@@ -140,6 +140,8 @@ void ComparisonWindow::Show(const Offer& offer) {
   const int letter = fontMetrics().averageCharWidth();
   tree_->setColumnWidth(ComparisonModel::kName, letter * kNameLetters);
   tree_->setColumnWidth(ComparisonModel::kHere, letter * kValueLetters);
+  tree_->setCurrentIndex(model_->index(0, 0, model_->index(0, 0)));
+  tree_->scrollToTop();
   FocusRows();
   show();
   raise();

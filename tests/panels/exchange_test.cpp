@@ -51,7 +51,36 @@ std::string Write(const std::string& path, std::span<const std::uint8_t> bytes) 
   return path;
 }
 
-/// Another setup of chance, without a parameter that a load cannot read.
+/// What another tool with another database may have written: any number where a load takes any, texts that no
+/// box offers, parameters that share a description, and windows and parameters more or less.
+QcfDocument Strange(World& world, QcfDocument document) {
+  const std::vector<VideoStandardRec>& standards = world.rig.vars.VideoStandards;
+  for (QcfEntry& entry : document.entries) {
+    const QcfUse use = entry.field->use;
+    if (auto* records = std::get_if<std::vector<QcfRecord>>(&entry.value)) {
+      for (QcfRecord& record : *records) {
+        QcfValue& last = record.back().value;
+        if (world.OneIn(4)) last = std::int64_t{world.Pick(16)};
+        if (use == QcfUse::kWindows && world.OneIn(4)) record[3].value = std::int64_t{world.Pick(3)};
+        if (use == QcfUse::kParameters && world.OneIn(6)) record[2].value = "Shared";
+      }
+      if (world.OneIn(2)) records->erase(records->begin() + world.Pick(static_cast<int>(records->size())));
+      if (world.OneIn(2)) records->push_back(records->front());
+    } else if (use == QcfUse::kVersion || use == QcfUse::kOperatingMode || !world.OneIn(3)) {
+      continue;
+    } else if (entry.field->control == "comVS") {
+      entry.value = standards[static_cast<std::size_t>(world.Pick(8)) % standards.size()].Description;
+    } else if (entry.field->encoding == QcfEncoding::kText) {
+      entry.value = "of another database";
+    } else {
+      const bool isLine = use == QcfUse::kVitcLine || entry.field->control == "UpDown1";
+      entry.value = std::int64_t{world.Pick(isLine ? 256 : 2)};
+    }
+  }
+  return document;
+}
+
+/// Another setup of chance, whose parameters a load can read.
 std::string OtherSetup(const TempFolder& folder, unsigned seed) {
   World other(seed, false);
   other.rig.tool.Start("", false);
@@ -59,7 +88,8 @@ std::string OtherSetup(const TempFolder& folder, unsigned seed) {
   for (SystemParameterRec& parameter : other.rig.vars.SystemParameters) {
     parameter.Value = std::int16_t(std::abs(parameter.Value % 4096));
   }
-  return Write(folder.File("other" + std::to_string(seed) + ".qcf"), Composition(other.rig));
+  const QcfDocument document = Strange(other, DocumentOfPanels(other.rig.vars, other.rig.form));
+  return Write(folder.File("other" + std::to_string(seed) + ".qcf"), WriteDocument(document));
 }
 
 TEST(TakeOverProperty, LeavesOnlyWhatOneSideHasAndGoesBackByteForByte) {
@@ -72,7 +102,8 @@ TEST(TakeOverProperty, LeavesOnlyWhatOneSideHasAndGoesBackByteForByte) {
                                              : OtherSetup(folder, seed + 100);
     World world(seed, false);
     ToolRig& rig = world.rig;
-    rig.tool.Start("", false);
+    const char* modes[] = {"", "Multi-Camera Episodic", "KeyKode Accuracy Test"};
+    rig.tool.Start(world.PickOf(modes), false);
     for (int i = 0; i < 40; ++i) Edit(world);
     const OtherFile other = rig.tool.comparison.Read(path);
     const auto before = LookAt(rig);
