@@ -64,6 +64,7 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
   filter_->setObjectName(QStringLiteral("filter"));
   filter_->setToolTip(QStringLiteral("Shows the rows that contain each of these words"));
   filter_->setClearButtonEnabled(true);
+  filter_->setAcceptDrops(false);  // a dropped file is for the window, its name no filter
   filter_->installEventFilter(this);
   top->addWidget(label);
   top->addWidget(filter_, 1);
