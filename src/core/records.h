@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -181,7 +180,10 @@ struct SystemParameterRec {
 struct ParameterKey {
   int parameterClass = 0;
   int number = 0;
-  auto operator<=>(const ParameterKey&) const = default;
+  bool operator<(const ParameterKey& other) const {
+    return parameterClass != other.parameterClass ? parameterClass < other.parameterClass
+                                                  : number < other.number;
+  }
 };
 
 /// Parameters of classes 1 and 25 are internal to the unit: no visible row shows them, and they are not sent
