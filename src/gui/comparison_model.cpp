@@ -46,14 +46,12 @@ bool SameRows(const std::vector<ComparedValue>& a, const std::vector<ComparedVal
 void ComparisonModel::Begin(std::vector<ComparedValue> rows, bool ticked) {
   ticked_.clear();
   for (const ComparedValue& row : rows) Tick(row, ticked);
-  rows_ = std::move(rows);
-  Arrange();
+  Arrange(std::move(rows));
 }
 
 void ComparisonModel::Refresh(std::vector<ComparedValue> rows) {
-  const bool same = SameRows(rows, rows_) && words_.isEmpty();
+  if (!SameRows(rows, rows_) || !words_.isEmpty()) return Arrange(std::move(rows));
   rows_ = std::move(rows);
-  if (!same) return Arrange();
   for (int group = 0; group < rowCount(); ++group) {
     const QModelIndex head = index(group, 0);
     const int last = rowCount(head) - 1;
@@ -64,7 +62,7 @@ void ComparisonModel::Refresh(std::vector<ComparedValue> rows) {
 
 void ComparisonModel::SetFilter(const QString& text) {
   words_ = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-  Arrange();
+  Arrange(std::vector(rows_));
 }
 
 void ComparisonModel::TickAll(bool on) {
@@ -100,8 +98,10 @@ ComparisonModel::Counts ComparisonModel::Count() const {
   return counts;
 }
 
-void ComparisonModel::Arrange() {
+/// Whoever listens to the beginning of the reset still reads the rows before it.
+void ComparisonModel::Arrange(std::vector<ComparedValue> rows) {
   beginResetModel();
+  rows_ = std::move(rows);
   groups_.clear();
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     if (!Passes(rows_[i])) continue;

@@ -61,7 +61,7 @@ class ComparisonModel : public QAbstractItemModel {
     std::vector<std::size_t> rows;  ///< shown ones, in rows_
   };
 
-  void Arrange();
+  void Arrange(std::vector<ComparedValue> rows);
   bool Passes(const ComparedValue& row) const;
   bool IsTicked(const ComparedValue& row) const { return !row.OneSided() && ticked_.contains(row.name); }
   void Tick(const ComparedValue& row, bool on);

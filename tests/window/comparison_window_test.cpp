@@ -71,6 +71,12 @@ TEST_F(ComparisonWindowTest, TakesOverWhatIsTickedAndShown) {
   EXPECT_EQ(rig.form.UDDur.Value(), 300);
   EXPECT_EQ(rig.form.tWinMess.Text(), message) << "hidden by the filter";
   EXPECT_THAT(rig.tool.history.UndoNames(), ElementsAre("Take Over from version_2.qcf"));
+  filter.clear();
+  Key(tree, Qt::Key_End);
+  Button("Tick All").click();
+  Button("Take Over").click();
+  LiveWindow::Settle();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Count().starts_with("0 differences"); }, 30000)) << Count();
 }
 
 TEST_F(ComparisonWindowTest, FollowsThePanelsAndTakesADroppedFile) {
