@@ -29,8 +29,8 @@ class FilterField : public QLineEdit {
  public:
   FilterField(ParameterTable& table, QWidget* parent) : QLineEdit(parent), table_(table) {
     setObjectName(kParameterFilter);
-    setPlaceholderText(QStringLiteral("Filter (Ctrl+F)"));
-    setToolTip(QStringLiteral("Class, number (2.7), words of the description, or the value as shown"));
+    setToolTip(
+        QStringLiteral("Class, number (2.7), words of the description, or the value as shown (Ctrl+F)"));
     setAccessibleName(QStringLiteral("Filter of the parameter list"));
     setClearButtonEnabled(true);
     setAcceptDrops(false);  // a configuration that is dropped is opened
@@ -131,6 +131,9 @@ QWidget* MakeParametersPanel(FrmStart& form, TableCommands* commands, QWidget* p
   auto* above = new QHBoxLayout;
   SetSpaces(*above, *page);
   auto* filter = new FilterField(*table, page);
+  auto* label = MakeLabel(QStringLiteral("Filter:"), page);
+  label->setBuddy(filter);
+  above->addWidget(label);
   above->addWidget(filter);
   auto* count = new QLabel(page);
   QObject::connect(&table->Model(), &ParameterModel::Arranged, count,
