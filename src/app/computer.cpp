@@ -7,11 +7,12 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "platform/device_address.h"
 #include "platform/no_line.h"
 #include "platform/posix/settings_file.h"
 #include "platform/qt/found_ports.h"
+#include "platform/qt/qt_line.h"
 #include "platform/qt/qt_pump.h"
-#include "platform/qt/qt_serial_port.h"
 #include "platform/virtual_pump.h"
 
 namespace marlinset {
@@ -69,7 +70,8 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     const std::string number = std::to_string(port);
     app.add_option("--com" + number, At(options.ports, port - kLowestPort), "Device behind port " + number)
-        ->type_name("PATH");
+        ->type_name("PATH|ADDRESS")
+        ->check(AddressFault);
   }
 }
 
@@ -84,10 +86,12 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
     return;
   }
   PortMap::Paths ports = options.ports;
-  for (std::string& path : ports) path = WholePath(path);
+  for (std::string& device : ports) {
+    if (!IsAddress(device)) device = WholePath(device);
+  }
   portMap_ = std::make_unique<PortMap>(ports, *settings_, FoundPorts);
   pump_ = std::make_unique<QtPump>();
-  line_ = std::make_unique<QtSerialPort>(guard_, *portMap_);
+  line_ = std::make_unique<QtLine>(guard_, *portMap_, *pump_);
 }
 
 Platform Computer::MakePlatform(MSComm& line) {

@@ -35,6 +35,7 @@ class RecordingLine : public MSComm {
   void SetCommPort(int port) override { line_.SetCommPort(port); }
   bool PortOpen() const override { return line_.PortOpen(); }
   void SetPortOpen(bool open) override { line_.SetPortOpen(open); }
+  bool Opening() const override { return line_.Opening(); }
   void Output(std::span<const std::uint8_t> bytes) override;
   std::size_t OutBufferCount() const override { return line_.OutBufferCount(); }
   int OutputDiscards() const override { return line_.OutputDiscards(); }

@@ -7,6 +7,7 @@
 #include "core/frm_start.h"
 #include "core/variables.h"
 #include "link/interactive_mode.h"
+#include "platform/device_address.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/settings_keys.h"
@@ -47,6 +48,7 @@ void Ports::NamePorts(std::span<const std::string> paths) {
 }
 
 void Ports::Open() {
+  if (platform_.ComP1.Opening()) return;
   if (platform_.ComP1.PortOpen()) {
     form_.StatBar(FrmStart::kStandardPanel).SetText("Port Open Already ");
     return;
@@ -56,11 +58,18 @@ void Ports::Open() {
   try {
     platform_.ComP1.LookForDevices();
     platform_.ComP1.SetCommPort(vars_.ComPortNumber);
+    if (LeadsOverNetwork(vars_.ComPortNumber)) form_.StatBar(FrmStart::kStandardPanel).SetText("Connecting");
     platform_.ComP1.SetPortOpen(true);
   } catch (const RuntimeError& error) {
     form_.ShowTraffic(kRed);
     form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed");
-    platform_.dialogs.Show({.text = error.Description(), .icon = BoxIcon::kCritical});
+    platform_.dialogs.Show(
+        {.text = error.Description(), .icon = BoxIcon::kCritical, .remedy = error.Remedy()});
+    return;
+  }
+  if (!platform_.ComP1.PortOpen()) {  // the operator did not want to wait
+    form_.ShowTraffic(kRed);
+    form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed ");
     return;
   }
   form_.ShowTraffic(kGreen);
@@ -77,7 +86,19 @@ void Ports::CloseLine() {
   Closed.Emit();
 }
 
+bool Ports::LeadsOverNetwork(int port) const {
+  return IsAddress(platform_.ComP1.DeviceName(port));
+}
+
+/// Ends the wait for a connection; whoever waits shows that.
+bool Ports::GiveUpOpening() {
+  const bool opening = platform_.ComP1.Opening();
+  if (opening) platform_.ComP1.SetPortOpen(false);
+  return opening;
+}
+
 void Ports::Close() {
+  if (GiveUpOpening()) return;
   if (!platform_.ComP1.PortOpen()) {
     form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed Already ");
     return;
@@ -89,6 +110,7 @@ void Ports::Close() {
 }
 
 void Ports::ClosePort() {
+  GiveUpOpening();
   if (platform_.ComP1.PortOpen()) {
     LeaveInteractiveMode(form_);
     CloseLine();
@@ -108,8 +130,9 @@ void Ports::LineLost(int commEvent) {
   DeviceLost();
   platform_.dialogs.Show({.text = LossText() + ". The tool is off line.",
                           .icon = BoxIcon::kCritical,
-                          .remedy = "Check cable and adapter, then press Open or choose another port in the "
-                                    "Options menu. The configuration is as it was."});
+                          .remedy = "Check " + Suspects() +
+                                    ", then press Open or choose another port in the Options menu. The "
+                                    "configuration is as it was."});
 }
 
 void Ports::DeviceLost() {
@@ -124,20 +147,31 @@ std::string Ports::LossText() const {
          ") is gone";
 }
 
+std::string Ports::Suspects() const {
+  return LeadsOverNetwork(vars_.ComPortNumber)
+             ? "the network, the device server, and that no other program uses that port of it"
+             : "cable and adapter";
+}
+
 std::string Ports::ScanPorts() {
   std::string present;
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    try {
-      platform_.ComP1.SetCommPort(port);
-      platform_.ComP1.SetPortOpen(true);
-      platform_.ComP1.SetPortOpen(false);
-    } catch (const RuntimeError&) {
-      continue;
-    }
+    if (!LeadsOverNetwork(port) && !Opens(port)) continue;
     At(vars_.ComPortPresent, port) = true;
     present += std::to_string(port);
   }
   return present;
+}
+
+bool Ports::Opens(int port) {
+  try {
+    platform_.ComP1.SetCommPort(port);
+    platform_.ComP1.SetPortOpen(true);
+    platform_.ComP1.SetPortOpen(false);
+  } catch (const RuntimeError&) {
+    return false;
+  }
+  return true;
 }
 
 void Ports::SetUpCom() {

@@ -28,7 +28,8 @@ class Ports {
   /// Finds the ports and ticks the one to use: the remembered one if it is there, otherwise the first.
   void SetUpCom();
   /// Tries all ports. Returns the digits of those that can be opened ("134") and marks them in
-  /// ComPortPresent.
+  /// ComPortPresent. An address counts as one of them without a try: a start must not wait for a network, nor
+  /// take a unit away from somebody else.
   std::string ScanPorts();
   /// Makes ports selectable whose device has appeared since the set-up. One that was there all along and
   /// could not be opened at the set-up stays as it is.
@@ -44,6 +45,8 @@ class Ports {
   void DeviceLost();
   /// "The device behind port 1 (/dev/ttyUSB0) is gone"
   std::string LossText() const;
+  /// What to check when the device has gone: "cable and adapter", or their counterparts of an address.
+  std::string Suspects() const;
 
   /// The port was closed, or its device went away.
   Signal<> Closed;
@@ -54,6 +57,9 @@ class Ports {
   void CloseLine();
   void ShowClosed();
   void UsePort(int port);
+  bool Opens(int port);
+  bool LeadsOverNetwork(int port) const;
+  bool GiveUpOpening();
   std::string PresentDevice(int port) const;
 
   Platform& platform_;

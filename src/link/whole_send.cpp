@@ -143,8 +143,8 @@ void WholeSend::TellLoss() {
   platform_.dialogs.Show({.text = kPortClosedText,
                           .icon = BoxIcon::kCritical,
                           .remedy = ports_.LossText() + ". " + std::to_string(result_.wentOut) + " of " +
-                                    std::to_string(result_.planned) + " messages went out.\n" +
-                                    "Check cable and adapter, then press Open and send the setup again: " +
+                                    std::to_string(result_.planned) + " messages went out.\n" + "Check " +
+                                    ports_.Suspects() + ", then press Open and send the setup again: " +
                                     (progress_.closing ? "the unit has not confirmed that it took all of it."
                                                        : "the unit does not hold all of it.") +
                                     " The configuration is as it was."});

@@ -40,7 +40,12 @@ class MSComm {
   /// Opens or closes the port. If it can't be opened, it stays closed and this throws kErrPort with a
   /// description that names the device, the reason and the remedy. Closing never fails and discards both
   /// buffers.
+  ///
+  /// Opening an address pumps events until the connection is up, 3 s at most. Closing the port meanwhile, or
+  /// the end of the program, gives the opening up: it returns with the port closed.
   virtual void SetPortOpen(bool open) = 0;
+  /// Whether an opening is under way.
+  virtual bool Opening() const { return false; }
 
   /// Queues bytes for sending; does not wait for the line. Does nothing on a closed port.
   virtual void Output(std::span<const std::uint8_t> bytes) = 0;
@@ -72,7 +77,8 @@ class MSComm {
   virtual void LookForDevices() {}
   /// The device behind a port number ("/dev/ttyUSB0"), empty if there is none.
   virtual std::string DeviceName(int port) const = 0;
-  /// Whether that device is present now; a device that the user named need not be.
+  /// Whether that device is present now; a device that the user named need not be. An address counts as
+  /// present: only a connection would show.
   virtual bool DeviceIsThere(int port) const = 0;
 
  protected:

@@ -2,19 +2,12 @@
 #include "platform/port_map.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
+#include "platform/device_address.h"
 #include "platform/settings_keys.h"
 
 namespace marlinset {
 namespace {
-
-/// One device can have several names: /dev/serial/by-id holds links.
-bool SameDevice(const std::string& a, const std::string& b) {
-  std::error_code noneOfThem;
-  return a == b || std::filesystem::equivalent(a, b, noneOfThem);
-}
 
 template <class Range>
 bool Lists(const Range& devices, const std::string& device) {
@@ -41,9 +34,9 @@ std::string_view CutNumber(std::string_view& name) {
 
 PortMap::PortMap(const Paths& explicitPaths, const SettingsStore& settings, Finder finder)
     : chosen_(explicitPaths), finder_(std::move(finder)) {
-  for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    std::string& path = chosen_[static_cast<std::size_t>(port - kLowestPort)];
-    if (path.empty()) path = settings.GetSetting(DeviceKey(port), "");
+  for (std::size_t i = 0; i < chosen_.size(); ++i) {
+    fixed_[i] = !chosen_[i].empty();
+    if (!fixed_[i]) chosen_[i] = settings.GetSetting(DeviceKey(kLowestPort + static_cast<int>(i)), "");
   }
   Refresh();
 }
@@ -58,15 +51,30 @@ std::string* PortMap::NumberFor(const std::vector<std::string>& present) {
   return nullptr;
 }
 
-void PortMap::Refresh() {
+std::vector<std::string> PortMap::Found() const {
   std::vector<std::string> present = finder_();
   std::sort(present.begin(), present.end(), NaturalLess);
+  return present;
+}
+
+void PortMap::Refresh() {
+  const std::vector<std::string> present = Found();
   for (const std::string& device : present) {
     if (Lists(chosen_, device) || Lists(found_, device)) continue;
     std::string* number = NumberFor(present);
     if (!number) return;
     *number = device;
   }
+}
+
+void PortMap::Choose(int port, const std::string& device) {
+  const auto i = static_cast<std::size_t>(port - kLowestPort);
+  chosen_.at(i) = device;
+  found_[i].clear();
+  for (std::string& found : found_) {
+    if (Lists(chosen_, found)) found.clear();
+  }
+  Refresh();
 }
 
 std::string PortMap::Device(int port) const {

@@ -8,8 +8,8 @@
 
 #include "app/unit/unit_json.h"
 #include "app/unit/unit_server.h"
+#include "platform/qt/qt_line.h"
 #include "platform/qt/qt_pump.h"
-#include "platform/qt/qt_serial_port.h"
 #include "tests/platform/qt/qt_environment.h"
 #include "tests/support/link_rig.h"
 #include "tests/support/temp_folder.h"
@@ -83,8 +83,8 @@ struct Surroundings {
   std::optional<WiredUnit> unit;
 };
 
-struct RealLine : Surroundings, QtSerialPort {
-  RealLine(PatientPump& /*pump*/, const UnitSettings& settings) : QtSerialPort(guard, ports) {
+struct RealLine : Surroundings, QtLine {
+  RealLine(PatientPump& pump, const UnitSettings& settings) : QtLine(guard, ports, pump) {
     unit.emplace(settings, device);
   }
 };

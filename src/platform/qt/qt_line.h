@@ -2,40 +2,39 @@
 #pragma once
 
 #include <QObject>
-#include <QSerialPort>
 #include <QTimer>
 #include <deque>
 
 #include "controls/guard.h"
 #include "platform/ms_comm.h"
 #include "platform/port_map.h"
+#include "platform/qt/network_device.h"
+#include "platform/qt/serial_device.h"
 #include "wire/reply_gate.h"
 
 namespace marlinset {
 
-/// The serial line on QSerialPort, for ports and for pseudo terminals by path. Qt's loop delivers each
-/// event separately and under the guard, so handlers may pump, show boxes, and open and close the
-/// port.
-///
-/// A line that takes no bytes (its far end has stopped it) stays open. Bytes that it does not take within a
-/// second are discarded (OutputDiscards), so that their sender does not wait for ever.
+/// The line of the real programs: through a serial device or a pseudo terminal by path, or over the network
+/// by address. Qt's loop delivers each event separately and under the guard, so handlers may pump, show
+/// boxes, and open and close the port. The pump is that of the program, for the wait of a connection.
 ///
 /// The receive buffer holds 1024 bytes. Further bytes are lost, and kCommOverflow reports that once until the
 /// tool has read or discarded some bytes.
-class QtSerialPort : public MSComm {
+class QtLine : public MSComm {
  public:
-  QtSerialPort(Guard& guard, PortMap& ports);
-  ~QtSerialPort() override;
+  QtLine(Guard& guard, PortMap& ports, EventPump& pump);
+  ~QtLine() override;
 
   int CommPort() const override { return port_; }
   /// Throws InvalidPropertyValue outside 1 to 4.
   void SetCommPort(int port) override;
   bool PortOpen() const override;
   void SetPortOpen(bool open) override;
+  bool Opening() const override { return opening_; }
 
   void Output(std::span<const std::uint8_t> bytes) override;
   std::size_t OutBufferCount() const override;
-  int OutputDiscards() const override { return discards_; }
+  int OutputDiscards() const override { return serial_.Discards() + network_.Discards(); }
   std::size_t InBufferCount() const override { return received_.size(); }
   void DiscardInput() override;
   std::uint8_t Input() override;
@@ -50,13 +49,11 @@ class QtSerialPort : public MSComm {
  private:
   void Open();
   void Close();
-  void TakeArrivals();
+  void TakeArrivals(std::span<const std::uint8_t> bytes);
   void LineWasQuiet();
   void Deliver();
-  void NoteError(QSerialPort::SerialPortError error);
-  bool HungUp() const;
+  void NoteLoss();
   void CloseLost();
-  void PressOn();
   void RaiseLater(int event);
   void Raise(int event);
 
@@ -64,18 +61,17 @@ class QtSerialPort : public MSComm {
   PortMap& ports_;
   int port_ = kLowestPort;
   int event_ = 0;
+  bool opening_ = false;
   bool closePending_ = false;  ///< the device has gone, and the close that follows is pending
   bool deviceGone_ = false;    ///< it has gone since the port was last opened; closing does not reset it
   bool overflowing_ = false;   ///< bytes were lost since the tool last made room
   ReplyGate gate_;
   std::deque<std::uint8_t> received_;
-  QSerialPort serial_;
-  QTimer gap_;          ///< ends when the line has been quiet for long enough
-  QTimer retry_;        ///< runs while bytes wait for a line that takes none
-  int retries_ = 0;     ///< in a row that sent nothing
-  qint64 waiting_ = 0;  ///< bytes, at the last of them
-  int discards_ = 0;    ///< of bytes that waited to be sent
-  QObject listener_;    ///< receives everything from Qt; destroyed first, with its pending events
+  QTimer gap_;  ///< ends when the line has been quiet for long enough
+  SerialDevice serial_;
+  NetworkDevice network_;
+  LineDevice* device_ = &serial_;  ///< of the port that was opened last
+  QObject listener_;               ///< receives everything from Qt; destroyed first, with its pending events
 };
 
 }  // namespace marlinset

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/qt_serial_port.h"
+#include "platform/qt/qt_line.h"
 
 #include <grp.h>
 #include <sys/file.h>
@@ -24,8 +24,8 @@ const Bytes kReply = {0x02, 0x11, 0x0F, 0x00, 0x36, 'H', 'D', '7', '3', '4',
                       '0',  ' ',  'V',  '1',  '.',  '2', ' ', '0', '7', 0x7F};
 
 /// A port on a pseudo terminal that records what OnComm reports.
-struct QtSerialPortTest : testing::Test {
-  QtSerialPortTest() {
+struct QtLineTest : testing::Test {
+  QtLineTest() {
     port.OnComm([this] {
       events.push_back(port.CommEvent());
       if (onEvent) onEvent();
@@ -53,12 +53,12 @@ struct QtSerialPortTest : testing::Test {
   PseudoTerminal unit;
   MemorySettings settings;
   PortMap ports{{unit.Device()}, settings, [] { return std::vector<std::string>{}; }};
-  QtSerialPort port{bench.guard, ports};
+  QtLine port{bench.guard, ports, bench.pump};
   std::vector<int> events;
   std::function<void()> onEvent;
 };
 
-TEST_F(QtSerialPortTest, CarriesBytesAsTheyAreAndForgetsThoseFromBeforeTheOpening) {
+TEST_F(QtLineTest, CarriesBytesAsTheyAreAndForgetsThoseFromBeforeTheOpening) {
   port.SetPortOpen(true);
   SendPart({0x02, 0x11});
   port.SetPortOpen(false);
@@ -78,7 +78,7 @@ TEST_F(QtSerialPortTest, CarriesBytesAsTheyAreAndForgetsThoseFromBeforeTheOpenin
   EXPECT_EQ(port.CommEvent(), 0);
 }
 
-TEST_F(QtSerialPortTest, LooksForTheRestBeforeItGivesUpOnAFrame) {
+TEST_F(QtLineTest, LooksForTheRestBeforeItGivesUpOnAFrame) {
   port.SetPortOpen(true);
   SendPart({kReply.begin(), kReply.begin() + 5});
   unit.Send(std::span(kReply).subspan(5));
@@ -94,7 +94,7 @@ TEST_F(QtSerialPortTest, LooksForTheRestBeforeItGivesUpOnAFrame) {
   EXPECT_EQ(events, std::vector<int>{kCommReceive});
 }
 
-TEST_F(QtSerialPortTest, HearsTheLineWhileAHandlerPumpsAndAfterItFailed) {
+TEST_F(QtLineTest, HearsTheLineWhileAHandlerPumpsAndAfterItFailed) {
   port.SetPortOpen(true);
   std::vector<Bytes> replies;
   onEvent = [&] {
@@ -111,7 +111,7 @@ TEST_F(QtSerialPortTest, HearsTheLineWhileAHandlerPumpsAndAfterItFailed) {
   EXPECT_EQ(bench.dialogs.Texts(), std::vector<std::string>(3, "9  Subscript out of range"));
 }
 
-TEST_F(QtSerialPortTest, ReportsEachOverflowOnce) {
+TEST_F(QtLineTest, ReportsEachOverflowOnce) {
   port.SetPortOpen(true);
   const auto overflows = [this] { return std::count(events.begin(), events.end(), kCommOverflow); };
   for (int round = 1; round <= 2; ++round) {
@@ -142,7 +142,8 @@ void WithoutRights(const std::function<void()>& action) {
 std::string FailureOf(Guard& guard, const std::string& device) {
   const MemorySettings settings;
   PortMap ports({"", device}, settings, [] { return std::vector<std::string>{}; });
-  QtSerialPort port(guard, ports);
+  QtPump pump;
+  QtLine port(guard, ports, pump);
   port.SetCommPort(2);
   std::string text;
   WithoutRights([&] {
@@ -157,7 +158,7 @@ std::string FailureOf(Guard& guard, const std::string& device) {
   return text;
 }
 
-TEST_F(QtSerialPortTest, TellsADeviceThatIsGoneFromAFullLine) {
+TEST_F(QtLineTest, TellsADeviceThatIsGoneFromAFullLine) {
   onEvent = [this] { EXPECT_FALSE(port.PortOpen()); };
   port.SetPortOpen(true);
   const Bytes much(20000, std::uint8_t{0x55});
@@ -180,7 +181,7 @@ TEST_F(QtSerialPortTest, TellsADeviceThatIsGoneFromAFullLine) {
       << "neither held nor locked any more";
 }
 
-TEST_F(QtSerialPortTest, SaysWhyAPortCannotBeOpenedAndWhatHelps) {
+TEST_F(QtLineTest, SaysWhyAPortCannotBeOpenedAndWhatHelps) {
   const auto expect = [this](const std::string& device, const std::string& reason) {
     EXPECT_THAT(FailureOf(bench.guard, device), testing::StartsWith("Port 2 cannot be opened: " + reason));
   };
@@ -218,7 +219,7 @@ TEST_F(QtSerialPortTest, SaysWhyAPortCannotBeOpenedAndWhatHelps) {
   EXPECT_EQ(FailureOf(bench.guard, device), "") << "free again";
 }
 
-TEST_F(QtSerialPortTest, TakesOtherNamesOfADevice) {
+TEST_F(QtLineTest, TakesOtherNamesOfADevice) {
   const TempFolder folder;
   const std::string link = folder.File("unit");
   std::filesystem::create_symlink(unit.Device(), link);
@@ -232,7 +233,7 @@ TEST_F(QtSerialPortTest, TakesOtherNamesOfADevice) {
   const std::string dangling = folder.File("pulled");
   std::filesystem::create_symlink("/dev/ttyUSB77", dangling);
   PortMap named({link, dangling, "/dev/ttyUSB77"}, settings, [] { return std::vector<std::string>{}; });
-  const QtSerialPort other(bench.guard, named);
+  const QtLine other(bench.guard, named, bench.pump);
   EXPECT_TRUE(other.DeviceIsThere(1));
   for (const int absent : {2, 3, 4}) EXPECT_FALSE(other.DeviceIsThere(absent)) << absent;
 }

@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/network_device.h"
+
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
+#include <QByteArray>
+#include <QNetworkProxy>
+#include <algorithm>
+#include <iterator>
+
+#include "base/runtime_error.h"
+#include "platform/qt/host_lookup.h"
+
+namespace marlinset {
+namespace {
+
+/// So long a server that has refused something may change its mind.
+constexpr int kSecondThoughtsMs = 500;
+/// A far end that makes us answer this much without reading any of it is no device server.
+constexpr qint64 kMostUnreadAnswers = 64 * 1024;
+
+// Where a network is unplugged, nothing comes back: ask after this many quiet seconds, then so often.
+constexpr int kQuietSeconds = 4;
+constexpr int kProbeSeconds = 2;
+constexpr int kProbes = 3;
+
+const char* const kNoRfc2217 =
+    "If the server passes the bare bytes on, write tcp:// in place of rfc2217://; otherwise switch RFC 2217 "
+    "on "
+    "in the settings of that port.";
+const char* const kOneProgram =
+    "Check the port number in the address, and that the device server serves that port. Many servers serve "
+    "one "
+    "program at a time: close the other one.";
+
+/// A limit that only has to end: it is over when it is no longer enabled.
+struct Limit : Timer {
+  Limit(EventPump& pump, Guard& guard, int milliseconds) : Timer(pump, guard, "connecting", milliseconds) {
+    OnTick([this] { SetEnabled(false); });
+    SetEnabled(true);
+  }
+};
+
+std::string Where(const DeviceAddress& address) {
+  return address.HostText() + " on port " + std::to_string(address.port);
+}
+
+RuntimeError NoAnswer(const DeviceAddress& address, const std::string& reason) {
+  return {
+      kErrPort, "no answer from " + Where(address) + reason + ".",
+      "Check the address, that the device server is switched on, and the network in between; a firewall may "
+      "be in the way."};
+}
+
+RuntimeError Refused(const DeviceAddress& address) {
+  return {kErrPort, "connection refused by " + Where(address) + ".", kOneProgram};
+}
+
+RuntimeError UnknownHost(const DeviceAddress& address, bool unanswered) {
+  return {kErrPort, "unknown host " + address.host + (unanswered ? ": no name server answers." : "."),
+          "Check the spelling of the name, or write the address in numbers."};
+}
+
+RuntimeError NoRfc2217(const DeviceAddress& address, const std::string& trouble) {
+  return {kErrPort, Where(address) + " does not speak RFC 2217: " + trouble + ".", kNoRfc2217};
+}
+
+/// Where nobody listens on one of this computer's own ports, the system may connect a socket to itself.
+bool ToItself(const QTcpSocket& socket) {
+  return socket.localPort() == socket.peerPort() && socket.localAddress() == socket.peerAddress();
+}
+
+}  // namespace
+
+NetworkDevice::NetworkDevice(Guard& guard, EventPump& pump)
+    : guard_(guard), pump_(pump), silence_(pump, guard, "silence", kSilenceMs) {
+  socket_.setProxy(QNetworkProxy::NoProxy);  // the desktop's is for web pages
+  silence_.OnTick([this] { GiveUpSilent(); });
+  QObject::connect(&socket_, &QTcpSocket::readyRead, &listener_, [this] { TakeArrivals(); });
+  QObject::connect(&socket_, &QTcpSocket::bytesWritten, &listener_, [this] {
+    silence_.SetEnabled(false);
+    if (socket_.bytesToWrite() > 0) silence_.SetEnabled(true);
+  });
+  // Only this: an error may also be a look for bytes that finds none.
+  QObject::connect(&socket_, &QTcpSocket::disconnected, &listener_, [this] {
+    gone_ = true;
+    silence_.SetEnabled(false);
+    if (open_) onLost();
+  });
+}
+
+void NetworkDevice::Open(const std::string& name) {
+  const DeviceAddress address = ParseAddress(name);
+  control_.reset();
+  givenUp_ = false;
+  const Limit limit(pump_, guard_, kConnectMs);
+  try {
+    Connect(address, limit);
+    if (address.rfc2217 && !GivenUp()) Negotiate(address, limit);
+  } catch (const RuntimeError&) {
+    Drop();
+    throw;
+  }
+  open_ = !GivenUp();
+  if (!open_) Drop();
+}
+
+void NetworkDevice::Await(const Timer& limit, const std::function<bool()>& done) {
+  while (!done() && limit.Enabled() && !GivenUp()) pump_.Pump();
+}
+
+void NetworkDevice::Connect(const DeviceAddress& address, const Timer& limit) {
+  const std::vector<QHostAddress> hosts = LookUp(address, limit);
+  bool refused = false;
+  for (const QHostAddress& host : hosts) {
+    if (TryHost(host, address.port, limit, kConnectMs / static_cast<int>(hosts.size())) || GivenUp()) return;
+    refused = refused || socket_.error() == QAbstractSocket::ConnectionRefusedError;
+  }
+  if (refused) throw Refused(address);
+  const bool told = limit.Enabled() && socket_.error() != QAbstractSocket::UnknownSocketError;
+  throw NoAnswer(address, told ? " (" + socket_.errorString().toStdString() + ")" : "");
+}
+
+std::vector<QHostAddress> NetworkDevice::LookUp(const DeviceAddress& address, const Timer& limit) {
+  const HostLookup lookup(address.host);
+  Await(limit, [&lookup] { return lookup.Done(); });
+  if (GivenUp()) return {QHostAddress()};
+  if (!lookup.Done()) throw UnknownHost(address, true);
+  if (lookup.Addresses().empty()) throw UnknownHost(address, lookup.Unanswered());
+  return lookup.Addresses();
+}
+
+bool NetworkDevice::TryHost(const QHostAddress& host, int port, const Timer& limit, int mostMs) {
+  socket_.abort();
+  if (GivenUp()) return false;
+  gone_ = false;
+  socket_.connectToHost(host, static_cast<quint16>(port));
+  const Limit turn(pump_, guard_, mostMs);
+  Await(limit, [&] {
+    const QAbstractSocket::SocketState state = socket_.state();
+    return state == QAbstractSocket::ConnectedState || state == QAbstractSocket::UnconnectedState ||
+           !turn.Enabled();
+  });
+  if (socket_.state() != QAbstractSocket::ConnectedState || ToItself(socket_)) return false;
+  WatchConnection();
+  return true;
+}
+
+/// Each frame leaves at once, and a network that is unplugged is noticed.
+void NetworkDevice::WatchConnection() {
+  const struct {
+    int level, name, value;
+  } kOptions[] = {{IPPROTO_TCP, TCP_NODELAY, 1},
+                  {SOL_SOCKET, SO_KEEPALIVE, 1},
+                  {IPPROTO_TCP, TCP_KEEPIDLE, kQuietSeconds},
+                  {IPPROTO_TCP, TCP_KEEPINTVL, kProbeSeconds},
+                  {IPPROTO_TCP, TCP_KEEPCNT, kProbes},
+                  {IPPROTO_TCP, TCP_USER_TIMEOUT, kSilenceMs},
+                  // Telnet's urgent byte is part of a command.
+                  {SOL_SOCKET, SO_OOBINLINE, 1}};
+  const auto descriptor = static_cast<int>(socket_.socketDescriptor());
+  for (const auto& option : kOptions)
+    setsockopt(descriptor, option.level, option.name, &option.value, sizeof option.value);
+}
+
+void NetworkDevice::Negotiate(const DeviceAddress& address, const Timer& limit) {
+  control_.emplace();
+  Send(control_->TakeOutput());
+  Timer secondThoughts(pump_, guard_, "second thoughts", kSecondThoughtsMs);
+  bool over = false;
+  secondThoughts.OnTick([&over] { over = true; });
+  using State = ComPortControl::State;
+  Await(limit, [&] {
+    const State state = control_->Progress();
+    if (state == State::kDoubtful) secondThoughts.SetEnabled(true);
+    return state == State::kReady || state == State::kHopeless || over || gone_;
+  });
+  const State state = control_->Progress();
+  if (GivenUp() || (state == State::kReady && !gone_)) return;
+  if (!gone_ || state == State::kHopeless || state == State::kDoubtful)
+    throw NoRfc2217(address, control_->Trouble());
+  const std::string words = control_->Words();
+  throw RuntimeError(kErrPort,
+                     Where(address) + " closes the connection" +
+                         (words.empty() ? "" : ", saying \"" + words + "\"") +
+                         " before it has spoken RFC 2217.",
+                     std::string(kOneProgram) + " " + kNoRfc2217);
+}
+
+void NetworkDevice::TakeArrivals() {
+  const QByteArray bytes = socket_.readAll();
+  std::span<const std::uint8_t> data(reinterpret_cast<const std::uint8_t*>(bytes.data()),
+                                     static_cast<std::size_t>(bytes.size()));
+  std::vector<std::uint8_t> plain;
+  if (control_) {
+    plain = control_->Receive(data);
+    data = plain;
+    Send(control_->TakeOutput());
+  }
+  if (!open_ || data.empty()) return;
+  ++arrivals_;
+  onInput(data);
+  if (control_ && socket_.bytesToWrite() > kMostUnreadAnswers) onLost();
+}
+
+void NetworkDevice::Write(std::span<const std::uint8_t> bytes) {
+  Send(control_ ? Telnet::Escaped(bytes) : std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
+}
+
+void NetworkDevice::Send(std::span<const std::uint8_t> bytes) {
+  if (bytes.empty()) return;
+  socket_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+  socket_.flush();
+  if (socket_.bytesToWrite() > 0) silence_.SetEnabled(true);
+}
+
+std::size_t NetworkDevice::BytesToWrite() const {
+  return static_cast<std::size_t>(socket_.bytesToWrite());
+}
+
+bool NetworkDevice::HoldsInput() const {
+  return SystemHoldsInput(static_cast<int>(socket_.socketDescriptor()));
+}
+
+bool NetworkDevice::TakeInput() {
+  const unsigned before = arrivals_;
+  socket_.waitForReadyRead(0);
+  return arrivals_ != before;
+}
+
+void NetworkDevice::GiveUpSilent() {
+  ++discards_;
+  socket_.abort();
+}
+
+void NetworkDevice::Close() {
+  givenUp_ = true;
+  open_ = false;
+  if (socket_.bytesToWrite() > 0) ++discards_;
+  Drop();
+}
+
+/// Bytes that nobody has read would make the system end the connection with a reset, and a server that gets
+/// one forgets what it has not passed on yet.
+void NetworkDevice::Drop() {
+  silence_.SetEnabled(false);
+  if (socket_.state() == QAbstractSocket::ConnectedState) {
+    const auto descriptor = static_cast<int>(socket_.socketDescriptor());
+    shutdown(descriptor, SHUT_WR);
+    char unread[4096];
+    for (int i = 0; i < 16 && recv(descriptor, unread, sizeof unread, MSG_DONTWAIT) > 0;) ++i;
+  }
+  socket_.abort();
+}
+
+}  // namespace marlinset
