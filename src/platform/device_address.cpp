@@ -97,7 +97,7 @@ std::optional<std::uint32_t> IPv4Of(std::string_view text) {
 bool AddGroups(std::string_view text, bool last, std::vector<std::uint16_t>& groups) {
   if (text.empty()) return true;
   const std::vector<std::string_view> parts = Split(text, ':');
-  for (const std::string_view part : parts) {
+  for (const std::string_view& part : parts) {
     const auto ipv4 = last && &part == &parts.back() ? IPv4Of(part) : std::nullopt;
     const auto group = part.size() <= 4 ? NumberOf(part, 16, 0xFFFF) : std::nullopt;
     if (!ipv4 && !group) return false;
@@ -187,12 +187,21 @@ std::string Read(std::string_view device, DeviceAddress& address) {
   if (!bracket && !NameFault(host).empty()) return NameFault(host);
   std::string_view port = rest.substr(std::min(end, rest.size()));
   if (bracket) port.remove_prefix(1);
-  if (!port.empty() && !port.starts_with(':')) return PortFault(port);
+  if (!port.empty() && !port.starts_with(':'))
+    return std::string("a colon and the port number have to follow the bracket.") + kExample;
   if (!port.empty()) port.remove_prefix(1);
   if (std::string fault = PortFault(port); !fault.empty()) return fault;
   address.host = host;
   address.port = *NumberOf(port, 10, kHighestTcpPort);
   return {};
+}
+
+/// The path behind all links; a name without a folder is also looked up in /dev. Empty if there is no such
+/// file. (std::filesystem::equivalent does not compare devices.)
+std::filesystem::path RealPath(const std::string& name) {
+  std::error_code unknown;
+  const std::filesystem::path path = std::filesystem::canonical(name, unknown);
+  return unknown ? std::filesystem::canonical("/dev/" + name, unknown) : path;
 }
 
 /// The same for all spellings of one host and port.
@@ -232,8 +241,8 @@ DeviceAddress ParseAddress(std::string_view device) {
 bool SameDevice(const std::string& a, const std::string& b) {
   if (a == b) return true;
   if (!IsAddress(a) && !IsAddress(b)) {
-    std::error_code noneOfThem;
-    return std::filesystem::equivalent(a, b, noneOfThem);
+    const std::filesystem::path real = RealPath(a);
+    return !real.empty() && real == RealPath(b);
   }
   DeviceAddress left;
   DeviceAddress right;

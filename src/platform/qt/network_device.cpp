@@ -179,14 +179,12 @@ void NetworkDevice::Negotiate(const DeviceAddress& address, const Timer& limit) 
   });
   const State state = control_->Progress();
   if (GivenUp() || (state == State::kReady && !gone_)) return;
-  if (!gone_ || state == State::kHopeless || state == State::kDoubtful)
-    throw NoRfc2217(address, control_->Trouble());
+  if (!gone_ || state != State::kPending) throw NoRfc2217(address, control_->Trouble());
   const std::string words = control_->Words();
-  throw RuntimeError(kErrPort,
-                     Where(address) + " closes the connection" +
-                         (words.empty() ? "" : ", saying \"" + words + "\"") +
-                         " before it has spoken RFC 2217.",
-                     std::string(kOneProgram) + " " + kNoRfc2217);
+  if (!words.empty())
+    throw RuntimeError(kErrPort, Where(address) + " closes the connection, saying \"" + words + "\".",
+                       kOneProgram);
+  throw NoRfc2217(address, "it closes the connection");
 }
 
 void NetworkDevice::TakeArrivals() {

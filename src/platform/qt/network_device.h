@@ -30,6 +30,7 @@ class NetworkDevice : public LineDevice {
   static constexpr int kSilenceMs = 10000;
 
   NetworkDevice(Guard& guard, EventPump& pump);
+  ~NetworkDevice() override { Drop(); }
 
   void Open(const std::string& name) override;
   void Close() override;
