@@ -47,6 +47,22 @@ std::unique_ptr<SettingsStore> OpenSettings(const std::string& file) try {
                      failure.Remedy() + "\nMove it away, or name another file with --settings.");
 }
 
+struct OneDevice {
+  OneDevice(int port, const std::string& device) {
+    PortMap::Paths paths;
+    At(paths, port - kLowestPort) = device;
+    map = std::make_unique<PortMap>(paths);
+  }
+  std::unique_ptr<PortMap> map;
+};
+
+/// A line with a map of its own.
+class LineApart : OneDevice, public QtLine {
+ public:
+  LineApart(Guard& guard, EventPump& pump, int port, const std::string& device)
+      : OneDevice(port, device), QtLine(guard, *map, pump) {}
+};
+
 }  // namespace
 
 std::string WholePath(const std::string& path) {
@@ -81,6 +97,8 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
   programFolder_ = WholePath(programFolder_);
   settings_ = OpenSettings(options.settingsFile);
   if (clock == ClockKind::kVirtual) {
+    portMap_ =
+        std::make_unique<PortMap>(options.ports, *settings_, [] { return std::vector<std::string>{}; });
     pump_ = std::make_unique<VirtualPump>();
     line_ = std::make_unique<NoLine>();
     return;
@@ -95,8 +113,20 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
 }
 
 Platform Computer::MakePlatform(MSComm& line) {
-  return {*pump_,      line,   engine_,   dialogs_, *settings_,    guard_,
-          fileDialog_, files_, *printer_, desktop_, programFolder_};
+  return {*pump_,         line,
+          engine_,        dialogs_,
+          *settings_,     guard_,
+          fileDialog_,    files_,
+          *printer_,      desktop_,
+          programFolder_, nullptr,
+          portMap_.get(), [this](int port, const std::string& device) { return MakeLine(port, device); }};
+}
+
+std::unique_ptr<MSComm> Computer::MakeLine(int port, const std::string& device) {
+  std::unique_ptr<MSComm> line = std::make_unique<NoLine>();
+  if (dynamic_cast<QtPump*>(pump_.get())) line = std::make_unique<LineApart>(guard_, *pump_, port, device);
+  line->SetCommPort(port);
+  return line;
 }
 
 }  // namespace marlinset

@@ -65,6 +65,8 @@ class Computer {
   Platform MakePlatform(MSComm& line);
 
  private:
+  std::unique_ptr<MSComm> MakeLine(int port, const std::string& device);
+
   Dialogs& dialogs_;
   FileDialog& fileDialog_;
   LocalFiles files_;

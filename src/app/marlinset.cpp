@@ -12,6 +12,7 @@
 #include "gui/guide_window.h"
 #include "gui/main_window.h"
 #include "gui/parameter_dialogs.h"
+#include "gui/port_window.h"
 #include "gui/qt_dialogs.h"
 #include "gui/qt_file_dialog.h"
 #include "gui/qt_form_printer.h"
@@ -77,6 +78,8 @@ WindowRun::WindowRun(const WindowOptions& options)
       tool_(MakePlatform()) {
   AddParameterWindows(dialogs_, tool_.parameterDialogs.frmEditParameters,
                       tool_.parameterDialogs.frmDeleteParameter);
+  dialogs_.AddWindow(tool_.portDevices.form,
+                     [this](QWidget* parent) { return MakePortWindow(tool_.portDevices.form, parent); });
   dialogs_.AddWindow(tool_.about.form,
                      [this](QWidget* parent) { return MakeAboutWindow(tool_.about.form, parent); });
 }

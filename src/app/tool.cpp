@@ -22,6 +22,7 @@ Tool::Tool(const Platform& computer)
       videoStandard(variables, form, panels),
       parameterList(variables, form, panels, commands),
       parameterDialogs(platform, variables, database, parameterList, form),
+      portDevices(platform, form, ports),
       panelRules(platform, variables, form, commands),
       pictureRules(platform, variables, form, panelRules.Windows()),
       configurationFile(platform, variables, form, panels),
@@ -65,7 +66,8 @@ bool Tool::Start(const std::string& commandText, bool resume) {
 }
 
 std::vector<Form*> Tool::Forms() {
-  return {&form, &parameterDialogs.frmEditParameters, &parameterDialogs.frmDeleteParameter, &about.form};
+  return {&form, &parameterDialogs.frmEditParameters, &parameterDialogs.frmDeleteParameter, &portDevices.form,
+          &about.form};
 }
 
 }  // namespace marlinset

@@ -29,6 +29,7 @@
 #include "panels/parameter_dialogs.h"
 #include "panels/parameter_list.h"
 #include "panels/picture_rules.h"
+#include "panels/port_devices.h"
 #include "panels/recent_files.h"
 #include "panels/recovery.h"
 #include "panels/start_up.h"
@@ -84,6 +85,7 @@ class Tool {
   VideoStandard videoStandard;
   ParameterList parameterList;
   ParameterDialogs parameterDialogs;
+  PortDevices portDevices;
   PanelRules panelRules;
   PictureRules pictureRules;
   ConfigurationFile configurationFile;

@@ -144,7 +144,7 @@ void AddGuide(Menu& menu, MenuItem& item, const WindowHooks& hooks) {
 
 void FillOptions(Menu& menu, FrmStart& form, const WindowHooks& hooks) {
   AddPorts(menu, form, hooks);
-  menu.addSeparator();
+  AddLines(menu, {{&form.mnuPorts, 'P'}, {}});
   AddSubMenu(menu, form.mnuHardwareType, 'H',
              {{&form.mnuHD7340, 'H', Mark::kChoice}, {&form.mnuHD7340Q, 'Q', Mark::kChoice}});
   AddLines(menu, {{}, {&form.mnuAuto, 'A', Mark::kChoice}, {&form.mnuMan, 'M', Mark::kChoice}, {}});

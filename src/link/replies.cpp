@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string>
 
 #include "base/text.h"
@@ -35,8 +36,6 @@ bool Passes(std::span<const Run> runs, int command) {
 }
 
 constexpr int kVideoStatus = 52;
-constexpr int kIdentification = 53;
-constexpr int kFirmware = 54;
 constexpr int kBroadcastNotice = 187;
 
 constexpr int kNoVideoBit = 0x40;
@@ -59,6 +58,23 @@ std::string_view VideoStandardText(int code) {
                                                                  : std::string_view();
 }
 
+std::string_view ModelText(int code) {
+  const auto* found = std::find_if(std::begin(kModels), std::end(kModels),
+                                   [code](const Model& model) { return model.code == code; });
+  return found == std::end(kModels) ? std::string_view() : found->text;
+}
+
+void ReadFirmwareText(std::span<const std::uint8_t> frame, std::string& text) {
+  text.clear();
+  for (int i = 5; i <= 12; ++i) text += FromCodePage({At(frame, i)});
+  text += ' ';
+  for (int i = 13; i <= 15; ++i) text += HexByte(At(frame, i));
+  const std::string marker = FromCodePage({At(frame, 16)});
+  if (marker == "R") return;
+  text += " " + marker + " ";
+  for (int i = 17; i <= 19; ++i) text += HexByte(At(frame, i));
+}
+
 int VideoStandardCode(std::string_view text) {
   if (text.empty()) return 0;
   const auto* found = std::find(kStandards.begin(), kStandards.end(), text);
@@ -74,10 +90,10 @@ void Replies::DecodeQueryReply(std::span<const std::uint8_t> frame) {
     case kVideoStatus:
       ShowVideoStatus(frame);
       break;
-    case kIdentification:
+    case kIdentificationReply:
       ShowIdentification(frame);
       break;
-    case kFirmware:
+    case kFirmwareReply:
       TakeFirmwareText(frame);
       break;
     case kBroadcastNotice:
@@ -128,19 +144,9 @@ void Replies::ShowIdentification(std::span<const std::uint8_t> frame) {
                          SignedText(At(frame, 6)));
 }
 
-/// Builds the text from eight characters, a blank and six digits; then, unless the marker is "R", a blank,
-/// the marker, a blank and six more digits.
 void Replies::TakeFirmwareText(std::span<const std::uint8_t> frame) {
   form_.AboutTimer1.SetEnabled(false);
-  std::string& text = vars_.UnitIdText;
-  text.clear();
-  for (int i = 5; i <= 12; ++i) text += FromCodePage({At(frame, i)});
-  text += ' ';
-  for (int i = 13; i <= 15; ++i) text += HexByte(At(frame, i));
-  const std::string marker = FromCodePage({At(frame, 16)});
-  if (marker == "R") return;
-  text += " " + marker + " ";
-  for (int i = 17; i <= 19; ++i) text += HexByte(At(frame, i));
+  ReadFirmwareText(frame, vars_.UnitIdText);
 }
 
 void Replies::LeaveBroadcast() {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace marlinset {
@@ -20,6 +21,16 @@ inline constexpr int kManualBit = 0x80;
 std::string_view VideoStandardText(int code);
 /// The code of a video standard's text, 0 if it has none.
 int VideoStandardCode(std::string_view text);
+
+/// The commands of the replies that say who the unit is.
+inline constexpr std::uint8_t kIdentificationReply = 53;
+inline constexpr std::uint8_t kFirmwareReply = 54;
+/// The model of an identification's code, as panel 4 shows it; empty for an unknown code.
+std::string_view ModelText(int code);
+/// Reads the text of a firmware reply: eight characters, a blank and six digits; then, unless the marker is
+/// "R", a blank, the marker, a blank and six more digits. Throws SubscriptOutOfRange if the frame is too
+/// short; `text` holds then what it has.
+void ReadFirmwareText(std::span<const std::uint8_t> frame, std::string& text);
 
 /// Acts on checked frames. Only four matter to the tool: video status, identification, firmware text and the
 /// broadcast notice. Ignores others that units are known to send, and shows the rest as unknown. Throws

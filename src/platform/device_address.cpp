@@ -238,6 +238,10 @@ DeviceAddress ParseAddress(std::string_view device) {
   return address;
 }
 
+bool PathExists(const std::string& path) {
+  return !RealPath(path).empty();
+}
+
 bool SameDevice(const std::string& a, const std::string& b) {
   if (a == b) return true;
   if (!IsAddress(a) && !IsAddress(b)) {

@@ -28,6 +28,9 @@ std::string AddressFault(std::string_view device);
 /// Reads an address. Throws kErrPort, with AddressFault as its description, if it is wrong.
 DeviceAddress ParseAddress(std::string_view device);
 
+/// Whether a path leads to something now; a name without a folder is also looked up in /dev.
+bool PathExists(const std::string& path);
+
 /// Whether two names lead to one device: a path and a link to it, or two spellings of a host and its port.
 bool SameDevice(const std::string& a, const std::string& b);
 

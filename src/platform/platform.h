@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 
 namespace marlinset {
@@ -15,6 +17,7 @@ class FileDialog;
 class FileSystem;
 class FormPrinter;
 class Desktop;
+class PortMap;
 class WorkKeeper;
 
 /// What the computer offers to the tool. app/ (or a test) puts it together and passes it down by
@@ -34,6 +37,11 @@ struct Platform {
   std::string programFolder;
   /// Keeps unsaved work for the next run; null if no operator composes.
   WorkKeeper* work = nullptr;
+  /// Which devices ComP1 means by its port numbers; null if nobody may change that.
+  PortMap* portMap = nullptr;
+  /// Makes a line apart from ComP1 that knows one device, behind that port number. Closed; there if `portMap`
+  /// is.
+  std::function<std::unique_ptr<MSComm>(int port, const std::string& device)> makeLine = {};
 };
 
 }  // namespace marlinset

@@ -27,6 +27,9 @@ class PortMap {
 
   PortMap(const Paths& explicitPaths, const SettingsStore& settings, Finder finder);
 
+  /// A map of devices that are named once and for all.
+  explicit PortMap(const Paths& paths) : chosen_(paths), finder_([] { return std::vector<std::string>{}; }) {}
+
   /// Looks for new devices. They get free numbers or, if none are left, the numbers of devices that have
   /// gone.
   void Refresh();
