@@ -17,8 +17,8 @@
 namespace marlinset {
 namespace {
 
-constexpr int kDeviceFigures = 44;
-constexpr int kNoteLines = 2;
+constexpr int kDeviceFigures = 62;
+constexpr int kNoteLines = 3;
 
 /// Shows the list and the text of a box into which the operator may type.
 void ShowDevices(QComboBox& field, const ComboBox& control) {
@@ -57,7 +57,7 @@ QComboBox* MakeDeviceField(ComboBox& control, QDialog& window) {
   return field;
 }
 
-/// What is said about a device below it: in two lines, so that the window keeps its size.
+/// What is said about a device below it: with room for a failure and its remedy, so that the window keeps its size.
 QLabel* MakeNote(Label& control, QDialog& window) {
   QLabel* note = MakeLabel(control, &window);
   note->setWordWrap(true);

@@ -61,6 +61,7 @@ PortDevices::PortDevices(Platform& platform, FrmStart& mainForm, Ports& ports)
 void PortDevices::Show() {
   if (form.Visible() || !platform_.portMap) return;
   platform_.portMap->Refresh();
+  tested_.clear();
   for (const int port : form.comDevice.Indices()) Fill(port, platform_.portMap->Chosen(port));
   NoteAll();
   platform_.dialogs.ShowModal(form);
@@ -81,6 +82,7 @@ void PortDevices::Fill(int port, const std::string& device) {
 
 void PortDevices::SearchAgain() {
   platform_.portMap->Refresh();
+  tested_.clear();
   for (const int port : form.comDevice.Indices()) Fill(port, Named(port));
   NoteAll();
 }
@@ -97,13 +99,14 @@ std::string PortDevices::Named(int port) const {
 void PortDevices::NoteAll() {
   for (const int port : form.comDevice.Indices()) {
     form.comDevice(port).SetEnabled(!platform_.portMap->Fixed(port) && !Opened(port));
-    form.cmdTest(port).SetEnabled(!testing_);
     form.lblNote(port).SetCaption(NoteOf(port));
   }
   form.cmdStop.SetEnabled(testing_);
 }
 
 std::string PortDevices::NoteOf(int port) const {
+  if (const auto tested = tested_.find(port); tested != tested_.end() && tested->second.device == Named(port))
+    return tested->second.text;
   if (Opened(port)) return "Open. Close the port to give it another device.";
   if (platform_.portMap->Fixed(port))
     return "Named on the command line (--com" + std::to_string(port) + "), which goes before the settings.";
@@ -132,15 +135,15 @@ std::string PortDevices::NoteOfDevice(int port) const {
 void PortDevices::Test(int port) {
   if (testing_) return;
   testing_ = true;
+  tested_[port] = {Named(port), "Asking…"};
   NoteAll();
-  form.lblNote(port).SetCaption("Asking…");
   std::string text;
   Finally([&] { text = TestText(port); },
           [&] {
             testing_ = false;
+            tested_[port].text = text;
             NoteAll();
           });
-  form.lblNote(port).SetCaption(text);
 }
 
 std::string PortDevices::TestText(int port) {
@@ -152,7 +155,9 @@ std::string PortDevices::TestText(int port) {
   if (line.PortOpen() && SameDevice(device, line.DeviceName(line.CommPort())))
     return "Not tested: port " + std::to_string(line.CommPort()) +
            " is open on this device. Ask the unit there with Get ID, or close the port first.";
-  return probe_.Identify(*platform_.makeLine(port, device));
+  const std::string text = probe_.Identify(*platform_.makeLine(port, device));
+  const std::string known = "Port " + std::to_string(port) + " cannot be opened: ";  // the row says which one
+  return text.starts_with(known) ? Sentence(text.substr(known.size())) : text;
 }
 
 void PortDevices::cmdOK_Click() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <map>
 #include <string>
 
 #include "core/frm_ports.h"
@@ -41,6 +42,11 @@ class PortDevices {
   Ports& ports_;
   UnitProbe probe_;
   bool testing_ = false;
+  struct Tested {
+    std::string device;  ///< as it was named
+    std::string text;    ///< what came of it
+  };
+  std::map<int, Tested> tested_;  ///< since the last search, by port
 };
 
 }  // namespace marlinset

@@ -130,12 +130,6 @@ bool ComPortControl::Web() const {
   return early_.starts_with("HTTP/");
 }
 
-std::string ComPortControl::Words() const {
-  const std::string line = early_.substr(0, early_.find_first_of("\r\n"));
-  const bool plain = std::all_of(line.begin(), line.end(), [](char c) { return c >= ' ' && c <= '~'; });
-  return plain ? line : std::string();
-}
-
 ComPortControl::State ComPortControl::Progress() const {
   if (Ready()) return State::kReady;
   if (received_ > kFlood || Web()) return State::kHopeless;

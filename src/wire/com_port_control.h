@@ -38,8 +38,8 @@ class ComPortControl {
   State Progress() const;
   /// What is missing, as the end of a sentence about the server: "it says nothing".
   std::string Trouble() const;
-  /// The first line that it has sent before it was ready, if that is plain text: some say so why they close.
-  std::string Words() const;
+  /// The beginning of the data that it has sent before it was ready: some say so why they close.
+  const std::string& Early() const { return early_; }
 
  private:
   static constexpr std::size_t kSettings = 5;

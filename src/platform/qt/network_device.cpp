@@ -18,6 +18,9 @@ namespace {
 
 /// So long a server that has refused something may change its mind.
 constexpr int kSecondThoughtsMs = 500;
+/// Servers greet at once.
+constexpr int kGreetingMs = 30;
+constexpr std::size_t kGreetingKept = 80;
 /// A far end that makes us answer this much without reading any of it is no device server.
 constexpr qint64 kMostUnreadAnswers = 64 * 1024;
 
@@ -64,7 +67,17 @@ RuntimeError UnknownHost(const DeviceAddress& address, bool unanswered) {
 }
 
 RuntimeError NoRfc2217(const DeviceAddress& address, const std::string& trouble) {
-  return {kErrPort, Where(address) + " does not speak RFC 2217: " + trouble + ".", kNoRfc2217};
+  return {kErrPort, "the server " + Where(address) + " does not speak RFC 2217: " + trouble + ".", kNoRfc2217};
+}
+
+/// Servers that serve somebody else, or cannot open their port, say so and close the connection. `otherwise`
+/// is for one that closes without a word.
+RuntimeError Closes(const DeviceAddress& address, const std::string& said, const RuntimeError& otherwise) {
+  std::string line = said.substr(std::min(said.find_first_not_of("\r\n"), said.size()));
+  line.erase(std::min(line.find_first_of("\r\n"), line.size()));
+  const bool plain = std::all_of(line.begin(), line.end(), [](char c) { return c >= ' ' && c <= '~'; });
+  if (line.empty() || !plain) return otherwise;
+  return {kErrPort, "the server " + Where(address) + " closes the connection, saying \"" + line + "\".", kOneProgram};
 }
 
 /// Where nobody listens on one of this computer's own ports, the system may connect a socket to itself.
@@ -94,11 +107,12 @@ NetworkDevice::NetworkDevice(Guard& guard, EventPump& pump)
 void NetworkDevice::Open(const std::string& name) {
   const DeviceAddress address = ParseAddress(name);
   control_.reset();
+  greeting_.clear();
   givenUp_ = false;
   const Limit limit(pump_, guard_, kConnectMs);
   try {
     Connect(address, limit);
-    if (address.rfc2217 && !GivenUp()) Negotiate(address, limit);
+    if (!GivenUp()) address.rfc2217 ? Negotiate(address, limit) : LetGreetingPass(address, limit);
   } catch (const RuntimeError&) {
     Drop();
     throw;
@@ -136,6 +150,7 @@ bool NetworkDevice::TryHost(const QHostAddress& host, int port, const Timer& lim
   socket_.abort();
   if (GivenUp()) return false;
   gone_ = false;
+  const std::int64_t begin = pump_.Now();
   socket_.connectToHost(host, static_cast<quint16>(port));
   const Limit turn(pump_, guard_, mostMs);
   Await(limit, [&] {
@@ -144,6 +159,7 @@ bool NetworkDevice::TryHost(const QHostAddress& host, int port, const Timer& lim
            !turn.Enabled();
   });
   if (socket_.state() != QAbstractSocket::ConnectedState || ToItself(socket_)) return false;
+  connectMs_ = pump_.Now() - begin;
   WatchConnection();
   return true;
 }
@@ -165,6 +181,15 @@ void NetworkDevice::WatchConnection() {
     setsockopt(descriptor, option.level, option.name, &option.value, sizeof option.value);
 }
 
+/// A greeting, or the reason of a server that closes at once, comes as long after the connection as that took.
+void NetworkDevice::LetGreetingPass(const DeviceAddress& address, const Timer& limit) {
+  const Limit greeting(pump_, guard_, kGreetingMs + static_cast<int>(connectMs_));
+  Await(limit, [&] { return !greeting.Enabled() || gone_; });
+  if (!gone_ || GivenUp()) return;
+  const RuntimeError closed(kErrPort, "the server " + Where(address) + " closes the connection at once.", kOneProgram);
+  throw Closes(address, greeting_, closed);
+}
+
 void NetworkDevice::Negotiate(const DeviceAddress& address, const Timer& limit) {
   control_.emplace();
   Send(control_->TakeOutput());
@@ -180,11 +205,7 @@ void NetworkDevice::Negotiate(const DeviceAddress& address, const Timer& limit) 
   const State state = control_->Progress();
   if (GivenUp() || (state == State::kReady && !gone_)) return;
   if (!gone_ || state != State::kPending) throw NoRfc2217(address, control_->Trouble());
-  const std::string words = control_->Words();
-  if (!words.empty())
-    throw RuntimeError(kErrPort, Where(address) + " closes the connection, saying \"" + words + "\".",
-                       kOneProgram);
-  throw NoRfc2217(address, "it closes the connection");
+  throw Closes(address, control_->Early(), NoRfc2217(address, "it closes the connection"));
 }
 
 void NetworkDevice::TakeArrivals() {
@@ -197,6 +218,8 @@ void NetworkDevice::TakeArrivals() {
     data = plain;
     Send(control_->TakeOutput());
   }
+  if (!open_ && greeting_.size() < kGreetingKept)
+    greeting_ += bytes.left(static_cast<qsizetype>(kGreetingKept)).toStdString();
   if (!open_ || data.empty()) return;
   ++arrivals_;
   onInput(data);

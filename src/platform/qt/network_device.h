@@ -4,8 +4,10 @@
 #include <QHostAddress>
 #include <QObject>
 #include <QTcpSocket>
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "controls/guard.h"
 #include "controls/timer.h"
@@ -21,6 +23,8 @@ namespace marlinset {
 /// Open pumps events until the connection is up and, for rfc2217://, the server has confirmed the settings of
 /// its port: together at most kConnectMs. Close, or the end of the program, ends that wait, and Open returns
 /// with the device closed.
+///
+/// What a server says when it is connected to, a greeting for example, is dropped: it is no unit's reply.
 ///
 /// A connection that breaks is a device that has gone. So is one whose far end has taken nothing for
 /// kSilenceMs, for example because the network is unplugged: bytes are never left out.
@@ -46,6 +50,7 @@ class NetworkDevice : public LineDevice {
   void Connect(const DeviceAddress& address, const Timer& limit);
   std::vector<QHostAddress> LookUp(const DeviceAddress& address, const Timer& limit);
   bool TryHost(const QHostAddress& host, int port, const Timer& limit, int mostMs);
+  void LetGreetingPass(const DeviceAddress& address, const Timer& limit);
   void Negotiate(const DeviceAddress& address, const Timer& limit);
   void WatchConnection();
   void TakeArrivals();
@@ -58,6 +63,8 @@ class NetworkDevice : public LineDevice {
   bool open_ = false;
   bool givenUp_ = false;                   ///< the opening under way was
   bool gone_ = false;                      ///< the far end has closed, or nothing takes a connection
+  std::int64_t connectMs_ = 0;             ///< how long the connection took
+  std::string greeting_;                   ///< the beginning of what came before the device was open
   unsigned arrivals_ = 0;                  ///< counts the data that came in
   std::optional<ComPortControl> control_;  ///< for rfc2217://
   QTcpSocket socket_;

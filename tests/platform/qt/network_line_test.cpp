@@ -42,9 +42,9 @@ class HeldPump : public QtPump {
 };
 
 /// What a server does with a connection: it answers the first bytes of the tool with `first`, those behind
-/// COM port control's first settings with `second`, and closes then if it `closes`.
+/// COM port control's first settings with `second`, and closes then if it `closes`. `says` comes before that.
 struct Manners {
-  QByteArray first, second = {};
+  QByteArray first, second = {}, says = {};
   bool closes = false;
   bool floods = false;
 };
@@ -70,6 +70,7 @@ class ScriptedServer {
     QObject::connect(socket, &QTcpSocket::bytesWritten, &listener_, [this] {
       if (manners_.floods) socket->write(QByteArray(8192, '\xFF').replace(0, 4096, QByteArray(4096, 'x')));
     });
+    socket->write(manners_.says);
     if (manners_.first.isEmpty()) End();
   }
   void Hear() {
@@ -161,10 +162,13 @@ TEST_F(NetworkLineTest, DistinguishesServersThatCannotServeIt) {
     pump.runs = false;
     ScriptedServer server(pump, c.manners);
     const std::string failure = Failure(server.Address("rfc2217"));
-    EXPECT_THAT(failure, testing::StartsWith("Port 1 cannot be opened: 127.0.0.1 on port "));
+    EXPECT_THAT(failure, testing::StartsWith("Port 1 cannot be opened: the server 127.0.0.1 on port "));
     EXPECT_THAT(failure, HasSubstr(c.words));
     EXPECT_LT(pump.Now(), 100 * NetworkDevice::kConnectMs);
   }
+  pump.runs = false;
+  ScriptedServer busy(pump, {.first = "", .says = "\r\nPort already in use\r\n", .closes = true});
+  EXPECT_THAT(Failure(busy.Address("tcp")), HasSubstr("closes the connection, saying \"Port already in use\"."));
   pump.runs = false;
   ScriptedServer agreeable(
       pump, {.first = Text({255, 254, 0, 255, 252, 0, 255, 254, 3}) + agrees, .second = Text(kConfirmed)});
@@ -202,7 +206,7 @@ TEST_F(NetworkLineTest, CarriesAllBytesBothWaysUntilTheConnectionBreaks) {
     pump.runs = false;
     const bool telnet = std::string(scheme) == "rfc2217";
     ScriptedServer server(
-        pump, telnet ? Manners{.first = Text(kDo), .second = Text(kConfirmed)} : Manners{.first = ""});
+        pump, telnet ? Manners{.first = Text(kDo), .second = Text(kConfirmed)} : Manners{.first = "", .says = "\r\na greeting\r\n"});
     ASSERT_EQ(Failure(server.Address(scheme)), "");
     std::vector<int> events;
     line->OnComm([&] { events.push_back(line->CommEvent()); });
