@@ -85,8 +85,9 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
   app.add_option("--command", options.commandText, "Operating mode, by name or id")->type_name("TEXT");
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     const std::string number = std::to_string(port);
-    app.add_option("--com" + number, At(options.ports, port - kLowestPort), "Device behind port " + number)
-        ->type_name("PATH|ADDRESS")
+    app.add_option("--com" + number, At(options.ports, port - kLowestPort),
+                   "Device behind port " + number + ": a path, tcp://HOST:PORT or rfc2217://HOST:PORT")
+        ->type_name("DEVICE")
         ->check(AddressFault);
   }
 }

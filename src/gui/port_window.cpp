@@ -57,7 +57,8 @@ QComboBox* MakeDeviceField(ComboBox& control, QDialog& window) {
   return field;
 }
 
-/// What is said about a device below it: with room for a failure and its remedy, so that the window keeps its size.
+/// What is said about a device below it: with room for a failure and its remedy, so that the window keeps its
+/// size.
 QLabel* MakeNote(Label& control, QDialog& window) {
   QLabel* note = MakeLabel(control, &window);
   note->setWordWrap(true);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QComboBox>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,6 +13,7 @@
 
 #include "gui/about_window.h"
 #include "gui/guide_window.h"
+#include "gui/port_window.h"
 #include "gui/qt_dialogs.h"
 #include "gui/qt_file_dialog.h"
 #include "gui/qt_form_printer.h"
@@ -64,6 +66,32 @@ TEST_F(DialogsTest, AQuestionWhoseReasonHasGoneAnswersNoAlsoUnderAnotherBox) {
   EXPECT_FALSE(ask());
   EXPECT_FALSE(plugged);
   EXPECT_FALSE(ask()) << "it does not even come up";
+}
+
+TEST_F(DialogsTest, ADeviceIsChosenOrTypedAndEscEndsATest) {
+  FrmPorts ports(guard_);
+  ports.comDevice(2).AddItem("/dev/ttyUSB0");
+  int stops = 0;
+  ports.cmdStop.SetEnabled(true);
+  ports.cmdStop.OnClick([&] { ++stops; });
+  QtDialogs dialogs;
+  dialogs.AddWindow(ports, [&](QWidget* parent) { return MakePortWindow(ports, parent); });
+  AtDialog([&] { dialogs.ShowModal(ports); },
+           [&](QWidget& window) {
+             auto& field = Widget<QComboBox>(window, "comDevice(2)");
+             field.setFocus();
+             QTest::keyClick(&field, Qt::Key_Down);
+             Settle();
+             EXPECT_EQ(ports.comDevice(2).ListIndex(), 0);
+             QTest::keyClicks(field.lineEdit(), "7");
+             Settle();
+             ports.lblNote(2).SetCaption("There is no such device now.");
+             EXPECT_EQ(field.currentText(), "/dev/ttyUSB07");
+             EXPECT_EQ(field.accessibleName(), "Com 2");
+             QTest::keyClick(&window, Qt::Key_Escape);
+           });
+  EXPECT_EQ(ports.comDevice(2).Text(), "/dev/ttyUSB07");
+  EXPECT_EQ(stops, 1);
 }
 
 TEST_F(DialogsTest, AWindowFollowsItsFormUntilEitherCloses) {

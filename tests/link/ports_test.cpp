@@ -41,6 +41,21 @@ TEST(Ports, ChooseTheRememberedOneOrTheFirst) {
   }
 }
 
+TEST(Ports, AreNotTriedWhereTheyLeadOverANetwork) {
+  LinkRig rig;
+  rig.line.SetPorts({1, 3});
+  rig.line.NameDevice(3, "tcp://rack7:4001");
+  rig.line.RefuseOpen("connection refused");
+  rig.ports.SetUpCom();
+  EXPECT_EQ(rig.vars.PortList, "3");
+  EXPECT_EQ(Which(rig, &MenuItem::Enabled), "3");
+  EXPECT_EQ(rig.vars.ComPortNumber, 3);
+  rig.line.RefuseOpen("");
+  rig.form.bOpen.Press();
+  rig.line.Vanish();
+  EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr("Check the network, the device server"));
+}
+
 TEST(Ports, OpenAndCloseAndShowIt) {
   LinkRig rig;
   rig.line.SetPorts({3});

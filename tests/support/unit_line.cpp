@@ -19,6 +19,7 @@ void UnitLine::SetPace(int bitsPerSecond) {
 }
 
 std::string UnitLine::DeviceName(int port) const {
+  if (const auto named = names_.find(port); named != names_.end()) return named->second;
   return ports_.contains(port) ? "unit" + std::to_string(port) : "";
 }
 

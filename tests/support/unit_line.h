@@ -32,6 +32,8 @@ class UnitLine : public MSComm {
   void SetGate(bool on) { gated_ = on; }
   /// The ports with a device; 1 at first.
   void SetPorts(std::set<int> ports) { ports_ = std::move(ports); }
+  /// The name of a port's device; "unit1" and so on at first.
+  void NameDevice(int port, std::string name) { names_[port] = std::move(name); }
   /// Makes every opening fail with this text; an empty one ends that.
   void RefuseOpen(std::string text) { refusal_ = std::move(text); }
 
@@ -90,6 +92,7 @@ class UnitLine : public MSComm {
   std::uint64_t arrivals_ = 0;
   std::uint64_t session_ = 0;  ///< counts openings and closings: what was on its way at one of them is lost
   std::set<int> ports_{1};
+  std::map<int, std::string> names_;
   std::string refusal_;
   bool gone_ = false;
   bool lost_ = false;

@@ -67,7 +67,8 @@ RuntimeError UnknownHost(const DeviceAddress& address, bool unanswered) {
 }
 
 RuntimeError NoRfc2217(const DeviceAddress& address, const std::string& trouble) {
-  return {kErrPort, "the server " + Where(address) + " does not speak RFC 2217: " + trouble + ".", kNoRfc2217};
+  return {kErrPort, "the server " + Where(address) + " does not speak RFC 2217: " + trouble + ".",
+          kNoRfc2217};
 }
 
 /// Servers that serve somebody else, or cannot open their port, say so and close the connection. `otherwise`
@@ -77,7 +78,8 @@ RuntimeError Closes(const DeviceAddress& address, const std::string& said, const
   line.erase(std::min(line.find_first_of("\r\n"), line.size()));
   const bool plain = std::all_of(line.begin(), line.end(), [](char c) { return c >= ' ' && c <= '~'; });
   if (line.empty() || !plain) return otherwise;
-  return {kErrPort, "the server " + Where(address) + " closes the connection, saying \"" + line + "\".", kOneProgram};
+  return {kErrPort, "the server " + Where(address) + " closes the connection, saying \"" + line + "\".",
+          kOneProgram};
 }
 
 /// Where nobody listens on one of this computer's own ports, the system may connect a socket to itself.
@@ -181,12 +183,14 @@ void NetworkDevice::WatchConnection() {
     setsockopt(descriptor, option.level, option.name, &option.value, sizeof option.value);
 }
 
-/// A greeting, or the reason of a server that closes at once, comes as long after the connection as that took.
+/// A greeting, or the reason of a server that closes at once, comes as long after the connection as that
+/// took.
 void NetworkDevice::LetGreetingPass(const DeviceAddress& address, const Timer& limit) {
   const Limit greeting(pump_, guard_, kGreetingMs + static_cast<int>(connectMs_));
   Await(limit, [&] { return !greeting.Enabled() || gone_; });
   if (!gone_ || GivenUp()) return;
-  const RuntimeError closed(kErrPort, "the server " + Where(address) + " closes the connection at once.", kOneProgram);
+  const RuntimeError closed(kErrPort, "the server " + Where(address) + " closes the connection at once.",
+                            kOneProgram);
   throw Closes(address, greeting_, closed);
 }
 

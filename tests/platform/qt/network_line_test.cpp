@@ -168,7 +168,8 @@ TEST_F(NetworkLineTest, DistinguishesServersThatCannotServeIt) {
   }
   pump.runs = false;
   ScriptedServer busy(pump, {.first = "", .says = "\r\nPort already in use\r\n", .closes = true});
-  EXPECT_THAT(Failure(busy.Address("tcp")), HasSubstr("closes the connection, saying \"Port already in use\"."));
+  EXPECT_THAT(Failure(busy.Address("tcp")),
+              HasSubstr("closes the connection, saying \"Port already in use\"."));
   pump.runs = false;
   ScriptedServer agreeable(
       pump, {.first = Text({255, 254, 0, 255, 252, 0, 255, 254, 3}) + agrees, .second = Text(kConfirmed)});
@@ -205,8 +206,8 @@ TEST_F(NetworkLineTest, CarriesAllBytesBothWaysUntilTheConnectionBreaks) {
     SCOPED_TRACE(scheme);
     pump.runs = false;
     const bool telnet = std::string(scheme) == "rfc2217";
-    ScriptedServer server(
-        pump, telnet ? Manners{.first = Text(kDo), .second = Text(kConfirmed)} : Manners{.first = "", .says = "\r\na greeting\r\n"});
+    ScriptedServer server(pump, telnet ? Manners{.first = Text(kDo), .second = Text(kConfirmed)}
+                                       : Manners{.first = "", .says = "\r\na greeting\r\n"});
     ASSERT_EQ(Failure(server.Address(scheme)), "");
     std::vector<int> events;
     line->OnComm([&] { events.push_back(line->CommEvent()); });
