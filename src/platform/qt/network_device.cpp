@@ -222,11 +222,15 @@ void NetworkDevice::TakeArrivals() {
     data = plain;
     Send(control_->TakeOutput());
   }
-  if (!open_ && greeting_.size() < kGreetingKept)
-    greeting_ += bytes.left(static_cast<qsizetype>(kGreetingKept)).toStdString();
-  if (!open_ || data.empty()) return;
-  ++arrivals_;
-  onInput(data);
+  if (!open_) {
+    if (greeting_.size() < kGreetingKept)
+      greeting_ += bytes.left(static_cast<qsizetype>(kGreetingKept)).toStdString();
+    return;
+  }
+  if (!data.empty()) {
+    ++arrivals_;
+    onInput(data);
+  }
   if (control_ && socket_.bytesToWrite() > kMostUnreadAnswers) onLost();
 }
 
