@@ -204,16 +204,23 @@ std::filesystem::path RealPath(const std::string& name) {
   return unknown ? std::filesystem::canonical("/dev/" + name, unknown) : path;
 }
 
-/// The same for all spellings of one host and port.
-std::string SpellingOf(const DeviceAddress& address) {
-  const std::string port = ":" + std::to_string(address.port);
-  std::string host = Lower(address.host);
+/// The same for all spellings of a host: this computer by its usual names, an IPv4 address as an IPv6 one.
+std::string SpellingOfHost(const std::string& name) {
+  std::string host = Lower(name);
+  if (host.ends_with('.')) host.pop_back();
   const std::size_t percent = host.find('%');
-  const auto groups = IPv6Of(std::string_view(host).substr(0, percent));
-  if (!groups) return (host.ends_with('.') ? host.substr(0, host.size() - 1) : host) + port;
+  if (host == "localhost" || host == "127.0.0.1") host = "::1";
+  const auto ipv4 = IPv4Of(host);
+  const auto groups = IPv6Of(ipv4 ? "::ffff:" + host : host.substr(0, percent));
+  if (!groups) return host;
   std::string spelling;
   for (const std::uint16_t group : *groups) spelling += std::to_string(group) + ",";
-  return spelling + (percent == std::string::npos ? "" : address.host.substr(percent)) + port;
+  return spelling + (percent == std::string::npos ? "" : name.substr(percent));
+}
+
+/// The same for all spellings of one host and port.
+std::string SpellingOf(const DeviceAddress& address) {
+  return SpellingOfHost(address.host) + ":" + std::to_string(address.port);
 }
 
 }  // namespace

@@ -101,7 +101,10 @@ TEST(DeviceAddress, OfOneDeviceHasManySpellings) {
                 {"null", "/dev/../dev/null", true},
                 {"/dev/null", "/dev/zero", false},
                 {"/dev/noSuch", "/dev/../dev/noSuch", false},
-                {"/dev/null", "tcp://rack7:1", false}};
+                {"/dev/null", "tcp://rack7:1", false},
+                {"tcp://localhost:1", "tcp://127.0.0.1:1", true},
+                {"tcp://[::1]:1", "tcp://LocalHost.:1", true},
+                {"tcp://[::ffff:192.0.2.7]:1", "tcp://192.0.2.7:1", true}};
   for (const auto& c : kCases) EXPECT_EQ(SameDevice(c.a, c.b), c.same) << c.a << " " << c.b;
 }
 
