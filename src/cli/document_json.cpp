@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/document_json.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <set>
@@ -191,6 +192,13 @@ QcfRecord RecordOf(const QcfField& list, const Json& json, int version) {
   return record;
 }
 
+/// "3, column 7" for a place that counts bytes from 1.
+std::string LineAndColumn(std::string_view text, std::size_t byte) {
+  const std::string_view before = text.substr(0, byte > 0 ? byte - 1 : 0);
+  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+  return std::to_string(line) + ", column " + std::to_string(before.size() - (before.rfind('\n') + 1) + 1);
+}
+
 }  // namespace
 
 Json DocumentJson(const QcfDocument& document) {
@@ -215,10 +223,15 @@ Json ParseJson(const std::string& text) {
     if (objects.back().size() > kMostKeys) wrong = "an object has more keys than any configuration";
     return wrong.empty();
   };
-  Json json = Json::parse(text, watch, false);
-  if (!wrong.empty()) throw std::runtime_error(wrong);
-  if (json.is_discarded()) throw std::runtime_error("is no JSON");
-  return json;
+  try {
+    Json json = Json::parse(text, watch);
+    if (wrong.empty()) return json;
+  } catch (const Json::parse_error& error) {
+    if (wrong.empty()) wrong = "is no JSON: line " + LineAndColumn(text, error.byte);
+  } catch (const Json::exception&) {
+    if (wrong.empty()) wrong = "is no JSON that can be read: a number is too large";
+  }
+  throw std::runtime_error(wrong);
 }
 
 QcfDocument DocumentOfJson(const Json& json) {

@@ -12,8 +12,9 @@ namespace marlinset {
 /// "loaded as" holds that number, or null if it can't be loaded.
 Json DocumentJson(const QcfDocument& document);
 
-/// Reads JSON text. Throws std::runtime_error if it is not JSON, if a key occurs twice in an object, because
-/// readers disagree on which one counts, or if objects have more keys than a configuration could have.
+/// Reads JSON text. Throws std::runtime_error if it is not JSON (with line and column), if a key occurs
+/// twice in an object, because readers disagree on which one counts, or if objects have more keys than a
+/// configuration could have.
 Json ParseJson(const std::string& text);
 
 /// The reverse, byte for byte. Throws std::runtime_error that says what is wrong and where, also for a text

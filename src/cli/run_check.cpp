@@ -8,52 +8,14 @@
 #include "cli/configuration_input.h"
 #include "cli/output.h"
 #include "cli/picture_json.h"
-#include "cli/queued_dialogs.h"
-#include "cli/terminal_run.h"
+#include "cli/trial_load.h"
 
 namespace marlinset {
 namespace {
 
-/// A tool for one file: it starts from the defaults, so that nothing of another file is left, and has neither
-/// a line nor waits.
-class CheckRun {
- public:
-  CheckRun(const CliOptions& options, const std::string& path)
-      : path_(path),
-        computer_(options.common, Computer::ClockKind::kVirtual, dialogs_, fileDialog_),
-        tool_(computer_.MakePlatform()) {
-    dialogs_.onShown = [this](const MessageBox& box, BoxAnswer) { boxes_.push_back(box.text); };
-    started_ = StartTool(tool_, options.common, false);
-    if (!started_) PrintBoxes();
-  }
-  bool Started() const { return started_; }
-
-  /// Loads the file and prints on standard error what the load changes in the setup. Throws
-  /// std::runtime_error that says why the file cannot be loaded. The remarks live as long as this run.
-  const std::vector<Remark>& Check() {
-    tool_.platform.fileDialog.FileName = path_;
-    tool_.configurationFile.ReadConfigFile();
-    if (tool_.configurationFile.LastRead() != ReadEnd::kLoaded) {
-      throw std::runtime_error(path_ + ": cannot be loaded: " + (boxes_.empty() ? "" : boxes_.back()));
-    }
-    PrintBoxes();
-    tool_.remarks.Refresh();
-    return tool_.remarks.Remarks();
-  }
-
- private:
-  void PrintBoxes() const {
-    for (const std::string& box : boxes_) PrintLine(Printable(path_ + ": " + box), stderr);
-  }
-
-  const std::string& path_;
-  std::vector<std::string> boxes_;
-  QueuedDialogs dialogs_;
-  QueuedFileDialog fileDialog_{dialogs_};
-  Computer computer_;
-  Tool tool_;
-  bool started_ = false;
-};
+void PrintBoxes(const TrialLoad& trial, const std::string& path) {
+  for (const std::string& box : trial.Boxes()) PrintLine(Printable(path + ": " + box), stderr);
+}
 
 void PrintRemarks(const std::string& path, const std::vector<Remark>& remarks, bool json) {
   if (json) return PrintJson({{"file", path}, {"remarks", RemarksJson(remarks)}});
@@ -69,9 +31,12 @@ int RunCheck(const CliOptions& options) {
   for (const std::string& path : options.configurations) {
     try {
       ReadConfiguration(path);
-      CheckRun run(options, path);
-      if (!run.Started()) return kExitStart;
-      const std::vector<Remark>& remarks = run.Check();
+      TrialLoad trial(options.common);  // for this file alone, so that nothing of another one is left
+      if (trial.Started()) trial.Load(path);
+      PrintBoxes(trial, path);
+      if (!trial.Started()) return kExitStart;
+      trial.tool.remarks.Refresh();
+      const std::vector<Remark>& remarks = trial.tool.remarks.Remarks();
       PrintRemarks(path, remarks, options.json);
       if (!remarks.empty() && status == kExitDone) status = kExitNotDone;
     } catch (const std::runtime_error& error) {

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/tool.h"
+#include "cli/commands.h"
+#include "cli/queued_dialogs.h"
+
+namespace marlinset {
+
+/// A tool that only loads configuration files. It starts from the defaults, and has neither a line nor waits.
+class TrialLoad {
+ public:
+  /// Uses the settings of the options; takes neither their devices nor their answers.
+  explicit TrialLoad(const CommonOptions& options);
+  /// Whether the tool has started; otherwise Boxes() says why not.
+  bool Started() const { return started_; }
+
+  /// Loads a file as File > Open does. Throws std::runtime_error that says why it cannot be loaded.
+  void Load(const std::string& path);
+  /// What the load had to say, or the start before the first one.
+  const std::vector<std::string>& Boxes() const { return boxes_; }
+
+ private:
+  std::vector<std::string> boxes_;
+  QueuedDialogs dialogs_;
+  QueuedFileDialog fileDialog_{dialogs_};
+  Computer computer_;
+  bool started_ = false;
+
+ public:
+  Tool tool;
+};
+
+}  // namespace marlinset
