@@ -77,12 +77,16 @@ std::string DocumentsFolder() {
   return (programs / MARLINSET_DOCUMENTS_FOLDER).lexically_normal().string();
 }
 
-void AddCommonOptions(CLI::App& app, CommonOptions& options) {
+void AddDataOptions(CLI::App& app, CommonOptions& options) {
   app.add_option("--program-folder", options.programFolder,
                  "Folder of shotsys.mdb and the default configuration")
       ->type_name("DIR");
-  app.add_option("--settings", options.settingsFile, "Settings store to use")->type_name("FILE");
   app.add_option("--command", options.commandText, "Operating mode, by name or id")->type_name("TEXT");
+}
+
+void AddCommonOptions(CLI::App& app, CommonOptions& options) {
+  AddDataOptions(app, options);
+  app.add_option("--settings", options.settingsFile, "Settings store to use")->type_name("FILE");
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     const std::string number = std::to_string(port);
     app.add_option("--com" + number, At(options.ports, port - kLowestPort),

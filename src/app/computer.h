@@ -42,7 +42,9 @@ std::string WholePath(const std::string& path);
 /// The folder of the program's documents, with docs/user-guide.md and its neighbours.
 std::string DocumentsFolder();
 
-/// Adds --program-folder, --settings, --command and --com1 to --com4.
+/// Adds --program-folder and --command.
+void AddDataOptions(CLI::App& app, CommonOptions& options);
+/// Adds these, --settings, and --com1 to --com4.
 void AddCommonOptions(CLI::App& app, CommonOptions& options);
 
 /// The real computer, or one whose clock jumps and that has no serial line. Needs Qt's application object.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,14 @@ enum ExitStatus : int {
   kExitSignal = 128,        ///< plus the number of the signal that ended it, as in shells
 };
 
+/// What the command rack takes besides the options of others.
+struct RackOptions {
+  std::string file;
+  std::vector<std::string> only;  ///< names of units; empty: all of them
+  std::size_t jobs = 8;           ///< units at a time
+  bool dryRun = false;
+};
+
 /// The options of a run of marlinset-cli.
 struct CliOptions {
   CommonOptions common;
@@ -31,10 +40,11 @@ struct CliOptions {
   std::string scriptFile;                   ///< empty: standard input
   std::vector<std::string> configurations;  ///< configuration files; compose: the JSON text
   std::string output;    ///< file to write: compose a configuration, print a PDF document, picture an image
-  bool json = false;     ///< show, check: as JSON
+  bool json = false;     ///< show, check, send, rack: as JSON
   bool all = false;      ///< diff: also equal values
   bool verbose = false;  ///< send: print each message
   PictureOrder picture;  ///< picture: how it is written
+  RackOptions rack;
 };
 
 int RunScript(const CliOptions& options);
@@ -52,6 +62,9 @@ int RunDiff(const CliOptions& options);
 /// Prints the remarks on configuration files. kExitNotDone if there are any, kExitUsage if a file can't be
 /// read. Needs Qt's application object.
 int RunCheck(const CliOptions& options);
+/// Sends configurations to many units at the same time. kExitNotDone if any is not complete and acknowledged,
+/// kExitUsage for a mistake in the rack file. Needs Qt's application object.
+int RunRack(const CliOptions& options);
 /// Writes a configuration file from the output of show --json.
 int RunCompose(const CliOptions& options);
 

@@ -41,7 +41,9 @@ CLI::App* AddSend(CLI::App& app, CliOptions& options) {
   CLI::App* send = app.add_subcommand("send", "Send a configuration to the unit");
   AddCommonOptions(*send, options.common);
   AddDialogAnswers(*send, options);
-  send->add_flag("--verbose", options.verbose, "Print each message with its meaning and its acknowledgement");
+  CLI::Option* verbose = send->add_flag("--verbose", options.verbose,
+                                        "Print each message with its meaning and its acknowledgement");
+  send->add_flag("--json", options.json, "Print how it ended as one JSON object")->excludes(verbose);
   send->add_option("FILE", options.configurations, "Configuration file; without it the defaults")
       ->expected(0, 1);
   return send;
@@ -115,6 +117,27 @@ CLI::App* AddCheck(CLI::App& app, CliOptions& options) {
   return check;
 }
 
+/// The operating mode and the reference database go on to each send; devices and settings are the rack's own.
+CLI::App* AddRack(CLI::App& app, CliOptions& options) {
+  constexpr std::size_t kMostJobs = 256;
+  CLI::App* rack = app.add_subcommand("rack", "Send configurations to many units at the same time");
+  AddDataOptions(*rack, options.common);
+  rack->add_option("--only", options.rack.only, "Only the unit of this name (repeatable)")
+      ->type_name("NAME")
+      ->allow_extra_args(false);
+  rack->add_option("--jobs", options.rack.jobs, "Units at a time; default: 8")
+      ->type_name("N")
+      ->check(CLI::Range(std::size_t{1}, kMostJobs));
+  rack->add_flag("--dry-run", options.rack.dryRun, "Look at everything and send nothing");
+  rack->add_flag("--json", options.json, "One JSON object a line and unit");
+  rack->add_option("--answer", options.answers, "Answer to a question to come, for each unit (repeatable)")
+      ->type_name("yes|no|ok")
+      ->check(CLI::IsMember({"yes", "no", "ok"}))
+      ->allow_extra_args(false);
+  rack->add_option("RACK", options.rack.file, "The rack: a JSON file of units")->required();
+  return rack;
+}
+
 CLI::App* AddIdentify(CLI::App& app, CliOptions& options) {
   CLI::App* identify = app.add_subcommand("identify", "Ask the unit for model, video standard and firmware");
   AddCommonOptions(*identify, options.common);
@@ -135,6 +158,7 @@ int Main(int argc, char** argv) {
   const CLI::App* compose = AddCompose(app, options);
   const CLI::App* check = AddCheck(app, options);
   AddIdentify(app, options);
+  const CLI::App* rack = AddRack(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -147,6 +171,7 @@ int Main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   if (script->parsed()) return RunScript(options);
   if (check->parsed()) return RunCheck(options);
+  if (rack->parsed()) return RunRack(options);
   if (picture->parsed()) return RunPicture(options);
   return send->parsed() ? RunSend(options) : RunIdentify(options);
 }

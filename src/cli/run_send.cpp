@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/text.h"
+#include "cli/output.h"
 #include "cli/terminal_run.h"
 #include "platform/posix/end_signals.h"
 
@@ -139,15 +140,37 @@ int StatusOf(const SendResult& result, bool portOpen) {
   return kExitNotDone;
 }
 
-}  // namespace
+/// How it ended, for programs.
+struct SendReport {
+  std::string end = NameOf(SendEnd::kFailed);
+  std::string model;  ///< empty until the unit was identified
+  int messages = 0;
+  int unacknowledged = 0;
 
-int RunSend(const CliOptions& options) {
-  TerminalRun run(options);
+  /// Counts as Summarize does.
+  void Take(const SendResult& result) {
+    end = NameOf(result.end);
+    messages = result.end == SendEnd::kComplete ? result.messages : result.wentOut;
+    unacknowledged = result.Doubtful();
+  }
+  void Print() const {
+    PrintJson({{"end", end},
+               {"model", model.empty() ? Json() : Json(model)},
+               {"messages", messages},
+               {"unacknowledged", unacknowledged}});
+    std::fflush(stdout);
+  }
+};
+
+int Send(TerminalRun& run, const CliOptions& options, SendReport& report) {
   if (!run.Started()) return kExitStart;
   Tool& tool = run.tool;
   if (!run.LoadConfiguration(options)) return kExitNotDone;
   Progress progress(options.verbose);
-  tool.commands.MessageSent.Connect([&](const SentMessage& message) { progress.Show(message); });
+  tool.commands.MessageSent.Connect([&](const SentMessage& message) {
+    progress.Show(message);
+    if (UnitIsIdentified(tool.form)) report.model = tool.form.StatBar(FrmStart::kModelPanel).Text();
+  });
   tool.commands.VerdictChanged.Connect(
       [&](const SentMessage& message, Verdict /*before*/) { progress.Correct(message); });
   tool.wholeSend.stopRequested = [] { return interrupted != 0; };
@@ -156,11 +179,22 @@ int RunSend(const CliOptions& options) {
   progress.Finish();
   const SendResult& result = tool.wholeSend.Result();
   const int status = StatusOf(result, run.PortOpen());
-  if (result.end == SendEnd::kComplete)
+  report.Take(result);
+  if (result.end == SendEnd::kComplete && !options.json)
     std::printf("%s\n", tool.form.StatBar(FrmStart::kVideoPanel).Text().c_str());
   std::fflush(stdout);
   progress.List();
   Summarize(result, DoubtText(result));
+  return status;
+}
+
+}  // namespace
+
+int RunSend(const CliOptions& options) {
+  TerminalRun run(options);
+  SendReport report;
+  const int status = Send(run, options, report);
+  if (options.json) report.Print();  // while signals are still caught, so that a late one loses nothing
   return status;
 }
 
