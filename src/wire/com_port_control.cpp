@@ -38,7 +38,7 @@ constexpr Setting kPortSettings[] = {{kBaudRate, 57600, 4, "57600 bits per secon
 constexpr std::uint8_t kFlowControls[] = {2, 3, 17, 19};
 
 /// No server has to say that much before the port is set.
-constexpr std::size_t kFlood = 64 * 1024;
+constexpr std::size_t kFlood = 65536;
 constexpr std::size_t kEarlyKept = 80;
 
 std::vector<std::uint8_t> BytesOf(const Setting& setting) {

@@ -22,7 +22,7 @@ constexpr int kSecondThoughtsMs = 500;
 constexpr int kGreetingMs = 30;
 constexpr std::size_t kGreetingKept = 80;
 /// A far end that makes us answer this much without reading any of it is no device server.
-constexpr qint64 kMostUnreadAnswers = 64 * 1024;
+constexpr qint64 kMostUnreadAnswers = 65536;
 
 // Where a network is unplugged, nothing comes back: ask after this many quiet seconds, then so often.
 constexpr int kQuietSeconds = 4;
