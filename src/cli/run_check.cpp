@@ -14,7 +14,8 @@ namespace marlinset {
 namespace {
 
 void PrintBoxes(const TrialLoad& trial, const std::string& path) {
-  for (const std::string& box : trial.Boxes()) PrintLine(Printable(path + ": " + box), stderr);
+  const std::string place = path + ": ";
+  for (const std::string& box : trial.Boxes()) PrintLine(Printable(place + box), stderr);
 }
 
 void PrintRemarks(const std::string& path, const std::vector<Remark>& remarks, bool json) {

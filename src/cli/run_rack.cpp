@@ -18,8 +18,9 @@ namespace {
 /// Lists all that is wrong on standard error; with `json` also as a line each, so that each has its line
 /// there.
 void PrintMistakes(const std::string& file, const std::vector<RackMistake>& mistakes, bool json) {
+  const std::string place = file + ": ";
   for (const RackMistake& mistake : mistakes) {
-    PrintLine(Printable(file + ": " + mistake.Text()), stderr);
+    PrintLine(Printable(place + mistake.Text()), stderr);
     if (json) {
       PrintJson({{"name", mistake.name.empty() ? Json() : Json(mistake.name)}, {"error", mistake.Text()}});
     }
@@ -58,7 +59,8 @@ std::string SecondsText(double seconds) {
 }
 
 void PrintResult(const UnitResult& result, bool json) {
-  for (const std::string& line : result.told) PrintLine(Printable(result.name + ": " + line), stderr);
+  const std::string place = result.name + ": ";
+  for (const std::string& line : result.told) PrintLine(Printable(place + line), stderr);
   if (json) {
     PrintJson({{"name", result.name},
                {"end", result.end},
@@ -67,7 +69,7 @@ void PrintResult(const UnitResult& result, bool json) {
                {"unacknowledged", result.unacknowledged},
                {"seconds", result.seconds}});
   } else {
-    std::string text = result.name + ": " + result.end + ", " + std::to_string(result.messages) +
+    std::string text = place + result.end + ", " + std::to_string(result.messages) +
                        (result.messages == 1 ? " message" : " messages");
     if (result.unacknowledged > 0)
       text += ", " + std::to_string(result.unacknowledged) + " of them not acknowledged";

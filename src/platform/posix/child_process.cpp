@@ -74,6 +74,7 @@ int ReadError(Pipe& report) {
 ChildProcess::ChildProcess(const std::vector<std::string>& words) {
   std::vector<std::string> texts = words;
   std::vector<char*> arguments;
+  arguments.reserve(texts.size() + 1);
   for (std::string& text : texts) arguments.push_back(text.data());
   arguments.push_back(nullptr);
   const Descriptor input(::open("/dev/null", O_RDONLY | O_CLOEXEC));
