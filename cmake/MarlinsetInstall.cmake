@@ -14,6 +14,7 @@ set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/marlinset)
 install(FILES ${CMAKE_SOURCE_DIR}/README.md DESTINATION ${documents})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs DESTINATION ${documents} PATTERN man EXCLUDE)
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/data/ansible DESTINATION ${documents}/examples)
 
 install(FILES ${desktop}/marlinset.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${desktop}/example.marlinset.marlinset.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
