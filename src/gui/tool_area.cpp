@@ -11,6 +11,7 @@
 #include "gui/indicator.h"
 #include "gui/live_sign.h"
 #include "gui/remark_counter.h"
+#include "gui/send_progress.h"
 #include "gui/widgets/buttons.h"
 #include "gui/widgets/fields.h"
 #include "gui/widgets/group.h"
@@ -82,6 +83,7 @@ ToolArea::ToolArea(FrmStart& form, const WindowHooks& hooks, QWidget* parent) : 
     views.row->addWidget(new ChangeCounter(form, *hooks.held, *hooks.wholeSend, this));
   }
   Strip service(this);
+  AddSend(form, hooks, *service.row);
   AddService(form, *service.row);
   rows->addWidget(MakeLine(views, service, this));
 }
@@ -153,6 +155,16 @@ void ToolArea::AddMain(FrmStart& form, RemarkList* remarks, QBoxLayout& row) {
   auto* keys = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return), changes);
   connect(keys, &QShortcut::activated, changes, &QAbstractButton::click);
   row.addWidget(new RemarkCounter(form, remarks, this));
+}
+
+/// It acts in the waits of the send that it stops.
+void ToolArea::AddSend(FrmStart& form, const WindowHooks& hooks, QBoxLayout& row) {
+  if (hooks.wholeSend) row.addWidget(new SendProgress(*hooks.wholeSend, this));
+  auto* stop = new BarButton(this);
+  Bind(*stop, form.bStop, 0, Turn::kAtOnce).SetDisabledReason(QStringLiteral("No setup is being sent."));
+  row.addWidget(stop);
+  auto* keys = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Period), stop);
+  connect(keys, &QShortcut::activated, stop, &QAbstractButton::click);
 }
 
 void ToolArea::AddService(FrmStart& form, QBoxLayout& row) {

@@ -13,8 +13,8 @@ class RemarkList;
 struct WindowHooks;
 
 /// The area above the panels. First row: indicator, video standard, VITC mode, Open, Close, the main
-/// action and what there is to remark before it; second row: the choice of the panel (Alt+1 to Alt+5) and the
-/// service buttons.
+/// action and what there is to remark before it; second row: the choice of the panel (Alt+1 to Alt+5), what
+/// is going on with the unit, and the service buttons.
 class ToolArea : public QWidget {
   Q_OBJECT
  public:
@@ -25,6 +25,7 @@ class ToolArea : public QWidget {
   QWidget* MakeViews(FrmStart& form);
   void AddStandard(FrmStart& form, QBoxLayout& row);
   void AddMain(FrmStart& form, RemarkList* remarks, QBoxLayout& row);
+  void AddSend(FrmStart& form, const WindowHooks& hooks, QBoxLayout& row);
   void AddService(FrmStart& form, QBoxLayout& row);
 };
 

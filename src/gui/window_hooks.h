@@ -40,7 +40,7 @@ struct WindowHooks {
   RemarkList* remarks = nullptr;
   /// What the unit holds, and the send that brings it up to date. Both or none.
   HeldSettings* held = nullptr;
-  const WholeSend* wholeSend = nullptr;
+  WholeSend* wholeSend = nullptr;
   /// Without it there is no picture of the windows. May be null.
   PictureRules* picture = nullptr;
   /// Compares other files with the panels. May be null.

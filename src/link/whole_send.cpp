@@ -89,6 +89,10 @@ WholeSend::WholeSend(Platform& platform, Variables& variables, FrmStart& form, C
       ports_(ports) {
   form_.bSConfig.OnClick([this] { SendSetup(false); });
   form_.bSChanges.OnClick([this] { SendSetup(true); });
+  form_.bStop.OnClick([this] {
+    stopPressed_ = true;
+    Progressed.Emit();
+  });
   held_.Changed.Connect([this] { form_.bSChanges.SetEnabled(held_.Known() && !Running()); });
   commands_.MessageSent.Connect([this](const SentMessage& message) {
     if (Running()) Count(message);
@@ -105,6 +109,7 @@ void WholeSend::Count(const SentMessage& message) {
   if (message.wentOut) ++result_.wentOut;
   if (message.verdict) ++CountOf(result_, *message.verdict);
   Plan();
+  Progressed.Emit();
 }
 
 bool WholeSend::Running() const {
@@ -112,27 +117,35 @@ bool WholeSend::Running() const {
 }
 
 bool WholeSend::GoesOn() {
-  stopped_ = stopped_ || platform_.pump.Ending() || comms_.LostInSend() || (stopRequested && stopRequested());
+  stopped_ = stopped_ || stopPressed_ || platform_.pump.Ending() || comms_.LostInSend() ||
+             (stopRequested && stopRequested());
   return !stopped_;
 }
 
 void WholeSend::SendSetup(bool changesOnly) {
   if (Running()) return;
   changesOnly_ = changesOnly;
-  stopped_ = false;
+  stopPressed_ = stopped_ = false;
   progress_ = {};
   result_ = {SendEnd::kFailed};
   bool lost = false;
   const auto send = [&] {
     comms_.SetInSend(true);
     form_.bSChanges.SetEnabled(false);
+    form_.bStop.SetEnabled(true);
+    Progressed.Emit();
     result_.end = SendOverPort();
     lost = comms_.LostInSend();
   };
-  Finally(send, [this] { comms_.SetInSend(false); });
+  Finally(send, [this] {
+    comms_.SetInSend(false);
+    form_.bStop.SetEnabled(false);
+    Progressed.Emit();
+  });
   if (lost) TellLoss();
   if (result_.end == SendEnd::kComplete) held_.NoteWholeSend();
   form_.bSChanges.SetEnabled(held_.Known());
+  if (result_.end == SendEnd::kStopped && stopPressed_) TellStop();
 }
 
 /// Shows the one box of a send whose device went away.
@@ -203,6 +216,7 @@ std::optional<SendEnd> WholeSend::CompareStandards(bool& agreed) {
   if (comms_.LostInSend()) return SendEnd::kPortClosed;
   agreed = form_.comVS.Text() == vars_.UnitStandardText;
   if (agreed) return std::nullopt;
+  if (!GoesOn()) return SendEnd::kStopped;
   return (vars_.UnitVideoStandard & kManualBit) != 0 ? CommandStandard() : LeaveAutomatic();
 }
 
@@ -239,6 +253,7 @@ std::optional<SendEnd> WholeSend::LeaveAutomatic() {
   if (comms_.LostInSend()) return SendEnd::kPortClosed;
   form_.StatBar(FrmStart::kVideoPanel).SetText("Changed to Manual Mode");
   if (!HasCode(form_.comVS.Text())) return SendEnd::kNoCode;
+  if (!GoesOn()) return SendEnd::kStopped;
   commands_.Send(kSetVideoStandard, Sender::kWholeSend);
   return std::nullopt;
 }

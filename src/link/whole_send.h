@@ -5,8 +5,10 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
+#include "controls/signal.h"
 #include "link/held_settings.h"
 #include "link/send_steps.h"
 #include "link/setting_commands.h"
@@ -24,7 +26,7 @@ enum class SendEnd {
   kNotDetected,   ///< the unit did not report its video standard; nothing sent
   kRefused,       ///< the operator declined to change the standard; nothing sent
   kNoCode,        ///< no command sets the configuration's standard; nothing more sent
-  kStopped,       ///< stopRequested returned True, or the program ends
+  kStopped,       ///< the operator stopped it, stopRequested returned True, or the program ends
   kFailed,        ///< the send is still running, or threw a failure to the caller
 };
 
@@ -63,7 +65,8 @@ struct UnheldMessage {
 /// firmware relies on. First brings the video standards of unit and configuration together; after that,
 /// reports each missing acknowledgement and carries on. If the device goes away, the send ends with one box
 /// that says how far it got. "Send Changes" does the same, but passes over each message that the unit holds
-/// as it is. Connects to `bSConfig` and `bSChanges`.
+/// as it is. "Stop" ends either after the message under way, with one box that says what of the setup the
+/// unit holds. Connects to `bSConfig`, `bSChanges` and `bStop`.
 class WholeSend {
  public:
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
@@ -71,8 +74,12 @@ class WholeSend {
 
   /// Whether a send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
   bool Running() const;
+  /// Whether the operator has stopped the send in progress; the message under way is its last.
+  bool Stopping() const { return Running() && stopPressed_; }
   /// The result of the last send, or of the one in progress so far.
   const SendResult& Result() const { return result_; }
+  /// A send has begun, got further, is stopping or is over.
+  Signal<> Progressed;
 
   /// The messages that Send Changes would put on the line now between prologue and closing check.
   std::vector<UnheldMessage> Changes() const;
@@ -107,6 +114,8 @@ class WholeSend {
   void Count(const SentMessage& message);
   void SendSetup(bool changesOnly);
   void TellLoss();
+  void TellStop();
+  std::string HeldText() const;
   void Plan();
   static PendingMessage EndOfHighlight(int row);
   CommandId SlateCommand() const;
@@ -149,6 +158,7 @@ class WholeSend {
   int firstNumber_ = 0;  ///< number of this send's first message
   Progress progress_;
   bool changesOnly_ = false;
+  bool stopPressed_ = false;
   bool stopped_ = false;
 };
 

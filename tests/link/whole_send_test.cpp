@@ -247,11 +247,21 @@ struct Incident {
   Texts boxes;
 };
 
+/// Nobody is asked about a setup that will not be sent.
+void StopAtOtherStandards(LinkRig& rig) {
+  rig.vars.UnitStandardText = "PAL";
+  rig.form.bStop.OperatorClick();
+}
+
 TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
   const Texts framed = Sequence().Framed();
   Texts refused(framed.size() - 6, kClosed);
   refused.emplace_back(kSilent);
   const std::size_t all = framed.size();
+  const auto stoppedAfter = [all](int messages) {
+    return "The send was stopped after " + std::to_string(messages) + " of " + std::to_string(all) +
+           " messages.";
+  };
   const Incident kIncidents[] = {
       {0, [](LinkRig& rig) { rig.line.SetPorts({}); }, 0, kPortClosed, {"There is no such device."}},
       {0, [](LinkRig& rig) { rig.line.Unit().SetStandard(0); }, 2, kNotDetected, {kSilent}},
@@ -261,6 +271,10 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
       {6, [](LinkRig& rig) { rig.form.bClose.Press(); }, 6, kNotConfirmed, refused},
       {6, [](LinkRig& rig) { rig.pump.End(); }, 6, kStopped, {}},
       {6, [](LinkRig& rig) { rig.wholeSend.stopRequested = [] { return true; }; }, 6, kStopped, {}},
+      {1, [](LinkRig& rig) { rig.form.bStop.OperatorClick(); }, 1, kStopped, {stoppedAfter(1)}},
+      {2, StopAtOtherStandards, 2, kStopped, {stoppedAfter(2)}},
+      {6, [](LinkRig& rig) { rig.form.bStop.OperatorClick(); }, 6, kStopped, {stoppedAfter(6)}},
+      {all, [](LinkRig& rig) { rig.form.bStop.OperatorClick(); }, all, kComplete, {}},
       {6, [](LinkRig& rig) { rig.vars.CodeSources[3].GenNumber = 256; }, 12, kFailed, {"6  Overflow"}},
       {1, [](LinkRig& rig) { rig.line.Vanish(); }, 1, kPortClosed, {kClosed}},
       {2, [](LinkRig& rig) { rig.line.Vanish(); }, 2, kPortClosed, {kClosed}},
@@ -291,7 +305,7 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
                                       " messages went out.\n"));
       EXPECT_TRUE(rig.form.pComBut.BackColor() == kRed && rig.form.mnuOff.Checked());
       rig.line.Return();
-    } else if (!rig.wholeSend.stopRequested) {
+    } else if (c.end != kStopped || rig.pump.Ending()) {
       continue;
     }
     rig.wholeSend.stopRequested = nullptr;
@@ -301,6 +315,40 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     rig.form.bSConfig.OperatorClick();
     EXPECT_EQ(rig.wholeSend.Result().end, kComplete) << "the next one";
   }
+}
+
+TEST(WholeSend, SaysWhatTheUnitHoldsAfterAStop) {
+  LinkRig rig;
+  std::string progress;
+  int stopAfter = 6;
+  rig.commands.MessageSent.Connect([&](const SentMessage&) {
+    if (rig.wholeSend.Result().messages == stopAfter) rig.form.bStop.OperatorClick();
+  });
+  rig.wholeSend.Progressed.Connect([&] {
+    const SendResult& result = rig.wholeSend.Result();
+    if (result.messages == 5)
+      progress = std::to_string(result.messages) + " of " + std::to_string(result.planned);
+    EXPECT_EQ(rig.form.bStop.Enabled(), rig.wholeSend.Running());
+  });
+  rig.form.bSConfig.OperatorClick();
+  const int all = rig.wholeSend.Result().planned;
+  EXPECT_EQ(progress, "5 of " + std::to_string(all));
+  const MessageBox box = rig.dialogs.shown.back();
+  EXPECT_THAT(box.remedy, testing::StartsWith("The unit holds 4 of "));
+  EXPECT_THAT(box.remedy, testing::HasSubstr("\nWindows: 0 of "));
+  EXPECT_THAT(box.remedy, testing::EndsWith("Press Send Setup to send all of it."));
+
+  stopAfter = 0;
+  rig.form.bSConfig.OperatorClick();
+  rig.form.UDDur.SetValue(rig.form.UDDur.Value() + 1);
+  rig.form.chVITC.SetValue(1 - rig.form.chVITC.Value());
+  stopAfter = 3;
+  rig.form.bSChanges.OperatorClick();
+  const std::vector<UnheldMessage> rest = rig.wholeSend.Changes();
+  ASSERT_EQ(rest.size(), 1U);
+  EXPECT_EQ(rest.front().message.fields.at(2), 36) << "the slate's duration comes later";
+  EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::EndsWith("Press Send Changes to send the rest."));
+  EXPECT_TRUE(rig.form.bSChanges.Enabled());
 }
 
 }  // namespace

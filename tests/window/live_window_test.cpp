@@ -14,6 +14,7 @@
 #include <functional>
 
 #include "gui/parameter_model.h"
+#include "gui/send_progress.h"
 #include "tests/storm/twin.h"
 #include "tests/window/studio.h"
 
@@ -341,6 +342,45 @@ TEST_P(LateAnswersTest, CloseActsInAWaitAndKeepsWhatWasDoneBefore) {
     TurnQtsLoop();
     EXPECT_FALSE(studio_.line.PortOpen());
   });
+}
+
+/// The answer to the message under way is still taken, whatever the operator presses meanwhile; Esc is no
+/// Stop.
+TEST_P(LateAnswersTest, StopEndsASendInItsWait) {
+  const auto* progress = desk_.Window().findChild<SendProgress*>();
+  for (const bool byKey : {false, true}) {
+    const QPoint place = progress->pos();
+    desk_.Click(desk_.Widget("bSConfig"));
+    studio_.pump.At(studio_.pump.Now() + 20 * GetParam(), [&] {
+      TurnQtsLoop();
+      const SendResult now = studio_.tool.wholeSend.Result();
+      EXPECT_EQ(progress->Text().toStdString(),
+                std::to_string(now.messages) + " of " + std::to_string(now.planned));
+      desk_.Key(Qt::Key_Escape);
+      TurnQtsLoop();
+      EXPECT_FALSE(studio_.tool.wholeSend.Stopping());
+      if (byKey) {
+        desk_.Key(Qt::Key_Period, Qt::ControlModifier);
+      } else {
+        desk_.Click(desk_.Widget("bStop"));
+      }
+      TurnQtsLoop();
+      EXPECT_TRUE(studio_.tool.wholeSend.Stopping());
+      EXPECT_EQ(progress->Text(), QStringLiteral("Stopping"));
+    });
+    studio_.dialogs.shown.clear();
+    LiveWindow::Settle();
+    const SendResult& result = studio_.tool.wholeSend.Result();
+    EXPECT_EQ(result.end, SendEnd::kStopped);
+    EXPECT_THAT(result.messages, testing::AllOf(testing::Gt(2), testing::Lt(result.planned)));
+    EXPECT_EQ(result.Doubtful(), 0);
+    EXPECT_EQ(progress->Text(), QString());
+    EXPECT_EQ(progress->pos(), place);
+    EXPECT_THAT(studio_.Boxes(), testing::ElementsAre(testing::StartsWith("The send was stopped after ")));
+    EXPECT_FALSE(desk_.Widget("bStop").isEnabled());
+    EXPECT_TRUE(desk_.Widget("bSConfig").isEnabled());
+  }
+  form_.bSConfig.OperatorClick();  // the unit holds all of it again
 }
 
 TEST_P(LateAnswersTest, TheWindowClosesInAWaitAndLosesNothing) {

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the operator reads after Stop.
+#include <array>
+#include <set>
+#include <string>
+
+#include "controls/dialogs.h"
+#include "link/held_settings.h"
+#include "link/whole_send.h"
+#include "platform/event_pump.h"
+#include "platform/platform.h"
+
+namespace marlinset {
+namespace {
+
+using enum CommandId;
+
+/// The parts of a setup as operators speak of them, in the order of a send.
+enum Area : std::size_t { kParameters, kRouting, kCharacters, kDownConverters, kWindows, kAreas };
+constexpr std::array<const char*, kAreas> kAreaNames = {"Parameters", "Inputs and outputs",
+                                                        "Characters and slate", "Down converter", "Windows"};
+
+Area AreaOf(CommandId id, std::span<const PacketField> fields) {
+  constexpr int kVideoAddress = 1;
+  switch (id) {
+    case kSetParameter:
+      return kParameters;
+    case kWindow:
+      return kWindows;
+    case kDownConverter:
+    case kDownConverterControl:
+      return kDownConverters;
+    default:
+      return fields.front() == kVideoAddress ? kRouting : kCharacters;
+  }
+}
+
+struct Share {
+  int held = 0;
+  int all = 0;
+};
+
+std::string TextOf(const Share& share) {
+  return std::to_string(share.held) + " of " + std::to_string(share.all);
+}
+
+}  // namespace
+
+/// How many of the setup's settings the unit holds, in all and by area. Where several messages set one thing,
+/// the last decides.
+std::string WholeSend::HeldText() const {
+  Share whole;
+  std::array<Share, kAreas> areas;
+  std::set<LastMessages::Thing> seen;
+  const std::vector<PendingMessage> messages = Pending({});
+  for (auto pending = messages.rbegin(); pending != messages.rend(); ++pending) {
+    const Message message = MessageFor(*pending);
+    const auto thing = LastMessages::ThingOf(message.fields);
+    if (!thing || !seen.insert(*thing).second) continue;
+    const int held = held_.Messages().Has(message.fields) ? 1 : 0;
+    for (Share* share : {&whole, &areas[AreaOf(pending->id, message.fields)]}) {
+      ++share->all;
+      share->held += held;
+    }
+  }
+  std::string text = "The unit holds " + TextOf(whole) + " settings of this setup:\n";
+  for (std::size_t area = 0; area < areas.size(); ++area) {
+    if (areas[area].all > 0) text += std::string(kAreaNames[area]) + ": " + TextOf(areas[area]) + "\n";
+  }
+  return text;
+}
+
+/// The one box of a send that the operator stopped.
+void WholeSend::TellStop() {
+  if (platform_.pump.Ending()) return;
+  const char* next =
+      held_.Known() ? "Press Send Changes to send the rest." : "Press Send Setup to send all of it.";
+  platform_.dialogs.Show({.text = "The send was stopped after " + std::to_string(result_.messages) + " of " +
+                                  std::to_string(result_.planned) + " messages.",
+                          .icon = BoxIcon::kInformation,
+                          .remedy = HeldText() + next});
+}
+
+}  // namespace marlinset
