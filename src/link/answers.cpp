@@ -35,17 +35,13 @@ void Answers::Leaves(bool isQuery) {
 /// and it may hide a Nak.
 void Answers::Take(std::span<const std::uint8_t> bytes, bool early) {
   while (!bytes.empty()) {
-    std::size_t length = 1;
-    if (bytes[0] == kStartMark && bytes.size() >= 2 && bytes.size() >= bytes[1] + kFrameOverhead) {
-      length = bytes[1] + kFrameOverhead;
-      if (CheckFrame(bytes.first(length)) != FrameCheck::kGood) noise_ = true;
-    } else if (bytes[0] == kAck || bytes[0] == kNak || bytes[0] == kLocalMode) {
-      Count(bytes[0], early);
-    } else {
+    const Piece piece = FirstPiece(bytes);
+    if (piece.kind == PieceKind::kAnswer) {
+      Count(piece.bytes[0], early);
+    } else if (piece.kind != PieceKind::kFrame) {
       noise_ = true;
-      return;
     }
-    bytes = bytes.subspan(length);
+    bytes = bytes.subspan(piece.bytes.size());
   }
 }
 

@@ -317,6 +317,23 @@ std::vector<PacketField> FieldsOf(CommandId id) {
   return {fixed.begin(), fixed.end()};
 }
 
+bool IsQuery(std::span<const PacketField> fields) {
+  static constexpr CommandId kQueries[] = {kVideoSense, kGetID, kGetFirmware};
+  return std::ranges::any_of(
+      kQueries, [fields](CommandId query) { return std::ranges::equal(FieldsOf(query), fields); });
+}
+
+const SettingCommand* CommandOfMessage(std::span<const PacketField> fields) {
+  const SettingCommand* longest = nullptr;
+  for (const SettingCommand& command : kCommands) {
+    const auto begin = command.begin.All();
+    if (begin.size() > fields.size() || (longest && begin.size() <= longest->begin.size)) continue;
+    const auto matches = [](int a, const PacketField& b) { return a == b.value_or(0); };
+    if (std::ranges::equal(begin, fields.first(begin.size()), matches)) longest = &command;
+  }
+  return longest;
+}
+
 Message MessageOf(const SettingCommand& command, const MessageSource& source) {
   Message message{FieldsOf(command.id), command.meaning};
   if (command.data.choice) AddChoice(*command.data.choice, source, message);

@@ -147,6 +147,12 @@ const SettingCommand& CommandOf(CommandId id);
 /// The fixed fields of a command, which are its whole message if it takes no data from the panels.
 std::vector<PacketField> FieldsOf(CommandId id);
 
+/// Whether the fields are those of a query, which the unit answers with a frame instead of a lone byte.
+bool IsQuery(std::span<const PacketField> fields);
+
+/// The command whose fixed fields begin a message, the longest of several; null if there is none.
+const SettingCommand* CommandOfMessage(std::span<const PacketField> fields);
+
 /// The message of a command, built from the panels as they are now. A code is looked up by the text of its
 /// box: the last row with that text counts, and a text without a row leaves the field empty.
 Message MessageOf(const SettingCommand& command, const MessageSource& source);

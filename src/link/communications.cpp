@@ -2,7 +2,6 @@
 #include "link/communications.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "base/finally.h"
@@ -31,14 +30,6 @@ constexpr int kReplyMs = 100;
 constexpr int kUnaskedAnswerMs = 25;
 
 static_assert(ReplyGate::kLongestReply == kLongestFrame, "what is longer than a frame is a flood");
-
-/// The unit answers these with a frame, not with a lone byte.
-bool IsQuery(const std::vector<PacketField>& fields) {
-  static constexpr CommandId kQueries[] = {CommandId::kVideoSense, CommandId::kGetID,
-                                           CommandId::kGetFirmware};
-  return std::any_of(std::begin(kQueries), std::end(kQueries),
-                     [&fields](CommandId query) { return FieldsOf(query) == fields; });
-}
 
 }  // namespace
 
@@ -125,6 +116,7 @@ std::vector<std::uint8_t> Communications::DrainInput() {
     }
     message[i++] = byte;
   }
+  BytesRead.Emit(read);
   answers.Take(read, line.OutBufferCount() >= 1);
   return message;
 }
@@ -183,33 +175,9 @@ void Communications::HandleFrame(std::span<const std::uint8_t> frame) {
       break;
     case FrameCheck::kGood:
       form_.timeRes.SetEnabled(false);
-      DispatchPacket(frame);
+      replies_.Decode(frame);
       break;
   }
-}
-
-void Communications::DispatchPacket(std::span<const std::uint8_t> frame) {
-  struct Route {
-    int address;
-    int packetId;
-    void (Replies::*decode)(std::span<const std::uint8_t>);
-  };
-  static constexpr Route kRoutes[] = {{15, 0, &Replies::DecodeQueryReply},
-                                      {0, 1, &Replies::DecodeAddr0Reply},
-                                      {1, 5, &Replies::DecodeAddr1Reply},
-                                      {2, 8, &Replies::DecodeAddr2Reply}};
-  const int address = At(frame, 2);
-  const int packetId = At(frame, 3);
-  for (const Route& route : kRoutes) {
-    if (route.address != address) continue;
-    if (route.packetId == packetId) {
-      (replies_.*route.decode)(frame);
-    } else {
-      platform_.dialogs.Tell("Packet ID Error" + SignedText(packetId));
-    }
-    return;
-  }
-  platform_.dialogs.Tell("Address Incorrect " + SignedText(address));
 }
 
 bool Communications::LineUp() const {
@@ -227,6 +195,7 @@ void Communications::WaitOn(Timer& timer, const std::function<bool()>& done) {
     }
   }
   ReceivePacket();
+  WaitOver.Emit();
 }
 
 /// Reads what system and port already hold, since it cannot answer a message that is yet to be sent. Handling

@@ -34,6 +34,10 @@ class Communications {
 
   /// Each frame as it is written to the port, from start mark to checksum.
   Signal<std::span<const std::uint8_t>> FrameSent;
+  /// The bytes taken from the line at one moment, before anything acts on them.
+  Signal<std::span<const std::uint8_t>> BytesRead;
+  /// A wait for an answer is over, with or without one.
+  Signal<> WaitOver;
 
   /// Treats the contents of the receive buffer as one message; does nothing if it is empty. Acts only through
   /// the status bar, the flags and the decoders. A failure on the way shows as "Buff Over" in panel 3.
@@ -91,7 +95,6 @@ class Communications {
   bool LogByte(std::uint8_t byte);
   void HandleMessage(std::span<const std::uint8_t> message);
   void HandleFrame(std::span<const std::uint8_t> frame);
-  void DispatchPacket(std::span<const std::uint8_t> frame);
   void ReadWhatCame();
   bool AckIn() const;
   bool AckEnds(const std::function<void()>& wait);

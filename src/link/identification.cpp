@@ -83,6 +83,7 @@ void Identification::AskFirmwareOnce() {
     if (form_.AboutTimer1.Enabled()) platform_.pump.Pump();
   }
   comms_.ReceivePacket();
+  comms_.WaitOver.Emit();
 }
 
 void Identification::GetFirmware() {

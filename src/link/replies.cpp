@@ -35,8 +35,25 @@ bool Passes(std::span<const Run> runs, int command) {
                      [command](const Run& run) { return command >= run.first && command <= run.last; });
 }
 
-constexpr int kVideoStatus = 52;
-constexpr int kBroadcastNotice = 187;
+/// The frames of an address: its packet id, and the commands that mean nothing to the tool.
+struct Route {
+  int address;
+  int packetId;
+  std::span<const Run> passes;
+};
+constexpr int kQueryAddress = 15;
+constexpr Route kRoutes[] = {
+    {kQueryAddress, 0, kQueryPass}, {0, 1, kAddr0Pass}, {1, 5, kAddr1Pass}, {2, 8, kAddr2Pass}};
+
+/// The commands that mean something, all of kQueryAddress; each reply has the command of its query.
+struct Meant {
+  int command;
+  ReplyKind kind;
+};
+constexpr Meant kMeant[] = {{52, ReplyKind::kVideoStatus},
+                            {kIdentificationReply, ReplyKind::kIdentification},
+                            {kFirmwareReply, ReplyKind::kFirmware},
+                            {187, ReplyKind::kBroadcastNotice}};
 
 constexpr int kNoVideoBit = 0x40;
 constexpr int kStandardBits = 0x3F;
@@ -51,6 +68,48 @@ constexpr Model kModels[] = {{2, "HD7340", &FrmStart::mnuHD7340},
                              {10, "HDSD7340", &FrmStart::mnuHD7340},
                              {32, "HD7340Q", &FrmStart::mnuHD7340Q}};
 
+const Model* ModelOf(int code) {
+  const auto* found = std::ranges::find(kModels, code, &Model::code);
+  return found == std::end(kModels) ? nullptr : found;
+}
+
+std::string StatusWords(int status) {
+  const std::string_view standard = VideoStandardText(status & kStandardBits);
+  return (standard.empty() ? "no standard" : std::string(standard)) +
+         ((status & kManualBit) != 0 ? ", manual" : ", automatic") +
+         ((status & kNoVideoBit) != 0 ? ", no video" : ", video present");
+}
+
+std::string IdentificationWords(int code) {
+  const std::string_view model = ModelText(code);
+  return model.empty() ? "unknown model " + std::to_string(code) : std::string(model);
+}
+
+std::string WordsFor(ReplyKind kind, std::span<const std::uint8_t> frame) {
+  switch (kind) {
+    case ReplyKind::kVideoStatus:
+      return "Video status: " + StatusWords(At(frame, 5));
+    case ReplyKind::kIdentification:
+      return "Identification: " + IdentificationWords(At(frame, 5));
+    case ReplyKind::kFirmware: {
+      std::string text;
+      ReadFirmwareText(frame, text);
+      return "Firmware: " + text;
+    }
+    case ReplyKind::kBroadcastNotice:
+      return "Broadcast mode is on";
+    case ReplyKind::kIgnored:
+      return "Notice that the tool does not use";
+    case ReplyKind::kUnknown:
+      return "Unknown command";
+    case ReplyKind::kWrongPacketId:
+      return "Wrong packet ID";
+    case ReplyKind::kWrongAddress:
+      return "Unknown address";
+  }
+  return {};
+}
+
 }  // namespace
 
 std::string_view VideoStandardText(int code) {
@@ -59,9 +118,8 @@ std::string_view VideoStandardText(int code) {
 }
 
 std::string_view ModelText(int code) {
-  const auto* found = std::find_if(std::begin(kModels), std::end(kModels),
-                                   [code](const Model& model) { return model.code == code; });
-  return found == std::end(kModels) ? std::string_view() : found->text;
+  const Model* model = ModelOf(code);
+  return model ? model->text : std::string_view();
 }
 
 void ReadFirmwareText(std::span<const std::uint8_t> frame, std::string& text) {
@@ -84,36 +142,62 @@ int VideoStandardCode(std::string_view text) {
 Replies::Replies(Platform& platform, Variables& variables, FrmStart& form)
     : platform_(platform), vars_(variables), form_(form) {}
 
-void Replies::DecodeQueryReply(std::span<const std::uint8_t> frame) {
+ReplyKind KindOf(std::span<const std::uint8_t> frame) {
+  const int address = At(frame, 2);
+  const int packetId = At(frame, 3);
+  const auto* route = std::ranges::find(kRoutes, address, &Route::address);
+  if (route == std::end(kRoutes)) return ReplyKind::kWrongAddress;
+  if (route->packetId != packetId) return ReplyKind::kWrongPacketId;
   const int command = At(frame, 4);
-  switch (command) {
-    case kVideoStatus:
-      ShowVideoStatus(frame);
-      break;
-    case kIdentificationReply:
-      ShowIdentification(frame);
-      break;
-    case kFirmwareReply:
-      TakeFirmwareText(frame);
-      break;
-    case kBroadcastNotice:
-      LeaveBroadcast();
-      break;
-    default:
-      if (!Passes(kQueryPass, command)) ShowUnknown(frame);
+  if (address == kQueryAddress) {
+    const auto* meant = std::ranges::find(kMeant, command, &Meant::command);
+    if (meant != std::end(kMeant)) return meant->kind;
+  }
+  return Passes(route->passes, command) ? ReplyKind::kIgnored : ReplyKind::kUnknown;
+}
+
+int QueryAnsweredBy(std::span<const std::uint8_t> frame) {
+  constexpr std::size_t kCommand = 4;
+  if (frame.size() <= kCommand + 1) return 0;
+  const ReplyKind kind = KindOf(frame);
+  const auto* meant = std::ranges::find(kMeant, kind, &Meant::kind);
+  return meant == std::end(kMeant) || kind == ReplyKind::kBroadcastNotice ? 0 : meant->command;
+}
+
+std::string MeaningOfReply(std::span<const std::uint8_t> frame) {
+  try {
+    return WordsFor(KindOf(frame), frame);
+  } catch (const RuntimeError&) {
+    return "Frame that is too short";
   }
 }
 
-void Replies::DecodeAddr0Reply(std::span<const std::uint8_t> frame) {
-  if (!Passes(kAddr0Pass, At(frame, 4))) ShowUnknown(frame);
-}
-
-void Replies::DecodeAddr1Reply(std::span<const std::uint8_t> frame) {
-  if (!Passes(kAddr1Pass, At(frame, 4))) ShowUnknown(frame);
-}
-
-void Replies::DecodeAddr2Reply(std::span<const std::uint8_t> frame) {
-  if (!Passes(kAddr2Pass, At(frame, 4))) ShowUnknown(frame);
+void Replies::Decode(std::span<const std::uint8_t> frame) {
+  switch (KindOf(frame)) {
+    case ReplyKind::kVideoStatus:
+      ShowVideoStatus(frame);
+      break;
+    case ReplyKind::kIdentification:
+      ShowIdentification(frame);
+      break;
+    case ReplyKind::kFirmware:
+      TakeFirmwareText(frame);
+      break;
+    case ReplyKind::kBroadcastNotice:
+      LeaveBroadcast();
+      break;
+    case ReplyKind::kIgnored:
+      break;
+    case ReplyKind::kUnknown:
+      ShowUnknown(frame);
+      break;
+    case ReplyKind::kWrongPacketId:
+      platform_.dialogs.Tell("Packet ID Error" + SignedText(At(frame, 3)));
+      break;
+    case ReplyKind::kWrongAddress:
+      platform_.dialogs.Tell("Address Incorrect " + SignedText(At(frame, 2)));
+      break;
+  }
 }
 
 void Replies::ShowVideoStatus(std::span<const std::uint8_t> frame) {
@@ -133,11 +217,10 @@ void Replies::ShowVideoStatus(std::span<const std::uint8_t> frame) {
 
 void Replies::ShowIdentification(std::span<const std::uint8_t> frame) {
   const int code = At(frame, 5);
-  for (const Model& model : kModels) {
-    if (model.code != code) continue;
-    form_.StatBar(FrmStart::kModelPanel).SetText(model.text);
+  if (const Model* model = ModelOf(code)) {
+    form_.StatBar(FrmStart::kModelPanel).SetText(model->text);
     vars_.UnitLocalMode = false;
-    (form_.*model.menu).Press();
+    (form_.*model->menu).Press();
     return;
   }
   platform_.dialogs.Tell("Invalid Identification Recieved, verify com port and retry. " + SignedText(code) +

@@ -32,6 +32,25 @@ std::string_view ModelText(int code);
 /// short; `text` holds then what it has.
 void ReadFirmwareText(std::span<const std::uint8_t> frame, std::string& text);
 
+/// What a checked frame from the unit is.
+enum class ReplyKind {
+  kVideoStatus,
+  kIdentification,
+  kFirmware,
+  kBroadcastNotice,
+  kIgnored,  ///< one that units are known to send and that means nothing to the tool
+  kUnknown,
+  kWrongPacketId,
+  kWrongAddress,
+};
+
+/// Throws SubscriptOutOfRange for a frame that is too short to say.
+ReplyKind KindOf(std::span<const std::uint8_t> frame);
+/// The command of the query that a checked frame answers; 0 if it answers none.
+int QueryAnsweredBy(std::span<const std::uint8_t> frame);
+/// A checked frame in an operator's words: "Video status: 1080i/60, automatic, video present".
+std::string MeaningOfReply(std::span<const std::uint8_t> frame);
+
 /// Acts on checked frames. Only four matter to the tool: video status, identification, firmware text and the
 /// broadcast notice. Ignores others that units are known to send, and shows the rest as unknown. Throws
 /// SubscriptOutOfRange for a frame that is too short for what is read from it.
@@ -39,10 +58,7 @@ class Replies {
  public:
   Replies(Platform& platform, Variables& variables, FrmStart& form);
 
-  void DecodeQueryReply(std::span<const std::uint8_t> frame);
-  void DecodeAddr0Reply(std::span<const std::uint8_t> frame);
-  void DecodeAddr1Reply(std::span<const std::uint8_t> frame);
-  void DecodeAddr2Reply(std::span<const std::uint8_t> frame);
+  void Decode(std::span<const std::uint8_t> frame);
 
  private:
   void ShowVideoStatus(std::span<const std::uint8_t> frame);

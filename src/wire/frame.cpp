@@ -26,4 +26,13 @@ FrameCheck CheckFrame(std::span<const std::uint8_t> bytes) {
   return Checksum(body) == bytes.back() ? FrameCheck::kGood : FrameCheck::kWrongChecksum;
 }
 
+Piece FirstPiece(std::span<const std::uint8_t> bytes) {
+  const std::uint8_t first = bytes[0];
+  if (first == kAck || first == kNak || first == kLocalMode) return {PieceKind::kAnswer, bytes.first(1)};
+  if (first != kStartMark || bytes.size() < 2 || bytes.size() < bytes[1] + kFrameOverhead)
+    return {PieceKind::kNoise, bytes};
+  const auto frame = bytes.first(bytes[1] + kFrameOverhead);
+  return {CheckFrame(frame) == FrameCheck::kGood ? PieceKind::kFrame : PieceKind::kDamaged, frame};
+}
+
 }  // namespace marlinset

@@ -42,4 +42,20 @@ enum class FrameCheck { kGood, kWrongLength, kWrongChecksum };
 /// start mark at offset 0 and at least two bytes.
 FrameCheck CheckFrame(std::span<const std::uint8_t> bytes);
 
+enum class PieceKind {
+  kAnswer,   ///< a lone byte: acknowledged, not acknowledged or local mode
+  kFrame,    ///< in order
+  kDamaged,  ///< a frame of the length that it announces, with a wrong checksum
+  kNoise,    ///< anything else; behind it nothing can be told apart
+};
+
+/// A part of bytes that came together.
+struct Piece {
+  PieceKind kind;
+  std::span<const std::uint8_t> bytes;
+};
+
+/// The first piece of `bytes`, which are not empty. Noise takes all that follows with it.
+Piece FirstPiece(std::span<const std::uint8_t> bytes);
+
 }  // namespace marlinset
