@@ -115,7 +115,8 @@ void WindowRun::Load() {
                               .wholeSend = &tool_.wholeSend,
                               .picture = &tool_.pictureRules,
                               .compare = &tool_.compareCommand,
-                              .tables = &tool_.tables});
+                              .tables = &tool_.tables,
+                              .traffic = &tool_.trafficRules});
   tool_.Load(options_.common.commandText, options_.file.empty());
 }
 

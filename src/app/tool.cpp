@@ -25,6 +25,7 @@ Tool::Tool(const Platform& computer)
       portDevices(platform, form, ports),
       panelRules(platform, variables, form, commands),
       pictureRules(platform, variables, form, panelRules.Windows()),
+      trafficRules(platform, variables, form, communications, commands),
       configurationFile(platform, variables, form, panels),
       unsavedChanges(platform, variables, form, configurationFile),
       remarks(form, variables, configurationFile),

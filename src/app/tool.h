@@ -33,6 +33,7 @@
 #include "panels/recent_files.h"
 #include "panels/recovery.h"
 #include "panels/start_up.h"
+#include "panels/traffic_rules.h"
 #include "panels/unsaved_changes.h"
 #include "panels/video_standard.h"
 #include "panels/views.h"
@@ -88,6 +89,7 @@ class Tool {
   PortDevices portDevices;
   PanelRules panelRules;
   PictureRules pictureRules;
+  TrafficRules trafficRules;
   ConfigurationFile configurationFile;
   UnsavedChanges unsavedChanges;
   RemarkList remarks;

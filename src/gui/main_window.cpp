@@ -21,6 +21,7 @@
 #include "gui/picture_dock.h"
 #include "gui/status_bar.h"
 #include "gui/tool_area.h"
+#include "gui/traffic_dock.h"
 #include "gui/widgets/group.h"
 #include "gui/widgets/icons.h"
 #include "gui/widgets/look.h"
@@ -75,6 +76,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   setStatusBar(new StatusBarView(form, this));
   if (hooks_.picture) AddPicture();
   if (hooks_.compare) hooks_.compare->show = [this](const Offer& offer) { ShowComparison(offer); };
+  if (hooks_.traffic) AddDock(*new TrafficDock(form_, *hooks_.traffic, this), Qt::BottomDockWidgetArea);
   resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
   // Everything between the controls passes the mouse on, up to the form itself.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
@@ -96,20 +98,24 @@ void MainWindow::AddPicture() {
   for (const MenuItem* item : {&form_.mnuStill, &form_.mnuNoStill, &form_.mnuSafe, &form_.mnuSlate}) {
     entries << menuBar()->findChild<QAction*>(Shown(item->FullName()));
   }
-  picture_ = new PictureDock(form_, *hooks_.picture, selection_, entries, this);
-  addDockWidget(Qt::RightDockWidgetArea, picture_);
-  picture_->installEventFilter(this);
-  connect(picture_, &QDockWidget::visibilityChanged, this, [this](bool visible) {
-    if (visible) QTimer::singleShot(0, this, &MainWindow::MakeRoomBeside);
+  AddDock(*new PictureDock(form_, *hooks_.picture, selection_, entries, this), Qt::RightDockWidgetArea);
+}
+
+void MainWindow::AddDock(FormDock& dock, Qt::DockWidgetArea area) {
+  panels_ << &dock;
+  addDockWidget(area, &dock);
+  dock.installEventFilter(this);
+  connect(&dock, &QDockWidget::visibilityChanged, this, [this, &dock](bool visible) {
+    if (visible) QTimer::singleShot(0, this, [this, &dock] { MakeRoomBeside(dock); });
   });
 }
 
-/// The tool bar stays in its two lines beside the picture, as far as the screen is wide enough.
-void MainWindow::MakeRoomBeside() {
-  const Qt::DockWidgetArea area = dockWidgetArea(picture_);
+/// The tool bar stays in its two lines beside a dock, as far as the screen is wide enough.
+void MainWindow::MakeRoomBeside(FormDock& dock) {
+  const Qt::DockWidgetArea area = dockWidgetArea(&dock);
   const bool beside = area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
   const int missing = tools_->sizeHint().width() - tools_->width();
-  if (!beside || missing <= 0 || !Stands() || picture_->isHidden() || picture_->isFloating()) return;
+  if (!beside || missing <= 0 || !Stands() || dock.isHidden() || dock.isFloating()) return;
   StandOnScreen(*this, pos(), {width() + missing, height()}, windowHandle()->frameMargins());
 }
 
@@ -117,7 +123,7 @@ void MainWindow::MakeRoomBeside() {
 void MainWindow::TakeDocks() {
   docks_ = form_.Docks();
   restoreState(QByteArray::fromBase64(QByteArray::fromStdString(docks_)));
-  if (picture_) picture_->FollowForm();
+  for (FormDock* dock : panels_) dock->FollowForm();
 }
 
 void MainWindow::NoteDocks() {
@@ -128,7 +134,8 @@ void MainWindow::NoteDocks() {
 /// The operator moves a dock or its edge.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   const bool moved = event->type() == QEvent::Resize || event->type() == QEvent::Move;
-  if (watched == picture_ && moved && picture_->isVisible())
+  const bool ofDock = moved && qobject_cast<FormDock*>(watched);
+  if (ofDock && static_cast<FormDock*>(watched)->isVisible())
     QTimer::singleShot(0, this, &MainWindow::NoteDocks);
   return QMainWindow::eventFilter(watched, event);
 }

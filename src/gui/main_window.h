@@ -17,7 +17,7 @@
 namespace marlinset {
 
 class ComparisonWindow;
-class PictureDock;
+class FormDock;
 class ToolArea;
 struct Offer;
 
@@ -48,7 +48,8 @@ class MainWindow : public QMainWindow {
   void NotePlace();
   void AddPicture();
   void ShowComparison(const Offer& offer);
-  void MakeRoomBeside();
+  void AddDock(FormDock& dock, Qt::DockWidgetArea area);
+  void MakeRoomBeside(FormDock& dock);
   void TakeDocks();
   void NoteDocks();
   void FitFrame();
@@ -58,8 +59,8 @@ class MainWindow : public QMainWindow {
   std::shared_ptr<WindowSelection> selection_ = std::make_shared<WindowSelection>();
   ToolArea* tools_ = nullptr;
   ChangeMarks marks_{*this};
-  PictureDock* picture_ = nullptr;
   ComparisonWindow* comparison_ = nullptr;  ///< made on first use
+  QList<FormDock*> panels_;                 ///< that dock
   bool formVisible_ = false;
   bool frameFits_ = false;  ///< the window manager's frame is known and allowed for
   WindowPlace place_;       ///< the form's, as last applied

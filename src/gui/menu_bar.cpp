@@ -188,6 +188,7 @@ void FillMenuBar(QMenuBar& bar, FrmStart& form, const WindowHooks& hooks) {
   // Each letter of its name leads to something else already.
   AddLines(AddMenu(bar, QStringLiteral("View")),
            {{&form.mnuPicture, 'P', Mark::kTick, QKeySequence(Qt::Key_F9), Turn::kAtOnce},
+            {&form.mnuTraffic, 'T', Mark::kTick, QKeySequence(Qt::Key_F8), Turn::kAtOnce},
             {},
             {&form.mnuStill, 'B'},
             {&form.mnuNoStill, 'N'},

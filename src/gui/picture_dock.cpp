@@ -4,7 +4,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,7 +16,6 @@
 #include "core/frm_start.h"
 #include "gui/picture_view.h"
 #include "gui/widgets/look.h"
-#include "gui/widgets/operator_queue.h"
 #include "panels/picture_rules.h"
 #include "picture/qt/still.h"
 
@@ -65,17 +63,11 @@ void SetText(QLabel& label, const QString& text) {
 
 PictureDock::PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<WindowSelection> selection,
                          const QList<QAction*>& entries, QWidget* parent)
-    : QDockWidget(Shown(form.mnuPicture.Caption()), parent),
-      form_(form),
+    : FormDock(form, form.mnuPicture, "picture", parent),
       rules_(rules),
       view_(new PictureView(form, rules, std::move(selection), this)),
       menu_(new QMenu(this)),
-      viewListening_(view_->Changed, [this] { ShowWords(); }),
-      itemListening_(form.mnuPicture.Changed, [this] { FollowForm(); }),
-      formListening_(form.Changed, [this] { FollowForm(); }) {
-  // At the top it would come between the menu bar and the tools.
-  setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea);
-  setObjectName(QStringLiteral("picture"));  // by which the layout of the docks is restored
+      viewListening_(view_->Changed, [this] { ShowWords(); }) {
   auto* middle = new QWidget(this);
   auto* lines = new QVBoxLayout(middle);
   SetSpaces(*lines, *this, 1);
@@ -100,11 +92,6 @@ PictureDock::PictureDock(FrmStart& form, PictureRules& rules, std::shared_ptr<Wi
 
 PictureDock::~PictureDock() {
   rules_.showStill = nullptr;
-}
-
-void PictureDock::FollowForm() {
-  const bool shown = form_.mnuPicture.Checked() && form_.Visible();
-  if (isHidden() == shown) setVisible(shown);
 }
 
 void PictureDock::ShowStill(const std::string& file) {
@@ -137,11 +124,6 @@ void PictureDock::ShowWords() {
 void PictureDock::showEvent(QShowEvent* event) {
   QDockWidget::showEvent(event);
   TakeRememberedStill();
-}
-
-void PictureDock::closeEvent(QCloseEvent* event) {
-  event->ignore();  // it closes with its control
-  OperatorQueue::OfProgram().Take(form_.mnuPicture, {OperatorAction::Kind::kClick}, Turn::kAtOnce);
 }
 
 /// It does not wait for a choice: the tool goes on meanwhile. While the left button is down, the right one

@@ -15,6 +15,7 @@ class HeldSettings;
 class PictureRules;
 class RemarkList;
 class TableCommands;
+class TrafficRules;
 class UnsavedChanges;
 class WholeSend;
 
@@ -47,6 +48,8 @@ struct WindowHooks {
   CompareCommand* compare = nullptr;
   /// Parameters and windows as tables. May be null.
   TableCommands* tables = nullptr;
+  /// Without it there is no list of the traffic on the line. May be null.
+  TrafficRules* traffic = nullptr;
 };
 
 }  // namespace marlinset

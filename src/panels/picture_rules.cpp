@@ -3,6 +3,7 @@
 
 #include "core/frm_start.h"
 #include "core/variables.h"
+#include "panels/remembered_tick.h"
 #include "panels/window_rules.h"
 #include "platform/file_dialog.h"
 #include "platform/platform.h"
@@ -13,22 +14,13 @@ namespace marlinset {
 PictureRules::PictureRules(Platform& platform, const Variables& variables, FrmStart& form,
                            WindowRules& windows)
     : platform_(platform), vars_(variables), form_(form), windows_(windows) {
-  Remember(form_.mnuPicture, kPictureSetting);
-  Remember(form_.mnuSafe, kSafeFramesSetting);
-  Remember(form_.mnuSlate, kSlateSetting);
+  RememberTick(platform_, form_.mnuPicture, kPictureSetting);
+  RememberTick(platform_, form_.mnuSafe, kSafeFramesSetting);
+  RememberTick(platform_, form_.mnuSlate, kSlateSetting);
   still_ = SettingText(platform_.settings, kStillSetting);
   form_.mnuNoStill.SetEnabled(!still_.empty());
   form_.mnuStill.OnClick([this] { AskForStill(); });
   form_.mnuNoStill.OnClick([this] { TakeStill({}); });
-}
-
-/// A tick that each click turns over, and that the next run finds again.
-void PictureRules::Remember(MenuItem& item, const Setting& setting) {
-  item.SetChecked(SettingNumber(platform_.settings, setting) == 1);
-  item.OnClick([this, &item, &setting] {
-    item.SetChecked(!item.Checked());
-    platform_.settings.SaveSetting(setting.key, item.Checked() ? "1" : "0");
-  });
 }
 
 PicturePlan PictureRules::Plan() const {

@@ -10,10 +10,8 @@
 namespace marlinset {
 
 class FrmStart;
-class MenuItem;
 class WindowRules;
 struct Platform;
-struct Setting;
 struct Variables;
 
 /// The picture of the windows: whether it is shown, what it shows and what lies behind it. All of that is
@@ -37,7 +35,6 @@ class PictureRules {
   std::function<void(const std::string& file)> showStill;
 
  private:
-  void Remember(MenuItem& item, const Setting& setting);
   void AskForStill();
   void TakeStill(const std::string& file);
 

@@ -39,13 +39,15 @@ inline constexpr Setting kViewSetting{"Page", "0"};
 inline constexpr Setting kTimeOutSetting{"Timer",
                                          "1"};  ///< of the status bar, as WindowSettings::SetTimer has it
 
-/// The picture of the windows: 1 where it, its safe frames and the windows of the slate are shown; the still
-/// behind it; and how it is docked.
+/// The picture of the windows: 1 where it, its safe frames and the windows of the slate are shown; and the
+/// still behind it.
 inline constexpr Setting kPictureSetting{"Picture", "0"};
 inline constexpr Setting kSafeFramesSetting{"SafeFrames", "0"};
 inline constexpr Setting kSlateSetting{"PictureSlate", "0"};
 inline constexpr Setting kStillSetting{"Background"};
-inline constexpr Setting kDocksSetting{"Docks"};
+/// 1 where the traffic on the line is shown.
+inline constexpr Setting kTrafficSetting{"Traffic", "0"};
+inline constexpr Setting kDocksSetting{"Docks"};  ///< how picture and traffic are docked
 
 /// What ran last, for whoever looks into the file; the tool never reads them.
 inline constexpr Setting kProgramFolderSetting{"AppPath"};

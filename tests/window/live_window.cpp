@@ -58,7 +58,8 @@ LiveWindow::LiveWindow(ToolRig& rig)
                                                                  .held = &rig.tool.held,
                                                                  .wholeSend = &rig.tool.wholeSend,
                                                                  .picture = &rig.tool.pictureRules,
-                                                                 .tables = &rig.tool.tables})) {
+                                                                 .tables = &rig.tool.tables,
+                                                                 .traffic = &rig.tool.trafficRules})) {
   rig.pump.onHandle = TurnQtsLoop;
 }
 

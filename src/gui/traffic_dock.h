@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "gui/form_dock.h"
+#include "gui/traffic_model.h"
+#include "panels/traffic_rules.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+
+namespace marlinset {
+
+/// The panel with the traffic on the line: a table, the newest row at the foot, which it follows until the
+/// operator scrolls away from there; above it what to list, and what to do with it. It records only while it
+/// is open, so it begins empty each time.
+class TrafficDock : public FormDock {
+  Q_OBJECT
+ public:
+  TrafficDock(FrmStart& form, TrafficRules& rules, QWidget* parent);
+  ~TrafficDock() override;
+
+  void FollowForm() override;
+  TrafficModel& Model() { return *model_; }
+
+ private:
+  QWidget* MakeFilter(QWidget* parent);
+  QWidget* MakeButtons(QWidget* parent);
+  QPushButton* AddButton(const QString& text, const char* name, QWidget& strip);
+  void SetUpTable();
+  void FollowNewest();
+  void Filter();
+  void Pause(bool on);
+  void Copy();
+  void Save(TrafficRules::Format format);
+  void ShowCounts();
+
+  TrafficRules& rules_;
+  TrafficModel* model_;
+  QTableView* table_ = nullptr;
+  QLineEdit* text_ = nullptr;
+  QCheckBox* sent_ = nullptr;
+  QCheckBox* received_ = nullptr;
+  QCheckBox* polls_ = nullptr;
+  QLabel* counts_ = nullptr;
+  QPushButton* copy_ = nullptr;
+  bool atFoot_ = true;
+};
+
+}  // namespace marlinset
