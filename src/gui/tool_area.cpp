@@ -159,10 +159,10 @@ void ToolArea::AddMain(FrmStart& form, RemarkList* remarks, QBoxLayout& row) {
 
 /// It acts in the waits of the send that it stops.
 void ToolArea::AddSend(FrmStart& form, const WindowHooks& hooks, QBoxLayout& row) {
-  if (hooks.wholeSend) row.addWidget(new SendProgress(*hooks.wholeSend, this));
   auto* stop = new BarButton(this);
   Bind(*stop, form.bStop, 0, Turn::kAtOnce).SetDisabledReason(QStringLiteral("No setup is being sent."));
   row.addWidget(stop);
+  if (hooks.wholeSend) row.addWidget(new SendProgress(*hooks.wholeSend, this));
   auto* keys = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Period), stop);
   connect(keys, &QShortcut::activated, stop, &QAbstractButton::click);
 }

@@ -145,6 +145,7 @@ QWidget* TrafficDock::MakeButtons(QWidget* parent) {
   // It does not wait for a choice: the tool goes on meanwhile.
   connect(save, &QPushButton::clicked, formats,
           [formats, save] { formats->popup(save->mapToGlobal(save->rect().bottomLeft())); });
+  row->addStretch(1);
   return strip;
 }
 
@@ -175,17 +176,19 @@ void TrafficDock::SetUpTable() {
 /// when the oldest leave.
 void TrafficDock::FollowNewest() {
   QScrollBar* bar = table_->verticalScrollBar();
-  const auto look = [this, bar] { atFoot_ = bar->value() == bar->maximum(); };
-  connect(model_, &QAbstractItemModel::rowsAboutToBeInserted, this, look);
-  connect(model_, &QAbstractItemModel::rowsInserted, this, [this] {
-    if (atFoot_) table_->scrollToBottom();
+  connect(bar, &QScrollBar::valueChanged, this, [this, bar] { atFoot_ = bar->value() == bar->maximum(); });
+  // The view extends the range some time after the rows have come.
+  connect(bar, &QScrollBar::rangeChanged, this, [this, bar] {
+    if (atFoot_) bar->setValue(bar->maximum());
   });
-  connect(model_, &QAbstractItemModel::rowsAboutToBeRemoved, this, look);
   connect(model_, &QAbstractItemModel::rowsRemoved, this,
           [this, bar](const QModelIndex&, int first, int last) {
             if (first == 0 && !atFoot_) bar->setValue(bar->value() - (last + 1));
           });
-  connect(model_, &QAbstractItemModel::modelReset, table_, &QTableView::scrollToBottom);
+  connect(model_, &QAbstractItemModel::modelReset, this, [this, bar] {
+    bar->setValue(bar->maximum());
+    atFoot_ = true;
+  });
 }
 
 void TrafficDock::Filter() {
