@@ -24,24 +24,36 @@ std::string NumberOf(std::size_t unit) {
   return "unit " + std::to_string(unit + 1);
 }
 
-/// A path behind its links, and the device's number, which is the same for two nodes of one device. Worked
-/// out once for each unit: every pair is compared.
-struct Place {
-  explicit Place(const RackUnit& unit) : address(IsAddress(unit.port)), path(unit.port) {
-    struct stat status {};
-    if (address || path.empty()) return;
-    path = RealPath(unit.port);
-    if (::stat(path.c_str(), &status) == 0 && S_ISCHR(status.st_mode)) device = status.st_rdev;
+/// What two units share if their devices are one: the address in its one spelling; or the path behind its
+/// links, and the number of the device, which is the same for two nodes of one device.
+std::vector<std::string> KeysOf(const std::string& port) {
+  if (port.empty()) return {};
+  if (IsAddress(port)) {
+    const std::string spelling = AddressSpelling(port);
+    return spelling.empty() ? std::vector<std::string>() : std::vector{spelling};
   }
-  bool operator==(const Place& other) const {
-    if (path.empty() || address != other.address) return false;
-    if (address) return SameDevice(path, other.path);
-    return path == other.path || (device && device == other.device);
+  std::vector<std::string> keys{RealPath(port)};
+  struct stat status {};
+  if (::stat(port.c_str(), &status) == 0 && S_ISCHR(status.st_mode))
+    keys.push_back("device " + std::to_string(status.st_rdev));
+  return keys;
+}
+
+/// The units so far, by what they may have in common.
+class Seen {
+ public:
+  /// The first unit with one of these keys, if there was one; otherwise this one is the first.
+  std::optional<std::size_t> Before(std::size_t unit, const std::vector<std::string>& keys) {
+    std::optional<std::size_t> first;
+    for (const std::string& key : keys) {
+      const auto [place, isNew] = units_.try_emplace(key, unit);
+      if (!isNew && !first) first = place->second;
+    }
+    return first;
   }
 
-  bool address;
-  std::string path;
-  std::optional<dev_t> device;
+ private:
+  std::map<std::string, std::size_t> units_;
 };
 
 /// Why no setup can come from the file; empty if it can be loaded.
@@ -58,17 +70,17 @@ std::string FaultOf(const std::string& file, TrialLoad& trial) {
 }  // namespace
 
 void LookForTwins(Rack& rack) {
-  const std::vector<Place> places(rack.units.begin(), rack.units.end());
+  Seen names;
+  Seen devices;
   for (std::size_t i = 0; i < rack.units.size(); ++i) {
     const RackUnit& unit = rack.units[i];
-    std::size_t name = 0;
-    while (rack.units[name].name != unit.name) ++name;
-    std::size_t device = 0;
-    while (device < i && !(places[device] == places[i])) ++device;
-    if (name < i && !unit.name.empty()) Note(rack, i, NumberOf(name) + " has this name, too");
-    if (device < i) {
+    if (!unit.name.empty()) {
+      if (const auto twin = names.Before(i, {unit.name}))
+        Note(rack, i, NumberOf(*twin) + " has this name, too");
+    }
+    if (const auto twin = devices.Before(i, KeysOf(unit.port))) {
       Note(rack, i,
-           unit.port + " is the device of " + NumberOf(device) + " (" + rack.units[device].name + "), too");
+           unit.port + " is the device of " + NumberOf(*twin) + " (" + rack.units[*twin].name + "), too");
     }
   }
 }

@@ -218,11 +218,6 @@ std::string SpellingOfHost(const std::string& name) {
   return spelling + (percent == std::string::npos ? "" : name.substr(percent));
 }
 
-/// The same for all spellings of one host and port.
-std::string SpellingOf(const DeviceAddress& address) {
-  return SpellingOfHost(address.host) + ":" + std::to_string(address.port);
-}
-
 }  // namespace
 
 std::string DeviceAddress::HostText() const {
@@ -245,6 +240,12 @@ DeviceAddress ParseAddress(std::string_view device) {
   return address;
 }
 
+std::string AddressSpelling(std::string_view device) {
+  DeviceAddress address;
+  if (!IsAddress(device) || !Read(device, address).empty()) return {};
+  return SpellingOfHost(address.host) + ":" + std::to_string(address.port);
+}
+
 bool PathExists(const std::string& path) {
   return !RealPath(path).empty();
 }
@@ -255,10 +256,8 @@ bool SameDevice(const std::string& a, const std::string& b) {
     const std::filesystem::path real = RealPath(a);
     return !real.empty() && real == RealPath(b);
   }
-  DeviceAddress left;
-  DeviceAddress right;
-  if (!IsAddress(a) || !IsAddress(b) || !Read(a, left).empty() || !Read(b, right).empty()) return false;
-  return SpellingOf(left) == SpellingOf(right);
+  const std::string spelling = AddressSpelling(a);
+  return !spelling.empty() && spelling == AddressSpelling(b);
 }
 
 }  // namespace marlinset

@@ -28,6 +28,10 @@ std::string AddressFault(std::string_view device);
 /// Reads an address. Throws kErrPort, with AddressFault as its description, if it is wrong.
 DeviceAddress ParseAddress(std::string_view device);
 
+/// A text that is the same for all spellings of one host and port, whatever the protocol; empty for a wrong
+/// address. Names are not looked up.
+std::string AddressSpelling(std::string_view device);
+
 /// Whether a path leads to something now; a name without a folder is also looked up in /dev.
 bool PathExists(const std::string& path);
 
