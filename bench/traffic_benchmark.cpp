@@ -3,8 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QAction>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QScrollBar>
 #include <QTableView>
 #include <memory>
@@ -22,8 +22,11 @@ WindowHooks HooksOf(Tool& tool) {
   return {.held = &tool.held, .wholeSend = &tool.wholeSend, .traffic = &tool.trafficRules};
 }
 
-void Turn() {
-  for (int turns = 0; turns < 5; ++turns) QCoreApplication::processEvents();
+/// Until layout and painting of what came before are over.
+void Rest() {
+  constexpr int kRestMs = 150;
+  const QDeadlineTimer end(kRestMs);
+  while (!end.hasExpired()) QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
 }
 
 /// Whole sends at the real speed of the line, with the list open and closed in turns.
@@ -33,7 +36,7 @@ void SendBesideTraffic(benchmark::State& state) {
   MainWindow window(tool->form, HooksOf(*tool));
   const auto send = [&](bool open) {
     if (tool->form.mnuTraffic.Checked() != open) tool->form.mnuTraffic.OperatorClick();
-    Turn();
+    Rest();
     return SecondsOf([&] { tool->form.bSConfig.OperatorClick(); });
   };
   double closed = 0;
@@ -56,14 +59,14 @@ void TrafficScroll(benchmark::State& state) {
   MainWindow window(tool->form, HooksOf(*tool));
   tool->form.mnuTraffic.OperatorClick();
   window.resize(1500, 1400);
-  Turn();
+  Rest();
   const std::uint8_t noise = 77;
   for (std::size_t i = 0; i < Traffic::kMostRows; ++i)
     tool->communications.BytesRead.Emit(std::span(&noise, 1));
   auto& dock = *window.findChild<TrafficDock*>();
   dock.Model().Update();
   QScrollBar& bar = *dock.findChild<QTableView*>()->verticalScrollBar();
-  Turn();
+  Rest();
   int value = 0;
   double seconds = 0;
   for (auto step : state) {

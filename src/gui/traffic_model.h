@@ -29,7 +29,7 @@ struct TrafficFilter {
 class TrafficModel : public QAbstractTableModel {
   Q_OBJECT
  public:
-  static constexpr int kBatchMs = 100;
+  static constexpr int kBatchMs = 200;
 
   explicit TrafficModel(QObject* parent);
   ~TrafficModel() override;
