@@ -135,6 +135,11 @@ void ReadableStyle::polish(QPalette& palette) {
                     palette.color(QPalette::Active, QPalette::Highlight);
   palette.setColor(QPalette::Active, QPalette::Highlight, accent);
   if (same) palette.setColor(QPalette::Inactive, QPalette::Highlight, accent);
+  // Some dark desktops leave it black.
+  constexpr double kPrompt = 0.65;
+  palette.setColor(QPalette::PlaceholderText,
+                   Blend(palette.color(QPalette::Active, QPalette::Base),
+                         palette.color(QPalette::Active, QPalette::Text), kPrompt));
 }
 
 void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

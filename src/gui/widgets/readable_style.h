@@ -8,8 +8,9 @@ namespace marlinset {
 /// The desktop's style, made easier to read, for QApplication::setStyle. Check boxes and option buttons grow
 /// with the text and get a visible edge, a broad coloured one in the focus; so do fields on a dark palette
 /// and on a yellow mark, because the usual styles draw that edge faint, or darker than the background. A
-/// selection contrasts enough with its text. In tables, numbers keep clear of the next column, and their
-/// heads end where they do, whether or not an arrow shows a sort.
+/// selection contrasts enough with its text, and the prompt of an empty field with the field. In tables,
+/// numbers keep clear of the next column, and their heads end where they do, whether or not an arrow shows a
+/// sort.
 class ReadableStyle : public QProxyStyle {
   Q_OBJECT
  public:
