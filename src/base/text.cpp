@@ -131,6 +131,10 @@ std::string Trim(std::string_view text) {
   return std::string(text.substr(begin, text.find_last_not_of(' ') - begin + 1));
 }
 
+std::string Quoted(std::string_view text) {
+  return '"' + std::string(text) + '"';
+}
+
 bool EqualNoCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });

@@ -27,6 +27,8 @@ std::string RightOf(std::string_view text, std::size_t count);
 std::string UpperOf(std::string_view text);
 /// The text without the blanks (U+0020) at both ends.
 std::string Trim(std::string_view text);
+/// The text in quotation marks, for messages. Marks inside it stay as they are.
+std::string Quoted(std::string_view text);
 /// Compares names of controls, keys and columns without regard to the case of the letters A to Z.
 bool EqualNoCase(std::string_view a, std::string_view b);
 

@@ -19,7 +19,7 @@ namespace {
 constexpr const char* kLoadedAs = "loaded as";
 
 std::runtime_error Wrong(std::string_view where, const std::string& what) {
-  return std::runtime_error("\"" + std::string(where) + "\" " + what);
+  return std::runtime_error(Quoted(where) + " " + what);
 }
 
 std::vector<std::uint8_t> BytesOf(std::string_view name, const Json& json) {
@@ -219,7 +219,7 @@ Json ParseJson(const std::string& text) {
     if (event == Json::parse_event_t::object_end) objects.pop_back();
     if (event != Json::parse_event_t::key) return true;
     const auto key = parsed.get<std::string>();
-    if (!objects.back().insert(key).second) wrong = "\"" + key + "\" stands there twice";
+    if (!objects.back().insert(key).second) wrong = Quoted(key) + " stands there twice";
     if (objects.back().size() > kMostKeys) wrong = "an object has more keys than any configuration";
     return wrong.empty();
   };

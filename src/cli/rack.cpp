@@ -31,10 +31,6 @@ constexpr std::array<Member, 3> kMembers{{
     {"file", "the configuration to send", &RackUnit::file},
 }};
 
-std::string Quoted(const std::string& text) {
-  return "\"" + text + "\"";
-}
-
 bool HasControl(const std::string& text) {
   return std::any_of(text.begin(), text.end(),
                      [](unsigned char letter) { return letter < ' ' || letter == 0x7F; });

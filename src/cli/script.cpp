@@ -35,7 +35,7 @@ char32_t KeyCode(const std::string& text) {
 bool OnOrOff(const Word& word) {
   if (word.text == "on") return true;
   if (word.text == "off") return false;
-  throw ScriptError("\"" + word.text + "\" is neither on nor off");
+  throw ScriptError(Quoted(word.text) + " is neither on nor off");
 }
 
 std::string HexOf(const std::vector<std::uint8_t>& bytes) {
@@ -260,7 +260,7 @@ Json Script::Activate(const ScriptLine& line) {
 Json Script::QueueAnswers(const ScriptLine& line) {
   for (std::size_t i = 0; i < line.Count(); ++i) {
     if (!QueuedDialogs::IsAnswer(line.At(i).text))
-      throw ScriptError("\"" + line.At(i).text + "\" is no answer");
+      throw ScriptError(Quoted(line.At(i).text) + " is no answer");
   }
   for (std::size_t i = 0; i < line.Count(); ++i) dialogs_.QueueAnswer(line.At(i).text);
   return Json::object();
@@ -289,7 +289,7 @@ Json Script::Row(const ScriptLine& line) {
   const Word& word = line.At(3);
   const Json value = word.quoted ? Json(word.text) : Json::parse(word.text, nullptr, false);
   if (!value.is_primitive() || value.is_null() || value.is_discarded())
-    throw ScriptError("\"" + word.text + "\" is no value");
+    throw ScriptError(Quoted(word.text) + " is no value");
   const std::string wrong = SetRowField(tool_, line.At(0).text, line.NumberAt(1), line.At(2).text, value);
   if (!wrong.empty()) throw ScriptError(wrong);
   return Json::object();

@@ -3,6 +3,7 @@
 
 #include <charconv>
 
+#include "base/text.h"
 #include "cli/json.h"
 #include "controls/control.h"
 
@@ -67,18 +68,18 @@ ScriptLine::ScriptLine(std::string_view line) {
 
 void ScriptLine::Split(std::size_t least, std::size_t most) {
   for (std::string_view text = rest_; !text.empty();) words_.push_back(TakeWord(text));
-  if (words_.size() < least) throw ScriptError("something is missing behind \"" + action_ + "\"");
-  if (words_.size() > most) throw ScriptError("too much behind \"" + action_ + "\"");
+  if (words_.size() < least) throw ScriptError("something is missing behind " + Quoted(action_));
+  if (words_.size() > most) throw ScriptError("too much behind " + Quoted(action_));
 }
 
 const Word& ScriptLine::At(std::size_t index) const {
-  if (index >= words_.size()) throw ScriptError("something is missing behind \"" + action_ + "\"");
+  if (index >= words_.size()) throw ScriptError("something is missing behind " + Quoted(action_));
   return words_[index];
 }
 
 int ScriptLine::NumberAt(std::size_t index) const {
   const auto number = WholeNumber(At(index).text);
-  if (!number) throw ScriptError("\"" + At(index).text + "\" is no whole number");
+  if (!number) throw ScriptError(Quoted(At(index).text) + " is no whole number");
   return *number;
 }
 
@@ -93,7 +94,7 @@ std::pair<std::string, std::string> ScriptLine::WordAndPath() const {
 }
 
 std::string ScriptLine::PathIn(std::string_view text) const {
-  if (text.empty()) throw ScriptError("a path is missing behind \"" + action_ + "\"");
+  if (text.empty()) throw ScriptError("a path is missing behind " + Quoted(action_));
   return text.front() == '"' ? TakeWord(text).text : std::string(text);
 }
 
@@ -110,7 +111,7 @@ NameParts ParseControlName(std::string_view text) {
     const bool closed = text.back() == ')';
     const auto index = WholeNumber(text.substr(open + 1, text.size() - open - 2));
     if (!closed || !index || *index < 0) {
-      throw ScriptError("\"" + std::string(text) + "\" is no name of a control");
+      throw ScriptError(Quoted(text) + " is no name of a control");
     }
     result.index = *index;
   }

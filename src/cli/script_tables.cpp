@@ -2,6 +2,7 @@
 // export and import: parameters and windows as CSV files.
 #include "app/tool.h"
 #include "base/runtime_error.h"
+#include "base/text.h"
 #include "cli/picture_inputs.h"
 #include "cli/queued_dialogs.h"
 #include "cli/script.h"
@@ -14,7 +15,7 @@ namespace {
 
 TableKind KindOf(const std::string& word) {
   const auto kind = TableKindOf(word);
-  if (!kind) throw ScriptError("\"" + word + "\" is neither parameters nor windows");
+  if (!kind) throw ScriptError(Quoted(word) + " is neither parameters nor windows");
   return *kind;
 }
 

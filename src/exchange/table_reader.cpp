@@ -14,10 +14,10 @@
 namespace marlinset {
 namespace {
 
-constexpr std::size_t kMostLetters = 40;  // of the file in a message
-
-std::string Quoted(const std::string& text) {
-  return '"' + (LengthOf(text) > kMostLetters ? LeftOf(text, kMostLetters) + "..." : text) + '"';
+/// What the table says at a place, as far as it fits into a message.
+std::string Excerpt(const std::string& text) {
+  constexpr std::size_t kMostLetters = 40;
+  return Quoted(LengthOf(text) > kMostLetters ? LeftOf(text, kMostLetters) + "..." : text);
 }
 
 /// Reads a whole number in the column's range. Throws TableError for anything else.
@@ -30,7 +30,7 @@ int NumberIn(const std::string& field, const TableColumn& column, std::size_t li
   const std::string range = column.most == 1 ? "0 or 1"
                                              : "a number from " + std::to_string(column.least) + " to " +
                                                    std::to_string(column.most);
-  throw TableError(line, std::string(column.name) + " is " + Quoted(text) + " and has to be " + range);
+  throw TableError(line, std::string(column.name) + " is " + Excerpt(text) + " and has to be " + range);
 }
 
 /// The name of a window as it is looked for.
@@ -77,7 +77,7 @@ class TableReader {
       const auto column = std::ranges::find_if(
           columns_, [&](const TableColumn& known) { return EqualNoCase(known.name, name); });
       if (column == columns_.end())
-        throw TableError(row.line, "there is no column " + Quoted(name) + ". The columns are " + Names());
+        throw TableError(row.line, "there is no column " + Excerpt(name) + ". The columns are " + Names());
       std::optional<std::size_t>& known = places_[static_cast<std::size_t>(column - columns_.begin())];
       if (known) throw TableError(row.line, "the column " + std::string(column->name) + " is there twice");
       known = place;
@@ -135,7 +135,7 @@ class TableReader {
     }
     const std::string asked = name ? *name : std::to_string(*number);
     if (fitting.size() > 1) {
-      throw TableError(row.line, "several windows are called " + Quoted(asked) +
+      throw TableError(row.line, "several windows are called " + Excerpt(asked) +
                                      ". Name and Number together have to tell them apart");
     }
     if (fitting.empty()) return {asked, {}, number};

@@ -5,6 +5,7 @@
 #include <map>
 #include <string_view>
 
+#include "base/text.h"
 #include "controls/guard.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
@@ -18,7 +19,7 @@ namespace marlinset {
 namespace {
 
 RuntimeError NotThere(const std::string& name) {
-  return {kErrInvalidCall, "The panels have no value \"" + name + "\" that can be set."};
+  return {kErrInvalidCall, "The panels have no value " + Quoted(name) + " that can be set."};
 }
 
 }  // namespace
@@ -55,7 +56,7 @@ std::vector<NewValue> TakeOver::Chosen(const std::vector<ComparedValue>& differe
     const auto row = std::ranges::find(differences, name, &ComparedValue::name);
     if (row != differences.end()) {
       if (row->OneSided()) {
-        throw RuntimeError(kErrInvalidCall, "Only one side has \"" + name + "\".");
+        throw RuntimeError(kErrInvalidCall, "Only one side has " + Quoted(name) + ".");
       }
       values.push_back({name, *row->there});
       continue;
@@ -100,7 +101,7 @@ std::vector<TakeOver::Place> TakeOver::PlacesOf(const std::vector<NewValue>& val
     }
     const QcfNamedValue& mine = *found->second;
     if (!writer.Takes(*mine.field, mine.record, wanted.value)) {
-      throw RuntimeError(kErrBadProperty, "\"" + wanted.name + "\" does not take this value.");
+      throw RuntimeError(kErrBadProperty, Quoted(wanted.name) + " does not take this value.");
     }
     if (mine.value != wanted.value) places.push_back({mine.field, mine.record, wanted.value});
   }

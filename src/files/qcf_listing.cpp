@@ -16,10 +16,6 @@ namespace {
 constexpr std::int64_t kSixteenBits = 0x10000;
 constexpr std::int64_t kFirstNegative = 0x8000;
 
-std::string Quoted(const std::string& text) {
-  return '"' + text + '"';
-}
-
 std::string TextOfValue(const SingleValue& value) {
   const auto* text = std::get_if<std::string>(&value);
   return text ? Quoted(*text) : std::to_string(std::get<std::int64_t>(value));

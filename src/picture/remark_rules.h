@@ -47,7 +47,4 @@ void FindStrangeCharacters(const Setup& setup, Findings& found);
 void FindLostNumbers(const Setup& setup, Findings& found);
 void FindUnsavable(const Setup& setup, Findings& found);
 
-/// A name as the operator reads it, in quotation marks.
-std::string Quoted(std::string_view name);
-
 }  // namespace marlinset

@@ -35,10 +35,6 @@ std::string_view NameOf(Severity severity) {
   return severity == Severity::kWarning ? "warning" : "note";
 }
 
-std::string Quoted(std::string_view name) {
-  return '"' + std::string(name) + '"';
-}
-
 std::vector<Remark> RemarksOf(const FrmStart& form, const Variables& variables) {
   const Setup setup{form, variables, PlanPicture(form, variables)};
   std::vector<Remark> remarks;

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "base/text.h"
 #include "core/font_sizes.h"
 #include "picture/remark_rules.h"
 

@@ -47,7 +47,7 @@ std::size_t SizeOf(const FieldValue& value) {
 }
 
 /// A name in double quotes; quotes inside it are doubled.
-std::string Quoted(std::string_view text) {
+std::string Identifier(std::string_view text) {
   std::string quoted(1, '"');
   for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
   return quoted + '"';
@@ -117,9 +117,10 @@ class SqliteDatabase : public Database {
       std::string columns;
       for (const std::string& column : StoredColumns(name)) {
         if (!columns.empty()) columns += ", ";
-        columns += Quoted(column) + " COLLATE NOCASE AS " + Quoted(column);
+        columns += Identifier(column) + " COLLATE NOCASE AS " + Identifier(column);
       }
-      Query("CREATE TEMP VIEW " + Quoted(name) + " AS SELECT " + columns + " FROM main." + Quoted(name));
+      Query("CREATE TEMP VIEW " + Identifier(name) + " AS SELECT " + columns + " FROM main." +
+            Identifier(name));
       overlaid_.insert(name);
     }
   }
@@ -134,7 +135,7 @@ class SqliteDatabase : public Database {
     if (found.rows.empty()) throw NoTable(name);
     const std::string table = TextOf(found.rows[0].at(0));
     StoredColumns(table);
-    const std::string all = "SELECT * FROM main." + Quoted(table);
+    const std::string all = "SELECT * FROM main." + Identifier(table);
     try {
       return Prepare(all + " ORDER BY rowid");
     } catch (const RuntimeError& failure) {
@@ -145,7 +146,7 @@ class SqliteDatabase : public Database {
 
   /// Names of a table's columns. A computed one would execute what somebody wrote into the file.
   std::vector<std::string> StoredColumns(const std::string& table) {
-    const RowSet columns = Query("PRAGMA main.table_xinfo(" + Quoted(table) + ")");
+    const RowSet columns = Query("PRAGMA main.table_xinfo(" + Identifier(table) + ")");
     const std::size_t name = columns.IndexOf("name");
     const std::size_t hidden = columns.IndexOf("hidden");
     std::vector<std::string> names;
