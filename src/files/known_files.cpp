@@ -18,8 +18,8 @@ std::string MarkOf(std::span<const std::uint8_t> content) {
 }
 
 std::string FolderOf(const std::string& name) {
-  const std::size_t separator = LastSeparator(name);
-  return separator == std::string::npos ? "." : name.substr(0, separator + 1);
+  const std::string folder = FolderOfPath(name);
+  return folder.empty() ? "." : folder;
 }
 
 }  // namespace

@@ -7,6 +7,25 @@
 #include "base/runtime_error.h"
 
 namespace marlinset {
+namespace {
+
+std::optional<std::string> AskApart(FileDialog& dialog, FileDialogState state, void (FileDialog::*show)()) {
+  const FileDialogState before = dialog.State();
+  std::optional<std::string> file;
+  const auto ask = [&] {
+    dialog.State() = std::move(state);
+    try {
+      (dialog.*show)();
+      if (!dialog.FileName.empty()) file = dialog.FileName;
+    } catch (const RuntimeError& cancelled) {
+      if (cancelled.Number() != kErrDialogCancelled) throw;
+    }
+  };
+  Finally(ask, [&] { dialog.State() = before; });
+  return file;
+}
+
+}  // namespace
 
 void FileDialog::Take(std::optional<std::string> choice) {
   if (choice) {
@@ -17,19 +36,11 @@ void FileDialog::Take(std::optional<std::string> choice) {
 }
 
 std::optional<std::string> AskToOpen(FileDialog& dialog, FileDialogState state) {
-  const FileDialogState before = dialog.State();
-  std::optional<std::string> file;
-  const auto ask = [&] {
-    dialog.State() = std::move(state);
-    try {
-      dialog.ShowOpen();
-      if (!dialog.FileName.empty()) file = dialog.FileName;
-    } catch (const RuntimeError& cancelled) {
-      if (cancelled.Number() != kErrDialogCancelled) throw;
-    }
-  };
-  Finally(ask, [&] { dialog.State() = before; });
-  return file;
+  return AskApart(dialog, std::move(state), &FileDialog::ShowOpen);
+}
+
+std::optional<std::string> AskToSave(FileDialog& dialog, FileDialogState state) {
+  return AskApart(dialog, std::move(state), &FileDialog::ShowSave);
 }
 
 }  // namespace marlinset

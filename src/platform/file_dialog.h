@@ -56,5 +56,7 @@ class FileDialog : public FileDialogState {
 /// Asks for a file to open, in a dialog of another state; afterwards the dialog is as it was before. Nothing
 /// if the operator cancelled.
 std::optional<std::string> AskToOpen(FileDialog& dialog, FileDialogState state);
+/// The same for a file to save to.
+std::optional<std::string> AskToSave(FileDialog& dialog, FileDialogState state);
 
 }  // namespace marlinset

@@ -15,4 +15,8 @@ std::string FileNameOf(std::string_view path) {
   return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
 }
 
+std::string FolderOfPath(const std::string& path) {
+  return path.substr(0, path.size() - FileNameOf(path).size());
+}
+
 }  // namespace marlinset

@@ -71,5 +71,7 @@ std::size_t LastSeparator(std::string_view path);
 
 /// The part of a path after its folders.
 std::string FileNameOf(std::string_view path);
+/// The folders before it, with the last separator; empty if there are none.
+std::string FolderOfPath(const std::string& path);
 
 }  // namespace marlinset

@@ -23,7 +23,4 @@ struct NewFileQuestion {
 std::string AskForNewFile(const Platform& platform, const NewFileQuestion& question,
                           const std::string& unsaved, const std::string& folder);
 
-/// The folder of a path with its separator; empty if it has none.
-std::string FolderOfPath(const std::string& path);
-
 }  // namespace marlinset
