@@ -154,7 +154,7 @@ void Communications::HandleMessage(std::span<const std::uint8_t> message) {
       vars_.UnitLocalMode = false;
       break;
     case kLocalMode:
-      form_.StatBar(FrmStart::kExchangePanel).SetText("Local Mode");
+      form_.StatBar(FrmStart::kExchangePanel).SetText(kLocalModeText);
       vars_.UnitLocalMode = true;
       break;
     default:

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/frm_start.h"
+#include "link/communications.h"
 #include "link/identification.h"
 #include "link/ports.h"
 #include "link/setting_commands.h"
@@ -80,7 +81,7 @@ HeldSettings::HeldSettings(FrmStart& form, SettingCommands& commands, Ports& por
   ports.Closed.Connect([this] { Forget(); });
   StatusPanel& exchange = form.StatBar(FrmStart::kExchangePanel);
   exchange.Changed.Connect([this, &exchange] {
-    if (exchange.Text() == "Local Mode") Forget();
+    if (exchange.Text() == kLocalModeText) Forget();
   });
   StatusPanel& model = form.StatBar(FrmStart::kModelPanel);
   model.Changed.Connect([this, &form, &model] {

@@ -51,7 +51,7 @@ void Identification::GetId() {
   if (UnitIsIdentified(form_) || !platform_.ComP1.PortOpen()) return;
   form_.ShowTraffic(kRed);
   form_.StatBar(FrmStart::kModelPanel).SetText(kGetIdFailedText);
-  if (form_.StatBar(FrmStart::kExchangePanel).Text() == "Local Mode") {
+  if (form_.StatBar(FrmStart::kExchangePanel).Text() == kLocalModeText) {
     platform_.dialogs.Tell("Local Mode detected, Interactive mode suspended.");
   } else {
     platform_.dialogs.Tell(

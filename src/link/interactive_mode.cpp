@@ -132,7 +132,7 @@ void InteractiveMode::InterTime_Timer() {
   const bool interactive = form_.mnuInter.Checked();
   if (interactive && Contains(kHealthy, exchange)) {
     Poll();
-  } else if (interactive && exchange == "Local Mode") {
+  } else if (interactive && exchange == kLocalModeText) {
     Watch();
   } else if (!interactive || exchange != "Sent") {
     Fail();
