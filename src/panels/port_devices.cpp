@@ -156,7 +156,7 @@ std::string PortDevices::TestText(int port) {
     return "Not tested: port " + std::to_string(line.CommPort()) +
            " is open on this device. Ask the unit there with Get ID, or close the port first.";
   const std::string text = probe_.Identify(*platform_.makeLine(port, device));
-  const std::string known = "Port " + std::to_string(port) + " cannot be opened: ";  // the row says which one
+  const std::string known = CannotBeOpened(port);  // the row says which one
   return text.starts_with(known) ? Sentence(text.substr(known.size())) : text;
 }
 

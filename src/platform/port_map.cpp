@@ -106,4 +106,8 @@ RuntimeError NoDeviceBehind(int port) {
                         "=PATH or the setting " + DeviceKey(port) + "."};
 }
 
+std::string CannotBeOpened(int port) {
+  return "Port " + std::to_string(port) + " cannot be opened: ";
+}
+
 }  // namespace marlinset

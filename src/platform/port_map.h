@@ -61,5 +61,7 @@ bool NaturalLess(std::string_view a, std::string_view b);
 
 /// The failure when a port number without a device is opened (kErrPort).
 RuntimeError NoDeviceBehind(int port);
+/// What other failures of an opening begin with: "Port 1 cannot be opened: ".
+std::string CannotBeOpened(int port);
 
 }  // namespace marlinset

@@ -44,7 +44,7 @@ void QtLine::SetPortOpen(bool open) {
 
 bool QtLine::DeviceIsThere(int port) const {
   const std::string device = DeviceName(port);
-  return !device.empty() && (IsAddress(device) || SerialDevice::Exists(device));
+  return !device.empty() && (IsAddress(device) || PathExists(device));
 }
 
 void QtLine::Open() {
@@ -57,9 +57,7 @@ void QtLine::Open() {
   try {
     Finally([&] { device_->Open(device); }, [this] { opening_ = false; });
   } catch (const RuntimeError& error) {
-    throw RuntimeError(kErrPort,
-                       "Port " + std::to_string(port_) + " cannot be opened: " + error.Description(),
-                       error.Remedy());
+    throw RuntimeError(kErrPort, CannotBeOpened(port_) + error.Description(), error.Remedy());
   }
 }
 

@@ -81,10 +81,6 @@ SerialDevice::SerialDevice() {
                    [this](QSerialPort::SerialPortError error) { NoteError(error); });
 }
 
-bool SerialDevice::Exists(const std::string& name) {
-  return QFileInfo::exists(RealName(name));
-}
-
 void SerialDevice::Open(const std::string& name) {
   const QString node = RealName(name);
   serial_.setPortName(node);

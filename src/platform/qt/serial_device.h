@@ -24,9 +24,6 @@ class SerialDevice : public LineDevice {
   bool HoldsInput() const override;
   bool TakeInput() override;
 
-  /// Whether there is a device of this name.
-  static bool Exists(const std::string& name);
-
  private:
   void NoteError(QSerialPort::SerialPortError error);
   bool HungUp() const;
