@@ -47,20 +47,22 @@ std::unique_ptr<SettingsStore> OpenSettings(const std::string& file) try {
                      failure.Remedy() + "\nMove it away, or name another file with --settings.");
 }
 
-struct OneDevice {
-  OneDevice(int port, const std::string& device) {
-    PortMap::Paths paths;
-    At(paths, port - kLowestPort) = device;
-    map = std::make_unique<PortMap>(paths);
-  }
-  std::unique_ptr<PortMap> map;
+PortMap::Paths OnlyDevice(int port, const std::string& device) {
+  PortMap::Paths paths;
+  At(paths, port - kLowestPort) = device;
+  return paths;
+}
+
+/// A line needs its map before it begins.
+struct OwnMap {
+  PortMap map;
 };
 
-/// A line with a map of its own.
-class LineApart : OneDevice, public QtLine {
+/// A line with a map of its own, which knows one device.
+class LineApart : OwnMap, public QtLine {
  public:
   LineApart(Guard& guard, EventPump& pump, int port, const std::string& device)
-      : OneDevice(port, device), QtLine(guard, *map, pump) {}
+      : OwnMap{PortMap(OnlyDevice(port, device))}, QtLine(guard, map, pump) {}
 };
 
 }  // namespace
@@ -97,11 +99,15 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
 }
 
 Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialogs, FileDialog& fileDialog)
-    : dialogs_(dialogs), fileDialog_(fileDialog), guard_(dialogs), programFolder_(options.programFolder) {
+    : clock_(clock),
+      dialogs_(dialogs),
+      fileDialog_(fileDialog),
+      guard_(dialogs),
+      programFolder_(options.programFolder) {
   if (programFolder_.empty()) programFolder_ = FolderOfDatabase();
   programFolder_ = WholePath(programFolder_);
   settings_ = OpenSettings(options.settingsFile);
-  if (clock == ClockKind::kVirtual) {
+  if (clock_ == ClockKind::kVirtual) {
     portMap_ =
         std::make_unique<PortMap>(options.ports, *settings_, [] { return std::vector<std::string>{}; });
     pump_ = std::make_unique<VirtualPump>();
@@ -118,18 +124,24 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
 }
 
 Platform Computer::MakePlatform(MSComm& line) {
-  return {*pump_,         line,
-          engine_,        dialogs_,
-          *settings_,     guard_,
-          fileDialog_,    files_,
-          *printer_,      desktop_,
-          programFolder_, nullptr,
-          portMap_.get(), [this](int port, const std::string& device) { return MakeLine(port, device); }};
+  return {.pump = *pump_,
+          .ComP1 = line,
+          .engine = engine_,
+          .dialogs = dialogs_,
+          .settings = *settings_,
+          .guard = guard_,
+          .fileDialog = fileDialog_,
+          .files = files_,
+          .printer = *printer_,
+          .desktop = desktop_,
+          .programFolder = programFolder_,
+          .portMap = portMap_.get(),
+          .makeLine = [this](int port, const std::string& device) { return MakeLine(port, device); }};
 }
 
 std::unique_ptr<MSComm> Computer::MakeLine(int port, const std::string& device) {
   std::unique_ptr<MSComm> line = std::make_unique<NoLine>();
-  if (dynamic_cast<QtPump*>(pump_.get())) line = std::make_unique<LineApart>(guard_, *pump_, port, device);
+  if (clock_ == ClockKind::kReal) line = std::make_unique<LineApart>(guard_, *pump_, port, device);
   line->SetCommPort(port);
   return line;
 }

@@ -44,7 +44,7 @@ std::string DocumentsFolder();
 
 /// Adds --program-folder and --command.
 void AddDataOptions(CLI::App& app, CommonOptions& options);
-/// Adds these, --settings, and --com1 to --com4.
+/// Adds the options of AddDataOptions, --settings, and --com1 to --com4.
 void AddCommonOptions(CLI::App& app, CommonOptions& options);
 
 /// The real computer, or one whose clock jumps and that has no serial line. Needs Qt's application object.
@@ -69,6 +69,7 @@ class Computer {
  private:
   std::unique_ptr<MSComm> MakeLine(int port, const std::string& device);
 
+  const ClockKind clock_;
   Dialogs& dialogs_;
   FileDialog& fileDialog_;
   LocalFiles files_;

@@ -39,7 +39,7 @@ struct Platform {
   WorkKeeper* work = nullptr;
   /// Which devices ComP1 means by its port numbers; null if nobody may change that.
   PortMap* portMap = nullptr;
-  /// Makes a line apart from ComP1 that knows one device, behind that port number. Closed; there if `portMap`
+  /// Makes a closed line apart from ComP1 that knows one device, behind that port number. Set if `portMap`
   /// is.
   std::function<std::unique_ptr<MSComm>(int port, const std::string& device)> makeLine = {};
 };
