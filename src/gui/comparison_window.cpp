@@ -78,8 +78,6 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
   takeOver_ = AddButton(*bottom, "&Take Over", this);
   QPushButton* closing = AddButton(*bottom, "&Close", this);
   rows->addLayout(bottom);
-  soon_.setSingleShot(true);
-  connect(&soon_, &QTimer::timeout, this, &ComparisonWindow::Look);
   connect(filter_, &QLineEdit::textChanged, model_, &ComparisonModel::SetFilter);
   connect(model_, &ComparisonModel::Changed, this, &ComparisonWindow::ShowState);
   connect(all_, &QPushButton::clicked, model_, [this] { model_->TickAll(true); });
@@ -162,7 +160,7 @@ void ComparisonWindow::showEvent(QShowEvent* event) {
 }
 
 void ComparisonWindow::LookSoon() {
-  if (isVisible() && !soon_.isActive()) soon_.start(kLookMs);
+  if (isVisible()) soon_.Ask(kLookMs);
 }
 
 /// While a file is being loaded the panels are between two configurations; its end is a change again.

@@ -3,12 +3,12 @@
 
 #include <QDialog>
 #include <QSet>
-#include <QTimer>
 #include <functional>
 #include <string>
 
 #include "controls/signal.h"
 #include "exchange/compare_command.h"
+#include "gui/widgets/soon.h"
 
 class QLabel;
 class QLineEdit;
@@ -61,7 +61,7 @@ class ComparisonWindow : public QDialog {
   int scrolled_ = 0;  ///< the same
   QSet<QString> closedGroups_;
   std::string trouble_;  ///< why the rows may be out of date
-  QTimer soon_;          ///< runs while a look is due
+  Soon soon_{[this] { Look(); }};
   Listening<> listening_;
 };
 

@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QTimer>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -58,13 +57,7 @@ PictureView::PictureView(FrmStart& form, PictureRules& rules, std::shared_ptr<Wi
 
 PictureView::~PictureView() = default;
 
-void PictureView::ReplanSoon() {
-  if (std::exchange(replanning_, true)) return;
-  QTimer::singleShot(0, this, &PictureView::Replan);
-}
-
 void PictureView::Replan() {
-  replanning_ = false;
   SetExtras(form_.mnuSafe.Checked(), form_.mnuSlate.Checked());
   SetPlan(rules_.Plan());
   if (drag_ && !Seen(drag_->row)) EndDrag(false);
@@ -119,7 +112,7 @@ bool PictureView::event(QEvent* event) {
 
 void PictureView::showEvent(QShowEvent* event) {
   PictureCanvas::showEvent(event);
-  listening_.emplace(form_.Altered, [this] { ReplanSoon(); });
+  listening_.emplace(form_.Altered, [this] { replan_.Ask(); });
   Replan();
 }
 
@@ -141,7 +134,7 @@ void PictureView::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (drag_ && event->button() != Qt::LeftButton) return EndDrag(false);
   if (event->button() != Qt::LeftButton) return;
-  if (replanning_) Replan();
+  replan_.Hurry();
   const int row = RowAt(event->position());
   selection_->Select(row);
   const PlannedWindow* window = Seen(row);
@@ -160,7 +153,7 @@ void PictureView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PictureView::DragTo(QPointF point) {
-  if (replanning_) Replan();
+  replan_.Hurry();
   const auto limits = drag_ ? rules_.LimitsOf(drag_->row) : std::nullopt;
   if (!limits) return EndDrag(false);
   const QPointF way = point - drag_->press;
@@ -187,7 +180,7 @@ void PictureView::mouseDoubleClickEvent(QMouseEvent* event) {
 void PictureView::EndDrag(bool drop) {
   const std::optional<Drag> drag = std::exchange(drag_, std::nullopt);
   if (!drag) return;
-  if (replanning_) Replan();
+  replan_.Hurry();
   const PlannedWindow* window = Seen(drag->row);
   if (drop && drag->begun && window && drag->to != drag->from) Move(*window, drag->to);
   ShowGhosts();
@@ -218,7 +211,7 @@ bool PictureView::PressKey(int key, bool repeats) {
     SelectNext(key == Qt::Key_PageDown ? 1 : -1);
     return true;
   }
-  if (replanning_) Replan();
+  replan_.Hurry();
   if (!Seen(Selected())) return false;
   if (key == Qt::Key_Delete) {
     OperatorQueue::OfProgram().Take(form_.chOnOff(Selected()), {OperatorAction::Kind::kCheck, 0},
@@ -261,7 +254,7 @@ void PictureView::SelectNext(int way) {
 
 void PictureView::Move(const PlannedWindow& window, const CellRect& to) {
   const int row = window.row;
-  Awaited& awaited = awaited_[row];
+  AwaitedMoves& awaited = awaited_[row];
   ++awaited.moves;
   awaited.place = to;
   // Another file may have other windows in these rows by then.

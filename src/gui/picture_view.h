@@ -8,6 +8,7 @@
 
 #include "controls/signal.h"
 #include "gui/picture_canvas.h"
+#include "gui/widgets/soon.h"
 
 namespace marlinset {
 
@@ -55,12 +56,11 @@ class PictureView : public PictureCanvas {
     bool begun = false;  ///< the pointer went further than a hand trembles
   };
   /// Moves of a window that are still to be carried out.
-  struct Awaited {
+  struct AwaitedMoves {
     int moves = 0;
     CellRect place;  ///< where they lead
   };
 
-  void ReplanSoon();
   void Replan();
   void ShowSelection();
   void ShowGhosts();
@@ -77,10 +77,10 @@ class PictureView : public PictureCanvas {
   FrmStart& form_;
   PictureRules& rules_;
   std::shared_ptr<WindowSelection> selection_;
-  bool replanning_ = false;  ///< a change waits for the next turn of the event loop
+  Soon replan_{[this] { Replan(); }};
   std::optional<Drag> drag_;
-  std::optional<QPointF> pulled_;   ///< last point of the pointer while it pulls an enlarged picture
-  std::map<int, Awaited> awaited_;  ///< by rows
+  std::optional<QPointF> pulled_;        ///< last point of the pointer while it pulls an enlarged picture
+  std::map<int, AwaitedMoves> awaited_;  ///< by rows
   Listening<> selectionListening_;
   std::optional<Listening<>> listening_;  ///< while it can be seen
 };
