@@ -184,7 +184,12 @@ struct ParameterKey {
     return parameterClass != other.parameterClass ? parameterClass < other.parameterClass
                                                   : number < other.number;
   }
+  bool operator==(const ParameterKey& other) const = default;
 };
+
+inline ParameterKey KeyOf(const SystemParameterRec& parameter) {
+  return {parameter.Class, parameter.Parameter};
+}
 
 /// Parameters of classes 1 and 25 are internal to the unit: no visible row shows them, and they are not sent
 /// one by one.

@@ -20,7 +20,8 @@ struct Offer {
   std::string title;    ///< of the window: "Compare with stage4.qcf"
   std::string action;   ///< what the history calls it when some are taken over
   bool ticked = false;  ///< whether all of them are chosen at first
-  /// What differs now. Throws RuntimeError if that cannot be told, for example while a file is being loaded.
+  /// What differs now. Throws RuntimeError if nothing can be compared, for example while a file is being
+  /// loaded.
   std::function<std::vector<ComparedValue>()> differences;
 };
 

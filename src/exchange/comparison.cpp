@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/comparison.h"
 
-#include <algorithm>
 #include <map>
 #include <set>
 #include <span>
@@ -141,11 +140,8 @@ class Differences {
 }  // namespace
 
 std::string_view GroupOf(const QcfField& field) {
-  const auto partOf = [&field](QcfUse use) {
-    return std::ranges::any_of(QcfFieldOf(use).record, [&](const QcfField& part) { return &part == &field; });
-  };
-  if (partOf(QcfUse::kWindows)) return "Windows";
-  if (partOf(QcfUse::kParameters)) return "Parameters";
+  if (IsPartOf(QcfUse::kWindows, field)) return "Windows";
+  if (IsPartOf(QcfUse::kParameters, field)) return "Parameters";
   if (field.use == QcfUse::kVitcOption) return kLines;
   for (const Group& group : kGroups) {
     if (group.control == field.control && (group.index == kNoIndex || group.index == field.index)) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/panel_writer.h"
 
-#include <algorithm>
 #include <limits>
 #include <string>
 
@@ -37,22 +36,17 @@ bool IsInRange(const QcfField& field, const Control* control, const SingleValue&
   return isTick ? IsWithin(*number, 0, 2) : Fits<int>(*number);
 }
 
-bool IsOfParameter(const QcfField& field) {
-  const auto parts = QcfFieldOf(QcfUse::kParameters).record;
-  return std::ranges::any_of(parts, [&](const QcfField& part) { return &part == &field; });
-}
-
 }  // namespace
 
 bool PanelWriter::Takes(const QcfField& field, int record, const SingleValue& value) const {
-  if (IsOfParameter(field)) return IsInRange(field, nullptr, value);
+  if (IsPartOf(QcfUse::kParameters, field)) return IsInRange(field, nullptr, value);
   const Control* control = form_.Find(field.control, record == kNoIndex ? field.index : record);
   if (!control && field.use != QcfUse::kVitcOption) return false;
   return IsInRange(field, control, value);
 }
 
 void PanelWriter::Set(const QcfField& field, int record, const SingleValue& value) {
-  if (IsOfParameter(field)) return SetParameter(record, value);
+  if (IsPartOf(QcfUse::kParameters, field)) return SetParameter(record, value);
   const int index = record == kNoIndex ? field.index : record;
   if (const auto* text = std::get_if<std::string>(&value)) {
     SetText(field, index, *text);

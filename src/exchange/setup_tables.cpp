@@ -88,16 +88,20 @@ std::vector<int> TableRows(TableKind kind, const Variables& variables, const Frm
   return rows;
 }
 
+std::map<ParameterKey, int> RowsByParameter(const Variables& variables, const FrmStart& form) {
+  std::map<ParameterKey, int> rows;
+  for (const int row : TableRows(TableKind::kParameters, variables, form)) {
+    rows.emplace(KeyOf(At(variables.SystemParameters, row)), row);
+  }
+  return rows;
+}
+
 std::vector<int> RowsOf(std::span<const ParameterKey> parameters, const Variables& variables,
                         const FrmStart& form) {
-  std::map<ParameterKey, int> places;
-  for (const int row : TableRows(TableKind::kParameters, variables, form)) {
-    const SystemParameterRec& parameter = At(variables.SystemParameters, row);
-    places.emplace(ParameterKey{parameter.Class, parameter.Parameter}, row);
-  }
+  const std::map<ParameterKey, int> known = RowsByParameter(variables, form);
   std::vector<int> rows;
   for (const ParameterKey& key : parameters) {
-    if (const auto found = places.find(key); found != places.end()) rows.push_back(found->second);
+    if (const auto found = known.find(key); found != known.end()) rows.push_back(found->second);
   }
   return rows;
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -45,11 +46,13 @@ struct TableColumn {
 };
 std::span<const TableColumn> ColumnsOf(TableKind kind);
 // Places in ColumnsOf.
-inline constexpr std::size_t kClassColumn = 0, kParameterColumn = 1;
+inline constexpr std::size_t kClassColumn = 0, kParameterColumn = 1, kValueColumn = 3;
 inline constexpr std::size_t kNameColumn = 0, kNumberColumn = 1;
 
 /// Which rows of the panel a table of this kind holds, by their number in the list.
 std::vector<int> TableRows(TableKind kind, const Variables& variables, const FrmStart& form);
+/// Those of the parameters, by what identifies them.
+std::map<ParameterKey, int> RowsByParameter(const Variables& variables, const FrmStart& form);
 /// The rows of these parameters, in the order given; leaves out what is not in the list.
 std::vector<int> RowsOf(std::span<const ParameterKey> parameters, const Variables& variables,
                         const FrmStart& form);

@@ -24,13 +24,16 @@ namespace {
 constexpr std::string_view kCsvTables = "CSV tables";
 constexpr std::string_view kNothingPasted = "Nothing was pasted.";
 constexpr std::string_view kOnlyInTable = "only in the table";
-constexpr std::string_view kValueControl = "udVal";
 constexpr std::size_t kMostNamed = 20;  // rows in a box
 
 /// A table begins with names, values alone begin with a number.
 bool HasColumnNames(std::string_view text) {
   const auto end = text.find_first_of("\r\n", text.find_first_not_of("\r\n "));
   return std::ranges::any_of(text.substr(0, end), [](unsigned char c) { return std::isalpha(c) != 0; });
+}
+
+PanelValue ParameterValue(int row, int value) {
+  return {ColumnsOf(TableKind::kParameters)[kValueColumn].control, row, value};
 }
 
 std::string Counted(std::size_t count, const std::string& noun) {
@@ -50,7 +53,7 @@ TableCommands::TableCommands(Platform& platform, const Variables& variables, Frm
 
 std::optional<int> TableCommands::ReferenceOf(const ParameterKey& parameter) const {
   for (const SystemParameterRec& known : vars_.ReferenceParameters) {
-    if (known.Class == parameter.parameterClass && known.Parameter == parameter.number) return known.Value;
+    if (KeyOf(known) == parameter) return known.Value;
   }
   return std::nullopt;
 }
@@ -75,7 +78,7 @@ TableContent TableCommands::PasteOf(const std::string& text, std::span<const Par
   }
   TableContent content;
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    content.values.push_back({kValueControl, rows[i], values[values.size() == 1 ? 0 : i]});
+    content.values.push_back(ParameterValue(rows[i], values[values.size() == 1 ? 0 : i]));
   }
   return content;
 }
@@ -92,9 +95,8 @@ void TableCommands::Reset(std::span<const ParameterKey> parameters) {
   Attempt("Nothing was reset.", [&] {
     TableContent content;
     for (const int row : RowsOf(parameters, vars_, form_)) {
-      const SystemParameterRec& parameter = At(vars_.SystemParameters, row);
-      if (const auto value = ReferenceOf({parameter.Class, parameter.Parameter}))
-        content.values.push_back({kValueControl, row, *value});
+      if (const auto value = ReferenceOf(KeyOf(At(vars_.SystemParameters, row))))
+        content.values.push_back(ParameterValue(row, *value));
     }
     Take(ImportOf("Reset to Reference", content));
   });

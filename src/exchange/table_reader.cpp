@@ -41,11 +41,11 @@ std::string Sought(const std::string& name) {
 class TableReader {
  public:
   TableReader(TableKind kind, const Variables& variables, const FrmStart& form)
-      : kind_(kind), columns_(ColumnsOf(kind)), vars_(variables), rows_(TableRows(kind, variables, form)) {
-    if (kind_ == TableKind::kWindows) return;
-    for (const int row : rows_) {
-      const SystemParameterRec& parameter = At(vars_.SystemParameters, row);
-      parameters_.emplace(ParameterKey{parameter.Class, parameter.Parameter}, row);
+      : kind_(kind), columns_(ColumnsOf(kind)), vars_(variables) {
+    if (kind_ == TableKind::kParameters) {
+      parameters_ = RowsByParameter(variables, form);
+    } else {
+      windows_ = TableRows(kind, variables, form);
     }
   }
 
@@ -128,7 +128,7 @@ class TableReader {
     if (places_[kNameColumn]) name = Trim(row.fields[*places_[kNameColumn]]);
     if (places_[kNumberColumn]) number = NumberAt(row, kNumberColumn);
     std::vector<int> fitting;
-    for (const int place : rows_) {
+    for (const int place : windows_) {
       const CharWindowRec& window = At(vars_.CharWindows, place);
       if (name && Sought(window.Name) != Sought(*name)) continue;
       if (!number || window.Number == *number) fitting.push_back(place);
@@ -149,10 +149,10 @@ class TableReader {
   TableKind kind_;
   std::span<const TableColumn> columns_;
   const Variables& vars_;
-  std::vector<int> rows_;  ///< of the panel
-  std::map<ParameterKey, int> parameters_;
-  std::vector<std::optional<std::size_t>>
-      places_;  ///< of each column in the table; empty before its first line
+  std::map<ParameterKey, int> parameters_;  ///< rows of the panel
+  std::vector<int> windows_;                ///< the same
+  /// Of each column in the table; empty before its first line.
+  std::vector<std::optional<std::size_t>> places_;
   std::set<std::pair<int, std::string>> seen_;
   TableContent content_;
 };
@@ -167,7 +167,7 @@ TableContent ReadTable(TableKind kind, std::string_view text, const Variables& v
 }
 
 std::vector<int> ReadValues(std::string_view text) {
-  const TableColumn& value = ColumnsOf(TableKind::kParameters).back();
+  const TableColumn& value = ColumnsOf(TableKind::kParameters)[kValueColumn];
   std::vector<int> numbers;
   ReadCsv(text, [&](const CsvRow& row) {
     if (row.fields.size() > 1)

@@ -140,4 +140,9 @@ const QcfField& QcfFieldOf(QcfUse use) {
   return *found;
 }
 
+bool IsPartOf(QcfUse list, const QcfField& field) {
+  const auto parts = QcfFieldOf(list).record;
+  return std::any_of(parts.begin(), parts.end(), [&](const QcfField& part) { return &part == &field; });
+}
+
 }  // namespace marlinset

@@ -58,4 +58,7 @@ std::span<const QcfField> QcfFields();
 /// The field with this use, which is used once.
 const QcfField& QcfFieldOf(QcfUse use);
 
+/// Whether a field is a part of each record in this list, kWindows or kParameters.
+bool IsPartOf(QcfUse list, const QcfField& field);
+
 }  // namespace marlinset

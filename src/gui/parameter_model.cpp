@@ -235,10 +235,6 @@ bool ParameterModel::IsWanted(const ParameterRecord& record) const {
   return filter_.Matches({parameterClass, parameter, description, record.awaited.text});
 }
 
-std::optional<int> ParameterModel::ReferenceOf(int row) const {
-  return ReferenceOf(*RecordOf(row));
-}
-
 std::optional<int> ParameterModel::ReferenceOf(const ParameterRecord& record) const {
   return reference_ ? reference_(record.Key()) : std::nullopt;
 }

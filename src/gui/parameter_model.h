@@ -52,6 +52,8 @@ class ParameterModel : public QAbstractTableModel {
   static constexpr int kHeads = kReference;
   /// Whether the row's value is another one than the reference database has.
   static constexpr int kDiffersRole = Qt::UserRole;
+  /// Whether the unit does not hold a value; of cells in the column kValue.
+  static constexpr int kUnheldRole = Qt::UserRole + 1;
 
   ParameterModel(FrmStart& form, ReferenceValue reference, QObject* parent);
 
@@ -66,8 +68,6 @@ class ParameterModel : public QAbstractTableModel {
   }
   /// The row in the table of the parameter whose controls have this index; -1 if it is not shown.
   int RowOf(int index) const;
-  /// Whether the unit does not hold a value; of cells in the column kValue.
-  static constexpr int kUnheldRole = Qt::UserRole + 1;
   /// The values that the unit does not hold are those of the controls with these indices.
   void ShowUnheld(std::set<int> indices);
   /// The button whose caption heads a column below kHeads.
@@ -76,7 +76,6 @@ class ParameterModel : public QAbstractTableModel {
   void SetFilter(const ParameterFilter& filter);
   /// How many rows there are without a filter.
   int AllRows() const;
-  std::optional<int> ReferenceOf(int row) const;
 
  signals:
   /// The parameter of this cell is being sent now.
