@@ -30,9 +30,10 @@ Descriptor EndSignals() {
   return Descriptor(::signalfd(-1, &signals, SFD_CLOEXEC));
 }
 
-class Units {
+/// Starts the processes, reads what they print, and passes the first signal on.
+class RackRun {
  public:
-  Units(const std::vector<RackUnit>& units, const RackOrders& orders)
+  RackRun(const std::vector<RackUnit>& units, const RackOrders& orders)
       : units_(units), orders_(orders), signals_(EndSignals()), results_(units.size()) {}
 
   std::vector<UnitResult> Run() {
@@ -105,7 +106,7 @@ class Units {
 }  // namespace
 
 std::vector<UnitResult> RunUnits(const std::vector<RackUnit>& units, const RackOrders& orders) {
-  return Units(units, orders).Run();
+  return RackRun(units, orders).Run();
 }
 
 }  // namespace marlinset

@@ -26,8 +26,8 @@ struct UnitResult {
 
 /// How a rack is sent.
 struct RackOrders {
-  std::size_t jobs = 8;  ///< units at a time
-  /// The program that sends to one unit, and its words: a `send --json`.
+  std::size_t jobs = 1;  ///< units at a time
+  /// The program that sends to one unit, and the words of its command line: a `send --json`.
   std::function<std::vector<std::string>(const RackUnit&)> words;
   /// Called for each unit as it ends.
   std::function<void(const UnitResult&)> ended;

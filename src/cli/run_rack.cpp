@@ -15,8 +15,7 @@
 namespace marlinset {
 namespace {
 
-/// Lists all that is wrong on standard error; with `json` also as a line each, so that each has its line
-/// there.
+/// Lists all that is wrong on standard error, and with `json` also on standard output, a line each.
 void PrintMistakes(const std::string& file, const std::vector<RackMistake>& mistakes, bool json) {
   const std::string place = file + ": ";
   for (const RackMistake& mistake : mistakes) {
@@ -39,8 +38,8 @@ void PrintPlan(const std::vector<RackUnit>& units, bool json) {
   }
 }
 
-/// The send to one unit, by this very program. The null device as settings: each process has its own, which
-/// end with it.
+/// The send to one unit, by this program. The null device gives each process settings of its own, which end
+/// with it.
 std::vector<std::string> WordsFor(const CliOptions& options, const RackUnit& unit) {
   std::vector<std::string> words{QCoreApplication::applicationFilePath().toStdString(), "send", "--json",
                                  "--settings=/dev/null", "--com1=" + unit.port};
@@ -145,8 +144,8 @@ int RunRack(const CliOptions& options) {
     PrintPlan(rack.units, options.json);
     return kExitDone;
   }
-  std::signal(SIGPIPE,
-              SIG_IGN);  // whoever reads the output may leave; the units get their setups all the same
+  // Whoever reads the output may leave; the units get their setups all the same.
+  std::signal(SIGPIPE, SIG_IGN);
   const std::vector<UnitResult> results =
       RunUnits(rack.units, {.jobs = options.rack.jobs,
                             .words = [&](const RackUnit& unit) { return WordsFor(options, unit); },

@@ -162,7 +162,7 @@ Form& Script::FindForm(const std::string& name) const {
 }
 
 Control& Script::FindControl(const std::string& text) const {
-  const NameParts name = ParseControlName(text);
+  const ScriptControlName name = ParseControlName(text);
   Control* control = FindForm(name.form).Find(name.name, name.index);
   if (!control) throw ScriptError("no control " + text);
   return *control;

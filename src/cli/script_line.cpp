@@ -98,8 +98,8 @@ std::string ScriptLine::PathIn(std::string_view text) const {
   return text.front() == '"' ? TakeWord(text).text : std::string(text);
 }
 
-NameParts ParseControlName(std::string_view text) {
-  NameParts result{"frmStart", "", kNoIndex};
+ScriptControlName ParseControlName(std::string_view text) {
+  ScriptControlName result{"frmStart", "", kNoIndex};
   const auto dot = text.find('.');
   if (dot != std::string_view::npos) {
     result.form = text.substr(0, dot);

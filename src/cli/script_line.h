@@ -58,12 +58,12 @@ class ScriptLine {
 
 /// The parts of "comTB(1)"; index kNoIndex without parentheses. A form's name may precede it:
 /// "frmAbout.cmdOK".
-struct NameParts {
+struct ScriptControlName {
   std::string form;
   std::string name;
   int index;
 };
-/// Throws ScriptError if it has neither form.
-NameParts ParseControlName(std::string_view text);
+/// Throws ScriptError for anything else.
+ScriptControlName ParseControlName(std::string_view text);
 
 }  // namespace marlinset

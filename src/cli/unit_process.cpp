@@ -55,7 +55,7 @@ void UnitProcess::Interrupt(int signal) {
 
 int UnitProcess::DescriptorOf(std::size_t stream) const {
   if (streams_[stream].ended) return -1;
-  return (stream == 0 ? process_.Output() : process_.Errors()).Number();
+  return (stream == kOutput ? process_.Output() : process_.Errors()).Number();
 }
 
 void UnitProcess::Read(std::size_t stream) {
@@ -70,10 +70,10 @@ UnitResult UnitProcess::Result(const std::string& name) {
   UnitResult result{.name = name};
   const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start_;
   result.seconds = std::round(took.count() * 100) / 100;
-  result.told = LinesOf(streams_[1].text);
+  result.told = LinesOf(streams_[kErrors].text);
   const bool obeyed = interrupt_ != 0 && end.signal == interrupt_;
   const bool crashed = end.signal != 0 && !obeyed;
-  if (!crashed && TakeReport(streams_[0].text, result)) return result;
+  if (!crashed && TakeReport(streams_[kOutput].text, result)) return result;
   // Before its send begins, the signal ends the process as it ends any other.
   result.end = obeyed ? "stopped" : "failed";
   if (!obeyed) result.told.push_back(WordsFor(end));

@@ -20,18 +20,18 @@ class UnitProcess {
   std::size_t Unit() const { return unit_; }  ///< its place in the rack
   /// Passes a signal on that asks it to end.
   void Interrupt(int signal);
-  /// The streams to poll: its output and its errors.
-  static constexpr std::size_t kStreams = 2;
+  /// The streams to poll.
+  enum Stream : std::size_t { kOutput, kErrors, kStreams };
   /// The descriptor of a stream; negative once it has ended.
   int DescriptorOf(std::size_t stream) const;
   /// Takes what a stream holds; waits if that is nothing.
   void Read(std::size_t stream);
-  bool Ended() const { return streams_[0].ended && streams_[1].ended; }
+  bool Ended() const { return streams_[kOutput].ended && streams_[kErrors].ended; }
   /// Waits for the end of a process whose streams have ended.
   UnitResult Result(const std::string& name);
 
  private:
-  struct Stream {
+  struct Reading {
     std::string text;
     bool ended = false;
   };
@@ -39,7 +39,7 @@ class UnitProcess {
   std::size_t unit_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   int interrupt_ = 0;
-  Stream streams_[kStreams];
+  Reading streams_[kStreams];
   ChildProcess process_;
 };
 

@@ -16,9 +16,9 @@ struct ChildEnd {
   int signal = 0;  ///< the signal that ended it; 0 for none
 };
 
-/// A program whose output and errors come through pipes. Its input is empty. It has a
-/// process group of its own, so that Ctrl-C at a terminal reaches it only through Send. If this program dies,
-/// however that happens, the child gets SIGTERM.
+/// A program whose output and errors come through pipes. Its input is empty. It has a process group of its
+/// own, so that Ctrl-C at a terminal reaches it only through Send. If this program dies, however that
+/// happens, the child gets SIGTERM.
 class ChildProcess {
  public:
   /// Starts it: its path, and the words behind it. Throws std::system_error if that fails.
