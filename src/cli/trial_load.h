@@ -10,7 +10,7 @@
 
 namespace marlinset {
 
-/// A tool that only loads configuration files. It starts from the defaults, and has neither a line nor waits.
+/// A tool that only loads configuration files. It starts with the defaults, has no line and never waits.
 class TrialLoad {
  public:
   /// Uses the settings of the options; takes neither their devices nor their answers.

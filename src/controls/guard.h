@@ -21,7 +21,7 @@ class Guard {
   bool Run(const std::function<void()>& body) { return Execute(nullptr, body); }
   /// Runs what the operator does to a control, which `body` may destroy.
   bool RunFor(const Control& control, const std::function<void()>& body) { return Execute(&control, body); }
-  /// Says what the operator calls what the running handler does, where its control does not say it.
+  /// Names the action of the running handler as the operator would, where its control's caption does not.
   void Name(const std::string& action) { Named.Emit(action); }
   /// How many handlers are running: more than one if a handler pumps and another runs in that wait.
   int AtWork() const { return atWork_; }

@@ -42,7 +42,7 @@ bool ShowsWindow(const FrmStart& form, int row) {
   return form.HasWindowRow(row) && form.lName(row).Visible();
 }
 
-/// What tells a row apart, and what the reader sees of it besides.
+/// What identifies a row, and what the reader sees of it besides.
 std::vector<std::string> HeadOf(TableKind kind, int row, const Variables& variables) {
   if (kind == TableKind::kWindows) {
     const CharWindowRec& window = At(variables.CharWindows, row);

@@ -31,7 +31,7 @@ std::optional<TableKind> TableKindOf(std::string_view name);
 
 /// What a column is there for.
 enum class ColumnUse {
-  kIdentity,  ///< tells rows apart
+  kIdentity,  ///< identifies a row
   kText,      ///< for the reader only
   kValue,
 };

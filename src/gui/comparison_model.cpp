@@ -15,7 +15,7 @@ namespace {
 /// A group's own cells have this id, those of its values the group's number above it.
 constexpr quintptr kGroup = 0;
 
-/// The name without the list that the group's title stands for, and what a parameter is about.
+/// The name without the list, which the group's title names, and what a parameter is about.
 QString LabelOf(const ComparedValue& row) {
   QString name = Shown(row.name);
   for (const char* list : {"character windows / ", "system parameters / "}) {

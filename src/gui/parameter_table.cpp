@@ -80,7 +80,7 @@ class CellDelegate : public QStyledItemDelegate {
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     return selected ? option.palette.color(QPalette::HighlightedText) : ink;
   }
-  /// A filled diamond at the left of the cell, beside the value: it can be told without its colour.
+  /// A filled diamond at the left of the cell, beside the value: a mark that needs no colour.
   static void PaintDiffers(QPainter& painter, const QStyleOptionViewItem& option) {
     const double half = option.fontMetrics.height() * 0.32;
     const QPointF middle(option.rect.left() + 3 * half, QRectF(option.rect).center().y());

@@ -14,12 +14,16 @@ constexpr std::uint8_t kComPortOption = 44;
 
 // Commands of the COM port option. The server's answer has the command's number plus 100.
 constexpr std::uint8_t kBaudRate = 1;
+constexpr std::uint8_t kDataSize = 2;
+constexpr std::uint8_t kParity = 3;
+constexpr std::uint8_t kStopSize = 4;
 constexpr std::uint8_t kControl = 5;
 constexpr std::uint8_t kPurge = 12;
 constexpr std::uint8_t kAnswer = 100;
-constexpr std::uint8_t kBothBuffers = 3;
+// Values of kControl and kPurge.
 constexpr std::uint8_t kDtrOn = 8;
 constexpr std::uint8_t kRtsOn = 11;
+constexpr std::uint8_t kBothBuffers = 3;
 
 struct Setting {
   std::uint8_t command;
@@ -28,9 +32,9 @@ struct Setting {
   const char* name;
 };
 constexpr Setting kPortSettings[] = {{kBaudRate, 57600, 4, "57600 bits per second"},
-                                     {2, 8, 1, "8 data bits"},
-                                     {3, 1, 1, "no parity"},
-                                     {4, 1, 1, "1 stop bit"},
+                                     {kDataSize, 8, 1, "8 data bits"},
+                                     {kParity, 1, 1, "no parity"},
+                                     {kStopSize, 1, 1, "1 stop bit"},
                                      {kControl, 1, 1, "no flow control"}};
 
 /// XON/XOFF, hardware, DCD and DSR. The other values of the same command switch signals, or flow control of
@@ -126,13 +130,13 @@ bool ComPortControl::Ready() const {
          std::all_of(confirmed_.begin(), confirmed_.end(), [](bool confirmed) { return confirmed; });
 }
 
-bool ComPortControl::Web() const {
+bool ComPortControl::IsWebServer() const {
   return early_.starts_with("HTTP/");
 }
 
 ComPortControl::State ComPortControl::Progress() const {
   if (Ready()) return State::kReady;
-  if (received_ > kFlood || Web()) return State::kHopeless;
+  if (received_ > kFlood || IsWebServer()) return State::kHopeless;
   for (std::size_t i = 0; i < kSettings; ++i) {
     if (instead_[i] && !confirmed_[i]) return State::kDoubtful;
   }
@@ -141,7 +145,7 @@ ComPortControl::State ComPortControl::Progress() const {
 
 std::string ComPortControl::Trouble() const {
   if (received_ > kFlood) return "it floods the connection";
-  if (Web()) return "a web server answers";
+  if (IsWebServer()) return "a web server answers";
   for (std::size_t i = 0; agreed_ && i < kSettings; ++i) {
     if (confirmed_[i]) continue;
     const std::string name = kPortSettings[i].name;

@@ -48,7 +48,7 @@ class ComPortControl {
   void SetPort();
   void TakeAnswer(std::uint8_t option, std::span<const std::uint8_t> content);
   void NoteEarly(std::uint8_t byte);
-  bool Web() const;
+  bool IsWebServer() const;
   bool Ready() const;
 
   Telnet telnet_;

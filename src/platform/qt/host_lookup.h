@@ -10,7 +10,7 @@
 namespace marlinset {
 
 /// Looks up the addresses of a host. A name server may take half a minute, and the system's resolver cannot
-/// be interrupted; so it runs in a thread of its own that nobody ever waits for, neither at the end of the
+/// be interrupted; so it runs in a thread of its own that nobody ever waits for, not even at the end of the
 /// program. The end of a lookup wakes Qt's loop. An address in numbers is there at once.
 class HostLookup {
  public:

@@ -16,29 +16,28 @@
 namespace marlinset {
 namespace {
 
-/// So long a server that has refused something may change its mind.
+/// How long a server that has refused something may take to change its mind.
 constexpr int kSecondThoughtsMs = 500;
-/// Servers greet at once.
+/// How long to wait for a greeting, beyond the time that the connection took: servers greet at once.
 constexpr int kGreetingMs = 30;
 constexpr std::size_t kGreetingKept = 80;
 /// A far end that makes us answer this much without reading any of it is no device server.
 constexpr qint64 kMostUnreadAnswers = 65536;
 
-// Where a network is unplugged, nothing comes back: ask after this many quiet seconds, then so often.
+// Where a network is unplugged, nothing comes back: ask after so many quiet seconds, then again at this
+// interval.
 constexpr int kQuietSeconds = 4;
 constexpr int kProbeSeconds = 2;
 constexpr int kProbes = 3;
 
 const char* const kNoRfc2217 =
     "If the server passes the bare bytes on, write tcp:// in place of rfc2217://; otherwise switch RFC 2217 "
-    "on "
-    "in the settings of that port.";
+    "on in the settings of that port.";
 const char* const kOneProgram =
     "Check the port number in the address, and that the device server serves that port. Many servers serve "
-    "one "
-    "program at a time: close the other one.";
+    "one program at a time: close the other one.";
 
-/// A limit that only has to end: it is over when it is no longer enabled.
+/// A time limit that runs from its beginning; when it is over, it is no longer enabled.
 struct Limit : Timer {
   Limit(EventPump& pump, Guard& guard, int milliseconds) : Timer(pump, guard, "connecting", milliseconds) {
     OnTick([this] { SetEnabled(false); });
@@ -135,8 +134,8 @@ void NetworkDevice::Connect(const DeviceAddress& address, const Timer& limit) {
     refused = refused || socket_.error() == QAbstractSocket::ConnectionRefusedError;
   }
   if (refused) throw Refused(address);
-  const bool told = limit.Enabled() && socket_.error() != QAbstractSocket::UnknownSocketError;
-  throw NoAnswer(address, told ? " (" + socket_.errorString().toStdString() + ")" : "");
+  const bool explained = limit.Enabled() && socket_.error() != QAbstractSocket::UnknownSocketError;
+  throw NoAnswer(address, explained ? " (" + socket_.errorString().toStdString() + ")" : "");
 }
 
 std::vector<QHostAddress> NetworkDevice::LookUp(const DeviceAddress& address, const Timer& limit) {
@@ -183,8 +182,7 @@ void NetworkDevice::WatchConnection() {
     setsockopt(descriptor, option.level, option.name, &option.value, sizeof option.value);
 }
 
-/// A greeting, or the reason of a server that closes at once, comes as long after the connection as that
-/// took.
+/// A greeting, or the reason of a server that closes at once, takes as long to come as the connection took.
 void NetworkDevice::LetGreetingPass(const DeviceAddress& address, const Timer& limit) {
   const Limit greeting(pump_, guard_, kGreetingMs + static_cast<int>(connectMs_));
   Await(limit, [&] { return !greeting.Enabled() || gone_; });
