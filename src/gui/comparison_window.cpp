@@ -57,6 +57,16 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
   setAcceptDrops(true);
   auto* rows = new QVBoxLayout(this);
   SetSpaces(*rows, *this, 2);
+  rows->addLayout(MakeTop());
+  rows->addWidget(tree_ = MakeTree(), 1);
+  rows->addLayout(MakeBottom());
+  connect(model_, &ComparisonModel::Changed, this, &ComparisonWindow::ShowState);
+  resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
+  new ScreenFit(*this);
+}
+
+/// The filter, and what ticks all rows that it shows.
+QLayout* ComparisonWindow::MakeTop() {
   auto* top = new QHBoxLayout;
   SetSpaces(*top, *this);
   auto* label = new QLabel(QStringLiteral("&Filter:"), this);
@@ -70,22 +80,22 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
   top->addWidget(filter_, 1);
   all_ = AddButton(*top, "Tick &All", this);
   none_ = AddButton(*top, "Tick &None", this);
-  rows->addLayout(top);
-  rows->addWidget(tree_ = MakeTree(), 1);
+  connect(filter_, &QLineEdit::textChanged, model_, &ComparisonModel::SetFilter);
+  connect(all_, &QPushButton::clicked, model_, [this] { model_->TickAll(true); });
+  connect(none_, &QPushButton::clicked, model_, [this] { model_->TickAll(false); });
+  return top;
+}
+
+/// How many rows there are, and what happens to the ticked ones.
+QLayout* ComparisonWindow::MakeBottom() {
   auto* bottom = new QHBoxLayout;
   SetSpaces(*bottom, *this);
   bottom->addWidget(count_ = new QLabel(this), 1);
   takeOver_ = AddButton(*bottom, "&Take Over", this);
   QPushButton* closing = AddButton(*bottom, "&Close", this);
-  rows->addLayout(bottom);
-  connect(filter_, &QLineEdit::textChanged, model_, &ComparisonModel::SetFilter);
-  connect(model_, &ComparisonModel::Changed, this, &ComparisonWindow::ShowState);
-  connect(all_, &QPushButton::clicked, model_, [this] { model_->TickAll(true); });
-  connect(none_, &QPushButton::clicked, model_, [this] { model_->TickAll(false); });
   connect(takeOver_, &QPushButton::clicked, this, &ComparisonWindow::TakeOver);
   connect(closing, &QPushButton::clicked, this, &QDialog::reject);
-  resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
-  new ScreenFit(*this);
+  return bottom;
 }
 
 QTreeView* ComparisonWindow::MakeTree() {

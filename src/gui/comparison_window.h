@@ -11,6 +11,7 @@
 #include "gui/widgets/soon.h"
 
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QTreeView;
@@ -38,7 +39,9 @@ class ComparisonWindow : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  QLayout* MakeTop();
   QTreeView* MakeTree();
+  QLayout* MakeBottom();
   void NotePlace();
   void FindPlace();
   void FocusRows();

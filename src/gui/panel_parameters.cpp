@@ -72,6 +72,25 @@ void ShowCount(QLabel& count, const ParameterModel& model) {
   if (text != count.text()) count.setText(text);
 }
 
+/// The filter, which Ctrl+F leads to, and how many rows it leaves.
+void AddFilter(QBoxLayout& row, ParameterTable& table, QWidget* page) {
+  auto* filter = new FilterField(table, page);
+  auto* label = MakeLabel(QStringLiteral("Filter:"), page);
+  label->setBuddy(filter);
+  row.addWidget(label);
+  row.addWidget(filter);
+  auto* count = new QLabel(page);
+  QObject::connect(&table.Model(), &ParameterModel::Arranged, count,
+                   [count, &table] { ShowCount(*count, table.Model()); });
+  ShowCount(*count, table.Model());
+  row.addWidget(count);
+  auto* find = new QShortcut(QKeySequence::Find, page);
+  QObject::connect(find, &QShortcut::activated, filter, [filter] {
+    filter->setFocus(Qt::ShortcutFocusReason);
+    filter->selectAll();
+  });
+}
+
 QAction* AddAction(ParameterTable& table, const char* text, const QKeySequence& keys) {
   auto* action = new QAction(QString::fromLatin1(text), &table);
   action->setShortcut(keys);
@@ -130,23 +149,9 @@ QWidget* MakeParametersPanel(FrmStart& form, TableCommands* commands, QWidget* p
   BindFlags(*table, form.pParIn);
   auto* above = new QHBoxLayout;
   SetSpaces(*above, *page);
-  auto* filter = new FilterField(*table, page);
-  auto* label = MakeLabel(QStringLiteral("Filter:"), page);
-  label->setBuddy(filter);
-  above->addWidget(label);
-  above->addWidget(filter);
-  auto* count = new QLabel(page);
-  QObject::connect(&table->Model(), &ParameterModel::Arranged, count,
-                   [count, table] { ShowCount(*count, table->Model()); });
-  ShowCount(*count, table->Model());
-  above->addWidget(count);
+  AddFilter(*above, *table, page);
   above->addStretch(1);
   if (commands) above->addWidget(AddCommands(*table, form, *commands, page));
-  auto* find = new QShortcut(QKeySequence::Find, page);
-  QObject::connect(find, &QShortcut::activated, filter, [filter] {
-    filter->setFocus(Qt::ShortcutFocusReason);
-    filter->selectAll();
-  });
   auto* sheet = new QWidget(page);
   auto* rows = new QVBoxLayout(sheet);
   SetSpaces(*rows, *page);
