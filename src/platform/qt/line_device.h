@@ -43,7 +43,7 @@ class LineDevice {
   int discards_ = 0;
 };
 
-/// The bytes that wait in a device of the system, by its descriptor.
+/// Whether bytes wait in a device of the system, by its descriptor.
 bool SystemHoldsInput(int descriptor);
 
 }  // namespace marlinset

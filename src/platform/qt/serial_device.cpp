@@ -3,7 +3,6 @@
 
 #include <poll.h>
 #include <sys/file.h>
-#include <sys/ioctl.h>
 
 #include <QByteArray>
 #include <QFileInfo>
@@ -109,11 +108,6 @@ void SerialDevice::Write(std::span<const std::uint8_t> bytes) {
 
 std::size_t SerialDevice::BytesToWrite() const {
   return static_cast<std::size_t>(serial_.bytesToWrite());
-}
-
-bool SystemHoldsInput(int descriptor) {
-  int waiting = 0;
-  return ioctl(descriptor, FIONREAD, &waiting) == 0 && waiting > 0;
 }
 
 bool SerialDevice::HoldsInput() const {
