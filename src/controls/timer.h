@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace marlinset {
@@ -72,6 +73,16 @@ class Timer {
   std::int64_t due_ = 0;
   bool enabled_ = false;
   bool inHandler_ = false;
+};
+
+/// A time limit: runs from its beginning, and is no longer enabled when it is over.
+class Deadline : public Timer {
+ public:
+  Deadline(TimerQueue& queue, Guard& guard, std::string name, int milliseconds)
+      : Timer(queue, guard, std::move(name), milliseconds) {
+    OnTick([this] { SetEnabled(false); });
+    SetEnabled(true);
+  }
 };
 
 }  // namespace marlinset

@@ -73,9 +73,7 @@ std::string UnitProbe::Ask(MSComm& line) {
 std::optional<UnitProbe::Bytes> UnitProbe::Reply(MSComm& line, CommandId query, std::uint8_t command) {
   const Bytes frame = EncodeFrame(BytesOf(FieldsOf(query)));
   for (int i = 0; i < kTries; ++i) {
-    Timer limit(platform_.pump, platform_.guard, "probe", kReplyMs);
-    limit.OnTick([&limit] { limit.SetEnabled(false); });
-    limit.SetEnabled(true);
+    Deadline limit(platform_.pump, platform_.guard, "probe", kReplyMs);
     heard_.clear();
     line.Output(frame);
     while (limit.Enabled() && line.PortOpen() && !platform_.pump.Ending()) {

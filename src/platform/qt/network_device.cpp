@@ -37,14 +37,6 @@ const char* const kOneProgram =
     "Check the port number in the address, and that the device server serves that port. Many servers serve "
     "one program at a time: close the other one.";
 
-/// A time limit that runs from its beginning; when it is over, it is no longer enabled.
-struct Limit : Timer {
-  Limit(EventPump& pump, Guard& guard, int milliseconds) : Timer(pump, guard, "connecting", milliseconds) {
-    OnTick([this] { SetEnabled(false); });
-    SetEnabled(true);
-  }
-};
-
 std::string Where(const DeviceAddress& address) {
   return address.HostText() + " on port " + std::to_string(address.port);
 }
@@ -110,7 +102,7 @@ void NetworkDevice::Open(const std::string& name) {
   control_.reset();
   greeting_.clear();
   givenUp_ = false;
-  const Limit limit(pump_, guard_, kConnectMs);
+  Deadline limit(pump_, guard_, "connecting", kConnectMs);
   try {
     Connect(address, limit);
     if (!GivenUp()) address.rfc2217 ? Negotiate(address, limit) : LetGreetingPass(address, limit);
@@ -153,7 +145,7 @@ bool NetworkDevice::TryHost(const QHostAddress& host, int port, const Timer& lim
   gone_ = false;
   const std::int64_t begin = pump_.Now();
   socket_.connectToHost(host, static_cast<quint16>(port));
-  const Limit turn(pump_, guard_, mostMs);
+  Deadline turn(pump_, guard_, "connecting", mostMs);
   Await(limit, [&] {
     const QAbstractSocket::SocketState state = socket_.state();
     return state == QAbstractSocket::ConnectedState || state == QAbstractSocket::UnconnectedState ||
@@ -184,7 +176,7 @@ void NetworkDevice::WatchConnection() {
 
 /// A greeting, or the reason of a server that closes at once, takes as long to come as the connection took.
 void NetworkDevice::LetGreetingPass(const DeviceAddress& address, const Timer& limit) {
-  const Limit greeting(pump_, guard_, kGreetingMs + static_cast<int>(connectMs_));
+  Deadline greeting(pump_, guard_, "connecting", kGreetingMs + static_cast<int>(connectMs_));
   Await(limit, [&] { return !greeting.Enabled() || gone_; });
   if (!gone_ || GivenUp()) return;
   const RuntimeError closed(kErrPort, "the server " + Where(address) + " closes the connection at once.",
