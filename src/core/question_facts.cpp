@@ -21,8 +21,8 @@ std::string StandardsFact(const std::string& ofSetup, const std::string& ofUnit)
          "\nVideo standard of the unit: " + (ofUnit.empty() ? "not reported" : ofUnit);
 }
 
-std::string OnAirFact(std::string_view answer) {
-  return "After " + std::string(answer) + " the whole setup goes to the unit, on air.";
+std::string OnAirFact(std::string_view answer, std::string_view what) {
+  return "After " + std::string(answer) + " " + std::string(what) + " goes to the unit, on air.";
 }
 
 std::string FileFact(std::string_view what, const std::string& name) {

@@ -19,7 +19,7 @@ std::string Facts(std::initializer_list<std::string> facts);
 std::string StandardsFact(const std::string& ofSetup, const std::string& ofUnit);
 
 /// Warns that after this answer ("Yes") the whole setup goes to the unit, and so into the picture.
-std::string OnAirFact(std::string_view answer);
+std::string OnAirFact(std::string_view answer, std::string_view what = "the whole setup");
 
 /// Names a file with its folder, introduced by `what`; empty without a name.
 std::string FileFact(std::string_view what, const std::string& name);

@@ -211,7 +211,7 @@ QVariant ComparisonModel::data(const QModelIndex& cell, int role) const {
     case Qt::ToolTipRole:
       if (!row->here) return QStringLiteral("The panels do not have this, so it cannot be taken over.");
       if (!row->there) return QStringLiteral("Only the panels have this.");
-      return cell.column() == kName ? Shown(row->name)
+      return cell.column() == kName ? LabelOf(*row)
                                     : ValueText(cell.column() == kHere ? row->here : row->there);
     case Qt::ForegroundRole:
       if (!row->OneSided()) return {};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/comparison_window.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -55,6 +56,10 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
       listening_(form.Altered, [this] { LookSoon(); }) {
   setObjectName(QStringLiteral("Comparison"));
   setAcceptDrops(true);
+  // Their keys work here as well: what was taken over can be undone at once.
+  for (const char* item : {"mnuUndo", "mnuRedo"}) {
+    if (auto* action = parent->findChild<QAction*>(QLatin1String(item))) addAction(action);
+  }
   auto* rows = new QVBoxLayout(this);
   SetSpaces(*rows, *this, 2);
   rows->addLayout(MakeTop());

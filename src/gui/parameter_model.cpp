@@ -258,6 +258,7 @@ QString ParameterModel::TextOf(const ParameterRecord& record, int column) const 
 }
 
 QVariant ParameterModel::data(const QModelIndex& cell, int role) const {
+  if (!cell.isValid()) return {};  // a list that the filter has emptied has no current row
   const ParameterRecord& record = *RecordOf(cell.row());
   const int index = record.row;
   const bool marked =

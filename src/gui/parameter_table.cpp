@@ -72,6 +72,8 @@ class CellDelegate : public QStyledItemDelegate {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
       static_cast<SpinField*>(editor)->TakeBack();
     }
+    // A menu is opened: what is typed stays, and goes before what is chosen there.
+    if (event->type() == QEvent::FocusOut && !GoesForGood(*static_cast<QFocusEvent*>(event))) return false;
     return QStyledItemDelegate::eventFilter(editor, event);
   }
 

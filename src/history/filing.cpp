@@ -13,6 +13,10 @@ bool Filing::IsOfSameFile(const Filing& other) const {
          open.folder == other.open.folder;
 }
 
+bool Filing::HasSameStored(const Filing& other) const {
+  return stored.composition == other.stored.composition;
+}
+
 Filing FilingCabinet::Present() const {
   return {.currentFile = vars_.CurrentFile,
           .caption = form_.Caption(),

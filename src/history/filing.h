@@ -24,6 +24,8 @@ struct Filing {
   UnsavedChanges::Stored stored;
 
   bool IsOfSameFile(const Filing& other) const;
+  /// Whether nothing was read, stored or set to the defaults in between.
+  bool HasSameStored(const Filing& other) const;
 };
 
 /// Reads and restores the filing of a tool.

@@ -106,6 +106,7 @@ void History::NoteQuestion() {
 
 /// What a save has stored stays stored, whatever is undone.
 void History::NoteSave() {
+  if (!undo_.empty()) undo_.back().joins.reset();
   for (Running& handler : running_) {
     if (handler.filing) handler.filing = cabinet_.Present();
   }
@@ -170,9 +171,11 @@ std::optional<History::Action> History::ActionOf(Running& handler) {
   if (!IsEntry(handler)) return std::nullopt;
   const auto refiled = std::ranges::find_if(
       handler.inner, [](const Action& action) { return action.entry.filing.has_value(); });
-  const bool changedFile = handler.filing && !handler.filing->IsOfSameFile(refiled == handler.inner.end()
-                                                                               ? cabinet_.Present()
-                                                                               : *refiled->entry.filing);
+  const Filing& after = refiled == handler.inner.end() ? cabinet_.Present() : *refiled->entry.filing;
+  // New and Open may lead to the same name: then what is stored has changed.
+  const bool changedFile =
+      handler.filing && (!handler.filing->IsOfSameFile(after) ||
+                         (!handler.changes.empty() && !handler.filing->HasSameStored(after)));
   if (handler.changes.empty() && !changedFile) return std::nullopt;
   Action action{.entry = {.name = NameOf(handler, handler.changes),
                           .change = {},
@@ -201,6 +204,7 @@ void History::Add(Action action) {
     Entry& latest = undo_.back();
     latest.change = Difference(Joined(latest.change.Expand(), std::move(action.changes)));
     latest.time = action.entry.time;
+    if (latest.change.Empty()) undo_.pop_back();
     return;
   }
   action.entry.change = Difference(action.changes);

@@ -87,6 +87,7 @@ HeldSettings::HeldSettings(FrmStart& form, SettingCommands& commands, Ports& por
   model.Changed.Connect([this, &form, &model] {
     if (UnitIsIdentified(form)) {
       FollowModel(model.Text());
+      modelQ_ = form.ModelIsQ();
     } else if (model.Text() == kGetIdFailedText) {
       Forget();
     }

@@ -59,6 +59,8 @@ class HeldSettings {
   void NoteWholeSend();
   /// Whether the unit holds a whole setup: a whole send has completed and nothing made the tool forget it.
   bool Known() const { return known_; }
+  /// Whether the unit that identified itself last is of model Q.
+  bool OfModelQ() const { return modelQ_; }
 
   /// What the unit holds, or `Known`, may have changed.
   Signal<> Changed;
@@ -69,6 +71,7 @@ class HeldSettings {
 
   LastMessages messages_;
   std::string model_;  ///< of the unit that holds them, as panel 4 names it
+  bool modelQ_ = false;
   bool known_ = false;
 };
 

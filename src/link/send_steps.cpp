@@ -23,9 +23,6 @@ bool CharOffTicked(const FrmStart& form) {
 bool PreviewOn(const FrmStart& form) {
   return form.chPrev.On();
 }
-bool ModelQ(const FrmStart& form) {
-  return form.ModelIsQ();
-}
 
 constexpr Marks BoxMark(ChoiceId id) {
   return {ChoiceOf(id).control, ChoiceOf(id).index};
@@ -50,9 +47,10 @@ Marks MarksOf(const SendStep& step) {
   return choice ? BoxMark(*choice) : step.marks;
 }
 
-std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form) {
+std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form, bool modelQ) {
   const std::optional<ChoiceId> choice = ChoiceIn(step);
-  const bool holds = choice ? UnitHas(form, ChoiceOf(*choice)) : !step.condition || step.condition(form);
+  const bool needsQ = step.modelQ || (choice && ChoiceOf(*choice).modelQ);
+  const bool holds = (!needsQ || modelQ) && (!step.condition || step.condition(form));
   return holds ? step.command : step.otherwise;
 }
 
@@ -84,7 +82,7 @@ std::span<const SendStep> StepsBeforeWindows() {
       {kSlateMode},
       {kSdiProgramOut},
       {kDownConverter},
-      {kDownConverterControl, BoxMark(ChoiceId::kAspectRatio), ModelQ},
+      {.command = kDownConverterControl, .marks = BoxMark(ChoiceId::kAspectRatio), .modelQ = true},
   };
   return kSteps;
 }

@@ -42,12 +42,13 @@ struct SendStep {
   Marks marks = {};
   StepCondition condition = nullptr;  ///< none: always
   std::optional<CommandId> otherwise = {};
+  bool modelQ = false;  ///< only units of model Q take the command
 };
 
 /// The controls that a step marks.
 Marks MarksOf(const SendStep& step);
-/// The command that a step sends with the panels as they are now, if any.
-std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form);
+/// The command that a step sends with the panels as they are now, if any. `modelQ`: the unit is of model Q.
+std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form, bool modelQ);
 
 /// The steps between the parameters and the windows, and those after the windows, in the order that the
 /// unit's firmware relies on.

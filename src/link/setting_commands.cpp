@@ -156,6 +156,8 @@ void SettingCommands::SendWindowInteractive(int row, int onBit) {
 
 bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn) {
   const bool acknowledged = Send(id, sender);
+  // Nobody asked for Off: a send would find no tick at all and leave the characters off.
+  if (comms_.LostInSend()) return false;
   form_.mnuCharOff.SetChecked(acknowledged && !showOn);
   form_.mnuCharOn.SetChecked(acknowledged && showOn);
   if (!acknowledged) {

@@ -225,7 +225,8 @@ std::optional<SendEnd> WholeSend::CompareStandards(bool& agreed) {
 std::optional<SendEnd> WholeSend::AskForChange(const char* question, bool (*commanded)(const std::string&)) {
   const std::string& standard = form_.comVS.Text();
   const char* const noSetup = "The unit cannot be told to take that standard: no setup is sent.";
-  const std::string outcome = commanded(standard) ? OnAirFact("Yes") : noSetup;
+  const std::string_view what = changesOnly_ ? "what has changed" : "the whole setup";
+  const std::string outcome = commanded(standard) ? OnAirFact("Yes", what) : noSetup;
   const bool agreed =
       platform_.dialogs.Ask(question, Facts({StandardsFact(standard, vars_.UnitStandardText), outcome}),
                             [this] { return comms_.LineUp(); });
@@ -299,7 +300,7 @@ void WholeSend::RunSteps(std::span<const SendStep> steps, std::size_t& place) {
 }
 
 void WholeSend::RunStep(const SendStep& step) {
-  const std::optional<CommandId> command = CommandIn(step, form_);
+  const std::optional<CommandId> command = CommandIn(step, form_, UnitIsQ());
   if (!command || !IsDue({.id = *command})) return;
   const Marks marks = MarksOf(step);
   Marked(form_, marks.All(), [&] {

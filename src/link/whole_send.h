@@ -119,6 +119,7 @@ class WholeSend {
   void Plan();
   static PendingMessage EndOfHighlight(int row);
   CommandId SlateCommand() const;
+  bool UnitIsQ() const;
   std::vector<PendingMessage> Pending(const Progress& from) const;
   void AddPending(std::span<const SendStep> steps, std::vector<PendingMessage>& messages) const;
   Message MessageFor(const PendingMessage& pending) const;

@@ -25,6 +25,12 @@ CommandId WholeSend::SlateCommand() const {
   return form_.chPrev.On() ? kSlatePreview : kSlateMode;
 }
 
+/// Off line the status bar drops the model after a while, and saves and loads write over it; the memory of
+/// what the unit holds keeps it. A send goes by the status bar, which its prologue has just filled.
+bool WholeSend::UnitIsQ() const {
+  return form_.ModelIsQ() || (!Running() && held_.Known() && held_.OfModelQ());
+}
+
 /// Counts the messages of the send anew. They depend on the panels, which answers change, so it counts what
 /// is left after each message, and in the end the plan equals what was sent. Keeps the last count once the
 /// device is gone, since the panels then show the loss.
@@ -39,7 +45,7 @@ void WholeSend::Plan() {
 
 void WholeSend::AddPending(std::span<const SendStep> steps, std::vector<PendingMessage>& messages) const {
   for (const SendStep& step : steps) {
-    if (const auto command = CommandIn(step, form_)) messages.push_back({.id = *command});
+    if (const auto command = CommandIn(step, form_, UnitIsQ())) messages.push_back({.id = *command});
   }
 }
 

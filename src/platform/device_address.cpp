@@ -209,10 +209,13 @@ std::string SpellingOfHost(const std::string& name) {
   std::string host = Lower(name);
   if (host.ends_with('.')) host.pop_back();
   const std::size_t percent = host.find('%');
-  if (host == "localhost" || host == "127.0.0.1") host = "::1";
+  if (host == "localhost") host = "::1";
   const auto ipv4 = IPv4Of(host);
-  const auto groups = IPv6Of(ipv4 ? "::ffff:" + host : host.substr(0, percent));
+  auto groups = IPv6Of(ipv4 ? "::ffff:" + host : host.substr(0, percent));
   if (!groups) return host;
+  for (const char* here : {"::ffff:127.0.0.1", "::ffff:0.0.0.0", "::"}) {
+    if (groups == IPv6Of(here)) groups = IPv6Of("::1");
+  }
   std::string spelling;
   for (const std::uint16_t group : *groups) spelling += std::to_string(group) + ",";
   return spelling + (percent == std::string::npos ? "" : name.substr(percent));

@@ -110,6 +110,19 @@ TEST_F(HistoryOfFiles, TellsWhatIsSavedWhateverWayItCameAbout) {
   EXPECT_EQ(After("redo; redo"), "New 0 saved");
 }
 
+/// New twice: both have the same name.
+TEST_F(HistoryOfFiles, KnowsTwoSetupsOfOneNameApart) {
+  rig.Do("click mnuNew; choose comVS NTSC; click mnuNew");
+  EXPECT_EQ(After("undo"), "New 0 edited");
+  EXPECT_EQ(After("undo"), "New 0 saved");
+  EXPECT_EQ(After("redo; redo"), "New 0 saved");
+  rig.Do("spin UDDur 5");
+  Use(form.mnuSave, "a.qcf");
+  EXPECT_EQ(After("spin UDDur 6; undo"), "a 5 saved") << "quick changes, but a save lies between them";
+  rig.Do("wait 1000; spin UDDur 6; spin UDDur 5");
+  EXPECT_EQ(After("undo"), "a 0 edited") << "what changed nothing in the end is no entry";
+}
+
 TEST_F(HistoryOfFiles, SavesBehindAnUndoneOpenAsBeforeIt) {
   Use(form.mnuSave, "a.qcf");
   rig.Do("spin UDDur 8");

@@ -96,6 +96,16 @@ TEST(SendChanges, SwitchTheInserterOffForTheFontSizeOnlyAndEndHighlights) {
   EXPECT_EQ(rig.Sent(), Framed({"2 8 33 1 66 20 5 13"}));
 }
 
+/// Off line the status bar drops the model; what only model Q has is no less on the unit.
+TEST(SendChanges, KnowsTheModelThoughTheStatusBarShowsItNoLonger) {
+  SentSetup rig;
+  rig.Do("choose ComWin(4) #1; choose ComDownConv(1) #2");
+  const std::vector<std::string> changes = Texts(rig.tool.wholeSend.Changes());
+  EXPECT_THAT(changes, testing::SizeIs(2));
+  rig.form.StatBar(FrmStart::kModelPanel).SetText("");
+  EXPECT_EQ(Texts(rig.tool.wholeSend.Changes()), changes);
+}
+
 TEST(SendChanges, ForgetsWhatTheUnitMayHoldNoLonger) {
   const std::pair<const char*, std::function<void(PanelRig&)>> ways[] = {
       {"closed", [](PanelRig& rig) { rig.form.bClose.OperatorClick(); }},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The Parameters panel under mouse and keyboard: filter, several rows, clipboard, references.
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
@@ -90,6 +91,21 @@ TEST_F(ParametersViewTest, AFilteredListIsEditedSentSortedAndUndone) {
   EXPECT_EQ(Rows(), rows);
   Press(Qt::Key_Z);
   EXPECT_EQ(Values(), before);
+
+  table_.setFocus();
+  desk_.Key(Qt::Key_F2);
+  desk_.Type("78");
+  desk_.Settle();
+  QFocusEvent menu(QEvent::FocusOut, Qt::MenuBarFocusReason);
+  QApplication::sendEvent(QApplication::focusWidget(), &menu);
+  Press(Qt::Key_S);
+  EXPECT_EQ(Values(), "78* " + before.substr(before.find(' ') + 1)) << "a menu takes nothing that was typed";
+  Press(Qt::Key_Z);
+
+  Filter("zzz");
+  desk_.Key(Qt::Key_Down);
+  Press(Qt::Key_C);
+  EXPECT_EQ(Rows(), "");
   EXPECT_THAT(desk_.Disagreements(), testing::IsEmpty());
 }
 

@@ -48,7 +48,7 @@ void ResetSignals() {
 /// the program.
 void Become(char* const* words, const Descriptor& input, const Pipe& output, const Pipe& errors,
             pid_t parent) {
-  ::setpgid(0, 0);
+  ::setsid();  // a terminal that is its line must not stop it as a background program
   ::prctl(PR_SET_PDEATHSIG, SIGTERM);
   if (::getppid() != parent) ::_exit(kNotStarted);  // it died before it could be watched
   if (!TakeStream(STDIN_FILENO, input) || !TakeStream(STDOUT_FILENO, output.in) ||

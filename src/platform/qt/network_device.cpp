@@ -23,6 +23,8 @@ constexpr int kGreetingMs = 30;
 constexpr std::size_t kGreetingKept = 80;
 /// A far end that makes us answer this much without reading any of it is no device server.
 constexpr qint64 kMostUnreadAnswers = 65536;
+/// A server that floods waits; the tool goes on with what else there is to do.
+constexpr qint64 kMostUnread = 65536;
 
 // Where a network is unplugged, nothing comes back: ask after so many quiet seconds, then again at this
 // interval.
@@ -82,6 +84,7 @@ bool ToItself(const QTcpSocket& socket) {
 
 NetworkDevice::NetworkDevice(Guard& guard, EventPump& pump)
     : guard_(guard), pump_(pump), silence_(pump, guard, "silence", kSilenceMs) {
+  socket_.setReadBufferSize(kMostUnread);
   socket_.setProxy(QNetworkProxy::NoProxy);  // the desktop's is for web pages
   silence_.OnTick([this] { GiveUpSilent(); });
   QObject::connect(&socket_, &QTcpSocket::readyRead, &listener_, [this] { TakeArrivals(); });
