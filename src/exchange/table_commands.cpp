@@ -171,8 +171,10 @@ void TableCommands::AskForExport(TableKind kind) {
                                           .suffix = " " + std::string(NameOf(kind))},
                                          vars_.CurrentFile, LastFolder(platform_.settings, vars_.AppPath));
   if (file.empty()) return;
-  Export(kind, file);
-  form_.StatBar(FrmStart::kVideoPanel).SetText(FileNameOf(file) + " written to " + FolderOfPath(file));
+  Attempt({}, [&] {
+    Export(kind, file);
+    form_.StatBar(FrmStart::kVideoPanel).SetText(FileNameOf(file) + " written to " + FolderOfPath(file));
+  });
 }
 
 void TableCommands::AskForImport(TableKind kind) {
