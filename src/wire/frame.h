@@ -46,7 +46,7 @@ enum class PieceKind {
   kAnswer,   ///< a lone byte: acknowledged, not acknowledged or local mode
   kFrame,    ///< in order
   kDamaged,  ///< a frame of the length that it announces, with a wrong checksum
-  kNoise,    ///< anything else; behind it nothing can be told apart
+  kNoise,    ///< anything else; where the next piece begins is unknown
 };
 
 /// A part of bytes that came together.
