@@ -34,7 +34,7 @@ class NetworkDevice : public LineDevice {
   static constexpr int kSilenceMs = 10000;
 
   NetworkDevice(Guard& guard, EventPump& pump);
-  ~NetworkDevice() override { Drop(); }
+  ~NetworkDevice() override { NetworkDevice::Close(); }
 
   void Open(const std::string& name) override;
   void Close() override;
