@@ -8,20 +8,23 @@ namespace {
 
 using enum CommandId;
 
-bool VitcOn(const FrmStart& form) {
+bool VitcOn(const FrmStart& form, bool /*modelQ*/) {
   return form.chVITC.On();
 }
-bool WhiteFlagOn(const FrmStart& form) {
+bool WhiteFlagOn(const FrmStart& form, bool /*modelQ*/) {
   return form.chEnable.On();
 }
-bool CharOnTicked(const FrmStart& form) {
+bool CharOnTicked(const FrmStart& form, bool /*modelQ*/) {
   return form.mnuCharOn.Checked();
 }
-bool CharOffTicked(const FrmStart& form) {
+bool CharOffTicked(const FrmStart& form, bool /*modelQ*/) {
   return form.mnuCharOff.Checked();
 }
-bool PreviewOn(const FrmStart& form) {
+bool PreviewOn(const FrmStart& form, bool /*modelQ*/) {
   return form.chPrev.On();
+}
+bool ModelQ(const FrmStart& /*form*/, bool modelQ) {
+  return modelQ;
 }
 
 constexpr Marks BoxMark(ChoiceId id) {
@@ -49,8 +52,8 @@ Marks MarksOf(const SendStep& step) {
 
 std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form, bool modelQ) {
   const std::optional<ChoiceId> choice = ChoiceIn(step);
-  const bool needsQ = step.modelQ || (choice && ChoiceOf(*choice).modelQ);
-  const bool holds = (!needsQ || modelQ) && (!step.condition || step.condition(form));
+  const bool holds =
+      choice ? modelQ || !ChoiceOf(*choice).modelQ : !step.condition || step.condition(form, modelQ);
   return holds ? step.command : step.otherwise;
 }
 
@@ -82,7 +85,7 @@ std::span<const SendStep> StepsBeforeWindows() {
       {kSlateMode},
       {kSdiProgramOut},
       {kDownConverter},
-      {.command = kDownConverterControl, .marks = BoxMark(ChoiceId::kAspectRatio), .modelQ = true},
+      {kDownConverterControl, BoxMark(ChoiceId::kAspectRatio), ModelQ},
   };
   return kSteps;
 }

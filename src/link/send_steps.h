@@ -19,8 +19,8 @@ struct ControlName {
   int index = kNoIndex;
 };
 
-/// Whether to take a step.
-using StepCondition = bool (*)(const FrmStart& form);
+/// Whether to take a step. `modelQ`: the unit is of model Q.
+using StepCondition = bool (*)(const FrmStart& form, bool modelQ);
 
 /// The controls that a step marks: none, one or several.
 struct Marks {
@@ -42,7 +42,6 @@ struct SendStep {
   Marks marks = {};
   StepCondition condition = nullptr;  ///< none: always
   std::optional<CommandId> otherwise = {};
-  bool modelQ = false;  ///< only units of model Q take the command
 };
 
 /// The controls that a step marks.
