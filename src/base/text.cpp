@@ -135,6 +135,10 @@ std::string Quoted(std::string_view text) {
   return '"' + std::string(text) + '"';
 }
 
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
 bool EqualNoCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });

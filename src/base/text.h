@@ -29,6 +29,8 @@ std::string UpperOf(std::string_view text);
 std::string Trim(std::string_view text);
 /// The text in quotation marks, for messages. Marks inside it stay as they are.
 std::string Quoted(std::string_view text);
+/// Whether the character is one of 0 to 9, in every locale.
+bool IsDigit(char c);
 /// Compares names of controls, keys and columns without regard to the case of the letters A to Z.
 bool EqualNoCase(std::string_view a, std::string_view b);
 

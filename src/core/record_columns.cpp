@@ -8,7 +8,7 @@ namespace {
 constexpr std::string_view kVitcMin = "VITC1 Line1Num Min";
 constexpr std::string_view kVitcMax = "VITC1 Line1Num Max";
 
-constexpr RecordColumn<VideoStandardRec> kVideoStandard[] = {
+constexpr RecordColumn<VideoStandardRec> kVideoStandardColumns[] = {
     {"Description", &VideoStandardRec::Description},
     {"Code", &VideoStandardRec::Code},
     {"Order", &VideoStandardRec::Order},
@@ -35,14 +35,14 @@ constexpr RecordColumn<VideoStandardRec> kVideoStandard[] = {
     {"ANC LineNum Default", &VideoStandardRec::AncDefault},
 };
 
-constexpr RecordColumn<CharMaxPosRec> kCharMaxPos[] = {
+constexpr RecordColumn<CharMaxPosRec> kCharMaxPosColumns[] = {
     {"Description", &CharMaxPosRec::Description},   {"Video Standard", &CharMaxPosRec::VideoStandard},
     {"HardwareID", &CharMaxPosRec::HardwareID},     {"Min Vert Posn", &CharMaxPosRec::MinVertPosn},
     {"Max Vert Posn", &CharMaxPosRec::MaxVertPosn}, {"Min Hor Posn", &CharMaxPosRec::MinHorPosn},
     {"Max Hor Posn", &CharMaxPosRec::MaxHorPosn},
 };
 
-constexpr RecordColumn<CharStyleRec> kCharStyle[] = {
+constexpr RecordColumn<CharStyleRec> kCharStyleColumns[] = {
     {"Char Style ID", &CharStyleRec::CharStyleID},
     {"Description", &CharStyleRec::Description},
     {"Code", &CharStyleRec::Code},
@@ -50,40 +50,40 @@ constexpr RecordColumn<CharStyleRec> kCharStyle[] = {
     {"Ignore1", &CharStyleRec::Ignore1},
 };
 
-constexpr RecordColumn<CharSizeRec> kCharSize[] = {
+constexpr RecordColumn<CharSizeRec> kCharSizeColumns[] = {
     {"Char Size ID", &CharSizeRec::CharSizeID},
     {"Description", &CharSizeRec::Description},
     {"Code", &CharSizeRec::Code},
     {"Ignore1", &CharSizeRec::Ignore1},
 };
 
-constexpr RecordColumn<CodedItemRec> kCodedItem[] = {
+constexpr RecordColumn<CodedItemRec> kCodedItemColumns[] = {
     {"Description", &CodedItemRec::Description},
     {"Code", &CodedItemRec::Code},
     {"Ignore1", &CodedItemRec::Ignore1},
 };
 
-constexpr RecordColumn<DownConvProcessRec> kDownConvProcess[] = {
+constexpr RecordColumn<DownConvProcessRec> kDownConvProcessColumns[] = {
     {"Order", &DownConvProcessRec::Order},     {"Description", &DownConvProcessRec::Description},
     {"Code", &DownConvProcessRec::Code},       {"Video Standard", &DownConvProcessRec::VideoStandard},
     {"Ignore1", &DownConvProcessRec::Ignore1},
 };
 
-constexpr RecordColumn<OrderedCodeRec> kOrderedCode[] = {
+constexpr RecordColumn<OrderedCodeRec> kOrderedCodeColumns[] = {
     {"Order", &OrderedCodeRec::Order},
     {"Description", &OrderedCodeRec::Description},
     {"Code", &OrderedCodeRec::Code},
     {"Ignore1", &OrderedCodeRec::Ignore1},
 };
 
-constexpr RecordColumn<CodeSourceRec> kCodeSource[] = {
+constexpr RecordColumn<CodeSourceRec> kCodeSourceColumns[] = {
     {"Field Value", &CodeSourceRec::FieldValue},
     {"Description", &CodeSourceRec::Description},
     {"Gen Number", &CodeSourceRec::GenNumber},
     {"Drop Frame", &CodeSourceRec::DropFrame},
 };
 
-constexpr RecordColumn<TimeCodeAssignmentRec> kTimeCodeAssignment[] = {
+constexpr RecordColumn<TimeCodeAssignmentRec> kTimeCodeAssignmentColumns[] = {
     {"Name", &TimeCodeAssignmentRec::Name},
     {"Order", &TimeCodeAssignmentRec::Order},
     {"VITC Mode", &TimeCodeAssignmentRec::VITCMode},
@@ -92,19 +92,19 @@ constexpr RecordColumn<TimeCodeAssignmentRec> kTimeCodeAssignment[] = {
     {"Ignore1", &TimeCodeAssignmentRec::Ignore1},
 };
 
-constexpr RecordColumn<OperatingModeRec> kOperatingMode[] = {
+constexpr RecordColumn<OperatingModeRec> kOperatingModeColumns[] = {
     {"ModeId", &OperatingModeRec::ModeId},   {"Name", &OperatingModeRec::Name},
     {"Order", &OperatingModeRec::Order},     {"Description", &OperatingModeRec::Description},
     {"Ignore1", &OperatingModeRec::Ignore1},
 };
 
-constexpr RecordColumn<HelpMessageRec> kHelpMessage[] = {
+constexpr RecordColumn<HelpMessageRec> kHelpMessageColumns[] = {
     {"Module Ident", &HelpMessageRec::ModuleIdent},
     {"Message Number", &HelpMessageRec::MessageNumber},
     {"Message Text", &HelpMessageRec::MessageText},
 };
 
-constexpr RecordColumn<CharWindowRec> kCharWindow[] = {
+constexpr RecordColumn<CharWindowRec> kCharWindowColumns[] = {
     {"Name", &CharWindowRec::Name},
     {"Number", &CharWindowRec::Number},
     {"On", &CharWindowRec::On},
@@ -126,7 +126,7 @@ constexpr RecordColumn<CharWindowRec> kCharWindow[] = {
     {"Double Height", &CharWindowRec::DoubleHeight},
 };
 
-constexpr RecordColumn<SystemParameterRec> kSystemParameter[] = {
+constexpr RecordColumn<SystemParameterRec> kSystemParameterColumns[] = {
     {"Class", &SystemParameterRec::Class},
     {"Parameter", &SystemParameterRec::Parameter},
     {"Description", &SystemParameterRec::Description},
@@ -135,18 +135,19 @@ constexpr RecordColumn<SystemParameterRec> kSystemParameter[] = {
 
 }  // namespace
 
-constinit const RecordColumns<VideoStandardRec> VideoStandardRec::kColumns = kVideoStandard;
-constinit const RecordColumns<CharMaxPosRec> CharMaxPosRec::kColumns = kCharMaxPos;
-constinit const RecordColumns<CharStyleRec> CharStyleRec::kColumns = kCharStyle;
-constinit const RecordColumns<CharSizeRec> CharSizeRec::kColumns = kCharSize;
-constinit const RecordColumns<CodedItemRec> CodedItemRec::kColumns = kCodedItem;
-constinit const RecordColumns<DownConvProcessRec> DownConvProcessRec::kColumns = kDownConvProcess;
-constinit const RecordColumns<OrderedCodeRec> OrderedCodeRec::kColumns = kOrderedCode;
-constinit const RecordColumns<CodeSourceRec> CodeSourceRec::kColumns = kCodeSource;
-constinit const RecordColumns<TimeCodeAssignmentRec> TimeCodeAssignmentRec::kColumns = kTimeCodeAssignment;
-constinit const RecordColumns<OperatingModeRec> OperatingModeRec::kColumns = kOperatingMode;
-constinit const RecordColumns<HelpMessageRec> HelpMessageRec::kColumns = kHelpMessage;
-constinit const RecordColumns<CharWindowRec> CharWindowRec::kColumns = kCharWindow;
-constinit const RecordColumns<SystemParameterRec> SystemParameterRec::kColumns = kSystemParameter;
+constinit const RecordColumns<VideoStandardRec> VideoStandardRec::kColumns = kVideoStandardColumns;
+constinit const RecordColumns<CharMaxPosRec> CharMaxPosRec::kColumns = kCharMaxPosColumns;
+constinit const RecordColumns<CharStyleRec> CharStyleRec::kColumns = kCharStyleColumns;
+constinit const RecordColumns<CharSizeRec> CharSizeRec::kColumns = kCharSizeColumns;
+constinit const RecordColumns<CodedItemRec> CodedItemRec::kColumns = kCodedItemColumns;
+constinit const RecordColumns<DownConvProcessRec> DownConvProcessRec::kColumns = kDownConvProcessColumns;
+constinit const RecordColumns<OrderedCodeRec> OrderedCodeRec::kColumns = kOrderedCodeColumns;
+constinit const RecordColumns<CodeSourceRec> CodeSourceRec::kColumns = kCodeSourceColumns;
+constinit const RecordColumns<TimeCodeAssignmentRec> TimeCodeAssignmentRec::kColumns =
+    kTimeCodeAssignmentColumns;
+constinit const RecordColumns<OperatingModeRec> OperatingModeRec::kColumns = kOperatingModeColumns;
+constinit const RecordColumns<HelpMessageRec> HelpMessageRec::kColumns = kHelpMessageColumns;
+constinit const RecordColumns<CharWindowRec> CharWindowRec::kColumns = kCharWindowColumns;
+constinit const RecordColumns<SystemParameterRec> SystemParameterRec::kColumns = kSystemParameterColumns;
 
 }  // namespace marlinset

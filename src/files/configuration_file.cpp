@@ -23,7 +23,6 @@
 namespace marlinset {
 namespace {
 
-constexpr std::string_view kBackupExtension = ".bak";
 constexpr std::string_view kHeaderFault = "Data Process Error, file header corrupt or unreadable";
 constexpr std::string_view kNoModelFault = "No 7340 Configuration found in file, using Default.";
 constexpr std::string_view kCorrupt = "Data Process Error, file may be corrupt";

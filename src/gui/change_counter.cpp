@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kMostWithRoom = 999;
 
-QString TextOf(std::size_t changes) {
+QString CountText(std::size_t changes) {
   if (changes == 0) return {};
   const QString noun = changes == 1 ? QStringLiteral("change") : QStringLiteral("changes");
   return QStringLiteral("%1 %2 not on the unit").arg(changes).arg(noun);
@@ -31,7 +31,7 @@ ChangeCounter::ChangeCounter(FrmStart& form, HeldSettings& held, const WholeSend
 }
 
 QSize ChangeCounter::sizeHint() const {
-  return {fontMetrics().horizontalAdvance(TextOf(kMostWithRoom)) + 2 * SpaceUnit(*this),
+  return {fontMetrics().horizontalAdvance(CountText(kMostWithRoom)) + 2 * SpaceUnit(*this),
           fontMetrics().height()};
 }
 
@@ -49,7 +49,7 @@ void ChangeCounter::Look() {
   form_.ListenAgain();
   if (send_.Running()) return;
   const std::vector<UnheldMessage> changes = held_.Known() ? send_.Changes() : std::vector<UnheldMessage>();
-  setText(TextOf(changes.size()));
+  setText(CountText(changes.size()));
   Counted.Emit(changes);
 }
 

@@ -27,8 +27,8 @@ namespace marlinset {
 namespace {
 
 // The first size.
-constexpr int kLetters = 120;
-constexpr int kLines = 36;
+constexpr int kComparisonLetters = 120;
+constexpr int kComparisonLines = 36;
 constexpr int kNameLetters = 52;
 constexpr int kValueLetters = 32;
 /// How long the panels rest before they are compared again.
@@ -66,7 +66,7 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
   rows->addWidget(tree_ = MakeTree(), 1);
   rows->addLayout(MakeBottom());
   connect(model_, &ComparisonModel::Changed, this, &ComparisonWindow::ShowState);
-  resize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines);
+  resize(fontMetrics().averageCharWidth() * kComparisonLetters, fontMetrics().height() * kComparisonLines);
   new ScreenFit(*this);
 }
 

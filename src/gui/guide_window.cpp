@@ -16,8 +16,8 @@ namespace marlinset {
 namespace {
 
 // The first size: room for a picture and for a table beside its explanations.
-constexpr int kLetters = 100;
-constexpr int kLines = 45;
+constexpr int kGuideLetters = 100;
+constexpr int kGuideLines = 45;
 
 /// A section has the name of the panel that it describes.
 QString SectionOf(const FrmStart& form) {
@@ -55,7 +55,7 @@ GuideWindow::GuideWindow(const std::string& folder)
   rows->addWidget(view_, 1);
   view_->setAccessibleName(QStringLiteral("User guide"));
   view_->setFocus();
-  resize(QSize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().height() * kLines)
+  resize(QSize(fontMetrics().averageCharWidth() * kGuideLetters, fontMetrics().height() * kGuideLines)
              .boundedTo(screen()->availableSize() * 0.9));
   new ScreenFit(*this);
 }

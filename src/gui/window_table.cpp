@@ -37,7 +37,7 @@ struct Column {
   ControlArray<TextBox> FrmStart::*echoes = nullptr;
 };
 /// In their order behind the name.
-constexpr Column kColumns[] = {
+constexpr Column kWindowColumns[] = {
     {&FrmStart::bOn, &FrmStart::chOnOff},
     {&FrmStart::bSlate, &FrmStart::chSlate},
     {&FrmStart::bDblHeight, &FrmStart::chDblSize},
@@ -223,7 +223,7 @@ void WindowTable::MeasureColumns() {
   // Not from the rows: their controls are hidden while they are added.
   const SpinField spin(form_.udVer(0), form_.tVert(0), this);
   area_->setMinimumHeight(kLeastRows * (spin.sizeHint().height() + 2 * (unit / 3)));
-  for (const Column& column : kColumns) {
+  for (const Column& column : kWindowColumns) {
     const int head = fontMetrics().horizontalAdvance(Shown((form_.*column.head).Caption())) + 2 * unit;
     widths_.push_back(column.spins ? std::max(head, spin.sizeHint().width() + unit) : head);
   }
@@ -243,8 +243,8 @@ QWidget* WindowTable::MakeHeader() {
     return label;
   };
   add(form_.bName, Qt::AlignLeft, 1)->setMinimumWidth(LeastNameWidth());
-  for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-    add(form_.*kColumns[i].head, Qt::AlignHCenter, 0)->setFixedWidth(widths_[i]);
+  for (std::size_t i = 0; i < std::size(kWindowColumns); ++i) {
+    add(form_.*kWindowColumns[i].head, Qt::AlignHCenter, 0)->setFixedWidth(widths_[i]);
   }
   BindFlags(*strip, form_.pWinTools);
   return strip;
@@ -257,8 +257,8 @@ void WindowTable::FillRow(RowStrip& strip, int row) {
   strip.AddName(name);
   Binding& binding = Bind(*name, form_.lName(row));
   for (QWidget* around : {name->parentWidget(), static_cast<QWidget*>(&strip)}) binding.AddSurface(*around);
-  for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-    const Column& column = kColumns[i];
+  for (std::size_t i = 0; i < std::size(kWindowColumns); ++i) {
+    const Column& column = kWindowColumns[i];
     strip.AddField(MakeField(form_, column, row, &strip), Shown((form_.*column.head).Caption()), widths_[i]);
   }
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/runtime_error.h"
+#include "base/text.h"
 
 namespace marlinset {
 namespace {
@@ -25,9 +26,6 @@ const char* const kExample =
     " Write tcp://HOST:PORT or rfc2217://HOST:PORT, for example tcp://192.0.2.7:4001.";
 
 // Not the functions of <cctype>: those depend on the locale.
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 bool IsLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }

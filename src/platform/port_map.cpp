@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "platform/device_address.h"
 #include "platform/settings_keys.h"
 
@@ -14,10 +15,6 @@ bool Lists(const Range& devices, const std::string& device) {
   return std::any_of(devices.begin(), devices.end(), [&device](const std::string& listed) {
     return !listed.empty() && SameDevice(listed, device);
   });
-}
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 /// Cuts leading digits off a name; zeros at their beginning don't count.

@@ -11,7 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
-using testing::Not;
 using testing::StartsWith;
 
 /// All but the time, separated by bars.

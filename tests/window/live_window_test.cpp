@@ -351,7 +351,7 @@ TEST_P(LateAnswersTest, StopEndsASendInItsWait) {
   for (const bool byKey : {false, true}) {
     const QPoint place = progress->pos();
     desk_.Click(desk_.Widget("bSConfig"));
-    studio_.pump.At(studio_.pump.Now() + 20 * GetParam(), [&] {
+    studio_.pump.At(studio_.pump.Now() + 20LL * GetParam(), [&] {
       TurnQtsLoop();
       const SendResult now = studio_.tool.wholeSend.Result();
       EXPECT_EQ(progress->Text().toStdString(),

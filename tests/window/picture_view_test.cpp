@@ -57,7 +57,7 @@ class PictureViewTest : public testing::Test {
       (message.meaning.ends_with("highlighted") ? lights_ : sent_).push_back(message.meaning);
     });
   }
-  ~PictureViewTest() override {
+  void TearDown() override {
     LiveWindow::Settle();
     EXPECT_THAT(desk_.Disagreements(), IsEmpty());
     EXPECT_THAT(DifferencesToTwin(studio_), IsEmpty());

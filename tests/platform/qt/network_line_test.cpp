@@ -15,7 +15,6 @@ namespace marlinset {
 namespace {
 
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 QByteArray Text(const Bytes& bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
