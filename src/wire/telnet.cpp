@@ -83,14 +83,13 @@ bool Telnet::TakeCommand(std::uint8_t command) {
 void Telnet::TakeRequest(std::uint8_t option) {
   const bool ours = request_ == kDo || request_ == kDont;
   const bool on = request_ == kDo || request_ == kWill;
-  if (ours) onAllowed(option, on);
   Use& use = UseOf(ours ? Side::kOurs : Side::kTheirs, option);
   const Use before = std::exchange(use, on && wanted_[option] ? Use::kYes : Use::kNo);
   // An answer to what we asked needs none itself, nor does a request for what is so already.
   const bool answered = on ? before != Use::kNo : before != Use::kYes;
-  if (answered) return;
   const bool agreed = use == Use::kYes;
-  Put({kIac, ours ? (agreed ? kWill : kWont) : (agreed ? kDo : kDont), option});
+  if (!answered) Put({kIac, ours ? (agreed ? kWill : kWont) : (agreed ? kDo : kDont), option});
+  if (ours) onAllowed(option, on);
 }
 
 void Telnet::TakeContent(std::uint8_t byte) {

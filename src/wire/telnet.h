@@ -41,7 +41,8 @@ class Telnet {
   /// Whether the far end has sent a command.
   bool Spoken() const { return spoken_; }
 
-  /// The far end says whether we may use an option (DO, DONT); called before the answer to it.
+  /// The far end says whether we may use an option (DO, DONT). Called when the answer to it is in the output,
+  /// since a subnegotiation may only follow our WILL.
   std::function<void(std::uint8_t option, bool may)> onAllowed = [](std::uint8_t, bool) {};
   /// A subnegotiation is complete.
   std::function<void(std::uint8_t option, std::span<const std::uint8_t> content)> onSubnegotiation =

@@ -135,6 +135,15 @@ TEST(ComPortControl, IsReadyWhenTheServerHasConfirmedEachSetting) {
   }
 }
 
+TEST(ComPortControl, SetsThePortOnlyBehindItsOwnWill) {
+  ComPortControl control;
+  control.TakeOutput();
+  control.Receive(kDont + kDo);
+  EXPECT_EQ(control.TakeOutput(), (Bytes{255, 251, 44} + kSettings)) << "the first WILL is void";
+  control.Receive(kDont + kDo);
+  EXPECT_EQ(control.TakeOutput(), (Bytes{255, 252, 44, 255, 251, 44})) << "the settings go once";
+}
+
 TEST(ComPortControl, DropsWhatIsOlderThanTheSettingsAndCarriesTheRest) {
   ComPortControl control;
   control.TakeOutput();
