@@ -154,7 +154,7 @@ std::string ComPortControl::Trouble() const {
   }
   if (declined_) return "it refuses to have its port controlled";
   if (telnet_.Spoken()) return "it does not offer control of its port";
-  return early_.empty() ? "it says nothing" : "what it sends is no Telnet";
+  return Silent() ? "it says nothing" : "what it sends is no Telnet";
 }
 
 }  // namespace marlinset

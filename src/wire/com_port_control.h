@@ -36,6 +36,10 @@ class ComPortControl {
   std::vector<std::uint8_t> TakeOutput() { return telnet_.TakeOutput(); }
 
   State Progress() const;
+  /// Whether the server lets its port be controlled. Then only settings are missing.
+  bool Agreed() const { return agreed_; }
+  /// Whether nothing has come from it.
+  bool Silent() const { return early_.empty() && !telnet_.Spoken(); }
   /// What is missing, as the end of a sentence about the server: "it says nothing".
   std::string Trouble() const;
   /// The beginning of the data that it has sent before it was ready: some say so why they close.

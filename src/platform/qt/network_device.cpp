@@ -11,6 +11,7 @@
 #include <iterator>
 
 #include "base/runtime_error.h"
+#include "base/text.h"
 #include "platform/qt/host_lookup.h"
 
 namespace marlinset {
@@ -38,6 +39,9 @@ const char* const kNoRfc2217 =
 const char* const kOneProgram =
     "Check the port number in the address, and that the device server serves that port. Many servers serve "
     "one program at a time: close the other one.";
+const char* const kSettings =
+    "In the server's own settings, let its serial port run at 57600 bits per second with 8 data bits, no "
+    "parity, 1 stop bit and no flow control; close other programs that use it.";
 
 std::string Where(const DeviceAddress& address) {
   return address.HostText() + " on port " + std::to_string(address.port);
@@ -59,20 +63,44 @@ RuntimeError UnknownHost(const DeviceAddress& address, bool unanswered) {
           "Check the spelling of the name, or write the address in numbers."};
 }
 
-RuntimeError NoRfc2217(const DeviceAddress& address, const std::string& trouble) {
-  return {kErrPort, "the server " + Where(address) + " does not speak RFC 2217: " + trouble + ".",
-          kNoRfc2217};
-}
-
-/// Servers that serve somebody else, or cannot open their port, say so and close the connection. `otherwise`
-/// is for one that closes without a word.
-RuntimeError Closes(const DeviceAddress& address, const std::string& said, const RuntimeError& otherwise) {
+/// The first line that a server says before its port is open; empty if that is nothing to show.
+std::string FirstLine(const std::string& said) {
   std::string line = said.substr(std::min(said.find_first_not_of("\r\n"), said.size()));
   line.erase(std::min(line.find_first_of("\r\n"), line.size()));
   const bool plain = std::all_of(line.begin(), line.end(), [](char c) { return c >= ' ' && c <= '~'; });
-  if (line.empty() || !plain) return otherwise;
-  return {kErrPort, "the server " + Where(address) + " closes the connection, saying \"" + line + "\".",
-          kOneProgram};
+  return plain ? line : std::string();
+}
+
+RuntimeError Fault(const DeviceAddress& address, const std::string& what, const std::string& remedy) {
+  return {kErrPort, "the server " + Where(address) + " " + what + ".", remedy};
+}
+
+/// Servers that serve somebody else, or cannot open their port, close the connection; most say why.
+RuntimeError Closes(const DeviceAddress& address, const std::string& line) {
+  return Fault(address, "closes the connection" + (line.empty() ? " at once" : ", saying " + Quoted(line)),
+               kOneProgram);
+}
+
+/// Why the port behind RFC 2217 is not open. Only a server that certainly does not speak it is called so: one
+/// that is busy, or whose port cannot be set, needs another remedy.
+RuntimeError NotReady(const DeviceAddress& address, const ComPortControl& control, bool closed) {
+  using State = ComPortControl::State;
+  const State state = control.Progress();
+  const std::string line = FirstLine(control.Early());
+  if (closed && !line.empty() && state != State::kHopeless) return Closes(address, line);
+  if (closed && control.Agreed() && state != State::kDoubtful)
+    return Fault(address, "closes the connection while it sets its serial port", kSettings);
+  if (control.Agreed())
+    return Fault(address, "does not set its serial port as units need it: " + control.Trouble(), kSettings);
+  if (state == State::kPending) {
+    const std::string either = std::string(kOneProgram) + " " + kNoRfc2217;
+    if (closed) return Fault(address, "closes the connection without offering control of its port", either);
+    if (!line.empty())
+      return Fault(address, "says " + Quoted(line) + " and does not offer control of its port", either);
+    if (control.Silent())
+      return Fault(address, "says nothing: it serves another program, or does not speak RFC 2217", either);
+  }
+  return Fault(address, "does not speak RFC 2217: " + control.Trouble(), kNoRfc2217);
 }
 
 /// Where nobody listens on one of this computer's own ports, the system may connect a socket to itself.
@@ -182,9 +210,7 @@ void NetworkDevice::LetGreetingPass(const DeviceAddress& address, const Timer& l
   Deadline greeting(pump_, guard_, "connecting", kGreetingMs + static_cast<int>(connectMs_));
   Await(limit, [&] { return !greeting.Enabled() || gone_; });
   if (!gone_ || GivenUp()) return;
-  const RuntimeError closed(kErrPort, "the server " + Where(address) + " closes the connection at once.",
-                            kOneProgram);
-  throw Closes(address, greeting_, closed);
+  throw Closes(address, FirstLine(greeting_));
 }
 
 void NetworkDevice::Negotiate(const DeviceAddress& address, const Timer& limit) {
@@ -201,8 +227,7 @@ void NetworkDevice::Negotiate(const DeviceAddress& address, const Timer& limit) 
   });
   const State state = control_->Progress();
   if (GivenUp() || (state == State::kReady && !gone_)) return;
-  if (!gone_ || state != State::kPending) throw NoRfc2217(address, control_->Trouble());
-  throw Closes(address, control_->Early(), NoRfc2217(address, "it closes the connection"));
+  throw NotReady(address, *control_, gone_);
 }
 
 void NetworkDevice::TakeArrivals() {

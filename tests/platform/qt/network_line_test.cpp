@@ -137,24 +137,44 @@ const Bytes kConfirmed = {255, 250, 44,  112, 3,   255, 240, 255, 250, 44,  101,
 TEST_F(NetworkLineTest, DistinguishesServersThatCannotServeIt) {
   const QByteArray agrees = Text(kDo);
   const QByteArray most = Text({kConfirmed.begin(), kConfirmed.end() - 7});
+  const QByteArray slow = Text({255, 250, 44, 101, 0, 0, 37, 128, 255, 240});
   const struct {
     const char* what;
     Manners manners;
     const char* words;
+    bool speaks = true;  // or may do so
   } kCases[] = {
-      {"accepts and says nothing", {.first = ""}, "does not speak RFC 2217: it says nothing"},
-      {"closes at once", {.first = "", .closes = true}, "it closes the connection"},
-      {"closes after its answers", {.first = "\xFF\xFD\x03", .closes = true}, "it closes the connection"},
-      {"closes when it has agreed", {.first = agrees, .closes = true}, "it closes the connection"},
+      {"accepts and says nothing", {.first = ""}, "says nothing: it serves another program, or does not"},
+      {"closes at once", {.first = "", .closes = true}, "closes the connection without offering control"},
+      {"closes after its answers",
+       {.first = "\xFF\xFD\x03", .closes = true},
+       "closes the connection without"},
+      {"closes when it has agreed", {.first = agrees, .closes = true}, "closes the connection while it sets"},
       {"closes before the last",
        {.first = agrees, .second = most, .closes = true},
-       "it closes the connection"},
+       "closes the connection while it sets its serial port."},
+      {"sets another speed",
+       {.first = agrees, .second = slow},
+       "as units need it: it does not take 57600 bits per second (its answer: 9600)."},
+      {"sets another speed and closes",
+       {.first = agrees, .second = slow, .closes = true},
+       "(its answer: 9600)"},
       {"is busy", {.first = "Port already in use\r\n", .closes = true}, "saying \"Port already in use\""},
-      {"speaks HTTP", {.first = "HTTP/1.1 400 Bad Request\r\n", .closes = true}, "a web server answers"},
-      {"floods", {.first = "x", .floods = true}, "it floods the connection"},
-      {"refuses", {.first = "\xFF\xFE\x2C"}, "it refuses to have its port controlled"},
+      {"is busy and refuses",
+       {.first = "\xFF\xFE\x2C"
+                 "In use\n",
+        .closes = true},
+       "saying \"In use\""},
+      {"is busy and stays", {.first = "Port in use\r\n"}, "says \"Port in use\" and does not offer control"},
       {"confirms all but one", {.first = agrees, .second = most}, "it does not confirm no flow control"},
-      {"passes bytes on", {.first = "\x06"}, "what it sends is no Telnet"},
+      {"speaks HTTP",
+       {.first = "HTTP/1.1 400 Bad Request\r\n", .closes = true},
+       "a web server answers",
+       false},
+      {"floods", {.first = "x", .floods = true}, "it floods the connection", false},
+      {"refuses", {.first = "\xFF\xFE\x2C"}, "it refuses to have its port controlled", false},
+      {"refuses and closes", {.first = "\xFF\xFE\x2C", .closes = true}, "it refuses to have its", false},
+      {"passes bytes on", {.first = "\x06"}, "what it sends is no Telnet", false},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.what);
@@ -163,6 +183,7 @@ TEST_F(NetworkLineTest, DistinguishesServersThatCannotServeIt) {
     const std::string failure = Failure(server.Address("rfc2217"));
     EXPECT_THAT(failure, testing::StartsWith("Port 1 cannot be opened: the server 127.0.0.1 on port "));
     EXPECT_THAT(failure, HasSubstr(c.words));
+    EXPECT_EQ(failure.find(" does not speak RFC 2217: ") == std::string::npos, c.speaks);
     EXPECT_LT(pump.Now(), 100 * NetworkDevice::kConnectMs);
   }
   pump.runs = false;
