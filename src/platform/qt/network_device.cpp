@@ -39,9 +39,13 @@ const char* const kNoRfc2217 =
 const char* const kOneProgram =
     "Check the port number in the address, and that the device server serves that port. Many servers serve "
     "one program at a time: close the other one.";
+// Short enough for the line below a device in the window that names them.
 const char* const kSettings =
-    "In the server's own settings, let its serial port run at 57600 bits per second with 8 data bits, no "
-    "parity, 1 stop bit and no flow control; close other programs that use it.";
+    "Close other programs that use it, and allow 57600 bit/s, 8 data bits, no parity, 1 stop bit and no flow "
+    "control in its settings.";
+const char* const kBusyOrPlain =
+    "Check the port number, close other programs that use it, or write tcp:// in place of rfc2217:// if it "
+    "passes the bare bytes on.";
 
 std::string Where(const DeviceAddress& address) {
   return address.HostText() + " on port " + std::to_string(address.port);
@@ -91,14 +95,15 @@ RuntimeError NotReady(const DeviceAddress& address, const ComPortControl& contro
   if (closed && control.Agreed() && state != State::kDoubtful)
     return Fault(address, "closes the connection while it sets its serial port", kSettings);
   if (control.Agreed())
-    return Fault(address, "does not set its serial port as units need it: " + control.Trouble(), kSettings);
+    return Fault(address, "does not set its serial port: " + control.Trouble(), kSettings);
   if (state == State::kPending) {
-    const std::string either = std::string(kOneProgram) + " " + kNoRfc2217;
-    if (closed) return Fault(address, "closes the connection without offering control of its port", either);
+    if (closed)
+      return Fault(address, "closes the connection without offering control of its port", kBusyOrPlain);
     if (!line.empty())
-      return Fault(address, "says " + Quoted(line) + " and does not offer control of its port", either);
+      return Fault(address, "says " + Quoted(line) + " and does not offer control of its port", kBusyOrPlain);
     if (control.Silent())
-      return Fault(address, "says nothing: it serves another program, or does not speak RFC 2217", either);
+      return Fault(address, "says nothing: it serves another program, or does not speak RFC 2217",
+                   kBusyOrPlain);
   }
   return Fault(address, "does not speak RFC 2217: " + control.Trouble(), kNoRfc2217);
 }

@@ -155,7 +155,7 @@ TEST_F(NetworkLineTest, DistinguishesServersThatCannotServeIt) {
        "closes the connection while it sets its serial port."},
       {"sets another speed",
        {.first = agrees, .second = slow},
-       "as units need it: it does not take 57600 bits per second (its answer: 9600)."},
+       "does not set its serial port: it does not take 57600 bits per second (its answer: 9600)."},
       {"sets another speed and closes",
        {.first = agrees, .second = slow, .closes = true},
        "(its answer: 9600)"},
