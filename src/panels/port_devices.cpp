@@ -54,6 +54,7 @@ PortDevices::PortDevices(Platform& platform, FrmStart& mainForm, Ports& ports)
     if (!form.Visible()) probe_.Stop();
   });
   ports.Closed.Connect([this] {
+    std::erase_if(tested_, [](const auto& entry) { return entry.second.whileOpen; });
     if (form.Visible()) NoteAll();
   });
 }
@@ -99,9 +100,12 @@ std::string PortDevices::Named(int port) const {
 void PortDevices::NoteAll() {
   for (const int port : form.comDevice.Indices()) {
     form.comDevice(port).SetEnabled(!platform_.portMap->Fixed(port) && !Opened(port));
+    // The button that was pressed keeps the focus.
+    form.cmdTest(port).SetEnabled(!testing_ || port == *testing_);
     form.lblNote(port).SetCaption(NoteOf(port));
   }
-  form.cmdStop.SetEnabled(testing_);
+  form.cmdLook.SetEnabled(!testing_);
+  form.cmdStop.SetEnabled(testing_.has_value());
 }
 
 std::string PortDevices::NoteOf(int port) const {
@@ -134,27 +138,35 @@ std::string PortDevices::NoteOfDevice(int port) const {
 
 void PortDevices::Test(int port) {
   if (testing_) return;
-  testing_ = true;
-  tested_[port] = {Named(port), "Asking…"};
+  const std::string named = Named(port);
+  const std::string device = FromHere(named.empty() ? platform_.portMap->Device(port) : named);
+  if (OpenOn(device)) {
+    tested_[port] = {named,
+                     "Not tested: port " + std::to_string(platform_.ComP1.CommPort()) +
+                         " is open on this device. Ask the unit there with Get ID, or close the port first.",
+                     true};
+    return NoteAll();
+  }
+  tested_[port] = {named, "Asking…"};
+  testing_ = port;
   NoteAll();
   std::string text;
-  Finally([&] { text = TestText(port); },
+  Finally([&] { text = TestText(port, device); },
           [&] {
-            testing_ = false;
+            testing_.reset();
             tested_[port].text = text;
             NoteAll();
           });
 }
 
-std::string PortDevices::TestText(int port) {
-  const std::string named = Named(port);
-  const std::string device = FromHere(named.empty() ? platform_.portMap->Device(port) : named);
+bool PortDevices::OpenOn(const std::string& device) const {
+  const MSComm& line = platform_.ComP1;
+  return line.PortOpen() && SameDevice(device, line.DeviceName(line.CommPort()));
+}
+
+std::string PortDevices::TestText(int port, const std::string& device) {
   if (device.empty()) return "There is no device to test.";
   if (const std::string fault = AddressFault(device); !fault.empty()) return Sentence(fault);
-  const MSComm& line = platform_.ComP1;
-  if (line.PortOpen() && SameDevice(device, line.DeviceName(line.CommPort())))
-    return "Not tested: port " + std::to_string(line.CommPort()) +
-           " is open on this device. Ask the unit there with Get ID, or close the port first.";
   const std::string text = probe_.Identify(*platform_.makeLine(port, device));
   const std::string known = CannotBeOpened(port);  // the row says which one
   return text.starts_with(known) ? Sentence(text.substr(known.size())) : text;

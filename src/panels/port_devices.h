@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "core/frm_ports.h"
@@ -36,15 +37,18 @@ class PortDevices {
   std::string Named(int port) const;
   std::string NoteOf(int port) const;
   std::string NoteOfDevice(int port) const;
-  std::string TestText(int port);
+  /// Whether the tool's own port is open on a device.
+  bool OpenOn(const std::string& device) const;
+  std::string TestText(int port, const std::string& device);
 
   Platform& platform_;
   Ports& ports_;
   UnitProbe probe_;
-  bool testing_ = false;
+  std::optional<int> testing_;  ///< the port under test
   struct Tested {
-    std::string device;  ///< as it was named
-    std::string text;    ///< what came of it
+    std::string device;      ///< as it was named
+    std::string text;        ///< what came of it
+    bool whileOpen = false;  ///< counts only until the tool's own port is closed
   };
   std::map<int, Tested> tested_;  ///< since the last search, by port
 };

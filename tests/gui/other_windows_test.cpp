@@ -68,7 +68,7 @@ TEST_F(DialogsTest, AQuestionWhoseReasonHasGoneAnswersNoAlsoUnderAnotherBox) {
   EXPECT_FALSE(ask()) << "it does not even come up";
 }
 
-TEST_F(DialogsTest, ADeviceIsChosenOrTypedAndEscEndsATest) {
+TEST_F(DialogsTest, ADeviceIsChosenOrTypedAndEscOrOkEndsATest) {
   FrmPorts ports(guard_);
   ports.comDevice(2).AddItem("/dev/ttyUSB0");
   int stops = 0;
@@ -92,6 +92,21 @@ TEST_F(DialogsTest, ADeviceIsChosenOrTypedAndEscEndsATest) {
            });
   EXPECT_EQ(ports.comDevice(2).Text(), "/dev/ttyUSB07");
   EXPECT_EQ(stops, 1);
+  std::string kept;
+  ports.cmdOK.OnClick([&] {
+    kept = ports.comDevice(2).Text();
+    ports.SetVisible(false);
+  });
+  AtDialog([&] { dialogs.ShowModal(ports); },
+           [&](QWidget& window) {
+             ports.cmdTest(1).OnClick([&](int) {
+               QTest::keyClicks(Widget<QComboBox>(window, "comDevice(2)").lineEdit(), "8");
+               QTest::mouseClick(&Widget(window, "cmdOK"), Qt::LeftButton);
+               while (stops == 1) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+             });
+             QTest::mouseClick(&Widget(window, "cmdTest(1)"), Qt::LeftButton);
+           });
+  EXPECT_EQ(kept, "8/dev/ttyUSB07") << "OK ends the test, then keeps what was typed meanwhile";
 }
 
 TEST_F(DialogsTest, AWindowFollowsItsFormUntilEitherCloses) {

@@ -96,7 +96,11 @@ TEST_F(PortDevicesTest, TestADeviceApartFromTheOpenPort) {
        "went away"},
       {[this](UnitLine& line) {
          line.Unit().Faults().mute = true;
-         rig.pump.At(rig.pump.Now() + 100, [this] { form.cmdStop.OperatorClick(); });
+         rig.pump.At(rig.pump.Now() + 100, [this] {
+           EXPECT_FALSE(form.cmdTest(1).Enabled() || form.cmdLook.Enabled());
+           EXPECT_TRUE(form.cmdTest(3).Enabled()) << "it has the focus";
+           form.cmdStop.OperatorClick();
+         });
        },
        "stopped"},
       {[](UnitLine& line) {
@@ -113,6 +117,21 @@ TEST_F(PortDevicesTest, TestADeviceApartFromTheOpenPort) {
   EXPECT_TRUE(rig.line.PortOpen() && rig.Sent().empty()) << "the open port notices nothing";
   EXPECT_THAT(rig.Boxes(), testing::IsEmpty());
   EXPECT_FALSE(form.cmdStop.Enabled());
+  EXPECT_TRUE(form.cmdTest(1).Enabled() && form.cmdLook.Enabled());
+  Type(4, "unit1");
+  EXPECT_THAT(TestOf(4), HasSubstr("Not tested"));
+  rig.form.bClose.Press();
+  EXPECT_EQ(Note(3), "HD7340Q, firmware MARLIN40 020E00");
+  EXPECT_EQ(Note(4), "There is no such device now.");
+  prepare = [this](UnitLine& line) {
+    line.Unit().Faults().mute = true;
+    rig.pump.At(rig.pump.Now() + 100, [this] { form.cmdOK.OperatorClick(); });
+  };
+  const std::int64_t pressed = rig.pump.Now();
+  TestOf(3);
+  EXPECT_LT(rig.pump.Now() - pressed, 200) << "OK does not wait for the end of a test";
+  EXPECT_FALSE(form.Visible());
+  EXPECT_EQ(rig.settings.GetSetting("Port4", ""), "unit1");
 }
 
 }  // namespace
