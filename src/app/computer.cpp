@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "base/printable.h"
 #include "platform/device_address.h"
 #include "platform/no_line.h"
 #include "platform/posix/settings_file.h"
@@ -39,7 +40,7 @@ std::unique_ptr<SettingsStore> OpenSettings(const std::string& file) try {
   auto settings = std::make_unique<SettingsFile>(file.empty() ? UsersSettings() : file);
   // Nobody asked for this write just now, so it raises no box and does not fail the current action.
   settings->onNotWritten = [](const RuntimeError& failure) {
-    std::fprintf(stderr, "The settings cannot be kept.\n%s\n", failure.Remedy().c_str());
+    std::fprintf(stderr, "The settings cannot be kept.\n%s\n", PrintableLines(failure.Remedy()).c_str());
   };
   return settings;
 } catch (const RuntimeError& failure) {

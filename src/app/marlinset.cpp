@@ -5,9 +5,11 @@
 #include <exception>
 #include <optional>
 
+#include "app/command_line.h"
 #include "app/computer.h"
 #include "app/tool.h"
 #include "app/without_display.h"
+#include "base/printable.h"
 #include "gui/about_window.h"
 #include "gui/guide_window.h"
 #include "gui/main_window.h"
@@ -154,7 +156,7 @@ int WindowRun::Run() {
 int RunWindow(const WindowOptions& options) try {
   return WindowRun(options).Run();
 } catch (const RuntimeError& failure) {
-  std::fprintf(stderr, "marlinset: %s\n%s\n", failure.what(), failure.Remedy().c_str());
+  std::fprintf(stderr, "marlinset: %s\n%s\n", failure.what(), PrintableLines(failure.Remedy()).c_str());
   if (options.common.settingsFile.empty())
     QtDialogs().Show({.text = failure.what(), .remedy = failure.Remedy()});
   return kExitFailed;
@@ -179,7 +181,7 @@ int Main(int argc, char** argv) {
     options.file = WholePath(options.file);
     return RunWindow(options);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kExitUsage;
+    return EndOfOptions(app, error, kExitUsage);
   }
 }
 

@@ -16,6 +16,7 @@
 #include <iomanip>
 #include <iostream>
 
+#include "app/command_line.h"
 #include "app/unit/pty.h"
 #include "app/unit/unit_console.h"
 #include "app/unit/unit_server.h"
@@ -68,7 +69,7 @@ std::optional<int> ReadOptions(int argc, char** argv, Options& options) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kUsageError;
+    return EndOfOptions(app, error, kUsageError);
   }
   options.unit.video = !noVideo;
   options.unit.ackTime = std::chrono::milliseconds{ackMs};

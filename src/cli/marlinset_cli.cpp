@@ -6,8 +6,10 @@
 #include <cstdio>
 #include <exception>
 
+#include "app/command_line.h"
 #include "base/runtime_error.h"
 #include "cli/commands.h"
+#include "cli/output.h"
 #include "platform/posix/streams.h"
 
 namespace marlinset {
@@ -162,7 +164,7 @@ int Main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kExitDone : kExitUsage;
+    return EndOfOptions(app, error, kExitUsage);
   }
   if (show->parsed()) return RunShow(options);
   if (diff->parsed()) return RunDiff(options);
@@ -192,10 +194,11 @@ int main(int argc, char** argv) {
   try {
     return marlinset::Printed(marlinset::Main(argc, argv));
   } catch (const marlinset::RuntimeError& failure) {
-    std::fprintf(stderr, "marlinset-cli: %s\n%s\n", failure.what(), failure.Remedy().c_str());
+    marlinset::PrintError(failure);
+    marlinset::PrintFault(failure.Remedy());
     return marlinset::kExitStart;
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
+    marlinset::PrintError(error);
     return marlinset::kExitNotDone;
   }
 }

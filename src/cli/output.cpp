@@ -1,34 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/output.h"
 
-#include <cstddef>
-#include <cstdint>
-
-#include "base/text.h"
+#include "base/printable.h"
 
 namespace marlinset {
-
-std::string Printable(const std::string& text) {
-  constexpr char kFirstOfTwo = '\xC2';  // U+0080 to U+009F are controls too
-  std::string printable;
-  printable.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool ofTwo =
-        text[i] == kFirstOfTwo && i + 1 < text.size() && static_cast<std::uint8_t>(text[i + 1]) < 0xA0;
-    if (ofTwo) ++i;
-    const auto byte = static_cast<std::uint8_t>(text[i]);
-    if (ofTwo || byte < ' ' || byte == 0x7F) {
-      printable += "\\x" + HexByte(byte);
-    } else {
-      printable += text[i];
-    }
-  }
-  return printable;
-}
 
 void PrintLine(const std::string& text, std::FILE* stream) {
   std::fwrite(text.data(), 1, text.size(), stream);
   std::putc('\n', stream);
+}
+
+void PrintFault(const std::string& text) {
+  PrintLine(PrintableLines(text), stderr);
 }
 
 void PrintJson(const Json& json) {
@@ -36,7 +19,7 @@ void PrintJson(const Json& json) {
 }
 
 void PrintError(const std::exception& error) {
-  std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
+  PrintFault(std::string("marlinset-cli: ") + error.what());
 }
 
 void PrintError(const std::exception& error, const std::string& file, bool json) {

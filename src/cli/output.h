@@ -9,12 +9,10 @@
 
 namespace marlinset {
 
-/// Texts of other people's files must not control the terminal or leave their line: prints a control
-/// character as \x and its two digits.
-std::string Printable(const std::string& text);
-
 /// A text and the end of its line, whatever bytes it has.
 void PrintLine(const std::string& text, std::FILE* stream = stdout);
+/// A message on standard error, of one or more lines, in printable characters.
+void PrintFault(const std::string& text);
 /// One line of JSON.
 void PrintJson(const Json& json);
 /// What went wrong, on standard error.

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/printable.h"
 #include "cli/commands.h"
 #include "cli/configuration_input.h"
 #include "cli/output.h"

@@ -2,6 +2,7 @@
 // show, diff and compose: configuration files without the tool.
 #include <stdexcept>
 
+#include "base/printable.h"
 #include "cli/commands.h"
 #include "cli/configuration_input.h"
 #include "cli/document_json.h"

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/output.h"
 #include "cli/picture_inputs.h"
 #include "cli/terminal_run.h"
 #include "controls/guard.h"
@@ -22,7 +23,7 @@ bool IsInput(const std::string& file, const CliOptions& options, const PictureOr
 }
 
 int Refuse(const CliOptions& options) {
-  std::fprintf(stderr, "%s: %s\n", options.output.c_str(), kReplacesInput);
+  PrintFault(options.output + ": " + kReplacesInput);
   return kExitUsage;
 }
 

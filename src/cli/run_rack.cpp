@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include "base/printable.h"
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/output.h"

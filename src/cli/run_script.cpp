@@ -6,6 +6,7 @@
 #include "app/recording_line.h"
 #include "cli/commands.h"
 #include "cli/line_input.h"
+#include "cli/output.h"
 #include "cli/queued_dialogs.h"
 #include "cli/queued_printer.h"
 #include "cli/script.h"
@@ -50,7 +51,7 @@ int RunScript(const CliOptions& options) {
       heard = Print(script.Execute(*text));
     }
   } catch (const std::runtime_error& error) {
-    std::fprintf(stderr, "marlinset-cli: %s\n", error.what());
+    PrintError(error);
     return kExitUsage;
   }
   return script.AllUnderstood() ? kExitDone : kExitUsage;

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <string>
 
+#include "base/printable.h"
 #include "base/text.h"
 #include "cli/output.h"
 #include "cli/terminal_run.h"
@@ -59,7 +60,7 @@ class Progress {
     if (verbose_) {
       Print(told_.size(), message);
     } else if (::isatty(STDERR_FILENO)) {
-      std::fprintf(stderr, "\r\033[K%zu %s", told_.size(), message.meaning.c_str());
+      std::fprintf(stderr, "\r\033[K%zu %s", told_.size(), Printable(message.meaning).c_str());
     }
   }
   void Correct(const SentMessage& message) {
@@ -76,13 +77,13 @@ class Progress {
   void List() const {
     for (const SentMessage& message : told_) {
       if (!message.verdict || *message.verdict == Verdict::kAcknowledged) continue;
-      std::fprintf(stderr, "%-15s  %s\n", NameOf(*message.verdict), message.meaning.c_str());
+      std::fprintf(stderr, "%-15s  %s\n", NameOf(*message.verdict), Printable(message.meaning).c_str());
     }
   }
 
  private:
   static void Print(std::size_t number, const SentMessage& message) {
-    std::printf("%4zu  %-16s  %-46s  %s\n", number, OutcomeOf(message), message.meaning.c_str(),
+    std::printf("%4zu  %-16s  %-46s  %s\n", number, OutcomeOf(message), Printable(message.meaning).c_str(),
                 FrameText(message).c_str());
     std::fflush(stdout);
   }

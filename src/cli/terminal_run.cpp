@@ -5,14 +5,16 @@
 
 #include <cstdio>
 
+#include "cli/output.h"
+
 namespace marlinset {
 namespace {
 
 /// Boxes of a run at a terminal go to standard error.
 void PrintBox(const MessageBox& box, BoxAnswer answer) {
   if (::isatty(STDERR_FILENO)) std::fprintf(stderr, "\r\033[K");  // erases the progress line
-  std::fprintf(stderr, "%s\n", box.text.c_str());
-  if (!box.remedy.empty()) std::fprintf(stderr, "%s\n", box.remedy.c_str());
+  PrintFault(box.text);
+  if (!box.remedy.empty()) PrintFault(box.remedy);
   if (box.buttons == BoxButtons::kYesNo) {
     std::fprintf(stderr, "  answered: %s\n", answer == BoxAnswer::kYes ? "Yes" : "No");
   }
@@ -43,7 +45,7 @@ bool TerminalRun::LoadConfiguration(const CliOptions& options) {
   tool.platform.fileDialog.FileName = options.configurations.front();
   tool.configurationFile.ReadConfigFile();
   const ReadEnd end = tool.configurationFile.LastRead();
-  if (end == ReadEnd::kEmpty) std::fprintf(stderr, "%s: is empty\n", options.configurations.front().c_str());
+  if (end == ReadEnd::kEmpty) PrintFault(options.configurations.front() + ": is empty");
   return end == ReadEnd::kLoaded;
 }
 

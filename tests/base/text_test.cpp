@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/printable.h"
+
 namespace marlinset {
 namespace {
 
@@ -37,6 +39,16 @@ TEST(Text, CountsAndCutsCharacters) {
 TEST(Text, CapitalisesOneToOne) {
   EXPECT_EQ(UpperOf("az{`@[AZ09 àöøþ÷ÿß šœž ĺľŉňĸ αωжёяı 中😀\xFF"),
             "AZ{`@[AZ09 ÀÖØÞ÷Ÿß ŠŒŽ ĹĽŉŇĸ ΑΩЖЁЯI 中😀\xFF");
+}
+
+TEST(Text, FromOutsideIsPrintedWithoutItsControls) {
+  EXPECT_EQ(Printable("a\x1B[2J\n\t\x7F\u0090\x9B äé\xE4\u00A0"), R"(a\x1B[2J\x0A\x09\x7F\x90\x9B äé)"
+                                                                  "\xE4\u00A0");
+  EXPECT_EQ(Printable("\u061C\u200D\u200E\u2028\u202E\u2069中"), R"(\u061C)"
+                                                                 "\u200D"
+                                                                 R"(\u200E\u2028\u202E\u2069)"
+                                                                 "中");
+  EXPECT_EQ(PrintableLines("a\n\r\u202E\n"), "a\n\\x0D\\u202E\n");
 }
 
 }  // namespace
