@@ -6,6 +6,7 @@
 
 #include "gui/widgets/look.h"
 #include "link/identification.h"
+#include "platform/device_address.h"
 #include "platform/ms_comm.h"
 
 namespace marlinset {
@@ -47,7 +48,7 @@ QString LiveSign::Port() const {
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
     const MenuItem& item = form_.ComMenu(port);
     if (!item.Checked()) continue;
-    QString device = deviceName_ ? Shown(deviceName_(port)) : QString();
+    QString device = deviceName_ ? Shown(ShownDevice(deviceName_(port))) : QString();
     const QLatin1String devices("/dev/");
     device = device.startsWith(devices) ? device.mid(devices.size()) : device.section(QLatin1Char('/'), -1);
     if (device.size() > kLongestDevice) device = QChar(0x2026) + device.right(kLongestDevice);

@@ -12,6 +12,7 @@
 #include "gui/widgets/look.h"
 #include "gui/widgets/widget_bindings.h"
 #include "gui/window_hooks.h"
+#include "platform/device_address.h"
 #include "platform/ms_comm.h"
 
 namespace marlinset {
@@ -98,7 +99,7 @@ void AddSubMenu(QMenu& menu, MenuItem& item, char mnemonic, const std::vector<Me
 
 /// "Com 1" with the device behind it, and whether it is open.
 QString PortSuffix(const WindowHooks& hooks, int port, bool chosen) {
-  const std::string device = hooks.deviceName ? hooks.deviceName(port) : std::string();
+  const std::string device = hooks.deviceName ? ShownDevice(hooks.deviceName(port)) : std::string();
   QString suffix =
       QStringLiteral("   ") + (device.empty() ? QStringLiteral("(no device)") : ShownLiteral(device));
   if (chosen && hooks.portOpen && hooks.portOpen()) suffix += QStringLiteral("   (open)");

@@ -143,8 +143,8 @@ void Ports::DeviceLost() {
 
 std::string Ports::LossText() const {
   const int port = vars_.ComPortNumber;
-  return "The device behind port " + std::to_string(port) + " (" + platform_.ComP1.DeviceName(port) +
-         ") is gone";
+  return "The device behind port " + std::to_string(port) + " (" +
+         ShownDevice(platform_.ComP1.DeviceName(port)) + ") is gone";
 }
 
 std::string Ports::Suspects() const {

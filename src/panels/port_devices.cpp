@@ -68,8 +68,10 @@ void PortDevices::Show() {
   platform_.dialogs.ShowModal(form);
 }
 
-/// Lists what a port can be given, with `device` as its choice.
-void PortDevices::Fill(int port, const std::string& device) {
+/// Lists what a port can be given, with `named` as its choice. An address that is shown otherwise than it is
+/// written is a wrong one and stays so.
+void PortDevices::Fill(int port, const std::string& named) {
+  const std::string device = IsAddress(named) ? ShownDevice(named) : named;
   std::vector<std::string> entries = platform_.portMap->Found();
   if (!device.empty() && std::find(entries.begin(), entries.end(), device) == entries.end())
     entries.insert(entries.begin(), device);

@@ -25,7 +25,7 @@ class PortDevices {
 
  private:
   void Show();
-  void Fill(int port, const std::string& device);
+  void Fill(int port, const std::string& named);
   void SearchAgain();
   void NoteAll();
   void Test(int port);

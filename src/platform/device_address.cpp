@@ -10,6 +10,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/printable.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 
@@ -137,7 +138,7 @@ bool IsLabel(std::string_view label) {
 /// What is wrong with a name or an IPv4 address. "192.168.1" would be looked up as 192.168.0.1, so a name
 /// that ends in a number has to be a complete address.
 std::string NameFault(std::string_view host) {
-  const std::string quoted = "\"" + std::string(host) + "\"";
+  const std::string quoted = Quoted(Printable(host));
   std::string_view name = host;
   if (name.ends_with('.')) name.remove_suffix(1);
   const std::vector<std::string_view> labels = Split(name, '.');
@@ -152,11 +153,9 @@ std::string NameFault(std::string_view host) {
 
 std::string PortFault(std::string_view port) {
   if (port.empty()) return std::string("the address names no port number.") + kExample;
-  const auto number =
-      port.size() <= 5 && All(port, IsDigit) ? NumberOf(port, 10, kHighestTcpPort) : std::nullopt;
-  if (number && *number > 0) return {};
   if (!All(port, IsDigit))
     return std::string("what follows the host has to be a port number and nothing else.") + kExample;
+  if (NumberOf(port, 10, kHighestTcpPort).value_or(0) > 0) return {};
   return "the port number " + std::string(port) + " does not exist: it has to be 1 to 65535.";
 }
 
@@ -181,7 +180,7 @@ std::string Read(std::string_view device, DeviceAddress& address) {
     return "an IPv6 address needs brackets, for example " + scheme + "://[2001:db8::7]:4001.";
   const std::string_view host = bracket ? rest.substr(1, end - 1) : rest.substr(0, end);
   if (host.empty()) return std::string("the address names no host.") + kExample;
-  if (bracket && !IsIPv6(host)) return "\"" + std::string(host) + "\" is no IPv6 address.";
+  if (bracket && !IsIPv6(host)) return Quoted(Printable(host)) + " is no IPv6 address.";
   if (!bracket && !NameFault(host).empty()) return NameFault(host);
   std::string_view port = rest.substr(std::min(end, rest.size()));
   if (bracket) port.remove_prefix(1);
@@ -227,6 +226,14 @@ std::string DeviceAddress::HostText() const {
 
 bool IsAddress(std::string_view device) {
   return !SchemeOf(Trimmed(device)).empty();
+}
+
+std::string ShownDevice(std::string_view device) {
+  const std::string_view text = Trimmed(device);
+  const std::string scheme = SchemeOf(text);
+  const std::size_t at = scheme.empty() ? std::string_view::npos : text.rfind('@');
+  if (at == std::string_view::npos) return Printable(device);
+  return scheme + "://…" + Printable(text.substr(at));
 }
 
 std::string AddressFault(std::string_view device) {

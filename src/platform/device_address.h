@@ -21,6 +21,10 @@ struct DeviceAddress {
 /// wrong; a file with such a name can be written as ./NAME.
 bool IsAddress(std::string_view device);
 
+/// A device's name as it may be shown: in printable characters, with "…" for the user and password of an
+/// address. The tool signs in nowhere, but the settings can hold what somebody wrote into them.
+std::string ShownDevice(std::string_view device);
+
 /// What is wrong with an address, and how to write it; empty for a right one and for a path. Begins in lower
 /// case, for messages to put something before it. Repeats no part that may be a password.
 std::string AddressFault(std::string_view device);

@@ -16,7 +16,7 @@ TEST(DeviceAddress, IsReadWhateverItsHost) {
   } kCases[] = {{"tcp://rack7:4001", "rack7", 4001, false},
                 {" RFC2217://Rack_7.example.:1\n", "Rack_7.example.", 1, true},
                 {"tcp://192.0.2.7:65535", "192.0.2.7", 65535, false},
-                {"tcp://7up:00080", "7up", 80, false},
+                {"tcp://7up:000000080", "7up", 80, false},
                 {"tcp://[::]:23", "::", 23, false},
                 {"rfc2217://[2001:DB8::7]:4001", "2001:DB8::7", 4001, true},
                 {"tcp://[::ffff:192.0.2.7]:9", "::ffff:192.0.2.7", 9, false},
@@ -64,6 +64,8 @@ TEST(DeviceAddress, IsRefusedInWordsAndNeverAPath) {
                 {"tcp://rack7:4001?a", "nothing may follow"},
                 {"tcp://:4001", "names no host"},
                 {"tcp://ra ck:1", "cannot be the name"},
+                {"tcp://r\x1B[2J\u202E:1", "\"r\\x1B[2J\\u202E\" cannot"},
+                {"tcp://[\x1B]:1", "\"\\x1B\" is no IPv6"},
                 {"tcp://rack..7:1", "cannot be the name"},
                 {"tcp://-rack:1", "cannot be the name"},
                 {"tcp://r\xC3\xA4"
@@ -77,11 +79,14 @@ TEST(DeviceAddress, IsRefusedInWordsAndNeverAPath) {
     SCOPED_TRACE(c.text);
     EXPECT_EQ(IsAddress(c.text), *c.words != '\0');
     EXPECT_THAT(AddressFault(c.text), testing::HasSubstr(c.words));
-    EXPECT_THAT(AddressFault(c.text), testing::Not(testing::HasSubstr("secret")));
+    for (const std::string& said : {AddressFault(c.text), ShownDevice(c.text)})
+      EXPECT_THAT(said, testing::Not(testing::HasSubstr("secret")));
     if (*c.words) {
       EXPECT_THROW(ParseAddress(c.text), RuntimeError);
     }
   }
+  EXPECT_EQ(ShownDevice(" TCP://me:se/cret@x@rack7:1\n"), "tcp://…@rack7:1");
+  EXPECT_EQ(ShownDevice("/dev/ttyS0@\x07"), "/dev/ttyS0@\\x07");
   for (const char* path :
        {"/dev/ttyUSB0", "ttyS0", "./tcp:unit", "../a://b", "/dev/serial/by-id/usb-0:1", "", "C:"})
     EXPECT_FALSE(IsAddress(path)) << path;
