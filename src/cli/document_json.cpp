@@ -5,6 +5,7 @@
 #include <charconv>
 #include <limits>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 
 #include "base/runtime_error.h"
@@ -192,6 +193,15 @@ QcfRecord RecordOf(const QcfField& list, const Json& json, int version) {
   return record;
 }
 
+/// Where the text begins, counted from 1, that ends in a quotation mark before `end`. Marks inside it have a
+/// backslash before them.
+std::size_t BeginOfText(std::string_view json, std::size_t end) {
+  std::size_t mark = json.rfind('"', end - 2);
+  while (mark > 0 && mark != std::string_view::npos && json[mark - 1] == '\\')
+    mark = json.rfind('"', mark - 1);
+  return mark + 1;
+}
+
 /// "3, column 7" for a place that counts bytes from 1.
 std::string LineAndColumn(std::string_view text, std::size_t byte) {
   const std::string_view before = text.substr(0, byte > 0 ? byte - 1 : 0);
@@ -213,18 +223,24 @@ Json ParseJson(const std::string& text) {
   constexpr std::size_t kMostKeys = 100;
   std::vector<std::set<std::string>> objects;  // the keys so far of the enclosing objects
   std::string wrong;
+  std::istringstream stream(text);
+  const auto place = [&] {
+    const auto read = stream.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in);
+    return "line " + LineAndColumn(text, BeginOfText(text, static_cast<std::size_t>(read)));
+  };
   const auto watch = [&](int /*depth*/, Json::parse_event_t event, const Json& parsed) {
     if (!wrong.empty()) return false;
     if (event == Json::parse_event_t::object_start) objects.emplace_back();
     if (event == Json::parse_event_t::object_end) objects.pop_back();
     if (event != Json::parse_event_t::key) return true;
     const auto key = parsed.get<std::string>();
-    if (!objects.back().insert(key).second) wrong = Quoted(key) + " stands there twice";
-    if (objects.back().size() > kMostKeys) wrong = "an object has more keys than any configuration";
+    if (!objects.back().insert(key).second) wrong = Quoted(key) + " is given twice: again in " + place();
+    if (objects.back().size() > kMostKeys)
+      wrong = "an object has more keys than any configuration: see " + place();
     return wrong.empty();
   };
   try {
-    Json json = Json::parse(text, watch);
+    Json json = Json::parse(stream, watch);
     if (wrong.empty()) return json;
   } catch (const Json::parse_error& error) {
     if (wrong.empty()) wrong = "is no JSON: line " + LineAndColumn(text, error.byte);

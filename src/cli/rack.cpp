@@ -117,7 +117,7 @@ Rack ReadRack(const std::string& path, const CommonOptions& options) {
         stream ? std::filesystem::current_path() : std::filesystem::absolute(path).parent_path();
     RackReader(folder, rack).Read(ParseJson(text));
   } catch (const RuntimeError& failure) {
-    rack.mistakes.push_back({0, "", "cannot be read: " + InOneLine(failure)});
+    rack.mistakes.push_back({0, "", "cannot be read: " + ReasonOf(failure)});
   } catch (const std::runtime_error& wrong) {
     rack.mistakes.push_back({0, "", wrong.what()});
   }

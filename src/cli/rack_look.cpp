@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "base/text.h"
 #include "cli/configuration_input.h"
 #include "cli/trial_load.h"
 #include "platform/device_address.h"
@@ -67,6 +68,17 @@ std::string FaultOf(const std::string& file, TrialLoad& trial) {
   }
 }
 
+/// A send would take the default mode in place of an unknown one.
+void LookForMode(Rack& rack, const std::string& named, const Variables& variables) {
+  if (named.empty() || FindOperatingMode(variables, named)) return;
+  std::string known;
+  for (const OperatingModeRec& mode : variables.OperatingModes)
+    known += (known.empty() ? "" : ", ") + Quoted(mode.Name) + " or " + mode.ModeId;
+  rack.mistakes.push_back({0, "",
+                           "cannot be sent in the operating mode " + Quoted(named) +
+                               ", which --command names: there are " + known});
+}
+
 }  // namespace
 
 void LookForTwins(Rack& rack) {
@@ -93,9 +105,12 @@ void TryToLoad(Rack& rack, const CommonOptions& options) {
   for (std::size_t i = 0; i < rack.units.size(); ++i) {
     const std::string& file = rack.units[i].file;
     if (file.empty()) continue;
-    if (!trial) trial.emplace(own);
-    if (!trial->Started())
-      throw std::runtime_error(trial->Boxes().empty() ? "the start failed" : trial->Boxes().back());
+    if (!trial) {
+      trial.emplace(own);
+      if (!trial->Started())
+        throw std::runtime_error(trial->Boxes().empty() ? "the start failed" : trial->Boxes().back());
+      LookForMode(rack, own.commandText, trial->tool.variables);
+    }
     const auto [place, isNew] = faults.try_emplace(file);
     if (isNew) place->second = FaultOf(file, *trial);
     if (!place->second.empty()) Note(rack, i, place->second);

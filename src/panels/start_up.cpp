@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/start_up.h"
 
+#include <algorithm>
+
 #include "controls/guard.h"
 #include "core/frm_start.h"
 #include "core/load_arrays.h"
@@ -25,6 +27,14 @@ bool EndsInSeparator(const std::string& folder) {
 }
 
 }  // namespace
+
+const OperatingModeRec* FindOperatingMode(const Variables& variables, std::string_view text) {
+  const auto& modes = variables.OperatingModes;
+  const auto found = std::find_if(modes.begin(), modes.end(), [text](const OperatingModeRec& mode) {
+    return text == mode.Name || text == mode.ModeId;
+  });
+  return found == modes.end() ? nullptr : &*found;
+}
 
 StartUp::StartUp(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts)
     : platform_(platform), vars_(variables), form_(form), parts_(parts) {}
@@ -61,13 +71,11 @@ void StartUp::SetPaths(const std::string& commandText) {
 
 void StartUp::DecideOperatingMode(const std::string& commandText) {
   vars_.OperatingMode = kDefaultOperatingMode;
-  std::string note = commandText.empty() ? "" : "(Default) Command Argument Ignored";
-  for (int i = 0; !commandText.empty() && i <= UBound(vars_.OperatingModes); ++i) {
-    const OperatingModeRec& mode = At(vars_.OperatingModes, i);
-    if (commandText != mode.Name && commandText != mode.ModeId) continue;
-    vars_.OperatingMode = mode.Name;
-    note.clear();
-    break;
+  std::string note;
+  if (!commandText.empty()) {
+    const OperatingModeRec* mode = FindOperatingMode(vars_, commandText);
+    if (mode) vars_.OperatingMode = mode->Name;
+    if (!mode) note = "(Default) Command Argument Ignored";
   }
   form_.SetCaption(form_.Caption() + " - " + vars_.OperatingMode + note);
 }

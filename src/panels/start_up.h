@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace marlinset {
 
@@ -13,8 +14,12 @@ class Recovery;
 class ReferenceDatabase;
 class UnsavedChanges;
 class WindowSettings;
+struct OperatingModeRec;
 struct Platform;
 struct Variables;
+
+/// The operating mode of the reference database with this name or id; null if there is none.
+const OperatingModeRec* FindOperatingMode(const Variables& variables, std::string_view text);
 
 /// Starts the tool: paths, reference database, operating mode, panels, ports, remembered settings, the
 /// default file, unsaved work of a run that died, and interactive mode if the operator wants it again.

@@ -69,6 +69,11 @@ void RequireRegular(const std::string& path, const struct stat& status) {
                                                      : "This is a device, not a file.");
 }
 
+std::string ReasonOf(const RuntimeError& failure) {
+  const std::string& text = failure.Remedy().empty() ? failure.Description() : failure.Remedy();
+  return text.substr(text.find('\n') + 1);  // all of it where no path goes before
+}
+
 std::string InOneLine(const RuntimeError& failure) {
   std::string text = failure.Remedy().empty() ? failure.Description() : failure.Remedy();
   if (const auto lineBreak = text.find('\n'); lineBreak != std::string::npos)
