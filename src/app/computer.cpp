@@ -9,6 +9,7 @@
 
 #include "base/printable.h"
 #include "platform/device_address.h"
+#include "platform/file_system.h"
 #include "platform/no_line.h"
 #include "platform/posix/settings_file.h"
 #include "platform/qt/found_ports.h"
@@ -68,13 +69,6 @@ class LineApart : OwnMap, public QtLine {
 
 }  // namespace
 
-std::string WholePath(const std::string& path) {
-  if (path.empty()) return path;
-  std::error_code unknown;
-  const auto whole = std::filesystem::absolute(path, unknown);
-  return unknown ? path : whole.string();
-}
-
 std::string DocumentsFolder() {
   const std::filesystem::path programs = QCoreApplication::applicationDirPath().toStdString();
   return (programs / MARLINSET_DOCUMENTS_FOLDER).lexically_normal().string();
@@ -106,7 +100,7 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
       guard_(dialogs),
       programFolder_(options.programFolder) {
   if (programFolder_.empty()) programFolder_ = FolderOfDatabase();
-  programFolder_ = WholePath(programFolder_);
+  programFolder_ = AbsolutePath(programFolder_);
   settings_ = OpenSettings(options.settingsFile);
   if (clock_ == ClockKind::kVirtual) {
     portMap_ =
@@ -117,7 +111,7 @@ Computer::Computer(const CommonOptions& options, ClockKind clock, Dialogs& dialo
   }
   PortMap::Paths ports = options.ports;
   for (std::string& device : ports) {
-    if (!IsAddress(device)) device = WholePath(device);
+    if (!IsAddress(device)) device = AbsolutePath(device);
   }
   portMap_ = std::make_unique<PortMap>(ports, *settings_, FoundPorts);
   pump_ = std::make_unique<QtPump>();

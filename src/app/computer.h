@@ -34,11 +34,6 @@ struct CommonOptions {
   PortMap::Paths ports;       ///< device behind each port number; empty: from the settings or the search
 };
 
-/// Makes a path of the command line absolute, relative to the folder in which the program was started,
-/// because file dialogs take the tool to other folders. A path that has no absolute form stays as it is;
-/// opening it reports what is wrong.
-std::string WholePath(const std::string& path);
-
 /// The folder of the program's documents, with docs/user-guide.md and its neighbours.
 std::string DocumentsFolder();
 

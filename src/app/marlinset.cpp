@@ -23,6 +23,7 @@
 #include "gui/widgets/operator_queue.h"
 #include "gui/widgets/readable_style.h"
 #include "panels/splash.h"
+#include "platform/file_system.h"
 #include "platform/posix/streams.h"
 #include "platform/qt/outside_ends.h"
 #include "platform/qt/qt_work_keeper.h"
@@ -178,7 +179,7 @@ int Main(int argc, char** argv) {
     app.allow_extras(false);
     options.file.clear();  // it may be the value of one of those
     app.parse(argc, argv);
-    options.file = WholePath(options.file);
+    options.file = AbsolutePath(options.file);
     return RunWindow(options);
   } catch (const CLI::ParseError& error) {
     return EndOfOptions(app, error, kExitUsage);

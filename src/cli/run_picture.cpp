@@ -11,6 +11,7 @@
 #include "controls/guard.h"
 #include "picture/geometry.h"
 #include "picture/qt/picture_file.h"
+#include "platform/file_system.h"
 
 namespace marlinset {
 namespace {
@@ -19,7 +20,7 @@ bool IsInput(const std::string& file, const CliOptions& options, const PictureOr
   std::vector<std::string> inputs = options.configurations;
   inputs.push_back(order.background);
   return std::any_of(inputs.begin(), inputs.end(),
-                     [&](const std::string& input) { return IsSameFile(WholePath(input), file); });
+                     [&](const std::string& input) { return IsSameFile(AbsolutePath(input), file); });
 }
 
 int Refuse(const CliOptions& options) {
@@ -30,9 +31,9 @@ int Refuse(const CliOptions& options) {
 }  // namespace
 
 int RunPicture(const CliOptions& options) {
-  const std::string file = WholePath(options.output);  // loading changes to the configuration's folder
+  const std::string file = AbsolutePath(options.output);  // loading changes to the configuration's folder
   PictureOrder order = options.picture;
-  order.background = WholePath(order.background);
+  order.background = AbsolutePath(order.background);
   if (IsInput(file, options, order)) return Refuse(options);
   TerminalRun run(options);
   if (!run.Started()) return kExitStart;

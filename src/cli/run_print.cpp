@@ -7,7 +7,7 @@
 namespace marlinset {
 
 int RunPrint(const CliOptions& options) {
-  const std::string file = WholePath(options.output);  // loading changes to the configuration's folder
+  const std::string file = AbsolutePath(options.output);  // loading changes to the configuration's folder
   TerminalRun run(options);
   if (!run.Started()) return kExitStart;
   if (!run.LoadConfiguration(options)) return kExitNotDone;

@@ -10,7 +10,7 @@
 #include "cli/queued_dialogs.h"
 #include "cli/queued_printer.h"
 #include "cli/script.h"
-#include "cli/terminal_run.h"
+#include "cli/tool_alone.h"
 #include "platform/qt/outside_ends.h"
 
 namespace marlinset {

@@ -22,30 +22,18 @@ void PrintBox(const MessageBox& box, BoxAnswer answer) {
 
 }  // namespace
 
-bool StartTool(Tool& tool, const CommonOptions& options, bool resume) {
-  tool.ports.NamePorts(options.ports);
-  try {
-    return tool.Start(options.commandText, resume);
-  } catch (const ProgramEnd&) {
-    return false;
-  }
-}
-
-TerminalRun::TerminalRun(const CliOptions& options)
-    : computer_(options.common, Computer::ClockKind::kReal, dialogs_, fileDialog_),
-      tool(computer_.MakePlatform()) {
+TerminalRun::TerminalRun(const CliOptions& options) : ToolAlone(options.common, Computer::ClockKind::kReal) {
   for (const std::string& answer : options.answers) dialogs_.QueueAnswer(answer);
   for (const std::string& file : options.files) fileDialog_.QueueFile(file);
   dialogs_.onShown = PrintBox;
-  started_ = StartTool(tool, options.common, false);
+  Start(options.common);
 }
 
 bool TerminalRun::LoadConfiguration(const CliOptions& options) {
   if (options.configurations.empty()) return true;
-  tool.platform.fileDialog.FileName = options.configurations.front();
-  tool.configurationFile.ReadConfigFile();
-  const ReadEnd end = tool.configurationFile.LastRead();
-  if (end == ReadEnd::kEmpty) PrintFault(options.configurations.front() + ": is empty");
+  const std::string& path = options.configurations.front();
+  const ReadEnd end = Load(path);
+  if (end == ReadEnd::kEmpty) PrintFault(path + ": is empty");
   return end == ReadEnd::kLoaded;
 }
 

@@ -3,22 +3,16 @@
 
 #include <stdexcept>
 
-#include "cli/terminal_run.h"
-
 namespace marlinset {
 
-TrialLoad::TrialLoad(const CommonOptions& options)
-    : computer_(options, Computer::ClockKind::kVirtual, dialogs_, fileDialog_),
-      tool(computer_.MakePlatform()) {
+TrialLoad::TrialLoad(const CommonOptions& options) : ToolAlone(options, Computer::ClockKind::kVirtual) {
   dialogs_.onShown = [this](const MessageBox& box, BoxAnswer) { boxes_.push_back(box.text); };
-  started_ = StartTool(tool, options, false);
+  Start(options);
 }
 
 void TrialLoad::Load(const std::string& path) {
   boxes_.clear();
-  tool.platform.fileDialog.FileName = path;
-  tool.configurationFile.ReadConfigFile();
-  if (tool.configurationFile.LastRead() == ReadEnd::kLoaded) return;
+  if (ToolAlone::Load(path) == ReadEnd::kLoaded) return;
   throw std::runtime_error(path + ": cannot be loaded: " + (boxes_.empty() ? "" : boxes_.back()));
 }
 

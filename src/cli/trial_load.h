@@ -4,19 +4,16 @@
 #include <string>
 #include <vector>
 
-#include "app/tool.h"
-#include "cli/commands.h"
-#include "cli/queued_dialogs.h"
+#include "cli/tool_alone.h"
 
 namespace marlinset {
 
 /// A tool that only loads configuration files. It starts with the defaults, has no line and never waits.
-class TrialLoad {
+class TrialLoad : public ToolAlone {
  public:
-  /// Uses the settings of the options; takes neither their devices nor their answers.
+  /// Uses the settings of the options; takes neither their devices nor their answers. If it has not started,
+  /// Boxes() says why not.
   explicit TrialLoad(const CommonOptions& options);
-  /// Whether the tool has started; otherwise Boxes() says why not.
-  bool Started() const { return started_; }
 
   /// Loads a file as File > Open does. Throws std::runtime_error that says why it cannot be loaded.
   void Load(const std::string& path);
@@ -25,13 +22,6 @@ class TrialLoad {
 
  private:
   std::vector<std::string> boxes_;
-  QueuedDialogs dialogs_;
-  QueuedFileDialog fileDialog_{dialogs_};
-  Computer computer_;
-  bool started_ = false;
-
- public:
-  Tool tool;
 };
 
 }  // namespace marlinset

@@ -77,7 +77,7 @@ void Communications::RefusePacket() {
   form_.StatBar(FrmStart::kStandardPanel).SetText("Port Closed");
   form_.ShowTraffic(kRed);
   form_.ShowVideoPicture(FrmStart::kVideoUnknown);
-  form_.StatBar(FrmStart::kExchangePanel).SetText("Ack In");
+  form_.StatBar(FrmStart::kExchangePanel).SetText(kAckText);
   platform_.dialogs.Tell(kPortClosedText);
   EnableLinkButtons(form_, true);
 }
@@ -146,11 +146,11 @@ void Communications::HandleMessage(std::span<const std::uint8_t> message) {
       HandleFrame(message);
       break;
     case kAck:
-      form_.StatBar(FrmStart::kExchangePanel).SetText("Ack In");
+      form_.StatBar(FrmStart::kExchangePanel).SetText(kAckText);
       vars_.UnitLocalMode = false;
       break;
     case kNak:
-      form_.StatBar(FrmStart::kExchangePanel).SetText("Nack In");
+      form_.StatBar(FrmStart::kExchangePanel).SetText(kNakText);
       vars_.UnitLocalMode = false;
       break;
     case kLocalMode:
@@ -208,13 +208,13 @@ void Communications::ReadWhatCame() {
 }
 
 bool Communications::AckIn() const {
-  return form_.StatBar(FrmStart::kExchangePanel).Text() == "Ack In";
+  return form_.StatBar(FrmStart::kExchangePanel).Text() == kAckText;
 }
 
 /// Sends `PacketFields` as a setting and runs `wait` for its answer. Returns whether an Ack ended it.
 bool Communications::AckEnds(const std::function<void()>& wait) {
   ReadWhatCame();
-  form_.StatBar(FrmStart::kExchangePanel).SetText("Sent");
+  form_.StatBar(FrmStart::kExchangePanel).SetText(kSentText);
   answers.Expect();
   const auto sendAndWait = [&] {
     SendPacket(vars_.PacketFields);

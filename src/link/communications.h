@@ -19,12 +19,14 @@ struct Platform;
 /// The message of a send over a closed port, or over one whose device went away. Operators know these words.
 constexpr const char* kPortClosedText = "Open Com Port before sending cmmands.";
 
-/// What panel 1 shows after an answer of a unit in local mode.
+/// What panel 1 shows of the last exchange: a setting has left, and how the unit answered.
+constexpr const char* kSentText = "Sent";
+constexpr const char* kAckText = "Ack In";
+constexpr const char* kNakText = "Nack In";
 constexpr const char* kLocalModeText = "Local Mode";
 
 /// The wire layer: every message to the unit leaves through SendPacket, every byte from it comes in through
-/// ReceivePacket. Panel 1 of the status bar shows the result of the last exchange and doubles as state:
-/// "Sent" while an answer is awaited, then "Ack In", "Nack In" or "Local Mode".
+/// ReceivePacket. Panel 1 of the status bar shows the result of the last exchange and doubles as state.
 class Communications {
  public:
   Communications(Platform& platform, Variables& variables, FrmStart& form);

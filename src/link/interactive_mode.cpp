@@ -25,7 +25,7 @@ namespace {
 constexpr auto kModels = std::to_array<std::string_view>({"SD7340", "HD7340", "HDSD7340", "HD7340Q"});
 /// What panel 1 may show after the last exchange while the link is healthy. A Nak counts as healthy: the unit
 /// is alive, and whoever sent the command has reported it.
-constexpr auto kHealthy = std::to_array<std::string_view>({"Firmware", "", "Nack In", "Ack In"});
+constexpr auto kHealthy = std::to_array<std::string_view>({"Firmware", "", kNakText, kAckText});
 constexpr int kActivityFrames = 5;
 
 template <class Texts>
@@ -134,7 +134,7 @@ void InteractiveMode::InterTime_Timer() {
     Poll();
   } else if (interactive && exchange == kLocalModeText) {
     Watch();
-  } else if (!interactive || exchange != "Sent") {
+  } else if (!interactive || exchange != kSentText) {
     Fail();
   }
 }

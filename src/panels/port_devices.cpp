@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <system_error>
 #include <vector>
 
 #include "base/finally.h"
@@ -12,6 +11,7 @@
 #include "core/frm_start.h"
 #include "link/ports.h"
 #include "platform/device_address.h"
+#include "platform/file_system.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
 #include "platform/port_map.h"
@@ -29,12 +29,10 @@ std::string Sentence(std::string text) {
   return text;
 }
 
-/// A path in a folder counts from the folder of now: file dialogs take the tool to others.
-std::string FromHere(const std::string& device) {
+/// A device as it can be kept. A path in a folder becomes absolute; a name alone is looked up in /dev, too.
+std::string Lasting(const std::string& device) {
   if (IsAddress(device) || device.find('/') == std::string::npos) return device;
-  std::error_code unknown;
-  const std::filesystem::path whole = std::filesystem::absolute(device, unknown);
-  return unknown ? device : whole.lexically_normal().string();
+  return std::filesystem::path(AbsolutePath(device)).lexically_normal().string();
 }
 
 }  // namespace
@@ -141,7 +139,7 @@ std::string PortDevices::NoteOfDevice(int port) const {
 void PortDevices::Test(int port) {
   if (testing_) return;
   const std::string named = Named(port);
-  const std::string device = FromHere(named.empty() ? platform_.portMap->Device(port) : named);
+  const std::string device = Lasting(named.empty() ? platform_.portMap->Device(port) : named);
   if (OpenOn(device)) {
     tested_[port] = {named,
                      "Not tested: port " + std::to_string(platform_.ComP1.CommPort()) +
@@ -188,7 +186,7 @@ void PortDevices::cmdOK_Click() {
 }
 
 void PortDevices::Keep(int port) {
-  const std::string device = FromHere(Named(port));
+  const std::string device = Lasting(Named(port));
   if (!form.comDevice(port).Enabled() || device == platform_.portMap->Chosen(port)) return;
   platform_.settings.SaveSetting(DeviceKey(port), device);
   platform_.portMap->Choose(port, device);

@@ -193,9 +193,9 @@ std::string Read(std::string_view device, DeviceAddress& address) {
   return {};
 }
 
-/// The path behind all links; a name without a folder is also looked up in /dev. Empty if there is no such
-/// file. (std::filesystem::equivalent does not compare devices.)
-std::filesystem::path RealPath(const std::string& name) {
+/// The device's node: the path behind all links; a name without a folder is also looked up in /dev. Empty if
+/// there is no such file. (std::filesystem::equivalent does not compare devices.)
+std::filesystem::path NodeOf(const std::string& name) {
   std::error_code unknown;
   const std::filesystem::path path = std::filesystem::canonical(name, unknown);
   return unknown ? std::filesystem::canonical("/dev/" + name, unknown) : path;
@@ -255,14 +255,14 @@ std::string AddressSpelling(std::string_view device) {
 }
 
 bool PathExists(const std::string& path) {
-  return !RealPath(path).empty();
+  return !NodeOf(path).empty();
 }
 
 bool SameDevice(const std::string& a, const std::string& b) {
   if (a == b) return true;
   if (!IsAddress(a) && !IsAddress(b)) {
-    const std::filesystem::path real = RealPath(a);
-    return !real.empty() && real == RealPath(b);
+    const std::filesystem::path real = NodeOf(a);
+    return !real.empty() && real == NodeOf(b);
   }
   const std::string spelling = AddressSpelling(a);
   return !spelling.empty() && spelling == AddressSpelling(b);

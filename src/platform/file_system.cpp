@@ -2,8 +2,16 @@
 #include "platform/file_system.h"
 
 #include <filesystem>
+#include <system_error>
 
 namespace marlinset {
+
+std::string AbsolutePath(const std::string& path) {
+  if (path.empty()) return path;
+  std::error_code unknown;
+  const std::filesystem::path absolute = std::filesystem::absolute(path, unknown);
+  return unknown ? path : absolute.string();
+}
 
 std::size_t LastSeparator(std::string_view path) {
   constexpr bool kSlashIsNative = std::filesystem::path::preferred_separator == '/';

@@ -65,6 +65,10 @@ class FileSystem {
   virtual void ChangeDirectory(const std::string& folder) = 0;
 };
 
+/// A path counted from the folder of now, since file dialogs take the tool to other folders. One that has no
+/// absolute form stays as it is; opening it reports what is wrong.
+std::string AbsolutePath(const std::string& path);
+
 /// Position of the last folder separator in `path`, npos without one. A backslash separates on every system,
 /// because settings hold paths of other computers; a slash only if it is the system's own.
 std::size_t LastSeparator(std::string_view path);

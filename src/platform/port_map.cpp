@@ -98,7 +98,7 @@ bool NaturalLess(std::string_view a, std::string_view b) {
 
 RuntimeError NoDeviceBehind(int port) {
   const std::string number = std::to_string(port);
-  return {kErrPort, "No device stands behind port " + number +
+  return {kErrPort, "There is no device behind port " + number +
                         ". Plug in a serial adapter, or name its device with --com" + number +
                         "=PATH or the setting " + DeviceKey(port) + "."};
 }

@@ -79,9 +79,9 @@ TEST_F(InteractiveTest, AFailedEntryStaysOffLineWithTheModelMenuUsable) {
   EXPECT_THAT(Heartbeat(), IsEmpty());
   EXPECT_EQ(Panel(4), "Get Id Failed. ");
   line.SetPortOpen(false);
-  line.RefuseOpen("No device stands behind port 1.");
+  line.RefuseOpen("There is no device behind port 1.");
   form.mnuInter.OperatorClick();
-  EXPECT_THAT(Boxes().back(), "No device stands behind port 1.");
+  EXPECT_THAT(Boxes().back(), "There is no device behind port 1.");
   ExpectMode(false);
 }
 

@@ -190,7 +190,7 @@ TEST_F(QtLineTest, SaysWhyAPortCannotBeOpenedAndWhatHelps) {
     expect(path, path + " is not a serial device. Name the device of the port instead.");
   }
   expect("/dev/null", "opening /dev/null failed (");
-  EXPECT_THAT(FailureOf(bench.guard, ""), testing::StartsWith("No device stands behind port 2. "));
+  EXPECT_THAT(FailureOf(bench.guard, ""), testing::StartsWith("There is no device behind port 2. "));
 
   const std::string& device = unit.Device();
   const int other = open(device.c_str(), O_RDWR | O_NOCTTY);
