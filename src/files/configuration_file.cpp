@@ -195,6 +195,11 @@ bool ConfigurationFile::TakeOpened(const OpenFile& file) {
   return known_.TakeOpened(file.known);
 }
 
+ConfigurationFile::Copy ConfigurationFile::CopyInUse() const {
+  const std::string& name = platform_.fileDialog.FileName;
+  return {platform_.files.Identify(name).place, known_.Mark(name)};
+}
+
 void ConfigurationFile::NameWithoutAsking() {
   platform_.fileDialog.Flags = kHideReadOnly;
   platform_.fileDialog.FileName = vars_.LoadFolder + vars_.CurrentFile + std::string(kConfigurationExtension);

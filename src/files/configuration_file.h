@@ -97,6 +97,16 @@ class ConfigurationFile {
   /// is known to hold what it held then.
   bool TakeOpened(const OpenFile& file);
 
+  /// What a file held when this run last read or wrote it.
+  struct Copy {
+    std::string place;  ///< as FileIdentity names it; empty for no file
+    std::string mark;   ///< as KnownFiles::Mark
+  };
+  /// Of the file named by the dialog.
+  Copy CopyInUse() const;
+  /// Whether it can be read again. No file is always there.
+  bool IsThere(const Copy& copy) const { return copy.place.empty() || known_.Holds(copy.place, copy.mark); }
+
  private:
   /// Empty if there is nothing to parse.
   using Content = std::optional<std::vector<std::uint8_t>>;

@@ -258,7 +258,7 @@ void History::Go(Entry entry, const Changes& changes, Entries& to) {
       Filing here = cabinet_.Present();
       cabinet_.Restore(*std::exchange(entry.filing, std::move(here)));
     }
-    vars_.ConfigSaved = !parts_.changes.Modified();
+    vars_.ConfigSaved = parts_.changes.IsStored();
     to.push_back(std::move(entry));
     for (Entries* entries : {&undo_, &redo_}) {
       if (!entries->empty()) entries->back().joins.reset();

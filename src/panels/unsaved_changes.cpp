@@ -5,7 +5,6 @@
 
 #include "core/frm_start.h"
 #include "core/variables.h"
-#include "files/configuration_file.h"
 #include "files/panel_document.h"
 #include "files/qcf_writer.h"
 #include "platform/event_pump.h"
@@ -31,10 +30,13 @@ UnsavedChanges::UnsavedChanges(Platform& platform, const Variables& variables, F
     form_.ListenAgain();
     Look();
   });
-  file_.Replaced.Connect([this] { CountAsStored(); });
+  file_.Replaced.Connect([this] {
+    const bool defaults = file_.LastRead() == ReadEnd::kNotReadable;
+    CountAsStored(defaults ? ConfigurationFile::Copy{} : file_.CopyInUse());
+  });
   file_.SaveEnded.Connect([this](SaveEnd end) {
-    if (end == SaveEnd::kStored) CountAsStored();
-    if (end == SaveEnd::kDeclined || end == SaveEnd::kFailed) CountAsUnsaved();
+    if (end == SaveEnd::kStored) CountAsStored(file_.CopyInUse());
+    if (end == SaveEnd::kDeclined || end == SaveEnd::kFailed) NoteRefused(end);
   });
 }
 
@@ -47,19 +49,32 @@ std::optional<UnsavedChanges::Bytes> UnsavedChanges::Composition() const {
 }
 
 bool UnsavedChanges::Modified() const {
-  return IsUnsaved(Composition());
+  return stored_.wanted || !IsStored();
 }
 
-bool UnsavedChanges::IsUnsaved(const std::optional<Bytes>& composition) const {
-  if (!begun_ || stored_.nowhere) return begun_;
+bool UnsavedChanges::IsStored() const {
+  return IsStored(Composition());
+}
+
+bool UnsavedChanges::IsStored(const std::optional<Bytes>& composition) const {
+  if (!begun_ || stored_.nowhere) return !begun_;
   const Bytes* stored = stored_.composition.get();
-  return composition.has_value() != (stored != nullptr) || (stored && *composition != *stored);
+  return stored ? composition == *stored : !composition;
 }
 
-void UnsavedChanges::CountAsStored() {
+void UnsavedChanges::CountAsStored(const ConfigurationFile::Copy& copy) {
   if (!std::exchange(begun_, true)) form_.ListenAgain();
   std::optional<Bytes> composition = Composition();
-  TakeStored({.composition = composition ? std::make_shared<const Bytes>(*std::move(composition)) : nullptr});
+  TakeStored({.composition = composition ? std::make_shared<const Bytes>(*std::move(composition)) : nullptr,
+              .copy = copy});
+}
+
+/// A save that ended without storing touches no file, but others may have changed the one that was read. The
+/// title may name a file that was never written.
+void UnsavedChanges::NoteRefused(SaveEnd end) {
+  stored_.nowhere = stored_.nowhere || !file_.IsThere(stored_.copy);
+  stored_.wanted = stored_.wanted || end == SaveEnd::kFailed || IsStored();
+  Look();
 }
 
 void UnsavedChanges::TakeStored(const Stored& stored) {
@@ -74,7 +89,7 @@ void UnsavedChanges::CountAsUnsaved() {
 
 void UnsavedChanges::Look() {
   std::optional<Bytes> composition = Composition();
-  const bool modified = IsUnsaved(composition);
+  const bool modified = stored_.wanted || !IsStored(composition);
   const bool same = composition == seen_ && modified == seenModified_;
   seen_ = std::move(composition);
   seenModified_ = modified;

@@ -8,10 +8,10 @@
 
 #include "controls/signal.h"
 #include "controls/timer.h"
+#include "files/configuration_file.h"
 
 namespace marlinset {
 
-class ConfigurationFile;
 class FrmStart;
 struct Platform;
 struct Variables;
@@ -24,23 +24,29 @@ class UnsavedChanges {
  public:
   UnsavedChanges(Platform& platform, const Variables& variables, FrmStart& form, ConfigurationFile& file);
 
-  /// The panels hold another composition that cannot be lost: the defaults, or a file just read. The account
+  /// The panels hold another composition that cannot be lost: the defaults, or that of `copy`. The account
   /// begins with the first.
-  void CountAsStored();
-  /// What the panels hold is in no file, whatever was read: work of a run that died, or of a failed save.
+  void CountAsStored(const ConfigurationFile::Copy& copy = {});
+  /// What the panels hold is in no file, whatever was read: work of a run that died.
   void CountAsUnsaved();
 
-  /// What Modified compares with.
+  /// What the panels are compared with.
   struct Stored {
     std::shared_ptr<const std::vector<std::uint8_t>> composition;  ///< null: of a value beyond any file
-    bool nowhere = false;  ///< in no file, even if the bytes are equal
+    ConfigurationFile::Copy copy = {};                             ///< the file that had it, if one had
+    bool nowhere = false;                                          ///< in no file any more
+    bool wanted = false;  ///< a save since then has failed to store it, or may have renamed it
   };
   const Stored& GetStored() const { return stored_; }
   /// Compares with what counted before.
   void TakeStored(const Stored& stored);
 
-  /// Whether the panels hold something other than what was last stored, read or started with.
+  /// Whether the panels hold something other than what was last stored, read or started with, or a save has
+  /// not stored what it should have.
   bool Modified() const;
+  /// Whether they hold just that, and it can be had again. Unlike the mark of a failed save, this comes back
+  /// when the operator goes back.
+  bool IsStored() const;
 
   /// The composition has changed, or whether it is modified. Raised at once when it was stored or replaced,
   /// and soon after an edit, even while that edit's message waits for the unit.
@@ -51,7 +57,8 @@ class UnsavedChanges {
 
   /// The bytes that a file of the panels would have; empty while a value exceeds what a file can hold.
   std::optional<Bytes> Composition() const;
-  bool IsUnsaved(const std::optional<Bytes>& composition) const;
+  bool IsStored(const std::optional<Bytes>& composition) const;
+  void NoteRefused(SaveEnd end);
   void Look();
 
   const Variables& vars_;

@@ -85,7 +85,7 @@ class Trial {
   std::size_t Count() const { return rig_.tool.history.UndoNames().size(); }
   void Undo() {
     EXPECT_TRUE(rig_.form.mnuUndo.OperatorClick());
-    EXPECT_EQ(rig_.vars.ConfigSaved, !rig_.tool.unsavedChanges.Modified());
+    EXPECT_EQ(rig_.vars.ConfigSaved, rig_.tool.unsavedChanges.IsStored());
   }
   void Redo() { EXPECT_TRUE(rig_.form.mnuRedo.OperatorClick()); }
 

@@ -110,6 +110,30 @@ TEST_F(HistoryOfFiles, TellsWhatIsSavedWhateverWayItCameAbout) {
   EXPECT_EQ(After("redo; redo"), "New 0 saved");
 }
 
+TEST_F(HistoryOfFiles, KnowsWhatASaveThatStoredNothingLeftOnTheDisk) {
+  // Whether the disk is full and others write the open file meanwhile, and what the way back leads to.
+  const std::tuple<const char*, bool, bool, const char*, const char*> cases[] = {
+      {"mnuSav", true, false, "a 5 saved", "a 6 edited"},
+      {"mnuSave", true, false, "b 5 saved", "b 6 edited"},
+      {"mnuSav", false, true, "a 5 edited", "a 6 edited"},  // declined: nobody has the 5 any more
+      {"mnuSave", true, true, "b 5 edited", "b 6 edited"},
+  };
+  for (const auto& [command, full, foreign, undone, redone] : cases) {
+    SCOPED_TRACE(std::string(command) + (foreign ? " foreign" : ""));
+    rig.files.room.reset();
+    form.UDDur.SetValue(5);
+    Use(form.mnuSave, "a.qcf");
+    rig.Do("wait 1000; spin UDDur 6");
+    if (full) rig.files.room = 10;
+    if (foreign) folder.Write("a.qcf", "x");
+    rig.fileDialog.choices = {folder.File("b.qcf")};
+    rig.Do(std::string("click ") + command);
+    EXPECT_TRUE(rig.tool.unsavedChanges.Modified());
+    EXPECT_EQ(After("undo"), undone);
+    EXPECT_EQ(After("redo"), redone);
+  }
+}
+
 /// New twice: both have the same name.
 TEST_F(HistoryOfFiles, KnowsTwoSetupsOfOneNameApart) {
   rig.Do("click mnuNew; choose comVS NTSC; click mnuNew");

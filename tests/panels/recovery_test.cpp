@@ -81,7 +81,9 @@ TEST_F(RecoveryTest, OffersWhatAToolThatDiedHadNotSaved) {
   EXPECT_EQ(run.form.Caption(), "7340 Marlinset - show");
   EXPECT_EQ(run.fileDialog.FileName, folder_.File("show.qcf"));
   EXPECT_TRUE(run.tool.unsavedChanges.Modified());
-  EXPECT_FALSE(run.tool.variables.ConfigSaved);
+  run.form.tWinMess.OperatorType("TAKE 8");
+  run.form.mnuUndo.OperatorClick();
+  EXPECT_FALSE(run.tool.variables.ConfigSaved) << "it is in no file yet";
   EXPECT_THAT(keeper_.left, IsEmpty());
   ASSERT_TRUE(keeper_.kept) << "until it is saved, this run keeps it";
   run.dialogs.shown.clear();
