@@ -95,7 +95,10 @@ std::pair<std::string, std::string> ScriptLine::WordAndPath() const {
 
 std::string ScriptLine::PathIn(std::string_view text) const {
   if (text.empty()) throw ScriptError("a path is missing behind " + Quoted(action_));
-  return text.front() == '"' ? TakeWord(text).text : std::string(text);
+  if (text.front() != '"') return std::string(text);
+  std::string path = TakeWord(text).text;
+  if (!text.empty()) throw ScriptError("too much behind " + Quoted(action_));
+  return path;
 }
 
 ScriptControlName ParseControlName(std::string_view text) {

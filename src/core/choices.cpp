@@ -17,10 +17,6 @@ ComboBox& BoxOf(const FrmStart& form, ChoiceId id) {
   return static_cast<ComboBox&>(*control);
 }
 
-bool UnitHas(const FrmStart& form, const Choice& choice) {
-  return !choice.modelQ || form.ModelIsQ();
-}
-
 std::optional<int> CodeOf(const FrmStart& form, const Variables& vars, ChoiceId id) {
   std::optional<int> code;
   for (const VocabularyEntry& entry : ChoiceOf(id).vocabulary(vars)) {

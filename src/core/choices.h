@@ -118,8 +118,10 @@ const Choice* ChoiceOfBox(const ComboBox& box);
 /// Throws NoSuchElement if the form lacks the box.
 ComboBox& BoxOf(const FrmStart& form, ChoiceId id);
 
-/// Whether the unit has the choice, judging by the model in panel 4 of the status bar.
-bool UnitHas(const FrmStart& form, const Choice& choice);
+/// Whether a unit of this model has the choice.
+constexpr bool UnitHas(const Choice& choice, bool modelQ) {
+  return modelQ || !choice.modelQ;
+}
 
 /// The code of the last entry whose description equals the box's text; empty if there is none.
 std::optional<int> CodeOf(const FrmStart& form, const Variables& vars, ChoiceId id);

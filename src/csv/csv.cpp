@@ -14,6 +14,8 @@ namespace marlinset {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kSeparators = ",;\t";
+constexpr std::string_view kSeparatorName = "sep=";
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::size_t kBufferStep = 4096;
 
@@ -42,6 +44,16 @@ char SeparatorOf(std::string_view text) {
     for (auto& [separator, count] : found) count += c == separator && !quoted ? 1 : 0;
   }
   return std::ranges::max_element(found, {}, &std::pair<char, int>::second)->first;
+}
+
+/// Some spreadsheets write the separator into a line of its own in front of the table: its length with its
+/// end, 0 without it.
+std::size_t SeparatorLine(std::string_view text) {
+  const std::string_view line = NextLine(text);
+  const std::string_view rest = line.substr(std::min(line.size(), kSeparatorName.size()));
+  const bool names = EqualNoCase(line.substr(0, kSeparatorName.size()), kSeparatorName) && !rest.empty() &&
+                     kSeparators.find(rest.front()) != std::string_view::npos && IsBlank(rest.substr(1));
+  return names ? line.size() : 0;
 }
 
 /// The parser cuts them off unless they are in quotes.
@@ -106,6 +118,9 @@ class RowCheck {
   void Take(CsvRow row) {
     if (row.fields.size() > kMostCsvColumns)
       throw TableError(row.line, "has more than " + std::to_string(kMostCsvColumns) + " fields");
+    // Spreadsheets end each line with separators if some cell beside the table was once in use.
+    const std::size_t least = std::max<std::size_t>(columns_, 1);
+    while (row.fields.size() > least && row.fields.back().empty()) row.fields.pop_back();
     if (rows_ == 0) columns_ = row.fields.size();
     if (row.fields.size() != columns_) {
       throw TableError(row.line, "has " + std::to_string(row.fields.size()) + " fields, and the first line " +
@@ -135,9 +150,11 @@ TableError::TableError(std::size_t line, const std::string& reason)
 
 void ReadCsv(std::string_view text, const std::function<void(CsvRow& row)>& take) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  Parser parser(SeparatorOf(text));
+  const std::size_t separatorLine = SeparatorLine(text);
+  Parser parser(separatorLine > 0 ? text[kSeparatorName.size()] : SeparatorOf(text));
+  text.remove_prefix(separatorLine);
   RowCheck rows(take);
-  std::size_t begin = 1;  // of the row that is being read
+  std::size_t begin = 1;  // line of the row that is being read
   bool inRow = false;
   const auto takeEnded = [&] {
     CsvRow row{begin};
@@ -145,7 +162,7 @@ void ReadCsv(std::string_view text, const std::function<void(CsvRow& row)>& take
     rows.Take(std::move(row));
     return true;
   };
-  for (std::size_t number = 1; !text.empty(); ++number) {
+  for (std::size_t number = separatorLine > 0 ? 2 : 1; !text.empty(); ++number) {
     const std::string_view line = NextLine(text);
     text.remove_prefix(line.size());
     RequireText(line, number);

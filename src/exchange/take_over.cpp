@@ -40,12 +40,7 @@ std::string TakeOverName(const std::string& fileName) {
 }
 
 bool TakeOver::CanSet(const QcfField& field) {
-  const auto identifies = [&](QcfUse use, std::size_t parts) {
-    const auto record = QcfFieldOf(use).record.first(parts);
-    return std::ranges::any_of(record, [&](const QcfField& part) { return &part == &field; });
-  };
-  return field.use != QcfUse::kVersion && field.use != QcfUse::kOperatingMode &&
-         !identifies(QcfUse::kWindows, 1) && !identifies(QcfUse::kParameters, 2);
+  return field.use != QcfUse::kVersion && field.use != QcfUse::kOperatingMode && !field.identifies;
 }
 
 std::vector<NewValue> TakeOver::Chosen(const std::vector<ComparedValue>& differences,
@@ -53,6 +48,7 @@ std::vector<NewValue> TakeOver::Chosen(const std::vector<ComparedValue>& differe
   const std::vector<QcfNamedValue> present = ValuesOf(DocumentOfPanels(vars_, form_));
   std::vector<NewValue> values;
   for (const std::string& name : names) {
+    if (std::ranges::find(values, name, &NewValue::name) != values.end()) continue;
     const auto row = std::ranges::find(differences, name, &ComparedValue::name);
     if (row != differences.end()) {
       if (row->OneSided()) {

@@ -48,21 +48,30 @@ constexpr QcfField Part(std::string_view name, QcfEncoding encoding, std::string
   return {.name = name, .encoding = encoding, .control = control};
 }
 
+constexpr QcfField Identity(QcfField field) {
+  field.identifies = true;
+  return field;
+}
+
 constexpr QcfField Tick(std::string_view name, TickId tick) {
   return Part(name, kByte, TickOf(tick).control);
 }
 
 // The position is a byte although the limits of windows may exceed one.
 constexpr QcfField kWindow[] = {
-    Part("Name", kText, "lName"),     Tick("Slate", TickId::kSlate),
-    Tick("On", TickId::kOn),          Tick("Field", TickId::kField),
-    Tick("Symbol", TickId::kSymbol),  Since(2, Tick("Double Height", TickId::kDoubleHeight)),
-    Part("Vertical", kByte, "udVer"), Part("Horizontal", kByte, "udHor"),
+    Identity(Part("Name", kText, "lName")),
+    Tick("Slate", TickId::kSlate),
+    Tick("On", TickId::kOn),
+    Tick("Field", TickId::kField),
+    Tick("Symbol", TickId::kSymbol),
+    Since(2, Tick("Double Height", TickId::kDoubleHeight)),
+    Part("Vertical", kByte, "udVer"),
+    Part("Horizontal", kByte, "udHor"),
 };
 
 constexpr QcfField kParameter[] = {
-    Part("Class", kByte, "lClass"),
-    Part("Parameter", kByte, "lParam"),
+    Identity(Part("Class", kByte, "lClass")),
+    Identity(Part("Parameter", kByte, "lParam")),
     Part("Description", kText, "lDesc"),
     Part("Value", kValue, "udVal"),
 };

@@ -53,7 +53,7 @@ Marks MarksOf(const SendStep& step) {
 std::optional<CommandId> CommandIn(const SendStep& step, const FrmStart& form, bool modelQ) {
   const std::optional<ChoiceId> choice = ChoiceIn(step);
   const bool holds =
-      choice ? modelQ || !ChoiceOf(*choice).modelQ : !step.condition || step.condition(form, modelQ);
+      choice ? UnitHas(ChoiceOf(*choice), modelQ) : !step.condition || step.condition(form, modelQ);
   return holds ? step.command : step.otherwise;
 }
 

@@ -29,7 +29,7 @@ void WindowLooks::SendChoice(int index) {
   const ComboBox& box = form_.ComWin(index);
   const Choice* choice = ChoiceOfBox(box);
   const std::optional<CommandId> command = CommandOfBox(box);
-  if (choice && command && UnitHas(form_, *choice)) commands_.Send(*command, Sender::kPanel);
+  if (choice && command && UnitHas(*choice, form_.ModelIsQ())) commands_.Send(*command, Sender::kPanel);
 }
 
 /// Switches the inserter off meanwhile if it is on, and sends every window again, since its row counts in

@@ -127,7 +127,7 @@ class Layout {
   }
 
   bool IsShown(const PrintedLine& line) const {
-    return !line.value.choice || UnitHas(source_.form, ChoiceOf(*line.value.choice));
+    return !line.value.choice || UnitHas(ChoiceOf(*line.value.choice), source_.form.ModelIsQ());
   }
   bool IsShown(const PrintedPanel& panel) const {
     const int option = source_.form.vitcModes.Selected();
