@@ -97,6 +97,7 @@ struct MessageSource {
   Sender sender = Sender::kWholeSend;
   int row = 0;       ///< of a window or parameter
   int flagBase = 0;  ///< base of a window's flag byte: 128 highlights the window on the unit's output
+  std::optional<int> left = {};  ///< where a window will begin, if not where it does now
 };
 
 /// A message: its fields, and its meaning in an operator's words.
@@ -168,5 +169,7 @@ bool IsSendable(const SystemParameterRec& parameter);
 constexpr std::size_t kMessageCharacters = 32;
 /// The text message as the unit receives it: in capitals, cut to kMessageCharacters.
 std::string MessageText(std::string_view text);
+/// How far right a window with this text can begin.
+int MostLeftOf(std::string_view text);
 
 }  // namespace marlinset

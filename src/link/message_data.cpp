@@ -105,7 +105,7 @@ void AddWindow(const MessageSource& source, Message& message) {
   message.fields.emplace_back(window.Number);
   message.fields.emplace_back(WindowFlags(source));
   message.fields.emplace_back(FontSizeInForce(form).RowOf(window.Top));
-  message.fields.emplace_back(window.Left);
+  message.fields.emplace_back(source.left.value_or(window.Left));
   message.fields.emplace_back(TickedLength(form, row, window));
   message.meaning += " " + std::to_string(window.Number) + " '" + window.Name + "'";
 }

@@ -53,6 +53,8 @@ struct PendingMessage {
   Sender sender = Sender::kWholeSend;
   int row = 0;  ///< of a window or parameter
   bool endsHighlight = false;
+  bool goesAnyway = false;       ///< whatever the unit holds
+  std::optional<int> left = {};  ///< as MessageSource has it
 };
 
 /// A message that the unit does not hold, and the controls whose values it carries.
@@ -121,6 +123,7 @@ class WholeSend {
   CommandId SlateCommand() const;
   bool UnitIsQ() const;
   std::vector<PendingMessage> Pending(const Progress& from) const;
+  std::vector<PendingMessage> Foreseen(const Progress& from) const;
   void AddPending(std::span<const SendStep> steps, std::vector<PendingMessage>& messages) const;
   Message MessageFor(const PendingMessage& pending) const;
   std::vector<PendingMessage> ChangesIn(std::span<const PendingMessage> pending, LastMessages held,

@@ -37,7 +37,7 @@ bool WholeSend::UnitIsQ() const {
 void WholeSend::Plan() {
   if (comms_.LostInSend() || !platform_.ComP1.PortOpen()) return;
   // At least identification and query go before the sequence, and a query closes it.
-  const std::vector<PendingMessage> pending = Pending(progress_);
+  const std::vector<PendingMessage> pending = Foreseen(progress_);
   const std::size_t left =
       changesOnly_ ? ChangesIn(pending, held_.Messages(), progress_.sizeGoes).size() : pending.size();
   result_.planned = std::max(result_.messages, 2) + static_cast<int>(left) + (progress_.closing ? 0 : 1);
@@ -71,8 +71,28 @@ std::vector<PendingMessage> WholeSend::Pending(const Progress& from) const {
   return messages;
 }
 
+/// The same, with what the sequence itself changes on its way: it writes the text message back in capitals,
+/// which runs the panel's rule. That limits the position of the text's window and sends in interactive mode.
+std::vector<PendingMessage> WholeSend::Foreseen(const Progress& from) const {
+  std::vector<PendingMessage> messages = Pending(from);
+  const std::string capitals = MessageText(form_.tWinMess.Text());
+  const auto text = std::ranges::find(messages, kText, &PendingMessage::id);
+  if (text == messages.end() || capitals == form_.tWinMess.Text()) return messages;
+  text->goesAnyway = commands_.Live();
+  if (!form_.Visible() || !form_.udHor.Has(FrmStart::kTextWindowRow)) return messages;
+  const SpinControl& horizontal = form_.udHor(FrmStart::kTextWindowRow);
+  const auto [least, most] = std::minmax({horizontal.Min(), MostLeftOf(capitals)});
+  for (PendingMessage& message : std::ranges::subrange(text, messages.end())) {
+    const bool moves = message.id == kWindow && message.row == FrmStart::kTextWindowRow;
+    if (moves && (horizontal.Value() < least || horizontal.Value() > most))
+      message.left = std::clamp(horizontal.Value(), least, most);
+  }
+  return messages;
+}
+
 Message WholeSend::MessageFor(const PendingMessage& pending) const {
-  return MessageOf(CommandOf(pending.id), {form_, vars_, pending.sender, pending.row, kHighlightOff});
+  return MessageOf(CommandOf(pending.id),
+                   {form_, vars_, pending.sender, pending.row, kHighlightOff, pending.left});
 }
 
 /// Whether Send Changes sends a message, with those that follow it. Of several messages for one thing only
@@ -86,6 +106,7 @@ bool WholeSend::Goes(const PendingMessage& message, std::span<const PendingMessa
   }
   if (message.id == kCharOffForSize || message.id == kCharOnForSize) return sizeGoes;
   if (message.endsHighlight) return At(vars_.CharWindows, message.row).Highlighted;
+  if (message.goesAnyway) return true;
   if (!differs(message)) return false;
   const auto thing = LastMessages::ThingOf(MessageFor(message).fields);
   return std::ranges::none_of(
@@ -111,7 +132,7 @@ std::vector<PendingMessage> WholeSend::ChangesIn(std::span<const PendingMessage>
 
 std::vector<UnheldMessage> WholeSend::Changes() const {
   std::vector<UnheldMessage> changes;
-  for (const PendingMessage& pending : ChangesIn(Pending({}), held_.Messages(), false)) {
+  for (const PendingMessage& pending : ChangesIn(Foreseen({}), held_.Messages(), false)) {
     Message message = MessageFor(pending);
     const auto held = held_.Messages().LastFor(message.fields);
     auto controls = UnheldControls(pending.id, pending.row, BytesOf(message.fields), held);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/slate_and_message.h"
 
-#include "base/text.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
+#include "link/command_table.h"
 #include "link/setting_commands.h"
 
 namespace marlinset {
@@ -34,10 +34,9 @@ void SlateAndMessage::MessageChanged() {
 /// The longer the message, the less far to the right its window can go.
 void SlateAndMessage::LimitToMessage() {
   if (!form_.Visible() || !form_.udHor.Has(FrmStart::kTextWindowRow)) return;
-  const int length = static_cast<int>(LengthOf(form_.tWinMess.Text()));
   SpinControl& horizontal = form_.udHor(FrmStart::kTextWindowRow);
   horizontal.SetProvisional(false);
-  horizontal.SetMax(static_cast<int>(kMessageCharacters) - length);
+  horizontal.SetMax(MostLeftOf(form_.tWinMess.Text()));
 }
 
 }  // namespace marlinset

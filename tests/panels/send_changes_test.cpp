@@ -79,6 +79,22 @@ TEST(SendChanges, SendsOfEachThingTheLastMessageThatTheUnitDoesNotHold) {
   }
 }
 
+/// A whole send writes the message back in capitals, and the panel's rule answers that as if it were typed.
+TEST(SendChanges, ForeseesWhereTheMessageInCapitalsMovesItsWindow) {
+  for (const bool interactive : {false, true}) {
+    SentSetup rig;
+    rig.Do("spin udHor(13) 31; click bSChanges");
+    if (interactive) rig.GoInteractive();
+    rig.tool.takeOver.Set("Take Over", {{"text message", std::string("mü")}});
+    const std::vector<std::string> changes = Texts(rig.tool.wholeSend.Changes());
+    rig.Sent();
+    rig.form.bSChanges.OperatorClick();
+    EXPECT_EQ(rig.Sent(), Framed(changes));
+    EXPECT_EQ(rig.form.udHor(13).Value(), 30);
+    EXPECT_EQ(rig.tool.wholeSend.Result().planned, static_cast<int>(changes.size()) + 3);
+  }
+}
+
 TEST(SendChanges, SwitchTheInserterOffForTheFontSizeOnlyAndEndHighlights) {
   SentSetup rig;
   rig.Do("choose ComWin(3) #1");
