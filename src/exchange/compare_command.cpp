@@ -23,14 +23,18 @@ CompareCommand::CompareCommand(Platform& platform, const Variables& variables, F
   form_.mnuCompare.OnClick([this] { Ask(); });
 }
 
+/// What is compared may be in a folder of its own, such as yesterday's setups.
 void CompareCommand::Ask() {
+  const std::string folder = folder_.empty() ? LastFolder(platform_.settings, vars_.AppPath) : folder_;
   const auto file = AskToOpen(platform_.fileDialog, {.CancelError = true,
                                                      .Filter = std::string(kConfigurationFilter),
                                                      .Flags = kHideReadOnly,
                                                      .FileName = "*" + std::string(kConfigurationExtension),
-                                                     .InitDir = LastFolder(platform_.settings, vars_.AppPath),
+                                                     .InitDir = folder,
                                                      .DialogTitle = "Compare with"});
-  if (file) Open(*file);
+  if (!file) return;
+  folder_ = FolderOfPath(*file);
+  Open(*file);
 }
 
 void CompareCommand::Open(const std::string& path) {
@@ -64,7 +68,8 @@ void CompareCommand::Take(const Offer& offer, const std::vector<NewValue>& shown
 }
 
 void CompareCommand::Tell(const RuntimeError& failure) const {
-  platform_.dialogs.Show({.text = failure.Description(), .remedy = failure.Remedy()});
+  platform_.dialogs.Show(
+      {.text = failure.Description(), .icon = BoxIcon::kCritical, .remedy = failure.Remedy()});
 }
 
 }  // namespace marlinset

@@ -44,6 +44,8 @@ class CompareCommand {
   void Ask();
   void Tell(const RuntimeError& failure) const;
 
+  std::string folder_;  ///< of the file last chosen
+
   Platform& platform_;
   const Variables& vars_;
   FrmStart& form_;

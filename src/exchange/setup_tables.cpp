@@ -11,6 +11,7 @@
 #include "core/variables.h"
 #include "csv/csv.h"
 #include "files/panel_document.h"
+#include "files/qcf_fields.h"
 
 namespace marlinset {
 namespace {
@@ -143,6 +144,9 @@ std::vector<ComparedValue> DifferencesFrom(std::span<const NewValue> values, con
     if (found == wanted.end() || *found->second == present.value) continue;
     differences.push_back({.name = present.name,
                            .group = GroupOf(*present.field),
+                           .about = IsPartOf(QcfUse::kParameters, *present.field)
+                                        ? At(variables.SystemParameters, present.record).Description
+                                        : "",
                            .here = present.value,
                            .there = *found->second});
   }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "base/text.h"
 #include "controls/dialogs.h"
 #include "controls/guard.h"
 #include "core/frm_start.h"
@@ -23,13 +24,24 @@ namespace {
 
 constexpr std::string_view kCsvTables = "CSV tables";
 constexpr std::string_view kNothingPasted = "Nothing was pasted.";
+constexpr const char* kToPaste =
+    "What the clipboard holds are no parameters. Copy a table whose first line names its columns (Class, "
+    "Parameter, Description and Value), or numbers alone, one for each parameter that is selected here.";
 constexpr std::string_view kOnlyInTable = "only in the table";
 constexpr std::size_t kMostNamed = 20;  // rows in a box
 
-/// A table begins with names, values alone begin with a number.
-bool HasColumnNames(std::string_view text) {
-  const auto end = text.find_first_of("\r\n", text.find_first_not_of("\r\n "));
-  return std::ranges::any_of(text.substr(0, end), [](unsigned char c) { return std::isalpha(c) != 0; });
+/// What a text from the clipboard is, by its first line: a table begins with names of columns, values alone
+/// begin with a number.
+enum class Pasted { kTable, kValues, kProse };
+Pasted KindOf(std::string_view text) {
+  const std::string line(text.substr(0, text.find_first_of("\r\n", text.find_first_not_of("\r\n "))));
+  if (std::ranges::none_of(line, [](unsigned char c) { return std::isalpha(c) != 0; }))
+    return Pasted::kValues;
+  const bool names = std::ranges::any_of(ColumnsOf(TableKind::kParameters),
+                                         [upper = UpperOf(line)](const TableColumn& column) {
+                                           return upper.find(UpperOf(column.name)) != std::string::npos;
+                                         });
+  return names ? Pasted::kTable : Pasted::kProse;
 }
 
 PanelValue ParameterValue(int row, int value) {
@@ -67,7 +79,9 @@ TableImport TableCommands::ImportOf(std::string action, const TableContent& cont
 }
 
 TableContent TableCommands::PasteOf(const std::string& text, std::span<const ParameterKey> selected) const {
-  if (HasColumnNames(text)) return ReadTable(TableKind::kParameters, text, vars_, form_);
+  const Pasted kind = KindOf(text);
+  if (kind == Pasted::kTable) return ReadTable(TableKind::kParameters, text, vars_, form_);
+  if (kind == Pasted::kProse) throw RuntimeError(kErrInvalidCall, std::string(kNothingPasted), kToPaste);
   const std::vector<int> values = ReadValues(text);
   const std::vector<int> rows = RowsOf(selected, vars_, form_);
   if (rows.empty() || (values.size() != 1 && values.size() != rows.size())) {
@@ -178,15 +192,17 @@ void TableCommands::AskForExport(TableKind kind) {
 }
 
 void TableCommands::AskForImport(TableKind kind) {
-  const std::string own = FolderOfPath(platform_.fileDialog.FileName);
-  const auto file = AskToOpen(platform_.fileDialog,
-                              {.CancelError = true,
-                               .Filter = std::string(kCsvTables) + "|*.csv",
-                               .Flags = kHideReadOnly,
-                               .FileName = {},
-                               .InitDir = own.empty() ? LastFolder(platform_.settings, vars_.AppPath) : own,
-                               .DialogTitle = "Import from CSV"});
+  std::string folder = importFolder_;
+  if (folder.empty()) folder = FolderOfPath(platform_.fileDialog.FileName);
+  if (folder.empty()) folder = LastFolder(platform_.settings, vars_.AppPath);
+  const auto file = AskToOpen(platform_.fileDialog, {.CancelError = true,
+                                                     .Filter = std::string(kCsvTables) + "|*.csv",
+                                                     .Flags = kHideReadOnly,
+                                                     .FileName = {},
+                                                     .InitDir = folder,
+                                                     .DialogTitle = "Import from CSV"});
   if (!file) return;
+  importFolder_ = FolderOfPath(*file);
   Attempt({}, [&] {
     const auto import = std::make_shared<const TableImport>(ReadNamed(kind, *file));
     if (!compare_.show) return;

@@ -61,6 +61,7 @@ class TableCommands {
   FrmStart& form_;
   TakeOver& takeOver_;
   const CompareCommand& compare_;
+  std::string importFolder_;  ///< of the table last chosen
 };
 
 }  // namespace marlinset

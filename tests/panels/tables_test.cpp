@@ -166,7 +166,7 @@ TEST_F(TablesTest, PastesTablesAndNumbersAndResets) {
       {"1\t2", 8, 11, "line 1: has several fields"},
       {"", 8, 11, "line 1: there is nothing to paste"},
       {"70000", 8, 11, "line 1: Value is \"70000\""},
-      {"Kind regards", 8, 11, "line 1: there is no column \"Kind regards\""},
+      {"Kind regards", 8, 11, "What the clipboard holds are no parameters."},
       {"\x01\x02\"", 8, 11, "line 1: "},
       {copied, 80, 8, ""},
   };
@@ -198,6 +198,7 @@ TEST_F(TablesTest, TheMenuWritesAndOffersTables) {
   rig_.form.mnuImportPar.OperatorClick();
   ASSERT_EQ(offered.size(), 2U);
   EXPECT_EQ(offered[0].name, "system parameters / 2.0 / Value");
+  EXPECT_EQ(offered[0].about, "LTC Reader Flywheel (frames)");
   EXPECT_TRUE(offered[1].OneSided()) << "a row that the setup lacks is seen and not taken over";
   EXPECT_THAT(rig_.TakeBoxes(), IsEmpty());
   rig_.form.mnuImportPar.OperatorClick();
