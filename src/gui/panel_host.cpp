@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/panel_host.h"
 
+#include <QAbstractButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "gui/panel_views.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/scroll_keeper.h"
+#include "gui/widgets/widget_bindings.h"
 
 namespace marlinset {
 
@@ -37,9 +40,26 @@ void PanelHost::Add(Frame& frame, QWidget* panel) {
   listening_.emplace_back(frame.Changed, [this] { ShowVisible(); });
 }
 
+/// A panel that goes while the operator is in it hands the focus on. The toolkit would give it to the video
+/// standard, where the next arrow key or turn of the wheel goes on air.
+bool PanelHost::focusNextPrevChild(bool next) {
+  const bool changes = std::ranges::none_of(pages_, [](const auto& page) { return page.first->Visible(); });
+  return (changes && LeadToViews()) || QStackedWidget::focusNextPrevChild(next);
+}
+
+bool PanelHost::LeadToViews() {
+  const auto* views = window()->findChild<QWidget*>(Shown(form_.fView.FullName()));
+  QAbstractButton* chosen = views ? ChosenOption(*views) : nullptr;
+  if (!chosen || !chosen->isVisible()) return false;
+  chosen->setFocus(Qt::OtherFocusReason);
+  return true;
+}
+
 void PanelHost::ShowVisible() {
   for (const auto& [frame, page] : pages_) {
     if (!frame->Visible()) continue;
+    // Behind another window the panel that went has kept the focus.
+    if (page != currentWidget() && isAncestorOf(window()->focusWidget())) LeadToViews();
     setCurrentWidget(page);
     return;
   }

@@ -20,7 +20,11 @@ class PanelHost : public QStackedWidget {
   PanelHost(FrmStart& form, TableCommands* tables, std::shared_ptr<WindowSelection> selection,
             QWidget* parent);
 
+ protected:
+  bool focusNextPrevChild(bool next) override;
+
  private:
+  bool LeadToViews();
   void Add(Frame& frame, QWidget* panel);
   void ShowVisible();
 

@@ -10,6 +10,7 @@
 #include <set>
 
 #include "gui/widgets/fields.h"
+#include "panels/views.h"
 #include "tests/gui/form_fixture.h"
 
 namespace marlinset {
@@ -107,6 +108,23 @@ TEST_F(HandsTest, ANumberIsForTheParameterThatWasRead) {
     QTest::keyClick(&again, Qt::Key_Return);
     Settle();
     EXPECT_EQ(done, expected);
+  }
+}
+
+/// Not to the video standard, where the next arrow goes on air.
+TEST_F(HandsTest, APanelThatGoesHandsTheFocusToTheViews) {
+  Views views(form_);
+  MainWindow window(form_);
+  Open(window, &FrmStart::fCodes);
+  const std::tuple<const char*, Qt::Key, const char*> steps[] = {{"comTB(0)", Qt::Key_4, "oView(3)"},
+                                                                 {"pParIn", Qt::Key_3, "oView(2)"},
+                                                                 {"chSym(1)", Qt::Key_2, "oView(1)"},
+                                                                 {"chDups", Qt::Key_5, "oView(5)"}};
+  for (const auto& [field, key, view] : steps) {
+    Widget(window, field).setFocus();
+    QTest::keyClick(&window, key, Qt::AltModifier);
+    Settle();
+    EXPECT_EQ(window.focusWidget()->objectName().toStdString(), view);
   }
 }
 
