@@ -182,6 +182,10 @@ Qt::CheckState ComparisonModel::StateOf(const Group& group) const {
   return ticked == 0 ? Qt::Unchecked : ticked == all ? Qt::Checked : Qt::PartiallyChecked;
 }
 
+int ComparisonModel::RowHeight() {
+  return QFontMetrics(QApplication::font()).height() * 3 / 2;
+}
+
 QVariant ComparisonModel::GroupData(const Group& group, int column, int role) const {
   if (role == Qt::DisplayRole && column == kName) return group.name;
   if (role == Qt::FontRole) {
@@ -198,7 +202,7 @@ QVariant ComparisonModel::GroupData(const Group& group, int column, int role) co
 
 QVariant ComparisonModel::data(const QModelIndex& cell, int role) const {
   if (!cell.isValid()) return {};
-  if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QApplication::font()).height() * 3 / 2);
+  if (role == Qt::SizeHintRole) return QSize(0, RowHeight());
   const ComparedValue* row = RowOf(cell);
   if (!row) return GroupData(GroupOf(cell), cell.column(), role);
   switch (role) {

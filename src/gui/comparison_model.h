@@ -20,6 +20,8 @@ class ComparisonModel : public QAbstractItemModel {
   enum Column { kName, kHere, kThere, kColumns };
 
   explicit ComparisonModel(QObject* parent) : QAbstractItemModel(parent) {}
+  /// In pixels.
+  static int RowHeight();
 
   /// Another offer: its ticks are all on or all off.
   void Begin(std::vector<ComparedValue> rows, bool ticked);

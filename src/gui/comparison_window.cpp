@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/comparison_window.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTreeView>
@@ -19,9 +16,11 @@
 #include "core/frm_start.h"
 #include "gui/comparison_model.h"
 #include "gui/dragged_file.h"
+#include "gui/widgets/filter_field.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/operator_queue.h"
 #include "gui/widgets/screen_fit.h"
+#include "gui/widgets/window_keys.h"
 
 namespace marlinset {
 namespace {
@@ -29,7 +28,8 @@ namespace {
 // The first size.
 constexpr int kComparisonLetters = 120;
 constexpr int kComparisonLines = 36;
-constexpr int kNameLetters = 52;
+constexpr int kLeastRows = 8;
+constexpr int kNameLetters = 60;
 constexpr int kValueLetters = 32;
 /// How long the panels rest before they are compared again.
 constexpr int kLookMs = 100;
@@ -52,14 +52,12 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
       form_(form),
       command_(command),
       model_(new ComparisonModel(this)),
-      filter_(new QLineEdit(this)),
+      filter_(new FilterField(QStringLiteral("filter"), QStringLiteral("Filter of the differences"), this)),
       listening_(form.Altered, [this] { LookSoon(); }) {
   setObjectName(QStringLiteral("Comparison"));
   setAcceptDrops(true);
-  // Their keys work here as well: what was taken over can be undone at once.
-  for (const char* item : {"mnuUndo", "mnuRedo"}) {
-    if (auto* action = parent->findChild<QAction*>(QLatin1String(item))) addAction(action);
-  }
+  // What was taken over can be undone, sent or saved at once.
+  addActions(WindowKeys(*parent));
   auto* rows = new QVBoxLayout(this);
   SetSpaces(*rows, *this, 2);
   rows->addLayout(MakeTop());
@@ -76,16 +74,14 @@ QLayout* ComparisonWindow::MakeTop() {
   SetSpaces(*top, *this);
   auto* label = new QLabel(QStringLiteral("&Filter:"), this);
   label->setBuddy(filter_);
-  filter_->setObjectName(QStringLiteral("filter"));
-  filter_->setToolTip(QStringLiteral("Shows the rows that contain each of these words"));
-  filter_->setClearButtonEnabled(true);
-  filter_->setAcceptDrops(false);  // a dropped file is for the window, its name no filter
-  filter_->installEventFilter(this);
+  filter_->setToolTip(QStringLiteral("Shows the rows that contain each of these words (Ctrl+F)"));
+  filter_->ReachBy(QKeySequence::Find, *this);
   top->addWidget(label);
   top->addWidget(filter_, 1);
   all_ = AddButton(*top, "Tick &All", this);
   none_ = AddButton(*top, "Tick &None", this);
-  connect(filter_, &QLineEdit::textChanged, model_, &ComparisonModel::SetFilter);
+  connect(filter_, &FilterField::textChanged, model_, &ComparisonModel::SetFilter);
+  connect(filter_, &FilterField::Left, this, &ComparisonWindow::FocusRows);
   connect(all_, &QPushButton::clicked, model_, [this] { model_->TickAll(true); });
   connect(none_, &QPushButton::clicked, model_, [this] { model_->TickAll(false); });
   return top;
@@ -113,6 +109,7 @@ QTreeView* ComparisonWindow::MakeTree() {
   tree->setAllColumnsShowFocus(true);
   tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
   tree->header()->setStretchLastSection(true);
+  tree->setMinimumHeight(tree->header()->sizeHint().height() + kLeastRows * ComparisonModel::RowHeight());
   connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, &ComparisonWindow::NotePlace);
   connect(model_, &QAbstractItemModel::modelReset, this, &ComparisonWindow::FindPlace);
   const auto note = [this](const QModelIndex& group) {
@@ -207,18 +204,6 @@ void ComparisonWindow::TakeOver() {
   OperatorQueue::OfProgram().Take(
       form_, *this, [this, offer = offer_, values = model_->Ticked()] { command_.Take(offer, values); });
   FocusRows();  // the button has nothing to do until something else is ticked
-}
-
-/// Enter and the arrow down lead from the filter to the rows that it shows.
-bool ComparisonWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == filter_ && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down) {
-      FocusRows();
-      return true;
-    }
-  }
-  return QDialog::eventFilter(watched, event);
 }
 
 void ComparisonWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -12,18 +12,19 @@
 
 class QLabel;
 class QLayout;
-class QLineEdit;
 class QPushButton;
 class QTreeView;
 
 namespace marlinset {
 
 class ComparisonModel;
+class FilterField;
 class FrmStart;
 
 /// Values from outside beside those of the panels, in front of the main window, which goes on working. The
-/// operator ticks what to take over. Follows the panels, looking at them at most ten times a second and only
-/// while it can be seen. A configuration file dropped on it takes the place of the one that is compared.
+/// operator ticks what to take over; the main window's keys work here as well. Follows the panels, looking at
+/// them at most ten times a second and only while it can be seen. A configuration file dropped on it takes
+/// the place of the one that is compared.
 class ComparisonWindow : public QDialog {
   Q_OBJECT
  public:
@@ -36,7 +37,6 @@ class ComparisonWindow : public QDialog {
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void showEvent(QShowEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QLayout* MakeTop();
@@ -54,7 +54,7 @@ class ComparisonWindow : public QDialog {
   CompareCommand& command_;
   Offer offer_;
   ComparisonModel* model_;
-  QLineEdit* filter_;
+  FilterField* filter_;
   QTreeView* tree_;
   QLabel* count_;
   QPushButton* all_;

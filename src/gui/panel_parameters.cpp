@@ -3,16 +3,14 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "exchange/table_commands.h"
 #include "gui/panel_views.h"
 #include "gui/parameter_table.h"
+#include "gui/widgets/filter_field.h"
 #include "gui/widgets/group.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/widget_bindings.h"
@@ -22,47 +20,6 @@ namespace {
 
 constexpr int kWidestFigures = 160;
 constexpr int kFilterFigures = 36;
-
-/// Hides the rows that do not match. Esc empties it, and once more leads back to the list, as Enter and the
-/// down arrow do.
-class FilterField : public QLineEdit {
- public:
-  FilterField(ParameterTable& table, QWidget* parent) : QLineEdit(parent), table_(table) {
-    setObjectName(kParameterFilter);
-    setToolTip(
-        QStringLiteral("Class, number (2.7), words of the description, or the value as shown (Ctrl+F)"));
-    setAccessibleName(QStringLiteral("Filter of the parameter list"));
-    setClearButtonEnabled(true);
-    setAcceptDrops(false);  // a configuration that is dropped is opened
-    setMinimumWidth(FiguresWidth(*this, kFilterFigures));
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(this, &QLineEdit::textChanged, &table,
-            [this](const QString& text) { table_.Model().SetFilter(ParameterFilter(text)); });
-  }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    switch (event->key()) {
-      case Qt::Key_Escape:
-        if (!text().isEmpty()) return clear();
-        [[fallthrough]];
-      case Qt::Key_Return:
-      case Qt::Key_Enter:
-      case Qt::Key_Down:
-        return LeaveToTable();
-      default:
-        QLineEdit::keyPressEvent(event);
-    }
-  }
-
- private:
-  void LeaveToTable() {
-    if (!table_.selectionModel()->hasSelection()) table_.selectRow(0);
-    table_.setFocus(Qt::OtherFocusReason);
-  }
-
-  ParameterTable& table_;
-};
 
 void ShowCount(QLabel& count, const ParameterModel& model) {
   const int shown = model.rowCount();
@@ -74,7 +31,18 @@ void ShowCount(QLabel& count, const ParameterModel& model) {
 
 /// The filter, which Ctrl+F leads to, and how many rows it leaves.
 void AddFilter(QBoxLayout& row, ParameterTable& table, QWidget* page) {
-  auto* filter = new FilterField(table, page);
+  auto* filter = new FilterField(kParameterFilter, QStringLiteral("Filter of the parameter list"), page);
+  filter->setToolTip(
+      QStringLiteral("Class, number (2.7), words of the description, or the value as shown (Ctrl+F)"));
+  filter->setMinimumWidth(FiguresWidth(*filter, kFilterFigures));
+  filter->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  filter->ReachBy(QKeySequence::Find, *page);
+  QObject::connect(filter, &FilterField::textChanged, &table,
+                   [&table](const QString& text) { table.Model().SetFilter(ParameterFilter(text)); });
+  QObject::connect(filter, &FilterField::Left, &table, [&table] {
+    if (!table.selectionModel()->hasSelection()) table.selectRow(0);
+    table.setFocus(Qt::OtherFocusReason);
+  });
   auto* label = MakeLabel(QStringLiteral("Filter:"), page);
   label->setBuddy(filter);
   row.addWidget(label);
@@ -84,11 +52,6 @@ void AddFilter(QBoxLayout& row, ParameterTable& table, QWidget* page) {
                    [count, &table] { ShowCount(*count, table.Model()); });
   ShowCount(*count, table.Model());
   row.addWidget(count);
-  auto* find = new QShortcut(QKeySequence::Find, page);
-  QObject::connect(find, &QShortcut::activated, filter, [filter] {
-    filter->setFocus(Qt::ShortcutFocusReason);
-    filter->selectAll();
-  });
 }
 
 QAction* AddAction(ParameterTable& table, const char* text, const QKeySequence& keys) {

@@ -4,7 +4,6 @@
 #include <QFocusEvent>
 #include <QLabel>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "gui/change_counter.h"
@@ -17,6 +16,7 @@
 #include "gui/widgets/group.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/widget_bindings.h"
+#include "gui/widgets/window_keys.h"
 #include "gui/window_hooks.h"
 
 namespace marlinset {
@@ -135,8 +135,7 @@ QWidget* ToolArea::MakeViews(FrmStart& form) {
     if (i == 0) segment->SetPlace(SegmentButton::Place::kFirst);
     if (i == form.oView.UBound()) segment->SetPlace(SegmentButton::Place::kLast);
     if (i == kOptionsPanel) continue;
-    auto* keys = new QShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + number++)), segment);
-    connect(keys, &QShortcut::activated, segment, &QAbstractButton::click);
+    AddKeys(*segment, QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + number++)));
   }
   Bind(*band, form.fView);
   return band;
@@ -152,8 +151,7 @@ void ToolArea::AddMain(FrmStart& form, RemarkList* remarks, QBoxLayout& row) {
   binding.SetDisabledReason(
       QStringLiteral("The tool does not know what the unit holds; available once a setup has been sent."));
   row.addWidget(changes);
-  auto* keys = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return), changes);
-  connect(keys, &QShortcut::activated, changes, &QAbstractButton::click);
+  AddKeys(*changes, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return));
   row.addWidget(new RemarkCounter(form, remarks, this));
 }
 
@@ -163,8 +161,7 @@ void ToolArea::AddSend(FrmStart& form, const WindowHooks& hooks, QBoxLayout& row
   Bind(*stop, form.bStop, 0, Turn::kAtOnce).SetDisabledReason(QStringLiteral("No setup is being sent."));
   row.addWidget(stop);
   if (hooks.wholeSend) row.addWidget(new SendProgress(*hooks.wholeSend, this));
-  auto* keys = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Period), stop);
-  connect(keys, &QShortcut::activated, stop, &QAbstractButton::click);
+  AddKeys(*stop, QKeySequence(Qt::CTRL | Qt::Key_Period));
 }
 
 void ToolArea::AddService(FrmStart& form, QBoxLayout& row) {

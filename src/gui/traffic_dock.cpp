@@ -6,7 +6,6 @@
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
@@ -16,6 +15,7 @@
 
 #include "core/frm_start.h"
 #include "gui/widgets/buttons.h"
+#include "gui/widgets/filter_field.h"
 #include "gui/widgets/group.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/operator_queue.h"
@@ -81,14 +81,11 @@ QWidget* TrafficDock::MakeFilter(QWidget* parent) {
   auto* strip = new QWidget(parent);
   auto* row = new QHBoxLayout(strip);
   SetSpaces(*row, *strip);
-  text_ = new QLineEdit(strip);
-  text_->setObjectName(QStringLiteral("TrafficFilter"));
+  text_ = new FilterField(QStringLiteral("TrafficFilter"), QStringLiteral("Filter the traffic"), strip);
   text_->setPlaceholderText(QStringLiteral("Filter"));
-  text_->setAccessibleName(QStringLiteral("Filter the traffic"));
-  text_->setClearButtonEnabled(true);
-  text_->setAcceptDrops(false);  // a configuration dropped here is opened, not typed
   text_->setFixedWidth(FiguresWidth(*text_, kFilterCharacters));
-  connect(text_, &QLineEdit::textChanged, this, &TrafficDock::Filter);
+  connect(text_, &FilterField::textChanged, this, &TrafficDock::Filter);
+  connect(text_, &FilterField::Left, table_, [this] { table_->setFocus(Qt::OtherFocusReason); });
   row->addWidget(text_);
   const auto addTick = [&](const QString& caption, const char* name, const QString& tip) {
     auto* box = new QCheckBox(caption, strip);

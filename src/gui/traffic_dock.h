@@ -7,11 +7,12 @@
 
 class QCheckBox;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QTableView;
 
 namespace marlinset {
+
+class FilterField;
 
 /// The panel with the traffic on the line: a table, the newest row at the foot, which it follows until the
 /// operator scrolls away from there; above it what to list, and what to do with it. It records only while it
@@ -40,7 +41,7 @@ class TrafficDock : public FormDock {
   TrafficRules& rules_;
   TrafficModel* model_;
   QTableView* table_ = nullptr;
-  QLineEdit* text_ = nullptr;
+  FilterField* text_ = nullptr;
   QCheckBox* sent_ = nullptr;
   QCheckBox* received_ = nullptr;
   QCheckBox* polls_ = nullptr;

@@ -79,6 +79,22 @@ TEST_F(ComparisonWindowTest, TakesOverWhatIsTickedAndShown) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return Count().starts_with("0 differences"); }, 30000)) << Count();
 }
 
+/// Nor does a panel that the operator leaves from here put the main window's focus where keys go on air.
+TEST_F(ComparisonWindowTest, SharesTheKeysOfTheMainWindow) {
+  rig.form.UDDur.OperatorSpin(200);
+  desk.Show(2);
+  desk.Widget("UDDur").setFocus();
+  window.activateWindow();
+  LiveWindow::Settle();
+  desk.Key(Qt::Key_Z, Qt::ControlModifier);
+  desk.Key(Qt::Key_4, Qt::AltModifier);
+  desk.Key(Qt::Key_F8);
+  LiveWindow::Settle();
+  EXPECT_EQ(rig.form.UDDur.Value(), 0);
+  EXPECT_TRUE(rig.form.fParameters.Visible() && rig.form.mnuTraffic.Checked());
+  EXPECT_EQ(desk.Window().focusWidget(), &desk.Widget("oView(3)"));
+}
+
 TEST_F(ComparisonWindowTest, FollowsThePanelsAndTakesADroppedFile) {
   Key(tree, Qt::Key_Space);
   EXPECT_THAT(Count(), testing::HasSubstr("1 ticked"));
@@ -96,9 +112,16 @@ TEST_F(ComparisonWindowTest, FollowsThePanelsAndTakesADroppedFile) {
   EXPECT_TRUE(window.windowTitle().startsWith(QLatin1String("Compare with version_1.qcf")));
   EXPECT_THAT(Count(), testing::HasSubstr("0 ticked"));
   Drop("/nowhere/lost.qcf");
+  EXPECT_EQ(rig.dialogs.shown.back().icon, BoxIcon::kCritical);
   EXPECT_THAT(rig.TakeBoxes(), ElementsAre("This file cannot be compared."));
   EXPECT_TRUE(window.windowTitle().startsWith(QLatin1String("Compare with version_1.qcf"))) << "as it was";
-  Key(tree, Qt::Key_Escape);
+  rig.fileDialog.choices = {SAMPLE_FOLDER "version_1.qcf"};
+  for (int i = 0; i < 2; ++i) rig.form.mnuCompare.OperatorClick();
+  EXPECT_EQ(rig.fileDialog.shown.back().initDir, SAMPLE_FOLDER) << "where the last one was";
+  Key(filter, Qt::Key_V);
+  Key(filter, Qt::Key_Escape);
+  EXPECT_EQ(filter.text(), QString());
+  Key(filter, Qt::Key_Escape);
   EXPECT_FALSE(window.isVisible());
 }
 
