@@ -13,7 +13,6 @@
 #include <QTableView>
 #include <functional>
 
-#include "gui/parameter_model.h"
 #include "gui/send_progress.h"
 #include "tests/storm/twin.h"
 #include "tests/window/studio.h"
@@ -90,12 +89,6 @@ void ChooseCharOff(LiveWindow& desk) {
   desk.Click(bar, bar.actionGeometry(*options).center());
   ClickEntry(desk, "mnuChar");
   ClickEntry(desk, "mnuCharOff");
-}
-
-SpinControl& FirstParameter(FrmStart& form) {
-  const std::vector<int> rows = form.lClass.Indices();
-  return form.udVal(
-      *std::find_if(rows.begin(), rows.end(), [&](int row) { return form.lClass(row).Visible(); }));
 }
 
 /// What an operator does by hand in one go, and the same by a script.
@@ -236,34 +229,6 @@ TEST_P(LiveWindowTest, RemarksAreCountedAndLeadToTheirControls) {
   form_.udVal(row).OperatorSpin(255);
   LiveWindow::Settle();
   EXPECT_EQ(counter.accessibleName(), "No remarks");
-}
-
-/// Off line, a mark stays on what was changed until it is undone or sent.
-TEST_P(LiveWindowTest, FieldsThatTheUnitDoesNotHoldAreMarked) {
-  const auto marked = [this] {
-    LiveWindow::Settle();
-    QStringList names;
-    for (const QWidget* field : desk_.Window().findChildren<QWidget*>()) {
-      if (field->accessibleDescription() == QStringLiteral("Not on the unit")) names << field->objectName();
-    }
-    return names.join(' ').toStdString();
-  };
-  form_.bSConfig.OperatorClick();
-  EXPECT_EQ(marked(), "");
-  form_.mnuOff.OperatorClick();
-  desk_.Click(desk_.Widget("chOnOff(14)"));
-  desk_.ClickArrow(desk_.Widget("udVer(14)"), false);
-  EXPECT_EQ(marked(), "chOnOff(14) udVer(14)");
-  desk_.Key(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(marked(), "chOnOff(14)");
-  desk_.Show(3);
-  QAbstractItemModel& list = *Parameters(desk_).model();
-  FirstParameter(form_).OperatorSpin(FirstParameter(form_).Value() + 1);
-  LiveWindow::Settle();
-  EXPECT_TRUE(list.index(0, ParameterModel::kValue).data(ParameterModel::kUnheldRole).toBool());
-  form_.bSChanges.OperatorClick();
-  EXPECT_EQ(marked(), "");
-  EXPECT_FALSE(list.index(0, ParameterModel::kValue).data(ParameterModel::kUnheldRole).toBool());
 }
 
 TEST_P(LiveWindowTest, KeysUndoAndRedoButAFieldFirstUndoesItself) {

@@ -26,4 +26,11 @@ struct Studio : ToolRig {
   }
 };
 
+/// The one at the top of the list.
+inline SpinControl& FirstParameter(FrmStart& form) {
+  const std::vector<int> rows = form.lClass.Indices();
+  return form.udVal(
+      *std::find_if(rows.begin(), rows.end(), [&](int row) { return form.lClass(row).Visible(); }));
+}
+
 }  // namespace marlinset
