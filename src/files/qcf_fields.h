@@ -49,8 +49,8 @@ struct QcfField {
   int since = 1;                  ///< first format version that has the field
   std::string_view missing = {};  ///< what the operator is told if the box does not offer the text
   int fallback = kNoIndex;        ///< the element whose first entry is then selected
+  bool identifies = false;        ///< says which window or parameter a record is for
   std::span<const QcfField> record = {};
-  bool identifies = false;  ///< says which window or parameter a record is for
 };
 
 /// The fields of the configuration block in file order.

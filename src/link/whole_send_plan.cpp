@@ -82,11 +82,11 @@ std::vector<PendingMessage> WholeSend::Foreseen(const Progress& from) const {
   if (!form_.Visible() || !form_.udHor.Has(FrmStart::kTextWindowRow)) return messages;
   const SpinControl& horizontal = form_.udHor(FrmStart::kTextWindowRow);
   const auto [least, most] = std::minmax({horizontal.Min(), MostLeftOf(capitals)});
-  for (PendingMessage& message : std::ranges::subrange(text, messages.end())) {
-    const bool moves = message.id == kWindow && message.row == FrmStart::kTextWindowRow;
-    if (moves && (horizontal.Value() < least || horizontal.Value() > most))
-      message.left = std::clamp(horizontal.Value(), least, most);
-  }
+  const auto window = std::find_if(text, messages.end(), [](const PendingMessage& message) {
+    return message.id == kWindow && message.row == FrmStart::kTextWindowRow;
+  });
+  const int left = std::clamp(horizontal.Value(), least, most);
+  if (window != messages.end() && left != horizontal.Value()) window->left = left;
   return messages;
 }
 
