@@ -25,10 +25,9 @@
 namespace marlinset {
 namespace {
 
-// The first size.
-constexpr int kComparisonLetters = 120;
-constexpr int kComparisonLines = 36;
+/// Rows of the list that the smallest window shows.
 constexpr int kLeastRows = 8;
+// First widths of the columns.
 constexpr int kNameLetters = 60;
 constexpr int kValueLetters = 32;
 /// How long the panels rest before they are compared again.
@@ -64,7 +63,7 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
   rows->addWidget(tree_ = MakeTree(), 1);
   rows->addLayout(MakeBottom());
   connect(model_, &ComparisonModel::Changed, this, &ComparisonWindow::ShowState);
-  resize(fontMetrics().averageCharWidth() * kComparisonLetters, fontMetrics().height() * kComparisonLines);
+  resize(RoomForText(*this, 120, 36));
   new ScreenFit(*this);
 }
 

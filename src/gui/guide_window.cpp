@@ -15,10 +15,6 @@
 namespace marlinset {
 namespace {
 
-// The first size: room for a picture and for a table beside its explanations.
-constexpr int kGuideLetters = 100;
-constexpr int kGuideLines = 45;
-
 /// A section has the name of the panel that it describes.
 QString SectionOf(const FrmStart& form) {
   const int view = form.views.Selected();
@@ -55,8 +51,8 @@ GuideWindow::GuideWindow(const std::string& folder)
   rows->addWidget(view_, 1);
   view_->setAccessibleName(QStringLiteral("User guide"));
   view_->setFocus();
-  resize(QSize(fontMetrics().averageCharWidth() * kGuideLetters, fontMetrics().height() * kGuideLines)
-             .boundedTo(screen()->availableSize() * 0.9));
+  // For a picture, and for a table beside its explanations.
+  resize(RoomForText(*this, 100, 45).boundedTo(screen()->availableSize() * 0.9));
   new ScreenFit(*this);
 }
 

@@ -32,9 +32,9 @@
 namespace marlinset {
 namespace {
 
-// The first size in letters and lines of the desktop's font.
-constexpr int kMainLetters = 170;
-constexpr int kMainLines = 42;
+QSize FirstSize(const QWidget& window) {
+  return RoomForText(window, 170, 42);
+}
 
 constexpr int kTwipsPerPixel = 15;
 int Twips(int pixels) {
@@ -77,7 +77,7 @@ MainWindow::MainWindow(FrmStart& form, WindowHooks hooks)
   if (hooks_.picture) AddPicture();
   if (hooks_.compare) hooks_.compare->show = [this](const Offer& offer) { ShowComparison(offer); };
   if (hooks_.traffic) AddDock(*new TrafficDock(form_, *hooks_.traffic, this), Qt::BottomDockWidgetArea);
-  resize(fontMetrics().averageCharWidth() * kMainLetters, fontMetrics().height() * kMainLines);
+  resize(FirstSize(*this));
   // Everything between the controls passes the mouse on, up to the form itself.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
   setMouseTracking(true);
@@ -147,10 +147,11 @@ void MainWindow::ShowModified() {
 
 void MainWindow::Measure() {
   const QRect desk = screen()->availableGeometry();
+  const QSize first = FirstSize(*this);
   form_.measures = {.menuBarHeight = Twips(menuBar()->sizeHint().height()),
                     .statusBarHeight = Twips(statusBar()->sizeHint().height()),
-                    .windowsWidth = Twips(fontMetrics().averageCharWidth() * kMainLetters),
-                    .windowsHeight = Twips(fontMetrics().height() * kMainLines),
+                    .windowsWidth = Twips(first.width()),
+                    .windowsHeight = Twips(first.height()),
                     .screenWidth = Twips(desk.width()),
                     .screenHeight = Twips(desk.height())};
 }

@@ -10,6 +10,7 @@
 
 #include "base/runtime_error.h"
 #include "gui/widgets/look.h"
+#include "gui/widgets/screen_fit.h"
 
 namespace marlinset {
 namespace {
@@ -59,7 +60,7 @@ class PreviewJob : public QtJob {
         failed = true;
       }
     });
-    const QSize natural(window.fontMetrics().averageCharWidth() * 120, window.fontMetrics().height() * 48);
+    const QSize natural = RoomForText(window, 120, 48);
     const QSize desk = window.screen()->availableSize();
     window.resize(natural.boundedTo(desk - QSize(0, 3 * window.fontMetrics().height())));  // the title bar
     window.exec();

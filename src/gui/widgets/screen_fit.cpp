@@ -10,6 +10,11 @@
 
 namespace marlinset {
 
+QSize RoomForText(const QWidget& widget, int letters, int lines) {
+  const QFontMetrics metrics = widget.fontMetrics();
+  return {metrics.averageCharWidth() * letters, metrics.height() * lines};
+}
+
 void BringIntoView(QWidget& widget) {
   if (!widget.isVisible()) return;
   for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {

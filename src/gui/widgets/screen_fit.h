@@ -10,8 +10,12 @@ class QWidget;
 
 namespace marlinset {
 
+/// Room for `lines` lines of `letters` average letters in the widget's font, which makes a window's first
+/// size grow with the desktop's text.
+QSize RoomForText(const QWidget& widget, int letters, int lines);
+
 /// Makes the window `size`, at most as large as the screen has room for inside a frame of these margins, and
-/// puts the frame's corner where it stands whole on the screen, as near to `corner` as possible.
+/// puts the frame's corner as near to `corner` as all of it can be seen.
 void StandOnScreen(QWidget& window, QPoint corner, QSize size, QMargins frame);
 
 /// Scrolls the surrounding area so that the widget is visible; does nothing on a hidden panel.
