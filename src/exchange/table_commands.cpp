@@ -24,14 +24,14 @@ namespace {
 
 constexpr std::string_view kCsvTables = "CSV tables";
 constexpr std::string_view kNothingPasted = "Nothing was pasted.";
-constexpr const char* kToPaste =
-    "What the clipboard holds are no parameters. Copy a table whose first line names its columns (Class, "
+constexpr const char* kHowToPaste =
+    "The clipboard holds no parameters. Copy a table whose first line names its columns (Class, "
     "Parameter, Description and Value), or numbers alone, one for each parameter that is selected here.";
 constexpr std::string_view kOnlyInTable = "only in the table";
 constexpr std::size_t kMostNamed = 20;  // rows in a box
 
-/// What a text from the clipboard is, by its first line: a table begins with names of columns, values alone
-/// begin with a number.
+/// What a text from the clipboard is, by its first line: that of a table has names of columns, that of values
+/// alone no letter.
 enum class Pasted { kTable, kValues, kProse };
 Pasted KindOf(std::string_view text) {
   const std::string line(text.substr(0, text.find_first_of("\r\n", text.find_first_not_of("\r\n "))));
@@ -81,7 +81,7 @@ TableImport TableCommands::ImportOf(std::string action, const TableContent& cont
 TableContent TableCommands::PasteOf(const std::string& text, std::span<const ParameterKey> selected) const {
   const Pasted kind = KindOf(text);
   if (kind == Pasted::kTable) return ReadTable(TableKind::kParameters, text, vars_, form_);
-  if (kind == Pasted::kProse) throw RuntimeError(kErrInvalidCall, std::string(kNothingPasted), kToPaste);
+  if (kind == Pasted::kProse) throw RuntimeError(kErrInvalidCall, std::string(kNothingPasted), kHowToPaste);
   const std::vector<int> values = ReadValues(text);
   const std::vector<int> rows = RowsOf(selected, vars_, form_);
   if (rows.empty() || (values.size() != 1 && values.size() != rows.size())) {

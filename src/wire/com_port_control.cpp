@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/text.h"
+
 namespace marlinset {
 namespace {
 
@@ -148,7 +150,7 @@ std::string ComPortControl::Trouble() const {
   if (IsWebServer()) return "a web server answers";
   for (std::size_t i = 0; agreed_ && i < kSettings; ++i) {
     if (confirmed_[i]) continue;
-    const std::string name = kPortSettings[i].name;
+    const std::string name = Quoted(kPortSettings[i].name);
     if (!instead_[i]) return "it does not confirm " + name;
     return "it does not take " + name + " (its answer: " + std::to_string(*instead_[i]) + ")";
   }

@@ -166,7 +166,7 @@ TEST_F(TablesTest, PastesTablesAndNumbersAndResets) {
       {"1\t2", 8, 11, "line 1: has several fields"},
       {"", 8, 11, "line 1: there is nothing to paste"},
       {"70000", 8, 11, "line 1: Value is \"70000\""},
-      {"Kind regards", 8, 11, "What the clipboard holds are no parameters."},
+      {"Kind regards", 8, 11, "The clipboard holds no parameters."},
       {"\x01\x02\"", 8, 11, "line 1: "},
       {copied, 80, 8, ""},
   };

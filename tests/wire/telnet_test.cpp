@@ -109,12 +109,12 @@ TEST(ComPortControl, IsReadyWhenTheServerHasConfirmedEachSetting) {
       {"a login", {255, 251, 1, 'l', 'o', 'g', 'i', 'n'}, State::kPending, "does not offer"},
       {"refused", kDont, State::kDoubtful, "refuses"},
       {"another speed", kDo + Answer({101, 0, 0, 37, 128}) + kFormat + kNoFlow, State::kDoubtful,
-       "does not take 57600 bits per second (its answer: 9600)"},
+       "does not take \"57600 bits per second\" (its answer: 9600)"},
       {"handshake", kDo + kSpeed + kFormat + Answer({105, 3}), State::kDoubtful,
-       "no flow control (its answer: 3)"},
-      {"no word on the speed", kDo + kFormat + kNoFlow, State::kPending, "does not confirm 57600"},
+       "\"no flow control\" (its answer: 3)"},
+      {"no word on the speed", kDo + kFormat + kNoFlow, State::kPending, "does not confirm \"57600"},
       {"answers that are cut", kDo + Answer({101, 0, 0, 225}) + Answer({101}) + kFormat + kNoFlow,
-       State::kPending, "does not confirm 57600"},
+       State::kPending, "does not confirm \"57600"},
       {"a flood", Bytes(70000, 'x'), State::kHopeless, "floods"},
   };
   for (const auto& c : kCases) {
@@ -135,7 +135,7 @@ TEST(ComPortControl, IsReadyWhenTheServerHasConfirmedEachSetting) {
   }
 }
 
-TEST(ComPortControl, SetsThePortOnlyBehindItsOwnWill) {
+TEST(ComPortControl, SetsThePortOnlyAfterItsOwnWill) {
   ComPortControl control;
   control.TakeOutput();
   control.Receive(kDont + kDo);

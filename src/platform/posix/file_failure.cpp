@@ -23,7 +23,7 @@ constexpr Reason kReasons[] = {
     {EPERM, kErrFileAccess, "There is no permission for it."},
     {EROFS, kErrFileAccess, "The disk can only be read."},
     {EISDIR, kErrFileAccess, "This is a folder."},
-    {EEXIST, kErrFileAccess, "Something stands there already."},
+    {EEXIST, kErrFileAccess, "That name is already taken."},
     {EIO, kErrFileAccess, "The disk reports a fault."},
     {ENOTDIR, kErrFileAccess, "A part of its path is no folder."},
     {ENAMETOOLONG, kErrFileAccess, "The name is too long."},
@@ -43,6 +43,11 @@ RuntimeError Failure(const std::string& path, int error) {
                                    [error](const Reason& reason) { return reason.error == error; });
   if (found != std::end(kReasons)) return Failure(found->number, path, found->words);
   return Failure(kErrFileAccess, path, std::generic_category().message(error) + ".");
+}
+
+/// A line each; the reason alone if no path is known.
+const std::string& PathAndReason(const RuntimeError& failure) {
+  return failure.Remedy().empty() ? failure.Description() : failure.Remedy();
 }
 
 }  // namespace
@@ -70,12 +75,12 @@ void RequireRegular(const std::string& path, const struct stat& status) {
 }
 
 std::string ReasonOf(const RuntimeError& failure) {
-  const std::string& text = failure.Remedy().empty() ? failure.Description() : failure.Remedy();
-  return text.substr(text.find('\n') + 1);  // all of it where no path goes before
+  const std::string& text = PathAndReason(failure);
+  return text.substr(text.find('\n') + 1);  // all of it without a path
 }
 
 std::string InOneLine(const RuntimeError& failure) {
-  std::string text = failure.Remedy().empty() ? failure.Description() : failure.Remedy();
+  std::string text = PathAndReason(failure);
   if (const auto lineBreak = text.find('\n'); lineBreak != std::string::npos)
     text.replace(lineBreak, 1, ": ");
   return text;

@@ -20,7 +20,7 @@ RuntimeError FileRefused(const std::string& path, const std::string& reason);
 /// Throws kErrFileAccess unless it is a regular file; folders, devices, pipes and sockets hold no content.
 void RequireRegular(const std::string& path, const struct stat& status);
 
-/// The reason alone, where the file has been named: "It is not there."
+/// The reason alone, for a message that names the file itself: "It is not there."
 std::string ReasonOf(const RuntimeError& failure);
 /// A file's failure in one line, for a terminal: the file and the reason.
 std::string InOneLine(const RuntimeError& failure);
