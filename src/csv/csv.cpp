@@ -46,9 +46,9 @@ char SeparatorOf(std::string_view text) {
   return std::ranges::max_element(found, {}, &std::pair<char, int>::second)->first;
 }
 
-/// Some spreadsheets write the separator into a line of its own in front of the table: its length with its
-/// end, 0 without it.
-std::size_t SeparatorLine(std::string_view text) {
+/// Some spreadsheets name the separator in a line of its own in front of the table. The length of that line
+/// with its end; 0 if there is none.
+std::size_t SeparatorLineLength(std::string_view text) {
   const std::string_view line = NextLine(text);
   const std::string_view rest = line.substr(std::min(line.size(), kSeparatorName.size()));
   const bool names = EqualNoCase(line.substr(0, kSeparatorName.size()), kSeparatorName) && !rest.empty() &&
@@ -150,7 +150,7 @@ TableError::TableError(std::size_t line, const std::string& reason)
 
 void ReadCsv(std::string_view text, const std::function<void(CsvRow& row)>& take) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  const std::size_t separatorLine = SeparatorLine(text);
+  const std::size_t separatorLine = SeparatorLineLength(text);
   Parser parser(separatorLine > 0 ? text[kSeparatorName.size()] : SeparatorOf(text));
   text.remove_prefix(separatorLine);
   RowCheck rows(take);

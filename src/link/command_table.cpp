@@ -357,7 +357,7 @@ std::string MessageText(std::string_view text) {
   return LeftOf(UpperOf(text), kMessageCharacters);
 }
 
-int MostLeftOf(std::string_view text) {
+int MaxLeftOf(std::string_view text) {
   return static_cast<int>(kMessageCharacters) - static_cast<int>(LengthOf(text));
 }
 

@@ -169,7 +169,7 @@ bool IsSendable(const SystemParameterRec& parameter);
 constexpr std::size_t kMessageCharacters = 32;
 /// The text message as the unit receives it: in capitals, cut to kMessageCharacters.
 std::string MessageText(std::string_view text);
-/// How far right a window with this text can begin.
-int MostLeftOf(std::string_view text);
+/// The column furthest to the right in which a window with this text can begin.
+int MaxLeftOf(std::string_view text);
 
 }  // namespace marlinset

@@ -71,8 +71,9 @@ std::vector<PendingMessage> WholeSend::Pending(const Progress& from) const {
   return messages;
 }
 
-/// The same, with what the sequence itself changes on its way: it writes the text message back in capitals,
-/// which runs the panel's rule. That limits the position of the text's window and sends in interactive mode.
+/// The pending messages as they will go. On its way the sequence writes the text message back in capitals,
+/// and the panel's rule then limits the position of the text's window and, in interactive mode, sends the
+/// message.
 std::vector<PendingMessage> WholeSend::Foreseen(const Progress& from) const {
   std::vector<PendingMessage> messages = Pending(from);
   const std::string capitals = MessageText(form_.tWinMess.Text());
@@ -81,7 +82,7 @@ std::vector<PendingMessage> WholeSend::Foreseen(const Progress& from) const {
   text->goesAnyway = commands_.Live();
   if (!form_.Visible() || !form_.udHor.Has(FrmStart::kTextWindowRow)) return messages;
   const SpinControl& horizontal = form_.udHor(FrmStart::kTextWindowRow);
-  const auto [least, most] = std::minmax({horizontal.Min(), MostLeftOf(capitals)});
+  const auto [least, most] = std::minmax({horizontal.Min(), MaxLeftOf(capitals)});
   const auto window = std::find_if(text, messages.end(), [](const PendingMessage& message) {
     return message.id == kWindow && message.row == FrmStart::kTextWindowRow;
   });

@@ -36,7 +36,7 @@ void SlateAndMessage::LimitToMessage() {
   if (!form_.Visible() || !form_.udHor.Has(FrmStart::kTextWindowRow)) return;
   SpinControl& horizontal = form_.udHor(FrmStart::kTextWindowRow);
   horizontal.SetProvisional(false);
-  horizontal.SetMax(MostLeftOf(form_.tWinMess.Text()));
+  horizontal.SetMax(MaxLeftOf(form_.tWinMess.Text()));
 }
 
 }  // namespace marlinset

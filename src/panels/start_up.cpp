@@ -73,9 +73,11 @@ void StartUp::DecideOperatingMode(const std::string& commandText) {
   vars_.OperatingMode = kDefaultOperatingMode;
   std::string note;
   if (!commandText.empty()) {
-    const OperatingModeRec* mode = FindOperatingMode(vars_, commandText);
-    if (mode) vars_.OperatingMode = mode->Name;
-    if (!mode) note = "(Default) Command Argument Ignored";
+    if (const OperatingModeRec* mode = FindOperatingMode(vars_, commandText)) {
+      vars_.OperatingMode = mode->Name;
+    } else {
+      note = "(Default) Command Argument Ignored";
+    }
   }
   form_.SetCaption(form_.Caption() + " - " + vars_.OperatingMode + note);
 }

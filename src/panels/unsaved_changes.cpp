@@ -49,7 +49,7 @@ std::optional<UnsavedChanges::Bytes> UnsavedChanges::Composition() const {
 }
 
 bool UnsavedChanges::Modified() const {
-  return stored_.wanted || !IsStored();
+  return stored_.saveMissed || !IsStored();
 }
 
 bool UnsavedChanges::IsStored() const {
@@ -73,7 +73,7 @@ void UnsavedChanges::CountAsStored(const ConfigurationFile::Copy& copy) {
 /// title may name a file that was never written.
 void UnsavedChanges::NoteRefused(SaveEnd end) {
   stored_.nowhere = stored_.nowhere || !file_.IsThere(stored_.copy);
-  stored_.wanted = stored_.wanted || end == SaveEnd::kFailed || IsStored();
+  stored_.saveMissed = stored_.saveMissed || end == SaveEnd::kFailed || IsStored();
   Look();
 }
 
@@ -89,7 +89,7 @@ void UnsavedChanges::CountAsUnsaved() {
 
 void UnsavedChanges::Look() {
   std::optional<Bytes> composition = Composition();
-  const bool modified = stored_.wanted || !IsStored(composition);
+  const bool modified = stored_.saveMissed || !IsStored(composition);
   const bool same = composition == seen_ && modified == seenModified_;
   seen_ = std::move(composition);
   seenModified_ = modified;

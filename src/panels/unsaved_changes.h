@@ -35,7 +35,7 @@ class UnsavedChanges {
     std::shared_ptr<const std::vector<std::uint8_t>> composition;  ///< null: of a value beyond any file
     ConfigurationFile::Copy copy = {};                             ///< the file that had it, if one had
     bool nowhere = false;                                          ///< in no file any more
-    bool wanted = false;  ///< a save since then has failed to store it, or may have renamed it
+    bool saveMissed = false;  ///< a save since then failed, or left a title that may name no file
   };
   const Stored& GetStored() const { return stored_; }
   /// Compares with what counted before.
@@ -44,8 +44,8 @@ class UnsavedChanges {
   /// Whether the panels hold something other than what was last stored, read or started with, or a save has
   /// not stored what it should have.
   bool Modified() const;
-  /// Whether they hold just that, and it can be had again. Unlike the mark of a failed save, this comes back
-  /// when the operator goes back.
+  /// Whether the panels hold what was last stored, read or started with, and it can be had again. Says so
+  /// again when undo leads back there, also after a failed save.
   bool IsStored() const;
 
   /// The composition has changed, or whether it is modified. Raised at once when it was stored or replaced,
