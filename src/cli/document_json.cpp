@@ -193,8 +193,8 @@ QcfRecord RecordOf(const QcfField& list, const Json& json, int version) {
   return record;
 }
 
-/// Where the text begins, counted from 1, that ends in a quotation mark before `end`. Marks inside it have a
-/// backslash before them.
+/// The byte, counted from 1, at which a text in quotation marks begins whose last mark is the byte `end`.
+/// Marks inside it have a backslash before them.
 std::size_t BeginOfText(std::string_view json, std::size_t end) {
   std::size_t mark = json.rfind('"', end - 2);
   while (mark > 0 && mark != std::string_view::npos && json[mark - 1] == '\\')

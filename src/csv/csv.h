@@ -27,11 +27,11 @@ class TableError : public std::runtime_error {
 inline constexpr std::size_t kMostCsvRows = 1'000'000;
 inline constexpr std::size_t kMostCsvColumns = 100;
 
-/// Reads a table and passes each row, the names of the columns first, to `take`, which may throw. Separator
-/// is a comma, a semicolon or a tab: the one that the first row has most of, or that a line "sep=;" in front
-/// of it names. Takes a byte order mark, fields in double quotes with separators, quotes and line ends in
-/// them, and lines that end in LF, CR LF or CR; a blank line is no row, and empty fields behind the last
-/// column that has a name are none. Throws TableError for text that is not UTF-8, zero bytes, quotes out of
+/// Reads a table and passes each row, the names of the columns first, to `take`, which may throw. The
+/// separator is a comma, a semicolon or a tab: the one that the first row has most of, or that a line "sep=;"
+/// in front of it names. Takes a byte order mark, fields in double quotes with separators, quotes and line
+/// ends in them, and lines that end in LF, CR LF or CR; a blank line is no row, and empty fields after the
+/// last named column are no fields. Throws TableError for text that is not UTF-8, zero bytes, quotes out of
 /// place, a row with another number of fields than the first, and too large a table.
 void ReadCsv(std::string_view text, const std::function<void(CsvRow& row)>& take);
 

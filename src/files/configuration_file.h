@@ -102,9 +102,9 @@ class ConfigurationFile {
     std::string place;  ///< as FileIdentity names it; empty for no file
     std::string mark;   ///< as KnownFiles::Mark
   };
-  /// Of the file named by the dialog.
+  /// That of the file which the dialog names.
   Copy CopyInUse() const;
-  /// Whether it can be read again. No file is always there.
+  /// Whether the file still holds it; true without a file.
   bool IsThere(const Copy& copy) const { return copy.place.empty() || known_.Holds(copy.place, copy.mark); }
 
  private:

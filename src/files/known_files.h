@@ -23,7 +23,7 @@ class KnownFiles {
   bool Knows(const std::string& name) const { return Find(name).has_value(); }
   /// Whether the file still holds what it held then.
   bool IsAsItWas(const std::string& name) const;
-  /// Whether the file holds what it held when it had this mark.
+  /// Whether the file now holds what it held when it had this mark.
   bool Holds(const std::string& name, const std::string& mark) const { return MarkNow(name) == mark; }
 
   /// Makes this the window's open file, whether or not it exists yet.

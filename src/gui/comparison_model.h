@@ -20,7 +20,7 @@ class ComparisonModel : public QAbstractItemModel {
   enum Column { kName, kHere, kThere, kColumns };
 
   explicit ComparisonModel(QObject* parent) : QAbstractItemModel(parent) {}
-  /// In pixels.
+  /// Of each row, in pixels.
   static int RowHeight();
 
   /// Another offer: its ticks are all on or all off.

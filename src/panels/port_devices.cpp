@@ -66,8 +66,8 @@ void PortDevices::Show() {
   platform_.dialogs.ShowModal(form);
 }
 
-/// Lists what a port can be given, with `named` as its choice. An address that is shown otherwise than it is
-/// written is a wrong one and stays so.
+/// Lists what a port can be given, with `named` as its choice. Only a wrong address
+/// is shown other than as it is written, and it stays wrong if it is kept as shown.
 void PortDevices::Fill(int port, const std::string& named) {
   const std::string device = IsAddress(named) ? ShownDevice(named) : named;
   std::vector<std::string> entries = platform_.portMap->Found();

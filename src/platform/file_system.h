@@ -65,8 +65,8 @@ class FileSystem {
   virtual void ChangeDirectory(const std::string& folder) = 0;
 };
 
-/// A path counted from the folder of now, since file dialogs take the tool to other folders. One that has no
-/// absolute form stays as it is; opening it reports what is wrong.
+/// The absolute form of a path, from the current folder: file dialogs take the tool to other folders. A path
+/// that has none stays as it is; opening it reports what is wrong.
 std::string AbsolutePath(const std::string& path);
 
 /// Position of the last folder separator in `path`, npos without one. A backslash separates on every system,

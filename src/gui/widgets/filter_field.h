@@ -7,11 +7,11 @@
 namespace marlinset {
 
 /// A field above a list that hides the rows without what is typed. Enter and the down arrow lead to the list.
-/// Esc empties it, and once more leads to the list; in a dialog it closes that.
+/// Esc empties the field; in an empty one it leads to the list, or closes the dialog.
 class FilterField : public QLineEdit {
   Q_OBJECT
  public:
-  /// `spokenName` is what a screen reader calls it.
+  /// `name` is the object's, `spokenName` what a screen reader says.
   FilterField(const QString& name, const QString& spokenName, QWidget* parent);
 
   /// These keys lead here from anywhere in the window of `scope`, while that can be seen.

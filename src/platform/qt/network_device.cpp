@@ -67,7 +67,7 @@ RuntimeError UnknownHost(const DeviceAddress& address, bool unanswered) {
           "Check the spelling of the name, or write the address in numbers."};
 }
 
-/// The first line that a server says before its port is open; empty if that is nothing to show.
+/// The first line of what a server says before its port is open; empty unless it is plain text.
 std::string FirstLine(const std::string& said) {
   std::string line = said.substr(std::min(said.find_first_not_of("\r\n"), said.size()));
   line.erase(std::min(line.find_first_of("\r\n"), line.size()));
