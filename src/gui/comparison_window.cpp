@@ -26,7 +26,7 @@ namespace marlinset {
 namespace {
 
 /// Rows of the list that the smallest window shows.
-constexpr int kLeastRows = 8;
+constexpr int kLeastValues = 8;
 // First widths of the columns.
 constexpr int kNameLetters = 60;
 constexpr int kValueLetters = 32;
@@ -108,7 +108,7 @@ QTreeView* ComparisonWindow::MakeTree() {
   tree->setAllColumnsShowFocus(true);
   tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
   tree->header()->setStretchLastSection(true);
-  tree->setMinimumHeight(tree->header()->sizeHint().height() + kLeastRows * ComparisonModel::RowHeight());
+  tree->setMinimumHeight(tree->header()->sizeHint().height() + kLeastValues * ComparisonModel::RowHeight());
   connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, &ComparisonWindow::NotePlace);
   connect(model_, &QAbstractItemModel::modelReset, this, &ComparisonWindow::FindPlace);
   const auto note = [this](const QModelIndex& group) {

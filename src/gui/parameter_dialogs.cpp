@@ -31,8 +31,8 @@ std::unique_ptr<QDialog> MakeWindow(const Form& form, QWidget* parent) {
   return window;
 }
 
-QPushButton* AddButton(QDialogButtonBox& box, QDialogButtonBox::ButtonRole role, Button& control,
-                       char mnemonic) {
+QPushButton* AddBoundButton(QDialogButtonBox& box, QDialogButtonBox::ButtonRole role, Button& control,
+                            char mnemonic) {
   auto* button = new QPushButton(&box);
   box.addButton(button, role);
   Bind(*button, control, mnemonic);
@@ -61,8 +61,8 @@ std::unique_ptr<QDialog> MakeEditWindow(FrmEditParameters& form, QWidget* parent
   all->addLayout(rows);
   all->addWidget(MakeLabel(QStringLiteral("A number that is left empty becomes 0."), window.get()));
   auto* buttons = new QDialogButtonBox(window.get());
-  AddButton(*buttons, QDialogButtonBox::ApplyRole, form.cmdUpdate, 'U')->setDefault(true);
-  AddButton(*buttons, QDialogButtonBox::RejectRole, form.cmdDone, 'C');
+  AddBoundButton(*buttons, QDialogButtonBox::ApplyRole, form.cmdUpdate, 'U')->setDefault(true);
+  AddBoundButton(*buttons, QDialogButtonBox::RejectRole, form.cmdDone, 'C');
   all->addSpacing(SpaceUnit(*window));
   all->addWidget(buttons);
   all->setSizeConstraint(QLayout::SetFixedSize);
@@ -120,8 +120,8 @@ std::unique_ptr<QDialog> MakeDeleteWindow(FrmDeleteParameter& form, QWidget* par
   all->addWidget(label);
   all->addWidget(list, 1);
   auto* buttons = new QDialogButtonBox(window.get());
-  AddButton(*buttons, QDialogButtonBox::DestructiveRole, form.Command2, 'D')->setAutoDefault(false);
-  AddButton(*buttons, QDialogButtonBox::RejectRole, form.Command1, 'C')->setDefault(true);
+  AddBoundButton(*buttons, QDialogButtonBox::DestructiveRole, form.Command2, 'D')->setAutoDefault(false);
+  AddBoundButton(*buttons, QDialogButtonBox::RejectRole, form.Command1, 'C')->setDefault(true);
   all->addWidget(buttons);
   return window;
 }

@@ -20,18 +20,18 @@ constexpr int kMarkReach = 6;
 
 /// A frame around a window. Marks lie on any still, so their colours do not follow the desktop's: a bright
 /// line inside a black one.
-struct Mark {
+struct WindowMark {
   double distance;  ///< from the window to the middle of the line, in pixels
   QRgb color;
   double width;  ///< of the bright line, in pixels
   Qt::PenStyle style;
 };
 constexpr QRgb kSelectedColor = 0xFFFFD83D;
-constexpr Mark kFaultyMark{0.5, 0xFFFF5A50, 2, Qt::DashLine};
-constexpr Mark kHoverMark{2, 0xFFFFFFFF, 1, Qt::SolidLine};
-constexpr Mark kSelectedMark{3, kSelectedColor, 1, Qt::SolidLine};
-constexpr Mark kFocusMark{3, kSelectedColor, 2, Qt::SolidLine};
-constexpr Mark kGhostMark{1.5, kSelectedColor, 1, Qt::DashLine};
+constexpr WindowMark kFaultyMark{0.5, 0xFFFF5A50, 2, Qt::DashLine};
+constexpr WindowMark kHoverMark{2, 0xFFFFFFFF, 1, Qt::SolidLine};
+constexpr WindowMark kSelectedMark{3, kSelectedColor, 1, Qt::SolidLine};
+constexpr WindowMark kFocusMark{3, kSelectedColor, 2, Qt::SolidLine};
+constexpr WindowMark kGhostMark{1.5, kSelectedColor, 1, Qt::DashLine};
 /// Black on both sides of the bright line, in pixels.
 constexpr double kMarkEdge = 1;
 
@@ -62,7 +62,7 @@ void FillFrame(QPainter& painter, const QRectF& around, const QColor& color, dou
   fill({outer.right() - width, outer.top(), width, outer.height()}, false);
 }
 
-void PaintMark(QPainter& painter, const QRectF& area, const Mark& mark) {
+void PaintMark(QPainter& painter, const QRectF& area, const WindowMark& mark) {
   const QRectF around = Grown(area, mark.distance);
   FillFrame(painter, around, Qt::black, mark.width + 2 * kMarkEdge, false);
   FillFrame(painter, around, QColor(mark.color), mark.width, mark.style == Qt::DashLine);
@@ -274,7 +274,7 @@ void PictureCanvas::PaintWindows(QPainter& painter, const CellGrid& grid, const 
 }
 
 void PictureCanvas::PaintMarks(QPainter& painter) const {
-  const auto paint = [&](int row, const Mark& mark) {
+  const auto paint = [&](int row, const WindowMark& mark) {
     if (const PlannedWindow* window = Seen(row)) PaintMark(painter, RectOf(window->place), mark);
   };
   for (const int row : faulty_) paint(row, kFaultyMark);

@@ -14,7 +14,7 @@
 namespace marlinset {
 namespace {
 
-constexpr int kIconLines = 5;
+constexpr int kSplashIconLines = 5;
 constexpr double kTitleScale = 1.6;
 
 }  // namespace
@@ -32,7 +32,8 @@ SplashWindow::SplashWindow(FrmSplash& form, std::function<void()> skip)
   row->setSpacing(2 * line);
   auto* picture = new QLabel(this);
   picture->setObjectName(Shown(form.Image1.FullName()));
-  picture->setPixmap(ProgramIcon().pixmap(QSize(kIconLines * line, kIconLines * line), devicePixelRatioF()));
+  picture->setPixmap(
+      ProgramIcon().pixmap(QSize(kSplashIconLines * line, kSplashIconLines * line), devicePixelRatioF()));
   row->addWidget(picture);
   auto* texts = new QVBoxLayout;
   auto* title = new QLabel(ShownLiteral(std::string(kProgramTitle)), this);

@@ -22,7 +22,7 @@
 namespace marlinset {
 namespace {
 
-constexpr auto kModels = std::to_array<std::string_view>({"SD7340", "HD7340", "HDSD7340", "HD7340Q"});
+constexpr auto kModelNames = std::to_array<std::string_view>({"SD7340", "HD7340", "HDSD7340", "HD7340Q"});
 /// What panel 1 may show after the last exchange while the link is healthy. A Nak counts as healthy: the unit
 /// is alive, and whoever sent the command has reported it.
 constexpr auto kHealthy = std::to_array<std::string_view>({"Firmware", "", kNakText, kAckText});
@@ -104,7 +104,7 @@ void InteractiveMode::Enter() {
   form_.bGetID.Press();  // opens the port
   comms_.ReceivePacket();
   const bool identified =
-      platform_.ComP1.PortOpen() && Contains(kModels, form_.StatBar(FrmStart::kModelPanel).Text());
+      platform_.ComP1.PortOpen() && Contains(kModelNames, form_.StatBar(FrmStart::kModelPanel).Text());
   // A send in progress starts the poll when it ends, as every send does in this mode.
   form_.SetInteractive(identified, identified && !wholeSend_.Running());
   if (!identified) {

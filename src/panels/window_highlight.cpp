@@ -10,7 +10,7 @@
 namespace marlinset {
 namespace {
 
-constexpr int kRestMs = 250;
+constexpr int kHighlightRestMs = 250;
 
 }  // namespace
 
@@ -51,7 +51,7 @@ void WindowHighlight::ConnectSurroundings() {
 void WindowHighlight::Rest(int row) {
   form_.Timer1.SetEnabled(false);
   restingRow_ = row;
-  form_.Timer1.SetInterval(kRestMs);
+  form_.Timer1.SetInterval(kHighlightRestMs);
   form_.Timer1.SetEnabled(true);
 }
 
