@@ -116,9 +116,10 @@ bool WholeSend::Running() const {
   return comms_.InSend();
 }
 
+/// While the characters are off for the font size, a stop waits: nobody wants them to stay off on air.
 bool WholeSend::GoesOn() {
-  stopped_ = stopped_ || stopPressed_ || platform_.pump.Ending() || comms_.LostInSend() ||
-             (stopRequested && stopRequested());
+  stopped_ = stopped_ || platform_.pump.Ending() || comms_.LostInSend() ||
+             (!progress_.offForSize && (stopPressed_ || (stopRequested && stopRequested())));
   return !stopped_;
 }
 
@@ -296,7 +297,11 @@ void WholeSend::SendParameters() {
 }
 
 void WholeSend::RunSteps(std::span<const SendStep> steps, std::size_t& place) {
-  while (place < steps.size() && GoesOn()) RunStep(steps[place++]);
+  while (place < steps.size() && GoesOn()) {
+    const SendStep& step = steps[place++];
+    RunStep(step);
+    if (step.command == kCharOnForSize) progress_.offForSize = false;
+  }
 }
 
 void WholeSend::RunStep(const SendStep& step) {
@@ -306,6 +311,7 @@ void WholeSend::RunStep(const SendStep& step) {
   Marked(form_, marks.All(), [&] {
     if (command == kCharOffForSize || command == kCharOnForSize) {
       // The menu does not show the momentary Off that hides the change of the font size.
+      progress_.offForSize = command == kCharOffForSize;
       commands_.SendCharInserter(*command, Sender::kWholeSend, true);
     } else {
       commands_.Send(*command, Sender::kWholeSend);

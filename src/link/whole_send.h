@@ -67,8 +67,9 @@ struct UnheldMessage {
 /// firmware relies on. First brings the video standards of unit and configuration together; after that,
 /// reports each missing acknowledgement and carries on. If the device goes away, the send ends with one box
 /// that says how far it got. "Send Changes" does the same, but passes over each message that the unit holds
-/// as it is. "Stop" ends either after the message under way, with one box that says what of the setup the
-/// unit holds. Connects to `bSConfig`, `bSChanges` and `bStop`.
+/// as it is. "Stop" ends either after the message under way, while the characters are off for the font size
+/// only once they are on again, with one box that says what of the setup the unit holds. Connects to
+/// `bSConfig`, `bSChanges` and `bStop`.
 class WholeSend {
  public:
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
@@ -76,7 +77,8 @@ class WholeSend {
 
   /// Whether a send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
   bool Running() const;
-  /// Whether the operator has stopped the send in progress; the message under way is its last.
+  /// Whether the operator has stopped the send in progress; the message under way is its last, but the
+  /// characters come on again after a change of the font size.
   bool Stopping() const { return Running() && stopPressed_; }
   /// The result of the last send, or of the one in progress so far.
   const SendResult& Result() const { return result_; }
@@ -96,7 +98,7 @@ class WholeSend {
   /// not fit its byte.
   void SendChangesOf(const std::function<void()>& change);
 
-  /// Asked between two messages. True ends the send there, with everything enabled again.
+  /// Asked between two messages. True ends the send as Stop does, but without a box.
   std::function<bool()> stopRequested;
 
  private:
@@ -110,7 +112,8 @@ class WholeSend {
     bool behindText = false;  ///< a window's text is being sent, the window itself is next
     bool slate = false;
     bool closing = false;
-    bool sizeGoes = false;  ///< the font size is sent, and the inserter's off and on around it
+    bool sizeGoes = false;    ///< the font size is sent, and the inserter's off and on around it
+    bool offForSize = false;  ///< the inserter's off has gone out, its on has not
   };
 
   void Count(const SentMessage& message);

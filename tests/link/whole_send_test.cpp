@@ -247,6 +247,13 @@ struct Incident {
   Texts boxes;
 };
 
+void Stop(LinkRig& rig) {
+  rig.form.bStop.OperatorClick();
+}
+void StopByScript(LinkRig& rig) {
+  rig.wholeSend.stopRequested = [] { return true; };
+}
+
 /// Nobody is asked about a setup that will not be sent.
 void StopAtOtherStandards(LinkRig& rig) {
   rig.vars.UnitStandardText = "PAL";
@@ -258,23 +265,32 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
   Texts refused(framed.size() - 6, kClosed);
   refused.emplace_back(kSilent);
   const std::size_t all = framed.size();
-  const auto stoppedAfter = [all](int messages) {
+  const Texts fields = Sequence().fields;
+  const std::size_t prologue = 2;
+  const auto offForSize =
+      static_cast<std::size_t>(std::ranges::find(fields, "2 8 34 0") - fields.begin()) + prologue + 1;
+  const std::size_t onAgain = offForSize + 2;
+  const auto stoppedAfter = [all](std::size_t messages) {
     return "The send was stopped after " + std::to_string(messages) + " of " + std::to_string(all) +
            " messages.";
   };
   const Incident kIncidents[] = {
       {0, [](LinkRig& rig) { rig.line.SetPorts({}); }, 0, kPortClosed, {"There is no such device."}},
       {0, [](LinkRig& rig) { rig.line.Unit().SetStandard(0); }, 2, kNotDetected, {kSilent}},
-      {1, [](LinkRig& rig) { rig.wholeSend.stopRequested = [] { return true; }; }, 1, kStopped, {}},
+      {1, StopByScript, 1, kStopped, {}},
       {6, [](LinkRig& rig) { rig.form.bSConfig.Press(); }, all, kComplete, {}},
       {6, [](LinkRig& rig) { rig.form.lDesc.Unload(2); }, all, kComplete, {}},
       {6, [](LinkRig& rig) { rig.form.bClose.Press(); }, 6, kNotConfirmed, refused},
       {6, [](LinkRig& rig) { rig.pump.End(); }, 6, kStopped, {}},
-      {6, [](LinkRig& rig) { rig.wholeSend.stopRequested = [] { return true; }; }, 6, kStopped, {}},
-      {1, [](LinkRig& rig) { rig.form.bStop.OperatorClick(); }, 1, kStopped, {stoppedAfter(1)}},
+      {6, StopByScript, 6, kStopped, {}},
+      {1, Stop, 1, kStopped, {stoppedAfter(1)}},
       {2, StopAtOtherStandards, 2, kStopped, {stoppedAfter(2)}},
-      {6, [](LinkRig& rig) { rig.form.bStop.OperatorClick(); }, 6, kStopped, {stoppedAfter(6)}},
-      {all, [](LinkRig& rig) { rig.form.bStop.OperatorClick(); }, all, kComplete, {}},
+      {6, Stop, 6, kStopped, {stoppedAfter(6)}},
+      {offForSize, Stop, onAgain, kStopped, {stoppedAfter(onAgain)}},
+      {offForSize + 1, Stop, onAgain, kStopped, {stoppedAfter(onAgain)}},
+      {offForSize, StopByScript, onAgain, kStopped, {}},
+      {offForSize, [](LinkRig& rig) { rig.line.Vanish(); }, offForSize, kPortClosed, {kClosed}},
+      {all, Stop, all, kComplete, {}},
       {6, [](LinkRig& rig) { rig.vars.CodeSources[3].GenNumber = 256; }, 12, kFailed, {"6  Overflow"}},
       {1, [](LinkRig& rig) { rig.line.Vanish(); }, 1, kPortClosed, {kClosed}},
       {2, [](LinkRig& rig) { rig.line.Vanish(); }, 2, kPortClosed, {kClosed}},
