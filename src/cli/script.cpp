@@ -349,7 +349,7 @@ Json Script::Changes(const ScriptLine& /*line*/) {
   const bool known = tool_.held.Known();
   Json changes = Json::array();
   if (known) {
-    for (const auto& [message, controls] : tool_.wholeSend.Changes()) {
+    for (const auto& [message, controls, isChange] : tool_.wholeSend.Changes()) {
       changes.push_back({{"meaning", message.meaning}, {"hex", HexOf(EncodeFrame(BytesOf(message.fields)))}});
     }
   }

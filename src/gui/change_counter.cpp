@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/change_counter.h"
 
+#include <algorithm>
+
 #include "core/frm_start.h"
 #include "gui/widgets/look.h"
 #include "link/held_settings.h"
@@ -49,7 +51,7 @@ void ChangeCounter::Look() {
   form_.ListenAgain();
   if (send_.Running()) return;
   const std::vector<UnheldMessage> changes = held_.Known() ? send_.Changes() : std::vector<UnheldMessage>();
-  setText(CountText(changes.size()));
+  setText(CountText(static_cast<std::size_t>(std::ranges::count_if(changes, &UnheldMessage::isChange))));
   Counted.Emit(changes);
 }
 

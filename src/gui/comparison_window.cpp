@@ -28,7 +28,7 @@ namespace {
 /// Rows of the list that the smallest window shows.
 constexpr int kLeastValues = 8;
 // First widths of the columns.
-constexpr int kNameLetters = 60;
+constexpr int kNameLetters = 56;
 constexpr int kValueLetters = 32;
 /// How long the panels rest before they are compared again.
 constexpr int kLookMs = 100;
@@ -63,7 +63,7 @@ ComparisonWindow::ComparisonWindow(FrmStart& form, CompareCommand& command, QWid
   rows->addWidget(tree_ = MakeTree(), 1);
   rows->addLayout(MakeBottom());
   connect(model_, &ComparisonModel::Changed, this, &ComparisonWindow::ShowState);
-  resize(RoomForText(*this, 120, 36));
+  resize(RoomForText(*this, 130, 36));
   new ScreenFit(*this);
 }
 

@@ -57,10 +57,11 @@ struct PendingMessage {
   std::optional<int> left = {};  ///< as MessageSource has it
 };
 
-/// A message that the unit does not hold, and the controls whose values it carries.
+/// A message that Send Changes would send, and the controls whose values it carries.
 struct UnheldMessage {
   Message message;
   std::vector<ControlName> controls;  ///< that differ, as far as a screen can mark them
+  bool isChange = true;               ///< false: repeats what the unit holds, or ends a highlight
 };
 
 /// "Send Setup": sends the whole configuration to the unit, message by message, in the order that the unit's

@@ -136,8 +136,11 @@ std::vector<UnheldMessage> WholeSend::Changes() const {
   for (const PendingMessage& pending : ChangesIn(Foreseen({}), held_.Messages(), false)) {
     Message message = MessageFor(pending);
     const auto held = held_.Messages().LastFor(message.fields);
-    auto controls = UnheldControls(pending.id, pending.row, BytesOf(message.fields), held);
-    changes.push_back({std::move(message), std::move(controls)});
+    const std::vector<std::uint8_t> bytes = BytesOf(message.fields);
+    const bool isChange = !pending.endsHighlight && !std::ranges::equal(bytes, held);
+    auto controls =
+        isChange ? UnheldControls(pending.id, pending.row, bytes, held) : std::vector<ControlName>();
+    changes.push_back({std::move(message), std::move(controls), isChange});
   }
   return changes;
 }

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QLabel>
 #include <QTableView>
 
 #include "gui/parameter_model.h"
@@ -42,6 +43,13 @@ TEST(ChangeMarks, AreOnTheFieldsThatTheUnitDoesNotHold) {
   form.bSChanges.OperatorClick();
   EXPECT_EQ(marked(), "");
   EXPECT_FALSE(list.index(0, ParameterModel::kValue).data(ParameterModel::kUnheldRole).toBool());
+
+  // The unit has acknowledged it, though a send would write the message in capitals and send it again.
+  form.mnuInter.OperatorClick();
+  form.tWinMess.OperatorType("take 7");
+  EXPECT_FALSE(studio.tool.wholeSend.Changes().empty());
+  EXPECT_EQ(marked(), "");
+  EXPECT_EQ(desk.Window().findChild<QLabel*>("Changes")->text(), "");
 }
 
 }  // namespace
