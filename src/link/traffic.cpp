@@ -47,7 +47,7 @@ Traffic::Traffic(const TimerQueue& clock, Communications& communications, Settin
     : clock_(clock),
       frames_(communications.FrameSent, [this](std::span<const std::uint8_t> frame) { NoteSent(frame); }),
       bytes_(communications.BytesRead, [this](std::span<const std::uint8_t> bytes) { NoteRead(bytes); }),
-      waits_(communications.WaitOver, [this] { EndQuery(); }),
+      waits_(communications.WaitOver, [this] { EndWait(); }),
       messages_(commands.MessageSent, [this](const SentMessage& message) { NoteMessage(message); }),
       verdicts_(commands.VerdictChanged,
                 [this](const SentMessage& message, Verdict) { NoteVerdict(message); }) {}
@@ -68,6 +68,8 @@ Traffic::OwnRow Traffic::Add(bool sent, std::span<const std::uint8_t> bytes) {
 }
 
 void Traffic::NoteSent(std::span<const std::uint8_t> frame) {
+  const TrafficRow* const query = AwaitingQuery();
+  repeated_ = query && !repeated_ && std::ranges::equal(query->bytes, frame);
   EndQuery();
   const OwnRow row = Add(true, frame);
   const std::vector<PacketField> fields = FieldsIn(frame);
@@ -141,6 +143,11 @@ void Traffic::NoteReply(TrafficRow& row) {
   Amend(*query);
 }
 
+/// The tool repeats a query at the end of its wait, so the answer to the repeat comes after the wait.
+void Traffic::EndWait() {
+  if (!repeated_) EndQuery();
+}
+
 /// What has not been answered by now no longer is. For queries only: settings have a verdict.
 void Traffic::EndQuery() {
   TrafficRow* const query = AwaitingQuery();
@@ -167,7 +174,7 @@ void Traffic::NoteMessage(const SentMessage& message) {
     row.answer = TrafficAnswer::kNotSent;
   } else if (!message.verdict) {
     row.answer = TrafficAnswer::kNone;
-  } else if (!row.poll || row.answer == TrafficAnswer::kAwaited) {
+  } else if (!row.poll || (row.answer == TrafficAnswer::kAwaited && !repeated_)) {
     row.answer = AnswerFor(*message.verdict);
   }
   Amend(row);

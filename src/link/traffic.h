@@ -52,7 +52,8 @@ std::array<std::string, kTrafficColumns> TrafficHeads();
 std::string TrafficText(const TrafficRow& row, std::size_t column);
 
 /// Records what goes over the line from its construction to its end: each message that leaves, each piece of
-/// what comes. A row for a message is completed when its answer has come or its wait is over. Keeps the
+/// what comes. A row for a message is completed when its answer has come or its wait is over, that
+/// of a repeated query when the next message leaves. Keeps the
 /// latest kMostRows rows; who holds a row longer keeps it unchanged.
 class Traffic {
  public:
@@ -80,6 +81,7 @@ class Traffic {
   void NoteReply(TrafficRow& row);
   void NoteMessage(const SentMessage& message);
   void NoteVerdict(const SentMessage& message);
+  void EndWait();
   void EndQuery();
   TrafficRow* AwaitingQuery();
   void Amend(const TrafficRow& row) { Changed.Emit(row.number); }
@@ -89,6 +91,7 @@ class Traffic {
   std::int64_t count_ = 0;
   std::deque<OwnRow> open_;  ///< sent rows without a message yet, the latest last
   OwnRow latest_;            ///< the latest one that was sent
+  bool repeated_ = false;    ///< it repeats the query before, which nobody had answered
   OwnRow judged_;            ///< the latest one with a message
   Listening<std::span<const std::uint8_t>> frames_;
   Listening<std::span<const std::uint8_t>> bytes_;

@@ -11,6 +11,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
+using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 /// All but the time, separated by bars.
@@ -55,9 +57,21 @@ TEST_F(TrafficTest, SaysOfEachMessageWhatItMeansAndWhatBecameOfIt) {
     EXPECT_THAT(Take(), ElementsAreArray(expected));
   }
   comms.ReplyWait(FieldsOf(CommandId::kVideoSense));
-  const std::string unanswered = "To unit | Video status? | 15 0 52 | 02 03 0F 00 34 BA | no answer";
-  EXPECT_THAT(Take(), ElementsAre(unanswered, unanswered)) << "asked again";
+  const std::string query = "To unit | Video status? | 15 0 52 | 02 03 0F 00 34 BA | ";
+  const Traffic::Row repeat = traffic->At(1);
+  EXPECT_THAT(Take(), ElementsAre(query + "no answer", query + "awaited")) << "asked again";
   line.Unit().Faults().mute = false;
+  comms.SendUnanswered();
+  EXPECT_EQ(repeat->answer, TrafficAnswer::kMissing) << "the next message has left";
+  traffic->Clear();
+  line.Unit().Faults().corrupt = 1;
+  comms.ReplyWait(FieldsOf(CommandId::kVideoSense));
+  pump.Pass(0);
+  const std::vector<std::string> asked = Take();
+  ASSERT_EQ(asked.size(), 4U) << testing::PrintToString(asked);
+  EXPECT_THAT(asked[1], HasSubstr("wrong checksum"));
+  EXPECT_EQ(asked[2], query + "0 ms");
+  EXPECT_THAT(asked[3], Not(HasSubstr("unasked")));
   commands.Send(CommandId::kAutoSelection, Sender::kPanel);
   EXPECT_THAT(Take().front(), StartsWith("To unit | Automatic selection of the standard | 15 0 192 0 0 0"));
 }
