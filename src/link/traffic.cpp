@@ -123,10 +123,11 @@ void Traffic::NoteAnswer(TrafficRow& row) {
   TrafficRow* const query = AwaitingQuery();
   row.poll = query && answer == kLocalMode;
   if (!row.poll && latest_->poll) return;
+  const bool late = latest_->answer == TrafficAnswer::kMissing;
+  if (late && answer != kAck) return;
   latest_->answeredAfterMs = static_cast<int>(row.milliseconds - latest_->milliseconds);
-  if (!row.poll) return;
-  latest_->answer = TrafficAnswer::kRefused;
-  Amend(*latest_);
+  if (row.poll) latest_->answer = TrafficAnswer::kRefused;
+  if (row.poll || late) Amend(*latest_);
 }
 
 void Traffic::NoteReply(TrafficRow& row) {

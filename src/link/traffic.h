@@ -25,7 +25,7 @@ enum class TrafficAnswer : std::uint8_t {
   kAwaited,   ///< it may still come
   kAnswered,  ///< acknowledged; a query: by its reply
   kRefused,
-  kMissing,
+  kMissing,  ///< none came within its wait; `answeredAfterMs` if it was acknowledged later
   kUncertain,
   kNotSent,  ///< the bytes did not leave
 };

@@ -39,18 +39,19 @@ std::string BytesText(const TrafficRow& row) {
 }
 
 std::string AnswerText(const TrafficRow& row) {
+  const bool known = row.answeredAfterMs != TrafficRow::kUnknownMs;
+  const std::string after = std::to_string(row.answeredAfterMs) + " ms";
   switch (row.answer) {
     case TrafficAnswer::kNone:
       return {};
     case TrafficAnswer::kAwaited:
       return "awaited";
     case TrafficAnswer::kAnswered:
-      return row.answeredAfterMs == TrafficRow::kUnknownMs ? "yes"
-                                                           : std::to_string(row.answeredAfterMs) + " ms";
+      return known ? after : "yes";
     case TrafficAnswer::kRefused:
       return "refused";
     case TrafficAnswer::kMissing:
-      return "no answer";
+      return known ? "late, " + after : "no answer";
     case TrafficAnswer::kUncertain:
       return "uncertain";
     case TrafficAnswer::kNotSent:

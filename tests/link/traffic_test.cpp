@@ -11,6 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -56,6 +57,14 @@ TEST_F(TrafficTest, SaysOfEachMessageWhatItMeansAndWhatBecameOfIt) {
     expected.insert(expected.end(), c.came.begin(), c.came.end());
     EXPECT_THAT(Take(), ElementsAreArray(expected));
   }
+  commands.Send(CommandId::kVitcOn, Sender::kWholeSend);
+  pump.Pass(51);
+  const Traffic::Row late = traffic->At(0);
+  Receive({kNak});
+  EXPECT_THAT(LineOf(*late), EndsWith("no answer"));
+  Receive({kAck});
+  EXPECT_THAT(LineOf(*late), EndsWith("late, 151 ms"));
+  traffic->Clear();
   comms.ReplyWait(FieldsOf(CommandId::kVideoSense));
   const std::string query = "To unit | Video status? | 15 0 52 | 02 03 0F 00 34 BA | ";
   const Traffic::Row repeat = traffic->At(1);
