@@ -53,7 +53,7 @@ void AddVitcSource(const MessageSource& source, Message& message) {
   const int option = source.form.vitcModes.Selected();
   if (source.sender == Sender::kWholeSend && option != kNoIndex) lines = option + 1;
   message.fields.push_back(lines);
-  if (option != kNoIndex) message.meaning += ": " + std::to_string(option + 1);
+  message.meaning += ": " + (lines ? std::to_string(*lines) : "not given");
 }
 
 void AddVitcLines(const MessageSource& source, Message& message) {

@@ -47,6 +47,8 @@ struct FromPanels : testing::Test, LinkRig {
 };
 
 TEST_F(FromPanels, ComeNumbersAndTexts) {
+  const SettingCommand& vitcSource = CommandOf(CommandId::kVitcSource);
+  EXPECT_EQ(MessageOf(vitcSource, {form, vars, Sender::kPanel}).meaning, "Number of VITC lines: not given");
   form.upVitc1(1).SetValue(-14);
   form.upVitc1(7).SetValue(-36);
   EXPECT_EQ(Sends(kVitcLines), "1 5 163 14 34 15 35 16 36");
