@@ -46,8 +46,8 @@ std::string TextOf(const Share& share) {
 
 }  // namespace
 
-/// How many of the setup's settings the unit holds, in all and by area. Where several messages set one thing,
-/// the last decides.
+/// How many of the setup's settings the unit holds, in all and by area, and what to do about the rest. Where
+/// several messages set one thing, the last decides.
 std::string WholeSend::HeldText() const {
   Share whole;
   std::array<Share, kAreas> areas;
@@ -67,18 +67,18 @@ std::string WholeSend::HeldText() const {
   for (std::size_t area = 0; area < areas.size(); ++area) {
     if (areas[area].all > 0) text += std::string(kAreaNames[area]) + ": " + TextOf(areas[area]) + "\n";
   }
-  return text;
+  if (whole.held == whole.all) return text + "Only the closing check is missing.";
+  return text +
+         (held_.Known() ? "Press Send Changes to send the rest." : "Press Send Setup to send all of it.");
 }
 
 /// The one box of a send that the operator stopped.
 void WholeSend::TellStop() {
   if (platform_.pump.Ending()) return;
-  const char* next =
-      held_.Known() ? "Press Send Changes to send the rest." : "Press Send Setup to send all of it.";
   platform_.dialogs.Show({.text = "The send was stopped after " + std::to_string(result_.messages) + " of " +
                                   std::to_string(result_.planned) + " messages.",
                           .icon = BoxIcon::kInformation,
-                          .remedy = HeldText() + next});
+                          .remedy = HeldText()});
 }
 
 }  // namespace marlinset

@@ -365,6 +365,11 @@ TEST(WholeSend, SaysWhatTheUnitHoldsAfterAStop) {
   EXPECT_EQ(rest.front().message.fields.at(2), 36) << "the slate's duration comes later";
   EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::EndsWith("Press Send Changes to send the rest."));
   EXPECT_TRUE(rig.form.bSChanges.Enabled());
+
+  stopAfter = all - 1;
+  rig.form.bSConfig.OperatorClick();
+  EXPECT_EQ(rig.wholeSend.Result().end, kStopped);
+  EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::EndsWith("\nOnly the closing check is missing."));
 }
 
 }  // namespace
