@@ -157,7 +157,7 @@ void PanelSetup::InitLines() {
   const std::string first = At(vars_.VideoStandards, 0).Description;
   for (const VideoStandardRec& standard : vars_.VideoStandards) {
     if (standard.Description != first) continue;
-    const auto set = [this](SpinControl& spin, int lowest, int highest, int value) {
+    const auto set = [](SpinControl& spin, int lowest, int highest, int value) {
       SetLimits(spin, lowest, highest);
       spin.SetValue(value);
     };
