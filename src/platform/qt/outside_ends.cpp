@@ -35,7 +35,7 @@ void Handle(int number, void (*handler)(int)) {
   if (present.sa_handler == SIG_IGN) return;
   struct sigaction action = {};
   action.sa_handler = handler;
-  action.sa_flags = SA_RESETHAND | SA_RESTART;
+  action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
   ::sigaction(number, &action, nullptr);
 }
 
