@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <iterator>
 #include <random>
 #include <string>
 
@@ -27,7 +28,7 @@ class World {
   bool OneIn(int count) { return Pick(count) == 0; }
   template <class List>
   auto& PickOf(List& list) {
-    return list[static_cast<std::size_t>(Pick(static_cast<int>(std::size(list))))];
+    return *std::next(std::begin(list), Pick(static_cast<int>(std::size(list))));
   }
 
   /// Notes what happens next; prints it if the run is traced.

@@ -17,7 +17,6 @@ constexpr auto kGetId = "02 03 0F 00 35 B9";
 constexpr auto kVideoSense = "02 03 0F 00 34 BA";
 constexpr auto kSelect = "02 03 0F 00 21 CD";
 constexpr auto kBroadcast = "02 03 0F 00 22 CC";
-constexpr auto kParameter = "02 09 0F 00 C0 07 02 2C 01 00 00 F2";  // class 2, parameter 7: 300
 constexpr auto kManual = "02 09 0F 00 C0 00 00 01 00 00 00 27";
 constexpr auto kAutomatic = "02 09 0F 00 C0 00 00 00 00 00 00 28";
 constexpr auto kStandard5 = "02 04 0F 00 24 05 C4";
