@@ -52,9 +52,9 @@ std::array<std::string, kTrafficColumns> TrafficHeads();
 std::string TrafficText(const TrafficRow& row, std::size_t column);
 
 /// Records what goes over the line from its construction to its end: each message that leaves, each piece of
-/// what comes. A row for a message is completed when its answer has come or its wait is over, that
-/// of a repeated query when the next message leaves. Keeps the
-/// latest kMostRows rows; who holds a row longer keeps it unchanged.
+/// what comes. A row for a message is completed when its answer has come or its wait is over, that of a
+/// repeated query when the next message leaves. Keeps the latest kMostRows rows; who holds a row longer keeps
+/// it unchanged.
 class Traffic {
  public:
   static constexpr std::size_t kMostRows = 10000;

@@ -13,9 +13,12 @@
 namespace marlinset {
 namespace {
 
+/// With the milliseconds that the unit takes to answer.
+class ChangeMarksTest : public testing::TestWithParam<int> {};
+
 /// Off line, a mark stays on what was changed until it is undone or sent.
-TEST(ChangeMarks, AreOnTheFieldsThatTheUnitDoesNotHold) {
-  Studio studio(15);
+TEST_P(ChangeMarksTest, AreOnTheFieldsThatTheUnitDoesNotHold) {
+  Studio studio(GetParam());
   FrmStart& form = studio.form;
   LiveWindow desk(studio);
   desk.Show(2);
@@ -51,6 +54,8 @@ TEST(ChangeMarks, AreOnTheFieldsThatTheUnitDoesNotHold) {
   EXPECT_EQ(marked(), "");
   EXPECT_EQ(desk.Window().findChild<QLabel*>("Changes")->text(), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(AnswersAfter, ChangeMarksTest, testing::Values(0, 15, 40, 120));
 
 }  // namespace
 }  // namespace marlinset
