@@ -19,15 +19,15 @@ namespace {
 /// A descriptor that delivers the signals that ask this program to end. One that was ignored at the start
 /// (nohup) stays ignored.
 Descriptor EndSignals() {
-  sigset_t signals;
-  ::sigemptyset(&signals);
+  sigset_t ending;
+  ::sigemptyset(&ending);
   for (const int number : kEndSignals) {
     struct sigaction present = {};
     ::sigaction(number, nullptr, &present);
-    if (present.sa_handler != SIG_IGN) ::sigaddset(&signals, number);
+    if (present.sa_handler != SIG_IGN) ::sigaddset(&ending, number);
   }
-  ::sigprocmask(SIG_BLOCK, &signals, nullptr);
-  return Descriptor(::signalfd(-1, &signals, SFD_CLOEXEC));
+  ::sigprocmask(SIG_BLOCK, &ending, nullptr);
+  return Descriptor(::signalfd(-1, &ending, SFD_CLOEXEC));
 }
 
 /// Starts the processes, reads what they print, and passes the first signal on.

@@ -21,7 +21,7 @@ std::vector<std::uint8_t> Composition(const ToolRig& rig) {
 }
 
 /// All that a screen shows, except what the action itself is called.
-std::map<std::string, Json> LookAt(const ToolRig& rig) {
+std::map<std::string, Json> ScreenOf(const ToolRig& rig) {
   std::map<std::string, Json> look;
   for (const Control* control : rig.form.Controls()) {
     if (control->Name() != "mnuUndo" && control->Name() != "mnuRedo") {
@@ -106,21 +106,21 @@ TEST(TakeOverProperty, LeavesOnlyWhatOneSideHasAndGoesBackByteForByte) {
     rig.tool.Start(world.PickOf(modes), false);
     for (int i = 0; i < 40; ++i) Edit(world);
     const OtherFile other = rig.tool.comparison.Read(path);
-    const auto before = LookAt(rig);
+    const auto before = ScreenOf(rig);
     const auto bytes = Composition(rig);
     const std::vector<NewValue> values = TakeOver::All(rig.tool.comparison.With(other));
-    EXPECT_EQ(before, LookAt(rig)) << "a comparison changes nothing";
+    EXPECT_EQ(before, ScreenOf(rig)) << "a comparison changes nothing";
     rig.tool.takeOver.Set("Take Over", values);
     EXPECT_EQ(NamesOf(TwoSided(rig.tool.comparison.With(other))), "");
     taken += values.size();
     if (values.empty()) continue;
     EXPECT_FALSE(rig.vars.ConfigSaved);
-    const auto after = LookAt(rig);
+    const auto after = ScreenOf(rig);
     rig.form.mnuUndo.OperatorClick();
-    EXPECT_EQ(before, LookAt(rig));
+    EXPECT_EQ(before, ScreenOf(rig));
     EXPECT_EQ(bytes, Composition(rig));
     rig.form.mnuRedo.OperatorClick();
-    EXPECT_EQ(after, LookAt(rig));
+    EXPECT_EQ(after, ScreenOf(rig));
   }
   EXPECT_GT(taken, 100U);
 }

@@ -13,19 +13,19 @@ namespace marlinset {
 namespace {
 
 /// All that belongs to the configuration, by name.
-using Look = std::map<std::string, Json>;
+using Configuration = std::map<std::string, Json>;
 
-Look LookAt(const ToolRig& rig) {
-  Look look;
+Configuration ConfigurationOf(const ToolRig& rig) {
+  Configuration found;
   for (const Control* control : rig.form.Controls()) {
     if (!BelongsToConfiguration(*control)) continue;
-    Json& json = look[control->FullName()] = ControlJson(*control);
+    Json& json = found[control->FullName()] = ControlJson(*control);
     json.erase("color");
   }
   for (const char* array : {"CharWindows", "SystemParameters"}) {
     Json rows = *RecordsJson(rig.tool, array);
     for (Json& row : rows) row.erase("Highlighted");
-    for (std::size_t i = 0; i < rows.size(); ++i) look[array + std::to_string(i)] = std::move(rows[i]);
+    for (std::size_t i = 0; i < rows.size(); ++i) found[array + std::to_string(i)] = std::move(rows[i]);
   }
   for (const char* variable : {"OperatingMode", "ParDisType", "CurCharMaxRow", "VsLastIndex", "TbLastIndex",
                                "UbLastIndex", "VitcLineDefault", "NextParameterClass"}) {
@@ -39,7 +39,7 @@ Look LookAt(const ToolRig& rig) {
   return look;
 }
 
-void ExpectSame(const Look& wanted, const Look& found) {
+void ExpectSame(const Configuration& wanted, const Configuration& found) {
   if (wanted == found) return;
   for (const auto& [name, state] : wanted) {
     const auto here = found.find(name);
@@ -64,19 +64,19 @@ class Trial {
     while (rig_.form.mnuRedo.Enabled()) {
       Redo();
       Undo();
-      states_.push_back(LookAt(rig_));
+      states_.push_back(ConfigurationOf(rig_));
       Redo();
     }
-    const Look end = LookAt(rig_);
+    const Configuration end = ConfigurationOf(rig_);
     const std::size_t undone = states_.size();
     for (; !states_.empty(); states_.pop_back()) {
       SCOPED_TRACE("undo to " + std::to_string(states_.size()));
       Undo();
-      ExpectSame(states_.back(), LookAt(rig_));
+      ExpectSame(states_.back(), ConfigurationOf(rig_));
     }
     EXPECT_FALSE(rig_.form.mnuUndo.Enabled());
     for (std::size_t i = 0; i < undone; ++i) Redo();
-    ExpectSame(end, LookAt(rig_));
+    ExpectSame(end, ConfigurationOf(rig_));
     EXPECT_FALSE(rig_.form.mnuRedo.Enabled());
   }
   std::size_t entries = 0;
@@ -97,7 +97,7 @@ class Trial {
   }
 
   void Step() {
-    const Look before = LookAt(rig_);
+    const Configuration before = ConfigurationOf(rig_);
     Act(world_.Pick(18));
     SCOPED_TRACE("after " + world_.Last());
     while (Count() < states_.size()) states_.pop_back();  // the operator has undone something
@@ -105,18 +105,18 @@ class Trial {
     if (added > 1) ADD_FAILURE() << "one action, " << added << " entries";
     if (added == 0) return;
     ++entries;
-    const Look after = LookAt(rig_);
+    const Configuration after = ConfigurationOf(rig_);
     Undo();
-    states_.push_back(LookAt(rig_));
+    states_.push_back(ConfigurationOf(rig_));
     if (world_.Last() != "mnuRedo") ExpectSame(before, states_.back());
     Redo();
-    ExpectSame(after, LookAt(rig_));
+    ExpectSame(after, ConfigurationOf(rig_));
     EXPECT_LT(rig_.tool.history.LatestSize(), 64U * 1024U);
   }
 
   World world_;
   ToolRig& rig_ = world_.rig;
-  std::vector<Look> states_;  ///< before each entry
+  std::vector<Configuration> states_;  ///< before each entry
 };
 
 TEST(HistoryProperty, UndoneInFullIsTheBeginningAndRedoneInFullTheEnd) {

@@ -8,7 +8,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
-using Texts = std::vector<std::string>;
 
 constexpr const char* kFirstLit = "2 8 33 1 194 10 5 13";
 constexpr const char* kFirst = "2 8 33 1 66 10 5 13";
@@ -129,7 +128,7 @@ TEST(FontSize, TakesTheInserterOffAndSendsEachWindowAnew) {
     const char* what;
     bool inserterOn;
     int lost;  ///< so many acknowledgements from the first one on
-    Texts boxes;
+    std::vector<std::string> boxes;
   };
   for (const Case& c : {Case{"well", true, 0, {}},
                         {"size lost", true, 2, {"Char On error", "Char Size Assignment error"}},
