@@ -29,14 +29,14 @@ Configuration ConfigurationOf(const ToolRig& rig) {
   }
   for (const char* variable : {"OperatingMode", "ParDisType", "CurCharMaxRow", "VsLastIndex", "TbLastIndex",
                                "UbLastIndex", "VitcLineDefault", "NextParameterClass"}) {
-    look[variable] = *VariableJson(rig.tool, variable);
+    found[variable] = *VariableJson(rig.tool, variable);
   }
   try {
-    look["file"] = WriteDocument(DocumentOfPanels(rig.vars, rig.form));
+    found["file"] = WriteDocument(DocumentOfPanels(rig.vars, rig.form));
   } catch (const RuntimeError& failure) {
-    look["file"] = failure.Description();
+    found["file"] = failure.Description();
   }
-  return look;
+  return found;
 }
 
 void ExpectSame(const Configuration& wanted, const Configuration& found) {
