@@ -79,6 +79,7 @@ WindowRun::WindowRun(const WindowOptions& options)
       computer_(options.common, Computer::ClockKind::kReal, dialogs_, fileDialog_),
       printer_(computer_.Printer(), {.layout = RecordLayout, .paint = PaintForms}),
       tool_(MakePlatform()) {
+  dialogs_.SetStop(tool_.form.bStop);
   AddParameterWindows(dialogs_, tool_.parameterDialogs.frmEditParameters,
                       tool_.parameterDialogs.frmDeleteParameter);
   dialogs_.AddWindow(tool_.portDevices.form,

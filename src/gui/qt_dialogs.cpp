@@ -4,9 +4,11 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QTimer>
 #include <algorithm>
 
+#include "controls/control_types.h"
 #include "controls/form.h"
 #include "gui/widgets/binding.h"
 #include "gui/widgets/look.h"
@@ -92,8 +94,22 @@ BoxAnswer QtDialogs::Present(const MessageBox& box) {
     window.done(set.safe);
   });
   if (box.holds) watch.start(kWatchMs);
-  const int button = over() ? set.safe : window.exec();
+  const int button = over() ? set.safe : Answered(window, box.buttons);
   return AnswerOf(over() ? set.safe : button);
+}
+
+/// Shows the box until the operator answers. It keeps the main window from its keys, so it has its own for
+/// Stop. Of a question, whoever asked says whether it still holds then.
+int QtDialogs::Answered(QMessageBox& window, BoxButtons buttons) {
+  if (!stop_ || !stop_->Enabled()) return window.exec();
+  QShortcut keys(kStopKeys, &window);
+  QObject::connect(&keys, &QShortcut::activated, &window, [&] {
+    OperatorQueue::OfProgram().Take(*stop_, {OperatorAction::Kind::kClick}, Turn::kAtOnce);
+    if (buttons == BoxButtons::kOk) window.done(QMessageBox::Ok);
+  });
+  int button = QMessageBox::NoButton;
+  OperatorQueue::OfProgram().OpenOver(stop_->Owner(), window, [&] { button = window.exec(); });
+  return button;
 }
 
 void QtDialogs::AddWindow(const Form& form, WindowMaker maker) {

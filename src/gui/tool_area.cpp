@@ -9,6 +9,7 @@
 #include "gui/change_counter.h"
 #include "gui/indicator.h"
 #include "gui/live_sign.h"
+#include "gui/qt_dialogs.h"
 #include "gui/remark_counter.h"
 #include "gui/send_progress.h"
 #include "gui/widgets/buttons.h"
@@ -161,7 +162,7 @@ void ToolArea::AddSend(FrmStart& form, const WindowHooks& hooks, QBoxLayout& row
   Bind(*stop, form.bStop, 0, Turn::kAtOnce).SetDisabledReason(QStringLiteral("No setup is being sent."));
   row.addWidget(stop);
   if (hooks.wholeSend) row.addWidget(new SendProgress(*hooks.wholeSend, this));
-  AddKeys(*stop, QKeySequence(Qt::CTRL | Qt::Key_Period));
+  AddKeys(*stop, kStopKeys);
 }
 
 void ToolArea::AddService(FrmStart& form, QBoxLayout& row) {

@@ -181,9 +181,8 @@ SendEnd WholeSend::SendConfiguration() {
       [&] {
         form_.InterTime.SetEnabled(false);
         EnableLinkButtons(form_, false);
-        bool agreed = false;
-        while (!agreed) {
-          if (const auto early = AgreeOnStandard(agreed)) {
+        while (!progress_.agreed) {
+          if (const auto early = AgreeOnStandard()) {
             end = *early;
             return;
           }
@@ -198,31 +197,32 @@ SendEnd WholeSend::SendConfiguration() {
   return end;
 }
 
-/// One round of the prologue. Returns an early end, or sets `agreed`; does neither if the unit was sent
-/// another standard and has to be asked again.
-std::optional<SendEnd> WholeSend::AgreeOnStandard(bool& agreed) {
+/// One round of the prologue. Returns an early end, or notes that the standards agree; does neither if the
+/// unit was sent another standard and has to be asked again.
+std::optional<SendEnd> WholeSend::AgreeOnStandard() {
   if (!GoesOn()) return SendEnd::kStopped;
   form_.comVS.SetBackColor(kYellow);
   std::optional<SendEnd> early;
-  Finally([&] { early = CompareStandards(agreed); }, [this] { form_.comVS.SetBackColor(kWindowColor); });
+  Finally([&] { early = CompareStandards(); }, [this] { form_.comVS.SetBackColor(kWindowColor); });
   return early;
 }
 
-std::optional<SendEnd> WholeSend::CompareStandards(bool& agreed) {
+std::optional<SendEnd> WholeSend::CompareStandards() {
   if (!commands_.Send(kVideoSense, Sender::kWholeSend)) {
     if (!GoesOn()) return SendEnd::kStopped;
     platform_.dialogs.Tell(kNotDetectedText);
     return SendEnd::kNotDetected;
   }
   if (comms_.LostInSend()) return SendEnd::kPortClosed;
-  agreed = form_.comVS.Text() == vars_.UnitStandardText;
-  if (agreed) return std::nullopt;
+  progress_.agreed = form_.comVS.Text() == vars_.UnitStandardText;
+  if (progress_.agreed) return std::nullopt;
   if (!GoesOn()) return SendEnd::kStopped;
   return (vars_.UnitVideoStandard & kManualBit) != 0 ? CommandStandard() : LeaveAutomatic();
 }
 
 /// Asks whether to bring the unit to the setup's standard; `commanded` says whether a command can do that.
-/// Returns nothing if the operator agrees. If the line goes, the question closes.
+/// Returns nothing if the operator agrees. If the line goes or the operator stops the send, the question
+/// closes.
 std::optional<SendEnd> WholeSend::AskForChange(const char* question, bool (*commanded)(const std::string&)) {
   const std::string& standard = form_.comVS.Text();
   const char* const noSetup = "The unit cannot be told to take that standard: no setup is sent.";
@@ -230,7 +230,8 @@ std::optional<SendEnd> WholeSend::AskForChange(const char* question, bool (*comm
   const std::string outcome = commanded(standard) ? OnAirFact("Yes", what) : noSetup;
   const bool agreed =
       platform_.dialogs.Ask(question, Facts({StandardsFact(standard, vars_.UnitStandardText), outcome}),
-                            [this] { return comms_.LineUp(); });
+                            [this] { return comms_.LineUp() && !stopPressed_; });
+  if (stopPressed_ && !comms_.LostInSend()) return SendEnd::kStopped;
   if (agreed && !comms_.LostInSend()) return std::nullopt;
   return platform_.ComP1.PortOpen() ? SendEnd::kRefused : SendEnd::kPortClosed;
 }

@@ -105,6 +105,7 @@ class WholeSend {
  private:
   /// How far the sequence has got: its places in the lists that it works through.
   struct Progress {
+    bool agreed = false;  ///< the unit has reported the configuration's standard
     int parameter = 0;
     std::size_t step = 0;
     std::size_t lateStep = 0;  ///< of the steps after the windows
@@ -138,8 +139,8 @@ class WholeSend {
   bool IsTextWindow(int row) const;
   SendEnd SendOverPort();
   SendEnd SendConfiguration();
-  std::optional<SendEnd> AgreeOnStandard(bool& agreed);
-  std::optional<SendEnd> CompareStandards(bool& agreed);
+  std::optional<SendEnd> AgreeOnStandard();
+  std::optional<SendEnd> CompareStandards();
   std::optional<SendEnd> AskForChange(const char* question, bool (*commanded)(const std::string&));
   std::optional<SendEnd> CommandStandard();
   std::optional<SendEnd> LeaveAutomatic();

@@ -67,7 +67,10 @@ std::string WholeSend::HeldText() const {
   for (std::size_t area = 0; area < areas.size(); ++area) {
     if (areas[area].all > 0) text += std::string(kAreaNames[area]) + ": " + TextOf(areas[area]) + "\n";
   }
-  if (whole.held == whole.all) return text + "Only the closing check is missing.";
+  if (whole.held == whole.all && progress_.agreed) return text + "Only the closing check is missing.";
+  if (whole.held == whole.all) {
+    return text + "Its video standard may be another than the setup's: press Send Setup to compare them.";
+  }
   return text +
          (held_.Known() ? "Press Send Changes to send the rest." : "Press Send Setup to send all of it.");
 }
@@ -75,7 +78,7 @@ std::string WholeSend::HeldText() const {
 /// The one box of a send that the operator stopped.
 void WholeSend::TellStop() {
   if (platform_.pump.Ending()) return;
-  platform_.dialogs.Show({.text = "The send was stopped after " + std::to_string(result_.messages) + " of " +
+  platform_.dialogs.Show({.text = "The send was stopped after " + std::to_string(result_.wentOut) + " of " +
                                   std::to_string(result_.planned) + " messages.",
                           .icon = BoxIcon::kInformation,
                           .remedy = HeldText()});

@@ -238,6 +238,16 @@ TEST(WholeSend, CountsNoMessageThatThePortDiscarded) {
   EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr(" is gone. 20 of "));
 }
 
+/// Ctrl+. in the question, whatever the operator answers then.
+template <BoxAnswer kAnswer>
+void StopAtTheQuestion(LinkRig& rig) {
+  SelectText(rig.form.comVS, "525i/60");
+  rig.dialogs.onShow = [&rig](const MessageBox& box) {
+    if (box.text == kMismatch) rig.form.bStop.OperatorClick();
+    return kAnswer;
+  };
+}
+
 /// Something that happens after `after` messages, of which the identification is the first.
 struct Incident {
   std::size_t after;
@@ -295,6 +305,8 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
       {1, [](LinkRig& rig) { rig.line.Vanish(); }, 1, kPortClosed, {kClosed}},
       {2, [](LinkRig& rig) { rig.line.Vanish(); }, 2, kPortClosed, {kClosed}},
       {20, [](LinkRig& rig) { rig.line.Vanish(); }, 20, kPortClosed, {kClosed}},
+      {0, StopAtTheQuestion<BoxAnswer::kYes>, 2, kStopped, {kMismatch, stoppedAfter(2)}},
+      {0, StopAtTheQuestion<BoxAnswer::kNo>, 2, kStopped, {kMismatch, stoppedAfter(2)}},
       {0, VanishAtTheQuestion<BoxAnswer::kYes>, 2, kPortClosed, {kMismatch, kClosed}},
       {0, VanishAtTheQuestion<BoxAnswer::kNo>, 2, kPortClosed, {kMismatch, kClosed}},
   };
@@ -370,6 +382,9 @@ TEST(WholeSend, SaysWhatTheUnitHoldsAfterAStop) {
   rig.form.bSConfig.OperatorClick();
   EXPECT_EQ(rig.wholeSend.Result().end, kStopped);
   EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::EndsWith("\nOnly the closing check is missing."));
+  stopAfter = 1;
+  rig.form.bSConfig.OperatorClick();
+  EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr("\nIts video standard may be another"));
 }
 
 }  // namespace

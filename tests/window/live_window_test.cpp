@@ -11,8 +11,10 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
+#include <QTimer>
 #include <functional>
 
+#include "gui/qt_dialogs.h"
 #include "gui/send_progress.h"
 #include "tests/storm/twin.h"
 #include "tests/window/studio.h"
@@ -345,6 +347,32 @@ TEST_P(LateAnswersTest, StopEndsASendInItsWait) {
     EXPECT_FALSE(desk_.Widget("bStop").isEnabled());
     EXPECT_TRUE(desk_.Widget("bSConfig").isEnabled());
   }
+  form_.bSConfig.OperatorClick();  // the unit holds all of it again
+}
+
+/// With a unit that falls silent, a send is one box after the other.
+TEST_P(LateAnswersTest, CtrlPeriodInABoxStopsTheSendBehindIt) {
+  QtDialogs onScreen;
+  onScreen.SetStop(form_.bStop);
+  const auto atFirst = studio_.dialogs.onShow;
+  studio_.dialogs.shown.clear();
+  studio_.dialogs.onShow = [&](const MessageBox& box) {
+    if (studio_.dialogs.shown.size() > 1) return BoxAnswer::kOk;
+    QTimer::singleShot(0, &desk_.Window(), [&] {
+      TurnQtsLoop();  // the box takes the focus
+      desk_.Key(Qt::Key_Period, Qt::ControlModifier);
+    });
+    return onScreen.Present(box);
+  };
+  desk_.Click(desk_.Widget("bSConfig"));
+  studio_.pump.At(studio_.pump.Now() + 20LL * GetParam(), [&] { studio_.line.Unit().Faults().mute = true; });
+  LiveWindow::Settle();
+  EXPECT_EQ(studio_.tool.wholeSend.Result().end, SendEnd::kStopped);
+  EXPECT_THAT(studio_.Boxes(),
+              testing::ElementsAre(testing::_, testing::StartsWith("The send was stopped after ")));
+  EXPECT_EQ(studio_.tool.wholeSend.Result().Doubtful(), 1) << "nothing goes out after the box";
+  studio_.dialogs.onShow = atFirst;
+  studio_.line.Unit().Faults().mute = false;
   form_.bSConfig.OperatorClick();  // the unit holds all of it again
 }
 
