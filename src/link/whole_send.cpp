@@ -87,8 +87,8 @@ WholeSend::WholeSend(Platform& platform, Variables& variables, FrmStart& form, C
       commands_(commands),
       held_(held),
       ports_(ports) {
-  form_.bSConfig.OnClick([this] { SendSetup(false); });
-  form_.bSChanges.OnClick([this] { SendSetup(true); });
+  form_.bSConfig.OnClick([this] { SendSetup(Scope::kSetup); });
+  form_.bSChanges.OnClick([this] { SendSetup(Scope::kChanges); });
   form_.bStop.OnClick([this] {
     stopPressed_ = true;
     Progressed.Emit();
@@ -123,45 +123,35 @@ bool WholeSend::GoesOn() {
   return !stopped_;
 }
 
-void WholeSend::SendSetup(bool changesOnly) {
+void WholeSend::SendSetup(Scope scope) {
   if (Running()) return;
-  changesOnly_ = changesOnly;
+  scope_ = scope;
+  result_ = {SendEnd::kFailed};
+  Run([this] { return SendOverPort(); });
+}
+
+/// Runs `send` as the send in progress, which the operator sees and can stop.
+void WholeSend::Run(const std::function<SendEnd()>& send) {
   stopPressed_ = stopped_ = false;
   progress_ = {};
-  result_ = {SendEnd::kFailed};
   bool lost = false;
-  const auto send = [&] {
+  const auto run = [&] {
     comms_.SetInSend(true);
     form_.bSChanges.SetEnabled(false);
     form_.bStop.SetEnabled(true);
     Progressed.Emit();
-    result_.end = SendOverPort();
+    result_.end = send();
     lost = comms_.LostInSend();
   };
-  Finally(send, [this] {
+  Finally(run, [this] {
     comms_.SetInSend(false);
     form_.bStop.SetEnabled(false);
+    form_.bSChanges.SetEnabled(held_.Known());
     Progressed.Emit();
   });
   if (lost) TellLoss();
-  if (result_.end == SendEnd::kComplete) held_.NoteWholeSend();
-  form_.bSChanges.SetEnabled(held_.Known());
+  if (result_.end == SendEnd::kComplete && scope_ != Scope::kOneAction) held_.NoteWholeSend();
   if (result_.end == SendEnd::kStopped && stopPressed_) TellStop();
-}
-
-/// Shows the one box of a send whose device went away.
-void WholeSend::TellLoss() {
-  result_.end = SendEnd::kPortClosed;
-  ports_.DeviceLost();
-  if (platform_.pump.Ending()) return;
-  platform_.dialogs.Show({.text = kPortClosedText,
-                          .icon = BoxIcon::kCritical,
-                          .remedy = ports_.LossText() + ". " + std::to_string(result_.wentOut) + " of " +
-                                    std::to_string(result_.planned) + " messages went out.\n" + "Check " +
-                                    ports_.Suspects() + ", then press Open and send the setup again: " +
-                                    (progress_.closing ? "the unit has not confirmed that it took all of it."
-                                                       : "the unit does not hold all of it.") +
-                                    " The configuration is as it was."});
 }
 
 SendEnd WholeSend::SendOverPort() {
@@ -226,7 +216,7 @@ std::optional<SendEnd> WholeSend::CompareStandards() {
 std::optional<SendEnd> WholeSend::AskForChange(const char* question, bool (*commanded)(const std::string&)) {
   const std::string& standard = form_.comVS.Text();
   const char* const noSetup = "The unit cannot be told to take that standard: no setup is sent.";
-  const std::string_view what = changesOnly_ ? "what has changed" : "the whole setup";
+  const std::string_view what = scope_ == Scope::kChanges ? "what has changed" : "the whole setup";
   const std::string outcome = commanded(standard) ? OnAirFact("Yes", what) : noSetup;
   const bool agreed =
       platform_.dialogs.Ask(question, Facts({StandardsFact(standard, vars_.UnitStandardText), outcome}),

@@ -17,16 +17,17 @@ namespace marlinset {
 
 class Ports;
 
-/// How a whole send ended.
+/// How a send ended.
 enum class SendEnd {
   kNone,          ///< there was no send yet
-  kComplete,      ///< all messages went out, and the unit still answered
+  kComplete,      ///< all messages went out, and after a setup the unit still answered
   kNotConfirmed,  ///< all messages went out, but the unit no longer answered
   kPortClosed,    ///< the port could not be opened, or its device went away; nothing more sent
   kNotDetected,   ///< the unit did not report its video standard; nothing sent
   kRefused,       ///< the operator declined to change the standard; nothing sent
   kNoCode,        ///< no command sets the configuration's standard; nothing more sent
-  kStopped,       ///< the operator stopped it, stopRequested returned True, or the program ends
+  kStopped,       ///< the operator stopped it or left the mode that it needs, stopRequested returned True,
+                  ///< or the program ends
   kFailed,        ///< the send is still running, or threw a failure to the caller
 };
 
@@ -37,7 +38,7 @@ struct SendResult {
   SendEnd end = SendEnd::kNone;
   int messages = 0;  ///< including those that did not go out
   int wentOut = 0;   ///< messages whose bytes left
-  int planned = 0;   ///< messages of the full send, as far as known; 0 before its port is open
+  int planned = 0;   ///< messages of the complete send, as far as known; 0 before its port is open
   std::array<int, kVerdicts> count = {};  ///< messages that await an answer, by verdict
 
   int Count(Verdict verdict) const { return count[static_cast<std::size_t>(verdict)]; }
@@ -76,7 +77,8 @@ class WholeSend {
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
             SettingCommands& commands, HeldSettings& held, Ports& ports);
 
-  /// Whether a send runs, from the click on `bSConfig` to its end. The status bar is not cleared meanwhile.
+  /// Whether a send runs, from the click on `bSConfig` to its end, or one of several messages for
+  /// SendChangesOf. The status bar is not cleared meanwhile.
   bool Running() const;
   /// Whether the operator has stopped the send in progress; the message under way is its last, but the
   /// characters come on again after a change of the font size.
@@ -95,14 +97,17 @@ class WholeSend {
   /// Runs `change`, which changes panels without their rules. While changes go out at once, it then sends
   /// those messages of a whole send that differ from what the unit holds or, if that is not known, from those
   /// before the change: in the order of a whole send and with its waits and boxes, but without prologue and
-  /// closing check. Ends early when changes no longer go out at once. Throws Overflow for a value that does
-  /// not fit its byte.
+  /// closing check. Several messages are a send with progress and Stop; whatever ends it, the panels keep the
+  /// change. Ends early when changes no longer go out at once. Throws Overflow for a value that does not fit
+  /// its byte.
   void SendChangesOf(const std::function<void()>& change);
 
   /// Asked between two messages. True ends the send as Stop does, but without a box.
   std::function<bool()> stopRequested;
 
  private:
+  enum class Scope { kSetup, kChanges, kOneAction };
+
   /// How far the sequence has got: its places in the lists that it works through.
   struct Progress {
     bool agreed = false;  ///< the unit has reported the configuration's standard
@@ -119,7 +124,8 @@ class WholeSend {
   };
 
   void Count(const SentMessage& message);
-  void SendSetup(bool changesOnly);
+  void SendSetup(Scope scope);
+  void Run(const std::function<SendEnd()>& send);
   void TellLoss();
   void TellStop();
   std::string HeldText() const;
@@ -153,6 +159,7 @@ class WholeSend {
   void SendWindows();
   void SendWindow(int row);
   void SendDifferences(const LastMessages& unitHolds);
+  SendEnd SendEach(std::span<const PendingMessage> changes);
   void SendChange(const PendingMessage& change);
   bool GoesOn();
 
@@ -166,7 +173,7 @@ class WholeSend {
   SendResult result_;
   int firstNumber_ = 0;  ///< number of this send's first message
   Progress progress_;
-  bool changesOnly_ = false;
+  Scope scope_ = Scope::kSetup;
   bool stopPressed_ = false;
   bool stopped_ = false;
 };

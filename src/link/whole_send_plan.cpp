@@ -33,13 +33,14 @@ bool WholeSend::UnitIsQ() const {
 
 /// Counts the messages of the send anew. They depend on the panels, which answers change, so it counts what
 /// is left after each message, and in the end the plan equals what was sent. Keeps the last count once the
-/// device is gone, since the panels then show the loss.
+/// device is gone, since the panels then show the loss. What one action sends is known beforehand.
 void WholeSend::Plan() {
-  if (comms_.LostInSend() || !platform_.ComP1.PortOpen()) return;
+  if (scope_ == Scope::kOneAction || comms_.LostInSend() || !platform_.ComP1.PortOpen()) return;
   // At least identification and query go before the sequence, and a query closes it.
   const std::vector<PendingMessage> pending = Foreseen(progress_);
-  const std::size_t left =
-      changesOnly_ ? ChangesIn(pending, held_.Messages(), progress_.sizeGoes).size() : pending.size();
+  const std::size_t left = scope_ == Scope::kChanges
+                               ? ChangesIn(pending, held_.Messages(), progress_.sizeGoes).size()
+                               : pending.size();
   result_.planned = std::max(result_.messages, 2) + static_cast<int>(left) + (progress_.closing ? 0 : 1);
 }
 
@@ -115,7 +116,7 @@ bool WholeSend::Goes(const PendingMessage& message, std::span<const PendingMessa
 }
 
 bool WholeSend::IsDue(const PendingMessage& message) {
-  return !changesOnly_ || Goes(message, Pending(progress_), held_.Messages(), progress_.sizeGoes);
+  return scope_ != Scope::kChanges || Goes(message, Pending(progress_), held_.Messages(), progress_.sizeGoes);
 }
 
 std::vector<PendingMessage> WholeSend::ChangesIn(std::span<const PendingMessage> pending, LastMessages held,
@@ -158,15 +159,34 @@ void WholeSend::SendChangesOf(const std::function<void()>& change) {
   if (live) SendDifferences(held_.Known() ? held_.Messages() : before);
 }
 
+/// For a single message, progress and Stop would only flicker.
 void WholeSend::SendDifferences(const LastMessages& unitHolds) {
+  const std::vector<PendingMessage> changes = ChangesIn(Pending({}), unitHolds, false);
   const auto send = [&] {
+    SendEnd end = SendEnd::kFailed;
     form_.InterTime.SetEnabled(false);
-    for (const PendingMessage& change : ChangesIn(Pending({}), unitHolds, false)) {
-      if (!commands_.Live() || !comms_.LineUp()) return;
-      SendChange(change);
-    }
+    Finally([&] { end = SendEach(changes); },
+            [this] { form_.InterTime.SetEnabled(form_.mnuInter.Checked()); });
+    return end;
   };
-  Finally(send, [this] { form_.InterTime.SetEnabled(form_.mnuInter.Checked()); });
+  if (changes.size() < 2) {
+    send();
+    return;
+  }
+  scope_ = Scope::kOneAction;
+  result_ = {.end = SendEnd::kFailed, .planned = static_cast<int>(changes.size())};
+  Run(send);
+}
+
+/// A stop waits while the characters are off for the font size.
+SendEnd WholeSend::SendEach(std::span<const PendingMessage> changes) {
+  for (const PendingMessage& change : changes) {
+    if (!commands_.Live() || !comms_.LineUp() || (Running() && !GoesOn())) return SendEnd::kStopped;
+    progress_.offForSize =
+        change.id == kCharOffForSize || (progress_.offForSize && change.id != kCharOnForSize);
+    SendChange(change);
+  }
+  return SendEnd::kComplete;
 }
 
 /// The rows may be others by now: the operator can do a few things even in a wait.

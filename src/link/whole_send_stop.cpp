@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the operator reads after Stop.
+// What the operator reads when a send ends early.
 #include <array>
 #include <set>
 #include <string>
 
 #include "controls/dialogs.h"
+#include "link/communications.h"
 #include "link/held_settings.h"
+#include "link/ports.h"
 #include "link/whole_send.h"
 #include "platform/event_pump.h"
 #include "platform/platform.h"
@@ -67,12 +69,31 @@ std::string WholeSend::HeldText() const {
   for (std::size_t area = 0; area < areas.size(); ++area) {
     if (areas[area].all > 0) text += std::string(kAreaNames[area]) + ": " + TextOf(areas[area]) + "\n";
   }
-  if (whole.held == whole.all && progress_.agreed) return text + "Only the closing check is missing.";
-  if (whole.held == whole.all) {
-    return text + "Its video standard may be another than the setup's: press Send Setup to compare them.";
+  if (whole.held == whole.all && scope_ != Scope::kOneAction) {
+    return text +
+           (progress_.agreed
+                ? "Only the closing check is missing."
+                : "Its video standard may be another than the setup's: press Send Setup to compare them.");
   }
   return text +
          (held_.Known() ? "Press Send Changes to send the rest." : "Press Send Setup to send all of it.");
+}
+
+/// The one box of a send whose device went away.
+void WholeSend::TellLoss() {
+  result_.end = SendEnd::kPortClosed;
+  ports_.DeviceLost();
+  if (platform_.pump.Ending()) return;
+  const bool allSent = progress_.closing || result_.wentOut == result_.planned;
+  platform_.dialogs.Show({.text = kPortClosedText,
+                          .icon = BoxIcon::kCritical,
+                          .remedy = ports_.LossText() + ". " + std::to_string(result_.wentOut) + " of " +
+                                    std::to_string(result_.planned) + " messages went out.\n" + "Check " +
+                                    ports_.Suspects() + ", then press Open and send the setup again: " +
+                                    (allSent ? "the unit has not confirmed that it took all of it."
+                                             : "the unit does not hold all of it.") +
+                                    (scope_ == Scope::kOneAction ? " The panels keep the changes."
+                                                                 : " The configuration is as it was.")});
 }
 
 /// The one box of a send that the operator stopped.

@@ -195,6 +195,70 @@ TEST(HistoryOnAir, SendsWhatTheUnitDoesNotHold) {
   }
 }
 
+/// What was changed off line goes along with an undo on air: the font size between Off and On, then all
+/// windows.
+TEST(HistoryOnAir, EndsASendOfManyMessagesInOneBox) {
+  using Deed = void (*)(PanelRig & rig);
+  const Deed stop = [](PanelRig& rig) { rig.form.bStop.OperatorClick(); };
+  const Deed vanish = [](PanelRig& rig) { rig.line.Vanish(); };
+  const Deed fallSilent = [](PanelRig& rig) { rig.line.Unit().Faults().mute = true; };
+  const Deed leave = [](PanelRig& rig) { rig.form.mnuOff.OperatorClick(); };
+  const char* const kSilent = "VITC Enable error 47";
+  const std::string stopped = "The send was stopped after ";
+  const char* const kRest = "Press Send Changes to send the rest.";
+  struct {
+    int after;
+    Deed happen;
+    int goOut;  ///< 0: all
+    Names boxes;
+    const char* remedy;
+  } const cases[] = {
+      {99, nullptr, 0, {}, ""},
+      {1, stop, 1, {stopped + "1 of "}, kRest},
+      {2, stop, 4, {stopped + "4 of "}, kRest},
+      {0, fallSilent, 1, {kSilent, stopped + "1 of "}, kRest},
+      {1, vanish, 1, {"Open Com Port before sending cmmands."}, "The panels keep the changes."},
+      {1, leave, 1, {}, ""},
+  };
+  Names all;
+  for (const auto& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    PanelRig rig;
+    rig.form.bSConfig.OperatorClick();
+    rig.Do("check chVITC 0; choose ComWin(3) #1; spin UDDur 9");
+    rig.GoInteractive();
+    rig.Sent();
+    rig.dialogs.onShow = [&](const MessageBox& box) {
+      if (box.text == kSilent) stop(rig);
+      return BoxAnswer::kOk;
+    };
+    const SendResult& result = rig.tool.wholeSend.Result();
+    int sent = 0;
+    rig.tool.commands.MessageSent.Connect([&](const SentMessage&) {
+      EXPECT_EQ(result.messages, ++sent);
+      EXPECT_TRUE(rig.form.bStop.Enabled());
+      if (sent == c.after) c.happen(rig);
+    });
+    if (c.after == 0) c.happen(rig);
+    rig.Do("undo");
+    Names expected = all;
+    if (c.goOut > 0) expected.resize(static_cast<std::size_t>(c.goOut));
+    const Names out = rig.Sent();
+    if (all.empty()) all = expected = out;
+    EXPECT_EQ(out, expected);
+    EXPECT_EQ(result.planned, static_cast<int>(all.size()));
+    const Names boxes = rig.dialogs.Texts();
+    ASSERT_EQ(boxes.size(), c.boxes.size());
+    for (std::size_t i = 0; i < boxes.size(); ++i) EXPECT_THAT(boxes[i], testing::StartsWith(c.boxes[i]));
+    EXPECT_THAT(boxes.empty() ? "" : rig.dialogs.shown.back().remedy, testing::EndsWith(c.remedy));
+    EXPECT_NE(rig.form.UDDur.Value(), 9) << "the panels keep it";
+    EXPECT_THAT(rig.tool.history.RedoNames(), ElementsAre("Slate Duration"));
+    EXPECT_FALSE(rig.form.bStop.Enabled() || rig.tool.wholeSend.Running());
+    EXPECT_EQ(rig.form.bSChanges.Enabled(), rig.tool.held.Known());
+  }
+  EXPECT_EQ(Names(all.begin(), all.begin() + 4), (Names{"1 5 47", "2 8 34 0", "2 8 32 1", "2 8 34 1"}));
+}
+
 TEST(HistoryOnAir, RestsWhileAnotherActionWaits) {
   PanelRig rig;
   rig.GoInteractive();
