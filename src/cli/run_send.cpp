@@ -60,7 +60,10 @@ class Progress {
     if (verbose_) {
       Print(told_.size(), message);
     } else if (::isatty(STDERR_FILENO)) {
-      std::fprintf(stderr, "\r\033[K%zu %s", told_.size(), Printable(message.meaning).c_str());
+      // A line that wraps could not be replaced by the next one.
+      constexpr std::size_t kCharacters = 72;
+      std::fprintf(stderr, "\r\033[K%zu %s", told_.size(),
+                   LeftOf(Printable(message.meaning), kCharacters).c_str());
     }
   }
   void Correct(const SentMessage& message) {
@@ -83,7 +86,7 @@ class Progress {
 
  private:
   static void Print(std::size_t number, const SentMessage& message) {
-    std::printf("%4zu  %-16s  %-46s  %s\n", number, OutcomeOf(message), Printable(message.meaning).c_str(),
+    std::printf("%4zu  %-16s  %-64s  %s\n", number, OutcomeOf(message), Printable(message.meaning).c_str(),
                 FrameText(message).c_str());
     std::fflush(stdout);
   }

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "base/text.h"
 #include "core/choices.h"
@@ -23,17 +24,36 @@ int WindowFlags(const MessageSource& source) {
   return flags;
 }
 
+const char* const kSentAsZero = " (sent as 0)";
+
+/// An entry of a box, with a note if it is none that has a code.
+std::string ChosenWords(const std::string& text, bool hasCode) {
+  return (text.empty() ? "nothing" : text) + (hasCode ? "" : kSentAsZero);
+}
+
+std::string CountWords(int count, const char* one) {
+  return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
+}
+
+/// The ticks besides On that a window's flag byte holds.
+constexpr std::pair<TickId, const char*> kTickWords[] = {{TickId::kSlate, "slate"},
+                                                         {TickId::kField, "field digit"},
+                                                         {TickId::kSymbol, "symbol"},
+                                                         {TickId::kDoubleHeight, "double height"}};
+
 }  // namespace
 
 void AddChoice(ChoiceId choice, const MessageSource& source, Message& message) {
-  message.fields.push_back(CodeOf(source.form, source.vars, choice));
-  message.meaning += ": " + BoxOf(source.form, choice).Text();
+  const PacketField code = CodeOf(source.form, source.vars, choice);
+  message.fields.push_back(code);
+  message.meaning += ": " + ChosenWords(BoxOf(source.form, choice).Text(), code.has_value());
 }
 
 void AddStandard(const MessageSource& source, Message& message) {
   const std::string& text = source.form.comVS.Text();
-  message.fields.emplace_back(VideoStandardCode(text));
-  message.meaning += ": " + text;
+  const int code = VideoStandardCode(text);
+  message.fields.emplace_back(code);
+  message.meaning += ": " + ChosenWords(text, code != 0);
 }
 
 void AddParameter(const MessageSource& source, Message& message) {
@@ -53,7 +73,7 @@ void AddVitcSource(const MessageSource& source, Message& message) {
   const int option = source.form.vitcModes.Selected();
   if (source.sender == Sender::kWholeSend && option != kNoIndex) lines = option + 1;
   message.fields.push_back(lines);
-  message.meaning += ": " + (lines ? std::to_string(*lines) : "not given");
+  message.meaning += ": " + (lines ? std::to_string(*lines) : std::string("not given") + kSentAsZero);
 }
 
 void AddVitcLines(const MessageSource& source, Message& message) {
@@ -80,21 +100,28 @@ void AddSlateDuration(const MessageSource& source, Message& message) {
   const int low = ((frames % 256) + 256) % 256;
   message.fields.emplace_back((frames - low) / 256);
   message.fields.emplace_back(low);
-  message.meaning += ": " + std::to_string(frames) + " frames";
+  message.meaning += ": " + CountWords(frames, "frame");
 }
 
 void AddText(const MessageSource& source, Message& message) {
   const std::string& uncut = source.form.tWinMess.Text();
-  const std::string text = MessageText(uncut);
+  const std::vector<std::uint8_t> text = ToCodePage(MessageText(uncut));
   const std::size_t begin = message.fields.size();
-  for (const std::uint8_t byte : ToCodePage(text)) message.fields.emplace_back(byte);
-  if (source.sender == Sender::kPanel) message.fields.resize(begin + LengthOf(uncut));
-  message.meaning += " '" + text + "'";
+  message.fields.insert(message.fields.end(), text.begin(), text.end());
+  message.meaning += " '" + FromCodePage(text) + "'";
+  const std::size_t uncutLength = LengthOf(uncut);
+  if (source.sender != Sender::kPanel) return;
+  message.fields.resize(begin + uncutLength);
+  if (uncutLength > text.size()) {
+    message.meaning += " and " + CountWords(static_cast<int>(uncutLength - text.size()), "zero");
+  }
 }
 
 void AddDownConverterControl(const MessageSource& source, Message& message) {
   AddChoice(ChoiceId::kProcessingMode, source, message);
+  message.meaning += ", vertical";
   AddChoice(ChoiceId::kVerticalFilter, source, message);
+  message.meaning += ", horizontal";
   AddChoice(ChoiceId::kHorizontalFilter, source, message);
 }
 
@@ -107,7 +134,24 @@ void AddWindow(const MessageSource& source, Message& message) {
   message.fields.emplace_back(FontSizeInForce(form).RowOf(window.Top));
   message.fields.emplace_back(source.left.value_or(window.Left));
   message.fields.emplace_back(TickedLength(form, row, window));
-  message.meaning += " " + std::to_string(window.Number) + " '" + window.Name + "'";
+  message.meaning += WindowTitle(window) + ": " + WindowWords(message.fields);
+  if (source.flagBase != 0) message.meaning += ", highlighted";
+}
+
+std::string WindowTitle(const CharWindowRec& window) {
+  return " " + std::to_string(window.Number) + " '" + window.Name + "'";
+}
+
+std::string WindowWords(std::span<const PacketField> fields) {
+  const std::vector<std::uint8_t> bytes = BytesOf(fields.last(4));
+  const int flags = bytes[0];
+  std::string words = (flags & TickOf(TickId::kOn).flag) != 0 ? "on" : "off";
+  words += ", row " + std::to_string(bytes[1]) + ", column " + std::to_string(bytes[2]) + ", " +
+           std::to_string(bytes[3]) + " wide";
+  for (const auto& [tick, name] : kTickWords) {
+    if ((flags & TickOf(tick).flag) != 0) words += std::string(", ") + name;
+  }
+  return words;
 }
 
 }  // namespace marlinset

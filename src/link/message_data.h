@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <span>
+#include <string>
+
+#include "core/records.h"
 #include "link/command_table.h"
 
 // The routines that append data from the panels to a message. Rows of the command table name them.
@@ -34,5 +38,9 @@ void AddDownConverterControl(const MessageSource& source, Message& message);
 ///
 /// In the whole send, a window whose slate box is hidden has no slate.
 void AddWindow(const MessageSource& source, Message& message);
+/// What the meaning of a window's message consists of: " 3 'Video Timecode'", and what the last four fields
+/// say of it, the highlight aside: "on, row 20, column 4, 11 wide, symbol".
+std::string WindowTitle(const CharWindowRec& window);
+std::string WindowWords(std::span<const PacketField> fields);
 
 }  // namespace marlinset

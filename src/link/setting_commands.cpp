@@ -6,6 +6,7 @@
 #include "controls/dialogs.h"
 #include "core/frm_start.h"
 #include "link/communications.h"
+#include "link/message_data.h"
 #include "platform/event_pump.h"
 #include "platform/ms_comm.h"
 #include "platform/platform.h"
@@ -149,7 +150,9 @@ void SettingCommands::SendWindowInteractive(int row, int onBit) {
   if (!Highlights(row)) return;
   const SettingCommand& command = CommandOf(CommandId::kWindow);
   Message message = MessageOf(command, {form_, vars_, Sender::kPanel, row, onBit});
-  message.meaning += onBit == kHighlightOn ? ", highlighted" : ", not highlighted";
+  message.meaning = command.meaning + WindowTitle(At(vars_.CharWindows, row)) +
+                    (onBit == kHighlightOn ? " highlighted: " : " not highlighted: ") +
+                    WindowWords(message.fields);
   Exchange(command.name, std::move(message), {Ack::kStandard, "ACK LOST"}, Failure::kPanel);
   if (HasWindow(row)) At(vars_.CharWindows, row).Highlighted = onBit == kHighlightOn;
 }

@@ -48,7 +48,8 @@ struct FromPanels : testing::Test, LinkRig {
 
 TEST_F(FromPanels, ComeNumbersAndTexts) {
   const SettingCommand& vitcSource = CommandOf(CommandId::kVitcSource);
-  EXPECT_EQ(MessageOf(vitcSource, {form, vars, Sender::kPanel}).meaning, "Number of VITC lines: not given");
+  EXPECT_EQ(MessageOf(vitcSource, {form, vars, Sender::kPanel}).meaning,
+            "Number of VITC lines: not given (sent as 0)");
   form.upVitc1(1).SetValue(-14);
   form.upVitc1(7).SetValue(-36);
   EXPECT_EQ(Sends(kVitcLines), "1 5 163 14 34 15 35 16 36");
@@ -65,6 +66,24 @@ TEST_F(FromPanels, ComeNumbersAndTexts) {
   for (int i = 0; i < 32; ++i) text += " 65";
   EXPECT_EQ(Sends(kText, Sender::kWholeSend), text);
   EXPECT_EQ(Sends(kText), text + " 0 0") << "a panel leaves the rest empty";
+
+  form.UDDur.SetValue(1);
+  form.tWinMess.SetText("a → b" + std::string(28, 'c'));
+  SelectText(form.ComDownConv(0), "Film");
+  for (const int filter : {1, 2}) SelectText(form.ComDownConv(filter), filter == 1 ? "Soft" : "Sharp");
+  form.chSym(0).SetValue(1);
+  form.chOnOff(0).SetValue(0);
+  const std::pair<CommandId, std::string> kMeanings[] = {
+      {kSlateDuration, "Slate duration: 1 frame"},
+      {kText, "Text message 'A ? B" + std::string(27, 'C') + "' and 1 zero"},
+      {kDownConverterControl, "Processing mode and filters: Film, vertical: Soft, horizontal: Sharp"},
+      {kWindow,
+       "Window 1 'Video Timecode': off, row 20, column 5, 16 wide, slate, field digit, symbol, double "
+       "height, "
+       "highlighted"}};
+  for (const auto& [command, meaning] : kMeanings) {
+    EXPECT_EQ(MessageOf(CommandOf(command), {form, vars, Sender::kPanel, 0, kHighlightOn}).meaning, meaning);
+  }
 }
 
 // The window begins with field digit (2), double height (16), slate (32), on (64), and 11 + 2 characters.

@@ -81,8 +81,11 @@ TEST(WholeSend, SendsEverythingInTheUnitsOrder) {
     EXPECT_EQ(marks, expectedMarks);
     for (const char* meaning :
          {"Parameter 2/7 'Display brightness' = 300", "VITC lines: 14/34 15/35 16/36",
-          "LTC, user bits: Film Data", "Window 1 'Video Timecode'", "Text message 'TAKE 3 É'",
-          "Slate duration: 300 frames", "Number of VITC lines: 2", "White flag line: 21"}) {
+          "LTC, user bits: Film Data", "Text message 'TAKE 3 É'", "Slate duration: 300 frames",
+          "VITC 3rd line, time bits: A source that no table has (sent as 0)", "Number of VITC lines: 2",
+          "White flag line: 21",
+          "Window 1 'Video Timecode': on, row 20, column 5, 13 wide, slate, field digit, double height",
+          "Window 14 'Text' not highlighted: on, row 100, column 6, 17 wide, symbol"}) {
       EXPECT_THAT(meanings, Contains(meaning));
     }
     EXPECT_THAT(rig.dialogs.Texts(), IsEmpty());
@@ -106,7 +109,7 @@ TEST(WholeSend, SendsWhatThePanelsSayInstead) {
   std::optional<std::string> marked;
   rig.commands.MessageSent.Connect([&](const SentMessage& message) {
     if (message.meaning == "LTC, user bits: Film Data") rig.line.Unit().Faults().drop = 2;
-    if (message.meaning.ends_with("not highlighted")) marked = Marked(rig);
+    if (message.meaning.find(" not highlighted: ") != std::string::npos) marked = Marked(rig);
     EXPECT_EQ(rig.form.InterTime.Enabled(), message.meaning == "Identification?");
   });
   rig.form.bSConfig.OperatorClick();

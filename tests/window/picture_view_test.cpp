@@ -54,7 +54,8 @@ class PictureViewTest : public testing::Test {
     LiveWindow::Settle();
     studio_.tool.commands.MessageSent.Connect([this](const SentMessage& message) {
       if (!message.meaning.starts_with("Window")) return;
-      (message.meaning.ends_with("highlighted") ? lights_ : sent_).push_back(message.meaning);
+      const bool light = message.meaning.find(" highlighted: ") != std::string::npos;
+      (light ? lights_ : sent_).push_back(message.meaning);
     });
   }
   void TearDown() override {
@@ -182,7 +183,7 @@ TEST_F(PictureViewTest, ThePointerLightsAWindowAsOverItsName) {
   desk_.Move(View(), Steps(1, 0));
   LiveWindow::Settle();
   EXPECT_THAT(lights_,
-              ElementsAre(testing::EndsWith(", highlighted"), testing::EndsWith(", not highlighted")));
+              ElementsAre(testing::HasSubstr("' highlighted: "), testing::HasSubstr("' not highlighted: ")));
 }
 
 TEST_F(PictureViewTest, OnlyWhatChangesIsPainted) {
