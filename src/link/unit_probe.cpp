@@ -72,9 +72,9 @@ std::string UnitProbe::Ask(MSComm& line) {
 
 std::optional<UnitProbe::Bytes> UnitProbe::Reply(MSComm& line, CommandId query, std::uint8_t command) {
   const Bytes frame = EncodeFrame(BytesOf(FieldsOf(query)));
+  heard_.clear();
   for (int i = 0; i < kTries; ++i) {
     Deadline limit(platform_.pump, platform_.guard, "probe", kReplyMs);
-    heard_.clear();
     line.Output(frame);
     while (limit.Enabled() && line.PortOpen() && !platform_.pump.Ending()) {
       while (line.InBufferCount() > 0) heard_.push_back(line.Input());
@@ -87,9 +87,11 @@ std::optional<UnitProbe::Bytes> UnitProbe::Reply(MSComm& line, CommandId query, 
 
 std::string UnitProbe::NoReplyText(const MSComm& line) const {
   if (line.DeviceGone()) return "The device went away during the test.";
-  if (heard_ == Bytes{kLocalMode}) return "A unit in local mode answers; it says no more.";
-  return heard_.empty() ? "No unit answers. Check the cable, and that the unit is switched on."
-                        : "Something answers, but not as a unit does.";
+  if (heard_.empty())
+    return "No unit answers within a second. Check the cable, and that the unit is switched on.";
+  const bool local = std::ranges::all_of(heard_, [](std::uint8_t byte) { return byte == kLocalMode; });
+  return local ? "A unit in local mode answers; it says no more."
+               : "Something answers, but not as a unit does.";
 }
 
 }  // namespace marlinset

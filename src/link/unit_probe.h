@@ -40,7 +40,7 @@ class UnitProbe {
   Platform& platform_;
   MSComm* line_ = nullptr;  ///< of the identification under way
   bool stopped_ = false;
-  Bytes heard_;  ///< since the last query
+  Bytes heard_;  ///< since the first try of a query
 };
 
 }  // namespace marlinset

@@ -85,8 +85,13 @@ TEST_F(PortDevicesTest, TestADeviceApartFromTheOpenPort) {
   const std::int64_t begin = rig.pump.Now();
   EXPECT_EQ(TestOf(3), "HD7340Q, firmware MARLIN40 020E00");
   const std::pair<std::function<void(UnitLine&)>, const char*> kFaults[] = {
-      {[](UnitLine& line) { line.Unit().Faults().mute = true; }, "No unit answers."},
+      {[](UnitLine& line) { line.Unit().Faults().mute = true; }, "No unit answers within a second."},
       {[](UnitLine& line) { line.Unit().SetLocal(true); }, "local mode"},
+      {[this](UnitLine& line) {
+         line.Unit().Faults().mute = true;
+         line.Inject({0x41}, rig.pump.Now() + 100);
+       },
+       "Something answers"},
       {[](UnitLine& line) { line.RefuseOpen("Port 3 cannot be opened: unknown host rack7."); },
        "Unknown host rack7."},
       {[this](UnitLine& line) {
@@ -113,7 +118,7 @@ TEST_F(PortDevicesTest, TestADeviceApartFromTheOpenPort) {
     EXPECT_THAT(TestOf(3), HasSubstr(text));
   }
   EXPECT_LT(rig.pump.Now() - begin, 10000);
-  EXPECT_EQ(tested, std::vector<std::string>(7, "tcp://rack7:4003"));
+  EXPECT_EQ(tested, std::vector<std::string>(8, "tcp://rack7:4003"));
   EXPECT_TRUE(rig.line.PortOpen() && rig.Sent().empty()) << "the open port notices nothing";
   EXPECT_THAT(rig.Boxes(), testing::IsEmpty());
   EXPECT_FALSE(form.cmdStop.Enabled());
