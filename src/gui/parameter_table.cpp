@@ -53,7 +53,7 @@ class CellDelegate : public QStyledItemDelegate {
     if (cell.column() == ParameterModel::kReference && cell.data(ParameterModel::kDiffersRole).toBool())
       PaintDiffers(*painter, option);
     if (cell.data(ParameterModel::kUnheldRole).toBool())
-      PaintCornerMark(*painter, option.rect, MarkInk(option, LinkColor(option.palette)));
+      PaintCornerMark(*painter, FieldOf(option, cell), MarkInk(option, LinkColor(option.palette)));
   }
 
  protected:
@@ -81,6 +81,13 @@ class CellDelegate : public QStyledItemDelegate {
   static QColor MarkInk(const QStyleOptionViewItem& option, const QColor& ink) {
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     return selected ? option.palette.color(QPalette::HighlightedText) : ink;
+  }
+  /// The part of a wide cell that holds the value, as narrow as a field of its own would be.
+  static QRect FieldOf(const QStyleOptionViewItem& option, const QModelIndex& cell) {
+    const int value = QFontMetrics(FixedFont()).horizontalAdvance(cell.data().toString());
+    QRect field = option.rect;
+    field.setLeft(std::max(field.left(), field.right() - value - 2 * option.fontMetrics.height()));
+    return field;
   }
   /// A filled diamond at the left of the cell, beside the value: a mark that needs no colour.
   static void PaintDiffers(QPainter& painter, const QStyleOptionViewItem& option) {
