@@ -29,7 +29,7 @@ ChangeCounter::ChangeCounter(FrmStart& form, HeldSettings& held, const WholeSend
       formListening_(form.Touched, [this] { LookSoon(); }),
       heldListening_(held.Changed, [this] { LookSoon(); }) {
   setObjectName(QStringLiteral("Changes"));
-  setAlignment(Qt::AlignVCenter | Qt::AlignRight);
+  setAlignment(Qt::AlignVCenter | Qt::AlignLeft);
 }
 
 QSize ChangeCounter::sizeHint() const {

@@ -34,27 +34,32 @@ void LiveSign::ShowForm() {
   if (UnitIsIdentified(form_)) model_ = Shown(form_.StatBar(FrmStart::kModelPanel).Text());
   const bool live = form_.mnuInter.Checked();
   setVisible(live);
-  const QString unit = model_ + QStringLiteral(", ") + Port();
-  if (!live || unit == unit_) return;
-  unit_ = unit;
-  setAccessibleName(Word() + QStringLiteral(": ") + unit);
-  setToolTip(unit +
+  const int port = Port();
+  const QString name = port == 0 ? QString() : Shown(form_.ComMenu(port).Caption());
+  const QString device = port == 0 ? QString() : Device(port);
+  const QString both = model_ + QStringLiteral(", ") + name;
+  const QStringList texts{device.isEmpty() ? both : QStringLiteral("%1 (%2)").arg(both, device), both, name};
+  if (!live || texts == texts_) return;
+  texts_ = texts;
+  setAccessibleName(Word() + QStringLiteral(": ") + Unit());
+  setToolTip(Unit() +
              QStringLiteral("\nInteractive mode: each change goes to the unit at once. Mode > Off ends it."));
   updateGeometry();
   update();
 }
 
-QString LiveSign::Port() const {
+int LiveSign::Port() const {
   for (int port = kLowestPort; port <= kHighestPort; ++port) {
-    const MenuItem& item = form_.ComMenu(port);
-    if (!item.Checked()) continue;
-    QString device = deviceName_ ? Shown(ShownDevice(deviceName_(port))) : QString();
-    const QLatin1String devices("/dev/");
-    device = device.startsWith(devices) ? device.mid(devices.size()) : device.section(QLatin1Char('/'), -1);
-    if (device.size() > kLongestDevice) device = QChar(0x2026) + device.right(kLongestDevice);
-    return Shown(item.Caption()) + (device.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(device));
+    if (form_.ComMenu(port).Checked()) return port;
   }
-  return {};
+  return 0;
+}
+
+QString LiveSign::Device(int port) const {
+  QString device = deviceName_ ? Shown(ShownDevice(deviceName_(port))) : QString();
+  const QLatin1String devices("/dev/");
+  device = device.startsWith(devices) ? device.mid(devices.size()) : device.section(QLatin1Char('/'), -1);
+  return device.size() > kLongestDevice ? QChar(0x2026) + device.right(kLongestDevice) : device;
 }
 
 QFont LiveSign::WordFont() const {
@@ -69,9 +74,17 @@ QSize LiveSign::WordSize() const {
   return {letters.horizontalAdvance(Word()) + 3 * unit, letters.height() + unit};
 }
 
+/// The longest text that can be shown uncut; none if there is not even room for the port.
+QString LiveSign::Fitting(int width) const {
+  for (const QString& text : texts_) {
+    if (fontMetrics().horizontalAdvance(text) <= width) return text;
+  }
+  return {};
+}
+
 QSize LiveSign::sizeHint() const {
   const QSize word = WordSize();
-  return {word.width() + 2 * SpaceUnit(*this) + fontMetrics().horizontalAdvance(unit_), word.height()};
+  return {word.width() + 2 * SpaceUnit(*this) + fontMetrics().horizontalAdvance(Unit()), word.height()};
 }
 
 QSize LiveSign::minimumSizeHint() const {
@@ -92,8 +105,7 @@ void LiveSign::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(font());
   painter.setPen(palette().color(QPalette::WindowText));
   const QRect rest = rect().adjusted(word.width() + SpaceUnit(*this), 0, 0, 0);
-  painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                   fontMetrics().elidedText(unit_, Qt::ElideRight, rest.width()));
+  painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, Fitting(rest.width()));
 }
 
 }  // namespace marlinset

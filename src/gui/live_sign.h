@@ -11,15 +11,15 @@
 
 namespace marlinset {
 
-/// The word LIVE with the unit's model and its port, shown while interactive mode is on: every change then
-/// goes on air at once.
+/// The word LIVE with the unit's model and its port, or less of them in a narrow window, shown while
+/// interactive mode is on: every change then goes on air at once.
 class LiveSign : public QWidget {
   Q_OBJECT
  public:
   /// `deviceName`: the device behind a port number; may be empty.
   LiveSign(FrmStart& form, std::function<std::string(int)> deviceName, QWidget* parent);
   /// The text after the word: "HD7340Q, Com 1 (ttyUSB0)".
-  QString Unit() const { return unit_; }
+  QString Unit() const { return texts_.value(0); }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -31,14 +31,16 @@ class LiveSign : public QWidget {
 
  private:
   void ShowForm();
-  QString Port() const;
+  int Port() const;
+  QString Device(int port) const;
+  QString Fitting(int width) const;
   QFont WordFont() const;
   QSize WordSize() const;
 
   FrmStart& form_;
   std::function<std::string(int)> deviceName_;
-  QString model_;  ///< the status bar also shows other texts in place of the model
-  QString unit_;
+  QString model_;      ///< the status bar also shows other texts in place of the model
+  QStringList texts_;  ///< after the word, and shorter ones for a narrow window
   std::vector<Listening<>> listening_;
 };
 

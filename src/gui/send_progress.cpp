@@ -21,7 +21,7 @@ QString CountText(int messages, int planned) {
 SendProgress::SendProgress(WholeSend& send, QWidget* parent)
     : QWidget(parent), send_(send), listening_(send.Progressed, [this] { ShowSend(); }) {
   setObjectName(QStringLiteral("Progress"));
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
   setAccessibleName(QStringLiteral("Progress of the send"));
 }
 
@@ -59,6 +59,7 @@ void SendProgress::ShowSend() {
 void SendProgress::paintEvent(QPaintEvent* /*event*/) {
   if (text_.isEmpty()) return;
   QPainter painter(this);
+  painter.fillRect(rect(), palette().window());
   const QRect bar = Bar();
   painter.fillRect(bar, Outline(palette()));
   QRect filled = bar;

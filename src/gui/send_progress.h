@@ -10,7 +10,7 @@ namespace marlinset {
 class WholeSend;
 
 /// How far a send is: a thin bar and "43 of 95", the messages sent and planned; "Stopping" once the operator
-/// has stopped it. Empty without a send, but it keeps its place, so nothing moves.
+/// has stopped it. Without a send it shows what lies below it and keeps its place, so nothing moves.
 class SendProgress : public QWidget {
   Q_OBJECT
  public:

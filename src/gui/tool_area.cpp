@@ -80,9 +80,6 @@ ToolArea::ToolArea(FrmStart& form, const WindowHooks& hooks, QWidget* parent) : 
   views.row->addWidget(MakeViews(form));
   views.row->addSpacing(2 * unit);
   views.row->addWidget(new LiveSign(form, hooks.deviceName, this));
-  if (hooks.held && hooks.wholeSend) {
-    views.row->addWidget(new ChangeCounter(form, *hooks.held, *hooks.wholeSend, this));
-  }
   Strip service(this);
   AddSend(form, hooks, *service.row);
   AddService(form, *service.row);
@@ -161,7 +158,13 @@ void ToolArea::AddSend(FrmStart& form, const WindowHooks& hooks, QBoxLayout& row
   auto* stop = new BarButton(this);
   Bind(*stop, form.bStop, 0, Turn::kAtOnce).SetDisabledReason(QStringLiteral("No setup is being sent."));
   row.addWidget(stop);
-  if (hooks.wholeSend) row.addWidget(new SendProgress(*hooks.wholeSend, this));
+  // Both keep their room, but only one has something to say at a time: during a send the progress covers the
+  // counter.
+  auto* place = new QGridLayout;
+  if (hooks.held && hooks.wholeSend)
+    place->addWidget(new ChangeCounter(form, *hooks.held, *hooks.wholeSend, this), 0, 0);
+  if (hooks.wholeSend) place->addWidget(new SendProgress(*hooks.wholeSend, this), 0, 0);
+  row.addLayout(place);
   AddKeys(*stop, kStopKeys);
 }
 
