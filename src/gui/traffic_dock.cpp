@@ -5,15 +5,13 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QShortcut>
-#include <QTableView>
 #include <QVBoxLayout>
 
 #include "core/frm_start.h"
+#include "gui/traffic_table.h"
 #include "gui/widgets/buttons.h"
 #include "gui/widgets/filter_field.h"
 #include "gui/widgets/group.h"
@@ -29,27 +27,6 @@ QString Counted(std::size_t rows) {
   return QLocale().toString(static_cast<qulonglong>(rows));
 }
 
-/// Columns as wide as what they usually hold; the bytes take the rest.
-void SetColumns(QTableView& table) {
-  constexpr int kBytes = 4;
-  constexpr const char* kUsual[kTrafficColumns] = {
-      "00:00:00.000", "From unit", "Video status: 1080i/60, automatic", "15 0 192 12 5 100 0 0 0", "",
-      "Acknowledged"};
-  QHeaderView& header = *table.horizontalHeader();
-  const QFontMetrics figures(FixedFont());
-  const int unit = SpaceUnit(table);
-  header.setMinimumSectionSize(FiguresWidth(table, 10));
-  for (int column = 0; column < static_cast<int>(kTrafficColumns); ++column) {
-    const QString usual = QLatin1String(kUsual[column]);
-    const int width =
-        std::max(figures.horizontalAdvance(usual), table.fontMetrics().horizontalAdvance(usual));
-    header.resizeSection(column, width + 3 * unit);
-  }
-  header.setSectionResizeMode(kBytes, QHeaderView::Stretch);
-  header.setHighlightSections(false);
-  header.setSectionsClickable(false);
-}
-
 }  // namespace
 
 TrafficDock::TrafficDock(FrmStart& form, TrafficRules& rules, QWidget* parent)
@@ -57,13 +34,15 @@ TrafficDock::TrafficDock(FrmStart& form, TrafficRules& rules, QWidget* parent)
   auto* middle = new QWidget(this);
   auto* lines = new QVBoxLayout(middle);
   SetSpaces(*lines, *this, 1);
-  table_ = new QTableView(middle);
+  table_ = new TrafficTable(*model_, middle);
   auto* tools = new SideBySide(MakeFilter(middle), MakeButtons(middle), middle);
   tools->LetFirstGrow();
   lines->addWidget(tools);
   lines->addWidget(table_, 1);
-  SetUpTable();
-  FollowNewest();
+  auto* keys = new QShortcut(QKeySequence::Copy, table_);
+  keys->setContext(Qt::WidgetShortcut);
+  connect(keys, &QShortcut::activated, this, &TrafficDock::Copy);
+  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TrafficDock::ShowCounts);
   setWidget(middle);
   connect(model_, &TrafficModel::Updated, this, &TrafficDock::ShowCounts);
   ShowCounts();
@@ -146,50 +125,8 @@ QWidget* TrafficDock::MakeButtons(QWidget* parent) {
   return strip;
 }
 
-void TrafficDock::SetUpTable() {
-  table_->setObjectName(QStringLiteral("TrafficTable"));
-  table_->setAccessibleName(QStringLiteral("Traffic on the line"));
-  table_->setModel(model_);
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  table_->setAlternatingRowColors(false);  // rows leave at the top: the stripes would change places
-  table_->setShowGrid(false);
-  table_->setWordWrap(false);
-  table_->setTabKeyNavigation(false);  // Tab goes on to the next field, as everywhere
-  table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  QHeaderView& rows = *table_->verticalHeader();
-  rows.hide();
-  rows.setMinimumSectionSize(1);
-  rows.setSectionResizeMode(QHeaderView::Fixed);
-  rows.setDefaultSectionSize(table_->fontMetrics().height() + SpaceUnit(*table_));
-  SetColumns(*table_);
-  auto* keys = new QShortcut(QKeySequence::Copy, table_);
-  keys->setContext(Qt::WidgetShortcut);
-  connect(keys, &QShortcut::activated, this, &TrafficDock::Copy);
-  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TrafficDock::ShowCounts);
-}
-
-/// At the foot the table follows what comes. Elsewhere it stays at the rows that the operator reads, also
-/// when the oldest leave.
-void TrafficDock::FollowNewest() {
-  QScrollBar* bar = table_->verticalScrollBar();
-  connect(bar, &QScrollBar::valueChanged, this, [this, bar] { atFoot_ = bar->value() == bar->maximum(); });
-  // The view extends the range some time after the rows have come.
-  connect(bar, &QScrollBar::rangeChanged, this, [this, bar] {
-    if (atFoot_) bar->setValue(bar->maximum());
-  });
-  connect(model_, &QAbstractItemModel::rowsRemoved, this,
-          [this, bar](const QModelIndex&, int first, int last) {
-            if (first == 0 && !atFoot_) bar->setValue(bar->value() - (last + 1));
-          });
-  connect(model_, &QAbstractItemModel::modelReset, this, [this, bar] {
-    bar->setValue(bar->maximum());
-    atFoot_ = true;
-  });
-}
-
 void TrafficDock::Filter() {
-  model_->SetFilter({.text = text_->text(),
+  table_->SetFilter({.text = text_->text(),
                      .sent = sent_->isChecked(),
                      .received = received_->isChecked(),
                      .polls = polls_->isChecked()});
@@ -200,13 +137,8 @@ void TrafficDock::Pause(bool on) {
 }
 
 void TrafficDock::Copy() {
-  QModelIndexList selected = table_->selectionModel()->selectedRows();
-  if (selected.isEmpty()) return;
-  std::sort(selected.begin(), selected.end());
-  const std::vector<Traffic::Row> rows = model_->Rows();
-  std::vector<Traffic::Row> chosen;
-  for (const QModelIndex& cell : selected) chosen.push_back(rows.at(static_cast<std::size_t>(cell.row())));
-  QApplication::clipboard()->setText(TextOf(chosen));
+  const std::vector<Traffic::Row> chosen = table_->SelectedRows();
+  if (!chosen.empty()) QApplication::clipboard()->setText(TextOf(chosen));
 }
 
 void TrafficDock::Save(TrafficRules::Format format) {

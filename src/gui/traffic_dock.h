@@ -8,15 +8,14 @@
 class QCheckBox;
 class QLabel;
 class QPushButton;
-class QTableView;
 
 namespace marlinset {
 
 class FilterField;
+class TrafficTable;
 
-/// The panel with the traffic on the line: a table, the newest row at the foot, which it follows until the
-/// operator scrolls away from there; above it what to list, and what to do with it. It records only while it
-/// is open, so it begins empty each time.
+/// The panel with the traffic on the line: the table, and above it what to list, and what to do with it. It
+/// records only while it is open, so it begins empty each time.
 class TrafficDock : public FormDock {
   Q_OBJECT
  public:
@@ -30,8 +29,6 @@ class TrafficDock : public FormDock {
   QWidget* MakeFilter(QWidget* parent);
   QWidget* MakeButtons(QWidget* parent);
   QPushButton* AddButton(const QString& text, const char* name, QWidget& strip);
-  void SetUpTable();
-  void FollowNewest();
   void Filter();
   void Pause(bool on);
   void Copy();
@@ -40,14 +37,13 @@ class TrafficDock : public FormDock {
 
   TrafficRules& rules_;
   TrafficModel* model_;
-  QTableView* table_ = nullptr;
+  TrafficTable* table_ = nullptr;
   FilterField* text_ = nullptr;
   QCheckBox* sent_ = nullptr;
   QCheckBox* received_ = nullptr;
   QCheckBox* polls_ = nullptr;
   QLabel* counts_ = nullptr;
   QPushButton* copy_ = nullptr;
-  bool atFoot_ = true;
 };
 
 }  // namespace marlinset

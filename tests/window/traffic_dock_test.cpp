@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -129,6 +130,34 @@ TEST_F(TrafficDockTest, KeepsItsPlaceAwayFromTheFootAndHoldsStillInAPause) {
   EXPECT_EQ(Bar().value(), Bar().maximum());
   Press("TrafficClear");
   EXPECT_EQ(Rows(), 0);
+}
+
+TEST_F(TrafficDockTest, SharesTheWidthAndKeepsWhatIsSelected) {
+  form_.bSConfig.OperatorClick();
+  Update();
+  QHeaderView& header = *Table().horizontalHeader();
+  const int needed = header.length();
+  const int bytes = Table().columnWidth(4);
+  const QFontMetrics figures(Table().model()->index(0, 4).data(Qt::FontRole).value<QFont>());
+  EXPECT_GE(bytes, figures.horizontalAdvance(QStringLiteral("02 08 02 08 21 03 40 14 04 0B 67")));
+  desk_.Window().resize(desk_.Window().width() + 400, desk_.Window().height());
+  LiveWindow::Settle();
+  EXPECT_EQ(header.length(), Table().viewport()->width());
+  EXPECT_GT(Table().columnWidth(4), bytes);
+  Table().setColumnWidth(2, needed);
+  desk_.Window().resize(desk_.Window().width() - 200, desk_.Window().height());
+  LiveWindow::Settle();
+  EXPECT_EQ(Table().columnWidth(2), needed) << "as the operator drew it";
+
+  Table().selectRow(20);
+  Table().scrollToTop();
+  const std::string chosen = Cell(20, 4);
+  Press("TrafficReceived");
+  Press("TrafficReceived");
+  const QModelIndexList selected = Table().selectionModel()->selectedRows();
+  ASSERT_EQ(selected.size(), 1);
+  EXPECT_EQ(Cell(selected[0].row(), 4), chosen);
+  EXPECT_TRUE(Table().viewport()->rect().contains(Table().visualRect(selected[0])));
 }
 
 TEST_F(TrafficDockTest, SavesWhatIsListed) {
