@@ -162,9 +162,11 @@ void Traffic::NoteMessage(const SentMessage& message) {
   const auto found =
       std::find_if(open_.rbegin(), open_.rend(), [&frame](const OwnRow& row) { return row->bytes == frame; });
   if (found == open_.rend()) return;  // nothing went over the line
-  judged_ = *found;
+  const OwnRow sent = *found;
   open_.erase(std::next(found).base());
-  TrafficRow& row = *judged_;
+  TrafficRow& row = *sent;
+  // A surplus answer still counts for the setting before, whatever has been asked since.
+  if (!row.poll && message.verdict) judged_ = sent;
   row.message = message.number;
   if (*message.command) {
     row.meaning = message.meaning;

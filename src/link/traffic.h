@@ -92,7 +92,7 @@ class Traffic {
   std::deque<OwnRow> open_;  ///< sent rows without a message yet, the latest last
   OwnRow latest_;            ///< the latest one that was sent
   bool repeated_ = false;    ///< it repeats the query before, which nobody had answered
-  OwnRow judged_;            ///< the latest one with a message
+  OwnRow judged_;            ///< the latest setting with a message
   Listening<std::span<const std::uint8_t>> frames_;
   Listening<std::span<const std::uint8_t>> bytes_;
   Listening<> waits_;

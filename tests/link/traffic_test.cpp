@@ -91,11 +91,12 @@ TEST_F(TrafficTest, ComplementsAMessageWhenItsAnswerTurnsOutToBeWorthLess) {
   commands.Send(CommandId::kVitcOn, Sender::kWholeSend);
   const Traffic::Row sent = traffic->At(0);
   EXPECT_EQ(sent->answer, TrafficAnswer::kAnswered);
+  commands.Send(CommandId::kVideoSense, Sender::kWholeSend);
   std::vector<std::int64_t> changed;
   traffic->Changed.Connect([&](std::int64_t number) { changed.push_back(number); });
   Receive({kAck});
   EXPECT_EQ(sent->answer, TrafficAnswer::kUncertain);
-  EXPECT_THAT(changed, ElementsAre(sent->number + 2, sent->number));
+  EXPECT_THAT(changed, ElementsAre(sent->number + 4, sent->number));
 }
 
 TEST_F(TrafficTest, NamesWhatComesUnaskedAndWhatNobodyUnderstands) {
