@@ -88,6 +88,7 @@ TEST_F(DialogsTest, ADeviceIsChosenOrTypedAndEscOrOkEndsATest) {
              ports.lblNote(2).SetCaption("There is no such device now.");
              EXPECT_EQ(field.currentText(), "/dev/ttyUSB07");
              EXPECT_EQ(field.accessibleName(), "Com 2");
+             EXPECT_EQ(Widget(window, "lblNote(2)").accessibleName(), "There is no such device now.");
              QTest::keyClick(&window, Qt::Key_Escape);
            });
   EXPECT_EQ(ports.comDevice(2).Text(), "/dev/ttyUSB07");

@@ -179,6 +179,7 @@ Binding& Bind(QLabel& widget, Label& control, char mnemonic) {
   widget.setTextFormat(Qt::PlainText);
   return Tie(widget, control, [&widget, &control, mnemonic] {
     widget.setText(mnemonic == 0 ? Shown(control.Caption()) : ShownWithMnemonic(control.Caption(), mnemonic));
+    widget.setAccessibleName(SpokenName(ShownLiteral(control.Caption())));
   });
 }
 
