@@ -259,11 +259,16 @@ void PictureView::Move(const PlannedWindow& window, const CellRect& to) {
   awaited.place = to;
   // Another file may have other windows in these rows by then.
   const std::weak_ptr<const void> life = form_.udVer(row).Life();
-  OperatorQueue::OfProgram().Take(form_, *this,
-                                  [self = QPointer<PictureView>(this), &rules = rules_, life, row, to] {
-                                    if (!life.expired()) rules.Move(row, to.left, to.top);
-                                    if (self) self->Landed(row);
-                                  });
+  OperatorQueue::OfProgram().Take(
+      form_, *this,
+      [self = QPointer<PictureView>(this), &rules = rules_, life, row, to] {
+        if (!life.expired()) rules.Move(row, to.left, to.top);
+        if (self) self->Landed(row);
+      },
+      [&form = form_, life, row, to] {
+        if (life.expired()) return PendingEdits();
+        return PendingEdits{{&form.udVer(row), to.top}, {&form.udHor(row), to.left}};
+      });
 }
 
 void PictureView::Landed(int row) {

@@ -43,6 +43,11 @@ Recovery::Recovery(Platform& platform, Variables& variables, FrmStart& form, Con
       [this](SaveEnd end) { saveFailed_ = end != SaveEnd::kStored && changes_.Modified(); });
 }
 
+void Recovery::Include(std::function<PendingEdits()> pending, Signal<>& changed) {
+  pending_ = std::move(pending);
+  pendingChanged_.emplace(changed, [this] { NoteChange(); });
+}
+
 void Recovery::Offer() {
   if (!platform_.work) return;
   for (const LeftWork& left : platform_.work->Left()) {
@@ -131,16 +136,28 @@ void Recovery::Leave() {
 }
 
 void Recovery::KeepOrDrop() {
-  if (changes_.Modified() && !discarded_) return Keep();
+  if ((changes_.Modified() || EditsPending()) && !discarded_) return Keep();
   platform_.work->Drop();
   kept_.reset();
+}
+
+/// Whether pending edits will change the composition.
+bool Recovery::EditsPending() const {
+  const PendingEdits edits = pending_();
+  if (edits.empty()) return false;
+  try {
+    return WriteDocument(DocumentOfPanels(vars_, form_, edits)) !=
+           WriteDocument(DocumentOfPanels(vars_, form_));
+  } catch (const RuntimeError&) {
+    return false;
+  }
 }
 
 /// Keeps the work, or reports once that it can't; never touches the operator's own files.
 void Recovery::Keep() {
   try {
-    UnsavedWork work{vars_.CurrentFile, file_.Path(), WriteDocument(DocumentOfPanels(vars_, form_)),
-                     file_.Mark()};
+    UnsavedWork work{vars_.CurrentFile, file_.Path(),
+                     WriteDocument(DocumentOfPanels(vars_, form_, pending_())), file_.Mark()};
     if (work == kept_) return;
     platform_.work->Keep(work);
     kept_ = std::move(work);

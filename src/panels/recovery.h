@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <optional>
 
+#include "controls/pending_edit.h"
+#include "controls/signal.h"
 #include "controls/timer.h"
 #include "platform/work_keeper.h"
 
@@ -22,6 +25,10 @@ class Recovery {
  public:
   Recovery(Platform& platform, Variables& variables, FrmStart& form, ConfigurationFile& file,
            UnsavedChanges& changes);
+
+  /// The operator sees these edits as done although they have not reached the panels: they are kept, too.
+  /// `changed` is raised when there may be others.
+  void Include(std::function<PendingEdits()> pending, Signal<>& changed);
 
   /// At start: asks about each composition left behind, latest first, until the operator takes one, and sets
   /// those declined aside.
@@ -47,6 +54,7 @@ class Recovery {
   bool LineBusy() const;
   void KeepOrDrop();
   void Keep();
+  bool EditsPending() const;
   bool Restore(const LeftWork& left);
 
   Platform& platform_;
@@ -54,6 +62,8 @@ class Recovery {
   FrmStart& form_;
   ConfigurationFile& file_;
   UnsavedChanges& changes_;
+  std::function<PendingEdits()> pending_ = [] { return PendingEdits(); };
+  std::optional<Listening<>> pendingChanged_;
   Timer rest_;  ///< runs from the last edit, ticks if no other follows
   Timer most_;  ///< runs from the first edit that is not kept yet
   bool begun_ = false;

@@ -154,6 +154,29 @@ TEST_F(RecoveryTest, KeepsAnEditThatNobodyContinuesButNotWhileTheUnitIsWaitedFor
   EXPECT_EQ(keeper_.keepings, 5);
 }
 
+TEST_F(RecoveryTest, KeepsEditsThatHaveNotReachedThePanels) {
+  OneRun run(keeper_);
+  PendingEdits pending;
+  Signal<> changed;
+  run.tool.recovery.Include([&] { return pending; }, changed);
+  const auto sees = [&](const PendingEdits& edits) {
+    pending = edits;
+    changed.Emit();
+    run.pump.Pass(2000);
+  };
+  const std::string same = run.form.tWinMess.Text();
+  sees({{&run.form.tWinMess, same}});
+  EXPECT_FALSE(keeper_.kept) << "it changes nothing";
+  sees({{&run.form.tWinMess, "SEEN"}, {&run.form.udVer(0), 999}});
+  EXPECT_TRUE(keeper_.kept);
+  sees({});
+  EXPECT_FALSE(keeper_.kept) << "the rules have refused it";
+  pending = {{&run.form.tWinMess, "AT THE END"}};
+  run.tool.recovery.Leave();
+  OneRun next(keeper_, {BoxAnswer::kYes});
+  EXPECT_EQ(next.form.tWinMess.Text(), "AT THE END");
+}
+
 TEST_F(RecoveryTest, AsksForEachUntilTheOperatorTakesOneThatCanBeRead) {
   for (const char* message : {"FIRST", "SECOND", "THIRD", "FOURTH"}) {
     FakeKeeper own;

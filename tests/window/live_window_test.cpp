@@ -303,6 +303,35 @@ TEST_P(LateAnswersTest, WhatFallsIntoAWaitIsDoneWhenItIsOver) {
   EXPECT_NE(form_.chPrev.On(), preview);
 }
 
+/// Work that is kept in a wait holds them.
+TEST_P(LateAnswersTest, PendingEditsAreWhatTheControlsWillHold) {
+  std::vector<std::uint8_t> seen;
+  desk_.Widget("udVer(14)").setFocus();
+  desk_.Key(Qt::Key_PageDown);  // ten steps, each with an answer to wait for
+  InTheWait([&] {
+    const std::vector<std::function<void()>> edits = {
+        [&] { desk_.Key(Qt::Key_W, Qt::AltModifier); },
+        [&] { desk_.Click(desk_.Widget("oVITC(1)")); },
+        [&] { Pick(desk_, "ComWin(2)", 3); },
+        [&] { desk_.Widget("tWinMess").setFocus(), desk_.Type("AB"); },
+        [&] {
+          desk_.Widget("udHor(1)").setFocus(), desk_.Key(Qt::Key_A, Qt::ControlModifier), desk_.Type("9999");
+        },
+        [&] { desk_.Key(Qt::Key_4, Qt::AltModifier), TurnQtsLoop(), EditFirstParameter(desk_, "77"); },
+        [&] { desk_.Key(Qt::Key_F2), desk_.Type("-"), desk_.Key(Qt::Key_Return); }};
+    for (std::size_t i = 0; i < edits.size(); ++i) {
+      edits[i]();
+      TurnQtsLoop();
+      const bool last = i + 1 == edits.size();
+      EXPECT_EQ(studio_.AsSeen() == seen, last) << "edit " << i << "; the last one is no number";
+      seen = studio_.AsSeen();
+    }
+  });
+  LiveWindow::Settle();
+  EXPECT_EQ(studio_.AsSeen(), seen);
+  EXPECT_THAT(OperatorQueue::OfProgram().Pending(), IsEmpty());
+}
+
 TEST_P(LateAnswersTest, CloseActsInAWaitAndKeepsWhatWasDoneBefore) {
   TickInAWait([&] {
     desk_.Click(desk_.Widget("bClose"));

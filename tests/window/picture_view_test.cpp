@@ -94,6 +94,7 @@ class PictureViewTest : public testing::Test {
 /// The hand is faster than the unit: the picture shows where the window is to be, and one message brings it
 /// there.
 TEST_F(PictureViewTest, ADropIsOneMessageHoweverLateTheUnitAnswers) {
+  std::vector<std::uint8_t> seen;
   InAWait([&] {
     sent_.clear();
     const QPoint from = Middle(kOne);
@@ -112,8 +113,11 @@ TEST_F(PictureViewTest, ADropIsOneMessageHoweverLateTheUnitAnswers) {
     desk_.Press(View(), ghost);
     desk_.Hold(View(), ghost + Steps(8, 0));
     desk_.Release(View(), ghost + Steps(8, 0));
+    TurnQtsLoop();
+    seen = studio_.AsSeen();
   });
   EXPECT_EQ(Place(kOne), std::pair(16, 4));
+  EXPECT_EQ(studio_.AsSeen(), seen) << "what would have been kept in the wait";
   const auto ofOne = [this](const std::string& meaning) {
     return meaning.find(Name(kOne)) != std::string::npos;
   };

@@ -5,7 +5,11 @@
 
 #include <algorithm>
 #include <chrono>
+#include <vector>
 
+#include "files/panel_document.h"
+#include "files/qcf_writer.h"
+#include "gui/widgets/operator_queue.h"
 #include "tests/support/tool_rig.h"
 
 namespace marlinset {
@@ -23,6 +27,11 @@ struct Studio : ToolRig {
         static_cast<int>(std::find(list.begin(), list.end(), "1080i/60") - list.begin()));
     form.mnuInter.OperatorClick();
     EXPECT_TRUE(form.mnuInter.Checked());
+  }
+
+  /// The bytes that a file would have with what the operator sees, done or not.
+  std::vector<std::uint8_t> AsSeen() {
+    return WriteDocument(DocumentOfPanels(vars, form, OperatorQueue::OfProgram().Pending()));
   }
 };
 

@@ -68,7 +68,9 @@ class Binding : public QObject {
   bool Pending() const { return awaited_->actions > 0; }
   Awaited& GetAwaited() { return *awaited_; }
   /// Whether the control represents what the widget shows.
-  bool Present() const { return !controls_.empty() && (!subject_ || subject_->Find() == controls_.front()); }
+  bool Present() const { return !controls_.empty() && Target() == controls_.front(); }
+  /// The control that the operator's actions are for; null if there is none any more.
+  Control* Target() const { return Detached() ? nullptr : subject_ ? subject_->Find() : controls_.front(); }
   /// The subject has moved to other controls: the widget follows it.
   void Follow(const std::vector<Control*>& controls);
   /// Paints the model's present state.

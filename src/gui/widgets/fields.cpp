@@ -105,7 +105,13 @@ SpinField::SpinField(SpinControl& spin, TextBox& echo, QWidget* parent, std::sha
   binding_->Show();
   connect(lineEdit(), &QLineEdit::textEdited, binding_, [this] {
     typing_ = true;
-    OperatorQueue::OfProgram().HoldTyping(*this, [this] { Complete(); });
+    OperatorQueue::OfProgram().HoldTyping(
+        *this, [this] { Complete(); },
+        [this] {
+          const Control* const target = binding_->Target();
+          const auto number = TypedNumber();
+          return typing_ && target && number ? PendingEdits{{target, WhereItStays(*number)}} : PendingEdits();
+        });
   });
   connect(this, &QAbstractSpinBox::editingFinished, binding_, [this] {
     if (!staysInUse_) Complete();
@@ -135,22 +141,28 @@ void SpinField::ShowControl() {
 void SpinField::Complete() {
   if (!typing_ || binding_->Detached()) return;
   typing_ = false;
+  echoShown_.clear();
+  if (const auto number = TypedNumber()) {
+    binding_->Act(
+        {.kind = OperatorAction::Kind::kSpin, .number = *number, .leadsTo = NoteWhereItLeads(*number)},
+        Turn::kInOrder, [this] { KeepWhatIsTyped(); });
+  } else {
+    TakeBack();
+  }
+}
+
+std::optional<int> SpinField::TypedNumber() const {
   const int radix = Radix();
   bool isNumber = false;
-  qlonglong number = lineEdit()->text().toLongLong(&isNumber, radix);
-  if (isNumber && radix == 16) number = static_cast<int>(static_cast<unsigned>(number));
-  echoShown_.clear();
-  if (isNumber) {
-    const int value = static_cast<int>(std::clamp<qlonglong>(number, INT_MIN, INT_MAX));
-    NoteWhereItLeads(WhereItStays(value));
-    binding_->Act({OperatorAction::Kind::kSpin, value}, Turn::kInOrder, [this] { KeepWhatIsTyped(); });
-  } else {
-    ShowAgain();
-  }
+  const qlonglong number = lineEdit()->text().toLongLong(&isNumber, radix);
+  if (!isNumber) return std::nullopt;
+  if (radix == 16) return static_cast<int>(static_cast<unsigned>(number));
+  return static_cast<int>(std::clamp<qlonglong>(number, INT_MIN, INT_MAX));
 }
 
 void SpinField::TakeBack() {
   typing_ = false;
+  OperatorQueue::OfProgram().DropTyping(*this);
   ShowAgain();
 }
 
@@ -168,8 +180,9 @@ void SpinField::stepBy(int steps) {
   const int from = SeenValue();
   const bool rising = (steps > 0) == (spin_->Max() >= spin_->Min());
   const qlonglong way = static_cast<qlonglong>(spin_->Increment()) * std::abs(steps);
-  NoteWhereItLeads(WhereItStays(from + (rising ? way : -way)));
-  binding_->Act({OperatorAction::Kind::kStep, steps}, Turn::kInOrder, [this] { KeepWhatIsTyped(); });
+  const int end = NoteWhereItLeads(from + (rising ? way : -way));
+  binding_->Act({.kind = OperatorAction::Kind::kStep, .number = steps, .leadsTo = end}, Turn::kInOrder,
+                [this] { KeepWhatIsTyped(); });
   lineEdit()->setText(binding_->GetAwaited().text);
   if (hasFocus()) lineEdit()->selectAll();
 }
@@ -192,12 +205,14 @@ int SpinField::SeenValue() const {
 
 /// The rules write the echo of a value. Until they have, this writes it as they wrote the last one: some show
 /// no sign, but none of those has a choice of radix.
-void SpinField::NoteWhereItLeads(int value) {
+int SpinField::NoteWhereItLeads(qlonglong wanted) {
+  const int value = WhereItStays(wanted);
   const bool signless = !radix_ && echo_->Text() == std::to_string(std::abs(spin_->Value()));
   Awaited& awaited = binding_->GetAwaited();
   awaited.value = value;
   awaited.text = QString::number(signless ? std::abs(value) : value);
   if (Radix() == 16) awaited.text = QString::number(static_cast<unsigned>(value), 16).toUpper();
+  return value;
 }
 
 QAbstractSpinBox::StepEnabled SpinField::stepEnabled() const {

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "controls/control_types.h"
 #include "gui/widgets/binding.h"
@@ -61,7 +62,8 @@ class SpinField : public QAbstractSpinBox {
 
  private:
   void ShowControl();
-  void NoteWhereItLeads(int value);
+  int NoteWhereItLeads(qlonglong value);
+  std::optional<int> TypedNumber() const;
   void KeepWhatIsTyped();
   void ShowAgain();
   int Radix() const { return radix_ ? radix_() : 10; }

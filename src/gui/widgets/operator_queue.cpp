@@ -58,6 +58,31 @@ void Perform(Control& control, const OperatorAction& action) {
   }
 }
 
+/// Empty for an action that sets nothing, and for a choice that the list no longer offers.
+PendingEdits EditsOf(const Control& control, const OperatorAction& action) {
+  switch (action.kind) {
+    case OperatorAction::Kind::kClick:
+      if (control.Kind() != ControlKind::kOptionButton) return {};
+      return {{&control, 1}};
+    case OperatorAction::Kind::kCheck:
+      return {{&control, action.number}};
+    case OperatorAction::Kind::kSelect: {
+      const std::vector<std::string> entries = control.Entries();
+      if (std::ranges::find(entries, action.text) == entries.end()) return {};
+      return {{&control, action.text}};
+    }
+    case OperatorAction::Kind::kType:
+      return {{&control, action.text}};
+    case OperatorAction::Kind::kSpin:
+    case OperatorAction::Kind::kStep:
+      return {{&control, action.leadsTo}};
+    case OperatorAction::Kind::kHover:
+    case OperatorAction::Kind::kLeave:
+      return {};
+  }
+  return {};
+}
+
 std::function<bool()> WhileThere(QObject& window) {
   return [there = QPointer<QObject>(&window)] { return !there.isNull(); };
 }
@@ -74,25 +99,39 @@ OperatorQueue& OperatorQueue::OfProgram() {
 void OperatorQueue::Take(Control& control, const OperatorAction& action, Turn turn, QObject* context,
                          std::function<void()> done) {
   using Kind = OperatorAction::Kind;
-  if (action.kind != Kind::kHover && action.kind != Kind::kLeave) FinishTyping();
+  const bool sets = action.kind != Kind::kHover && action.kind != Kind::kLeave;
+  if (sets) FinishTyping();
   const QPointer<QObject> listener(context);
-  Add({.alive = [life = control.Life()] { return !life.expired(); },
-       .form = &control.Owner(),
-       .turn = turn,
-       .action =
-           [&control, action] {
-             Control* const present = action.find ? action.find() : &control;
-             if (present) Perform(*present, action);
-           },
-       .over =
-           [context, listener, done = std::move(done)] {
-             if (done && (!context || listener)) done();
-           }});
+  const auto present = [&control, action] { return action.find ? action.find() : &control; };
+  Entry entry{.alive = [life = control.Life()] { return !life.expired(); },
+              .form = &control.Owner(),
+              .turn = turn,
+              .action =
+                  [present, action] {
+                    if (Control* const found = present()) Perform(*found, action);
+                  },
+              .over =
+                  [context, listener, done = std::move(done)] {
+                    if (done && (!context || listener)) done();
+                  },
+              .gradual = action.kind == Kind::kStep};
+  if (sets) {
+    entry.edits = [present, action] {
+      const Control* const found = present();
+      return found ? EditsOf(*found, action) : PendingEdits();
+    };
+  }
+  Add(std::move(entry));
 }
 
-void OperatorQueue::Take(const Form& form, QObject& window, std::function<void()> action) {
+void OperatorQueue::Take(const Form& form, QObject& window, std::function<void()> action,
+                         std::function<PendingEdits()> edits) {
   FinishTyping();
-  Add({.alive = WhileThere(window), .form = &form, .turn = Turn::kInOrder, .action = std::move(action)});
+  Add({.alive = WhileThere(window),
+       .form = &form,
+       .turn = Turn::kInOrder,
+       .action = std::move(action),
+       .edits = std::move(edits)});
 }
 
 void OperatorQueue::TakeHover(Form& form, QObject& window) {
@@ -107,18 +146,46 @@ void OperatorQueue::Add(Entry entry) {
     std::erase_if(entries, [](const Entry& earlier) { return earlier.turn == Turn::kHover; });
   }
   entries.push_back(std::move(entry));
+  if (entries.back().edits) PendingChanged.Emit();
   Wake();
 }
 
-void OperatorQueue::HoldTyping(QObject& field, std::function<void()> complete) {
+void OperatorQueue::HoldTyping(QObject& field, std::function<void()> complete,
+                               std::function<PendingEdits()> typed) {
   if (typedIn_ != &field) FinishTyping();
   typedIn_ = &field;
   completeTyping_ = std::move(complete);
+  typed_ = std::move(typed);
+  PendingChanged.Emit();
+}
+
+void OperatorQueue::DropTyping(QObject& field) {
+  if (typedIn_ != &field) return;
+  typedIn_ = nullptr;
+  PendingChanged.Emit();
 }
 
 void OperatorQueue::FinishTyping() {
   const std::function<void()> complete = std::exchange(completeTyping_, nullptr);
   if (std::exchange(typedIn_, nullptr) && complete) complete();
+}
+
+PendingEdits OperatorQueue::Pending() const {
+  PendingEdits all;
+  const auto add = [&all](const Entry& entry) {
+    if (!entry.edits || !entry.alive()) return;
+    const PendingEdits edits = entry.edits();
+    all.insert(all.end(), edits.begin(), edits.end());
+  };
+  for (const Level& level : levels_) {
+    if (level.running && level.running->gradual) add(*level.running);
+    for (const Entry& entry : level.entries) add(entry);
+  }
+  if (typedIn_ && typed_) {
+    const PendingEdits typed = typed_();
+    all.insert(all.end(), typed.begin(), typed.end());
+  }
+  return all;
 }
 
 void OperatorQueue::Wake() {
@@ -177,11 +244,15 @@ void OperatorQueue::CarryOutNext() {
 void OperatorQueue::CarryOutFirst(Level& level) {
   const Entry entry = std::move(level.entries.front());
   level.entries.pop_front();
-  const bool within = std::exchange(level.running, true);
+  const Entry* const within = std::exchange(level.running, &entry);
   const auto carryOut = [&] {
     if (entry.alive()) entry.action();
   };
-  Finally([&] { Finally(carryOut, entry.over); }, [&] { level.running = within; });
+  Finally([&] { Finally(carryOut, entry.over); },
+          [&] {
+            level.running = within;
+            if (entry.edits) PendingChanged.Emit();
+          });
 }
 
 /// Carries out the actions that cannot wait for the end of the present wait.

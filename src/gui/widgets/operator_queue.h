@@ -6,7 +6,11 @@
 #include <QWidget>
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
+
+#include "controls/pending_edit.h"
+#include "controls/signal.h"
 
 namespace marlinset {
 
@@ -23,6 +27,7 @@ struct OperatorAction {
   /// Finds the control that by then represents the operator's object, null if that has gone: a list may
   /// refill its rows while an action waits. Empty if the control always represents the same object.
   std::function<Control*()> find = {};
+  int leadsTo = 0;  ///< kSpin, kStep: the value that the operator then sees
 };
 
 /// When an action is carried out.
@@ -52,15 +57,25 @@ class OperatorQueue : public QObject {
   void Take(Control& control, const OperatorAction& action, Turn turn, QObject* context = nullptr,
             std::function<void()> done = {});
   /// Queues an action on the window that shows `form`; it lapses if the window is destroyed first.
-  void Take(const Form& form, QObject& window, std::function<void()> action);
+  /// `edits` says to what it sets controls.
+  void Take(const Form& form, QObject& window, std::function<void()> action,
+            std::function<PendingEdits()> edits = {});
   /// The mouse moves over `form` itself, not over a control.
   void TakeHover(Form& form, QObject& window);
 
-  /// `field` holds a half-typed number. `complete` queues it, before the operator's next action, wherever the
-  /// focus is by then.
-  void HoldTyping(QObject& field, std::function<void()> complete);
+  /// `field` holds a half-typed number, which is the edit `typed`, if it is a number. `complete` queues it,
+  /// before the operator's next action, wherever the focus is by then.
+  void HoldTyping(QObject& field, std::function<void()> complete, std::function<PendingEdits()> typed);
+  /// The operator takes back what `field` holds.
+  void DropTyping(QObject& field);
   /// Completes the half-typed number.
   void FinishTyping();
+
+  /// What the operator has set and typed, but no control holds yet. Not what an action does besides, or what
+  /// a command such as New would do.
+  PendingEdits Pending() const;
+  /// Pending may return something else from now on.
+  Signal<> PendingChanged;
 
   /// The condition for which the queue waits may have changed.
   void Wake();
@@ -82,6 +97,8 @@ class OperatorQueue : public QObject {
     Turn turn;
     std::function<void()> action;
     std::function<void()> over = [] {};  ///< the action was carried out or has lapsed
+    std::function<PendingEdits()> edits = {};
+    bool gradual = false;  ///< the control takes several values in turn
   };
   /// The actions on one level of windows, and the handlers that wait for its end since it began.
   struct Level {
@@ -89,7 +106,7 @@ class OperatorQueue : public QObject {
     int handlersOfTool = 0;
     int handlersOfWidgets = 0;
     QPointer<QWidget> window = {};
-    bool running = false;
+    const Entry* running = nullptr;
     std::deque<Entry> entries = {};
   };
 
@@ -104,6 +121,7 @@ class OperatorQueue : public QObject {
   std::deque<Level> levels_{1};
   QPointer<QObject> typedIn_;
   std::function<void()> completeTyping_;
+  std::function<PendingEdits()> typed_;
   int handlers_ = 0;
   bool posted_ = false;
 };
