@@ -107,7 +107,9 @@ void FileWriter::Create(mode_t mode) {
     file_ = Descriptor(::openat(folder_.Number(), name, O_CREAT | O_EXCL | O_NOFOLLOW | kGrowingFlags, mode));
     return file_.IsOpen();
   };
-  if (!UnderANewName(create)) throw WriteFailure(path_, errno);
+  if (UnderANewName(create)) return;
+  if (errno == ENOENT) throw FileRefused(path_, "Its folder takes no new files.");  // as /proc says it
+  throw WriteFailure(path_, errno);
 }
 
 /// Keeps owner and group only as far as permitted; that never makes the new file less private.

@@ -98,6 +98,7 @@ TEST_F(FileWriterTest, SaysWhyAFileCannotBeUsedAndLeavesNothing) {
       {"/dev/full", "This is a device, not a file.", "This is a device, not a file."},
       {folder_.File("circle"), "Its links lead in a circle.", "Its links lead in a circle."},
       {folder_.File("no/folder"), "Its folder is not there.", "It is not there."},
+      {"/proc/file", "Its folder takes no new files.", "It is not there."},
       {folder_.File("vast/file"), "A part of its path is no folder.", "A part of its path is no folder."},
       {folder_.File(std::string(256, 'n')), "The name is too long.", "The name is too long."},
       {folder_.File("vast"), "", "It is larger than 64 MiB."},
