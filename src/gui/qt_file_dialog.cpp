@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/qt_file_dialog.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -8,6 +9,7 @@
 #include <QLineEdit>
 #include <QStandardPaths>
 #include <QTimer>
+#include <memory>
 
 #include "gui/widgets/look.h"
 #include "platform/file_system.h"
@@ -39,11 +41,36 @@ QString SavingFolder(const QString& folder) {
   return QFileInfo(documents).isWritable() ? documents : QDir::homePath();
 }
 
+QLineEdit* NameField(const QFileDialog& window) {
+  return window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+/// Completes the name before the toolkit asks whether to replace that file. The toolkit itself does so only
+/// for a name without any extension. The desktop's own dialogs have no name field here.
+class CompletingDialog : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+ protected:
+  void accept() override {
+    QLineEdit* const name = NameField(*this);
+    const QString extension = QLatin1Char('.') + defaultSuffix();
+    const QStringList files = selectedFiles();
+    if (name && files.size() == 1 && !files.constFirst().endsWith(extension, Qt::CaseInsensitive) &&
+        !QFileInfo(files.constFirst()).isDir()) {
+      // What is selected in the list would count before the name.
+      for (auto* list : findChildren<QAbstractItemView*>()) list->clearSelection();
+      name->setText(name->text() + extension);
+    }
+    QFileDialog::accept();
+  }
+};
+
 /// A name typed over the proposed one keeps its extension. The desktop's own dialogs do that
 /// themselves.
 void SelectStem(QFileDialog& window) {
   QTimer::singleShot(0, &window, [&window] {
-    auto* name = window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    QLineEdit* const name = NameField(window);
     if (name) name->setSelection(0, static_cast<int>(name->text().lastIndexOf(QLatin1Char('.'))));
   });
 }
@@ -57,7 +84,10 @@ std::optional<std::string> QtFileDialog::AskOpen() {
 }
 
 std::optional<std::string> QtFileDialog::AskSave() {
-  QFileDialog window(QApplication::activeWindow());
+  const bool completes = (Flags & kNeedsExtension) != 0;
+  const std::unique_ptr<QFileDialog> dialog(completes ? new CompletingDialog(QApplication::activeWindow())
+                                                      : new QFileDialog(QApplication::activeWindow()));
+  QFileDialog& window = *dialog;
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, (Flags & kOverwritePrompt) == 0);
   window.setDefaultSuffix(Extension(Filter));

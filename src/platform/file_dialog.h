@@ -12,6 +12,8 @@ inline constexpr int kErrDialogCancelled = 32755;
 /// Flags of a file dialog.
 inline constexpr int kOverwritePrompt = 2;  ///< asks before it accepts an existing file for saving
 inline constexpr int kHideReadOnly = 4;
+/// Completes a name for saving with the filter's extension even if it has another one, before it asks.
+inline constexpr int kNeedsExtension = 8;
 
 /// What a caller sets before it opens a file dialog.
 struct FileDialogState {

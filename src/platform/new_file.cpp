@@ -14,18 +14,19 @@ std::string AskForNewFile(const Platform& platform, const NewFileQuestion& quest
   const std::string& open = platform.fileDialog.FileName;
   const std::string name = FileNameOf(open.empty() ? unsaved : open);
   const std::string own = FolderOfPath(open);
-  const auto answer = AskToSave(platform.fileDialog, {.CancelError = true,
-                                                      .Filter = question.kind + "|*" + question.extension,
-                                                      .Flags = kOverwritePrompt | kHideReadOnly,
-                                                      .FileName = name.substr(0, name.rfind('.')) +
-                                                                  question.suffix + question.extension,
-                                                      .InitDir = own.empty() ? folder : own,
-                                                      .DialogTitle = question.title});
+  const auto answer =
+      AskToSave(platform.fileDialog,
+                {.CancelError = true,
+                 .Filter = question.kind + "|*" + question.extension,
+                 .Flags = kOverwritePrompt | kHideReadOnly | kNeedsExtension,
+                 .FileName = name.substr(0, name.rfind('.')) + question.suffix + question.extension,
+                 .InitDir = own.empty() ? folder : own,
+                 .DialogTitle = question.title});
   if (!answer) return {};
   std::string file = *answer;
   if (EqualNoCase(RightOf(file, question.extension.size()), question.extension)) return file;
   file += question.extension;
-  // The dialog has asked about the name as typed, not about this one.
+  // A dialog that does not complete names has not asked about this one.
   const bool taken = platform.files.FileExists(file);
   return !taken || platform.dialogs.Ask(file + " already exists. Do you want to replace it?") ? file : "";
 }

@@ -137,13 +137,35 @@ TEST_F(DialogsTest, ANameWithoutAnExtensionGetsThatOfTheFilter) {
   QtFileDialog dialog;
   dialog.Filter = "Brandal Marlinset File|*.qcf";
   dialog.InitDir = folder.Path();
-  for (const auto& [typed, taken] : {std::pair{"show", "show.qcf"}, std::pair{"show.b", "show.b"}}) {
+  for (const char* there : {"show.b", "show.b.qcf", "old.QCF"}) folder.Write(there, "");
+  const struct {
+    const char* typed;
+    int flags;
+    const char* taken;
+    bool asked;
+  } cases[] = {{"show", 0, "show.qcf", false},
+               {"show.b", kOverwritePrompt, "show.b", true},
+               {"show.b", kOverwritePrompt | kNeedsExtension, "show.b.qcf", true},
+               {"new.b", kOverwritePrompt | kNeedsExtension, "new.b.qcf", false},
+               {"old.QCF", kOverwritePrompt | kNeedsExtension, "old.QCF", true}};
+  for (const auto& [typed, flags, taken, asked] : cases) {
+    dialog.Flags = flags;
+    dialog.FileName = "proposed.qcf";
+    QStringList questions;
     AtDialog([&] { dialog.ShowSave(); },
-             [name = typed](QWidget& window) {
+             [&questions, name = typed](QWidget& window) {
+               QTimer::singleShot(0, &window, [&] {
+                 auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                 if (!box) return;
+                 questions << box->text();
+                 box->button(QMessageBox::Yes)->click();
+               });
                Widget<QLineEdit>(window, "fileNameEdit").setText(name);
                QTest::keyClick(&Widget(window, "fileNameEdit"), Qt::Key_Return);
              });
     EXPECT_EQ(dialog.FileName, folder.File(taken));
+    ASSERT_EQ(questions.size(), asked ? 1 : 0) << taken;
+    EXPECT_TRUE(!asked || questions.constFirst().startsWith(Shown(taken))) << Typed(questions.join(u' '));
   }
 }
 
