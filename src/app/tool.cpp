@@ -39,8 +39,9 @@ Tool::Tool(const Platform& computer)
       history(platform, variables, form, {configurationFile, unsavedChanges, communications, wholeSend}),
       interactiveMode(platform, variables, form, communications, commands, held, wholeSend),
       windowSettings(platform, variables, form, database),
-      endsOfRun(platform, variables, form,
-                {configurationFile, fileCommands, interactiveMode, ports, windowSettings, recovery}),
+      endsOfRun(
+          platform, variables, form,
+          {configurationFile, fileCommands, commands, interactiveMode, ports, windowSettings, recovery}),
       startUp(platform, variables, form,
               {database, panels, ports, windowSettings, endsOfRun, unsavedChanges, recovery}),
       printCommand(platform, variables, form),

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/setting_commands.h"
 
+#include <utility>
+
 #include "base/finally.h"
 #include "base/text.h"
 #include "controls/dialogs.h"
@@ -65,6 +67,7 @@ bool SettingCommands::Exchange(const char* name, Message message, const Manner& 
   }
   if (!acknowledged) sent.failure = FailureText(manner, sent.fields, vars_.PacketFields);
   MessageSent.Emit(sent);
+  if (!acknowledged && (endWanted_ || !sent.wentOut)) CharactersAreBack();
   ShowFailure(sent.failure, shown);
   return acknowledged;
 }
@@ -158,7 +161,9 @@ void SettingCommands::SendWindowInteractive(int row, int onBit) {
 }
 
 bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn) {
+  if (id == CommandId::kCharOffForSize) offForSize_ = true;
   const bool acknowledged = Send(id, sender);
+  if (id == CommandId::kCharOnForSize) CharactersAreBack();
   // Nobody asked for Off: a send would find no tick at all and leave the characters off.
   if (comms_.LostInSend()) return false;
   form_.mnuCharOff.SetChecked(acknowledged && !showOn);
@@ -167,6 +172,17 @@ bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn)
     form_.ShowTraffic(kRed);
   }
   return acknowledged;
+}
+
+void SettingCommands::EndWaits() {
+  if (offForSize_ && !std::exchange(endWanted_, true)) return;
+  platform_.pump.End();
+}
+
+/// Or can't be brought back.
+void SettingCommands::CharactersAreBack() {
+  offForSize_ = false;
+  if (std::exchange(endWanted_, false)) platform_.pump.End();
 }
 
 void SettingCommands::Report(CommandId id, bool answered) {

@@ -74,6 +74,11 @@ class SettingCommands {
   /// menu's ticks show `showOn`; otherwise, after the box, the indicator is red and neither is ticked.
   bool SendCharInserter(CommandId id, Sender sender, bool showOn);
 
+  /// The operator leaves: ends all waits, but while a change of the font size has the characters off, only
+  /// after they are on again. Nor does it wait longer if the unit leaves a message unanswered, or if called
+  /// twice.
+  void EndWaits();
+
   /// Reports a message that another routine has exchanged.
   void Report(CommandId id, bool answered);
 
@@ -90,6 +95,7 @@ class SettingCommands {
   bool LongAckWait();
   void Belie(Verdict before);
   void ShowFailure(const std::string& text, Failure shown);
+  void CharactersAreBack();
 
   Platform& platform_;
   Variables& vars_;
@@ -97,6 +103,8 @@ class SettingCommands {
   Communications& comms_;
   int count_ = 0;
   std::optional<SentMessage> judged_;  ///< the setting judged last
+  bool offForSize_ = false;            ///< from the inserter's off until its on
+  bool endWanted_ = false;             ///< EndWaits has been called meanwhile
 };
 
 }  // namespace marlinset

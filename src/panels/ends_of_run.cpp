@@ -9,6 +9,7 @@
 #include "files/configuration_file.h"
 #include "link/interactive_mode.h"
 #include "link/ports.h"
+#include "link/setting_commands.h"
 #include "panels/file_commands.h"
 #include "panels/recovery.h"
 #include "panels/window_settings.h"
@@ -34,7 +35,7 @@ std::string StartsWith(const std::string& setting, const Variables& variables) {
 
 EndsOfRun::EndsOfRun(Platform& platform, Variables& variables, FrmStart& form, const Parts& parts)
     : platform_(platform), vars_(variables), form_(form), parts_(parts) {
-  form_.Closing.Connect([this] { platform_.pump.End(); });
+  form_.Closing.Connect([this] { parts_.commands.EndWaits(); });
   form_.mnuExit.OnClick([this] { CloseRequest(); });
 }
 

@@ -12,6 +12,7 @@ class FrmStart;
 class InteractiveMode;
 class Ports;
 class Recovery;
+class SettingCommands;
 class WindowSettings;
 struct Platform;
 struct Variables;
@@ -23,6 +24,7 @@ class EndsOfRun {
   struct Parts {
     ConfigurationFile& file;
     FileCommands& fileCommands;
+    SettingCommands& commands;
     InteractiveMode& interactiveMode;
     Ports& ports;
     WindowSettings& settings;

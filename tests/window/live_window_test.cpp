@@ -421,6 +421,26 @@ TEST_P(LateAnswersTest, TheWindowClosesInAWaitAndLosesNothing) {
                                                     "Restart next time with this configuration?"));
 }
 
+/// A font size switches them off for a moment.
+TEST_P(LateAnswersTest, TheWindowClosesWhenTheCharactersAreOnAgain) {
+  std::vector<SentMessage> sent;
+  studio_.tool.commands.MessageSent.Connect([&](const SentMessage& message) {
+    sent.push_back(message);
+    if (!message.meaning.starts_with("Characters off")) return;
+    InTheWait([&] {
+      desk_.Window().close();
+      TurnQtsLoop();
+      EXPECT_FALSE(studio_.pump.Ending());
+    });
+  });
+  Pick(desk_, "ComWin(3)", 1 - form_.ComWin(3).ListIndex());
+  LiveWindow::Settle();
+  EXPECT_FALSE(form_.Visible());
+  ASSERT_FALSE(sent.empty());
+  EXPECT_THAT(sent.back().meaning, testing::StartsWith("Characters on again"));
+  EXPECT_EQ(sent.back().verdict, Verdict::kAcknowledged);
+}
+
 INSTANTIATE_TEST_SUITE_P(AnswersAfter, LiveWindowTest, testing::Values(0, 15, 40, 120));
 INSTANTIATE_TEST_SUITE_P(AnswersAfter, LateAnswersTest, testing::Values(15, 40, 120));
 
