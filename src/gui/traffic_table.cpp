@@ -12,20 +12,20 @@
 namespace marlinset {
 namespace {
 
-/// A column: what it has room for in any case, whether in figures of one width, and its share of the width
-/// that is left.
-struct Column {
+/// How wide a column is: what it has room for in any case, whether in figures of one width, and its share of
+/// the width that is left.
+struct WidthRule {
   const char* least;
   bool figures;
   int share;
 };
 /// The bytes of a window's message, and of a parameter's nearly all, can be read on a small screen.
-constexpr Column kColumns[kTrafficColumns] = {{"00:00:00.000", true, 0},
-                                              {"From unit", false, 0},
-                                              {"Window 10 'Sound Timec", false, 3},
-                                              {"15 0 192", true, 2},
-                                              {"02 08 02 08 21 03 40 14 04 0B 67", true, 2},
-                                              {"Acknowledged", false, 0}};
+constexpr WidthRule kWidthRules[kTrafficColumns] = {{"00:00:00.000", true, 0},
+                                                    {"From unit", false, 0},
+                                                    {"Window 10 'Sound Timec", false, 3},
+                                                    {"15 0 192", true, 2},
+                                                    {"02 08 02 08 21 03 40 14 04 0B 67", true, 2},
+                                                    {"Acknowledged", false, 0}};
 
 }  // namespace
 
@@ -69,19 +69,19 @@ void TrafficTable::FitColumns() {
   int shares = 0;
   int widths[kTrafficColumns];
   for (std::size_t i = 0; i < kTrafficColumns; ++i) {
-    const QFontMetrics& letters = kColumns[i].figures ? figures : texts;
-    widths[i] = letters.horizontalAdvance(QLatin1String(kColumns[i].least)) + SpaceUnit(*this) * 3 / 2;
+    const QFontMetrics& letters = kWidthRules[i].figures ? figures : texts;
+    widths[i] = letters.horizontalAdvance(QLatin1String(kWidthRules[i].least)) + SpaceUnit(*this) * 3 / 2;
     spare -= widths[i];
-    shares += kColumns[i].share;
+    shares += kWidthRules[i].share;
   }
   spare = std::max(spare, 0);
   fitting_ = true;
   Finally(
       [&] {
         for (std::size_t i = 0; i < kTrafficColumns; ++i) {
-          const int part = shares == 0 ? 0 : spare * kColumns[i].share / shares;
+          const int part = shares == 0 ? 0 : spare * kWidthRules[i].share / shares;
           spare -= part;
-          shares -= kColumns[i].share;
+          shares -= kWidthRules[i].share;
           setColumnWidth(static_cast<int>(i), widths[i] + part);
         }
       },
