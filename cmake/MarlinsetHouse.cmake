@@ -39,7 +39,7 @@ if(CCACHE)
 endif()
 
 # Headers that nearly every file includes are compiled once for all rooms. Each file must still include what it uses:
-# tools/lint reads each of them alone and without precompiled headers.
+# tools/lint reads each file alone and without precompiled headers.
 set(MARLINSET_COMMON_HEADERS <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <span> <string> <string_view>
                              <utility> <variant> <vector>)
 
