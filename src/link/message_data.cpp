@@ -24,9 +24,9 @@ int WindowFlags(const MessageSource& source) {
   return flags;
 }
 
-const char* const kSentAsZero = " (sent as 0)";
+constexpr const char* kSentAsZero = " (sent as 0)";
 
-/// An entry of a box, with a note if it is none that has a code.
+/// The text of a box, with a note if it has no code: the unit then gets 0.
 std::string ChosenWords(const std::string& text, bool hasCode) {
   return (text.empty() ? "nothing" : text) + (hasCode ? "" : kSentAsZero);
 }
@@ -109,8 +109,8 @@ void AddText(const MessageSource& source, Message& message) {
   const std::size_t begin = message.fields.size();
   message.fields.insert(message.fields.end(), text.begin(), text.end());
   message.meaning += " '" + FromCodePage(text) + "'";
-  const std::size_t uncutLength = LengthOf(uncut);
   if (source.sender != Sender::kPanel) return;
+  const std::size_t uncutLength = LengthOf(uncut);
   message.fields.resize(begin + uncutLength);
   if (uncutLength > text.size()) {
     message.meaning += " and " + CountWords(static_cast<int>(uncutLength - text.size()), "zero");

@@ -38,9 +38,10 @@ void AddDownConverterControl(const MessageSource& source, Message& message);
 ///
 /// In the whole send, a window whose slate box is hidden has no slate.
 void AddWindow(const MessageSource& source, Message& message);
-/// What the meaning of a window's message consists of: " 3 'Video Timecode'", and what the last four fields
-/// say of it, the highlight aside: "on, row 20, column 4, 11 wide, symbol".
+/// Number and name of a window, to go behind the name of its message: " 3 'Video Timecode'".
 std::string WindowTitle(const CharWindowRec& window);
+/// What the last four fields of a window's message say, except the highlight: "on, row 20, column 4, 11 wide,
+/// symbol".
 std::string WindowWords(std::span<const PacketField> fields);
 
 }  // namespace marlinset

@@ -179,7 +179,7 @@ void SettingCommands::EndWaits() {
   platform_.pump.End();
 }
 
-/// Or can't be brought back.
+/// Also called when nothing can bring them back.
 void SettingCommands::CharactersAreBack() {
   offForSize_ = false;
   if (std::exchange(endWanted_, false)) platform_.pump.End();

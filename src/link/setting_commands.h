@@ -74,9 +74,9 @@ class SettingCommands {
   /// menu's ticks show `showOn`; otherwise, after the box, the indicator is red and neither is ticked.
   bool SendCharInserter(CommandId id, Sender sender, bool showOn);
 
-  /// The operator leaves: ends all waits, but while a change of the font size has the characters off, only
-  /// after they are on again. Nor does it wait longer if the unit leaves a message unanswered, or if called
-  /// twice.
+  /// The operator leaves: ends all waits, at once or, while a change of the font size has the characters off,
+  /// when they are on again. It no longer waits for that if the unit leaves a message unanswered, or at a
+  /// second call.
   void EndWaits();
 
   /// Reports a message that another routine has exchanged.

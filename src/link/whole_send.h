@@ -77,8 +77,8 @@ class WholeSend {
   WholeSend(Platform& platform, Variables& variables, FrmStart& form, Communications& communications,
             SettingCommands& commands, HeldSettings& held, Ports& ports);
 
-  /// Whether a send runs, from the click on `bSConfig` to its end, or one of several messages for
-  /// SendChangesOf. The status bar is not cleared meanwhile.
+  /// Whether a send runs: from the click on `bSConfig` or `bSChanges` to its end, or while SendChangesOf
+  /// sends several messages. The status bar is not cleared meanwhile.
   bool Running() const;
   /// Whether the operator has stopped the send in progress; the message under way is its last, but the
   /// characters come on again after a change of the font size.
@@ -106,8 +106,8 @@ class WholeSend {
   std::function<bool()> stopRequested;
 
  private:
+  /// What a send consists of: all of the setup, what the unit lacks of it, or what SendChangesOf sends.
   enum class Scope { kSetup, kChanges, kOneAction };
-
   /// How far the sequence has got: its places in the lists that it works through.
   struct Progress {
     bool agreed = false;  ///< the unit has reported the configuration's standard

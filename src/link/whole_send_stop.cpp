@@ -37,13 +37,14 @@ Area AreaOf(CommandId id, std::span<const PacketField> fields) {
   }
 }
 
+/// So many of all.
 struct Share {
-  int held = 0;
+  int part = 0;
   int all = 0;
 };
 
 std::string TextOf(const Share& share) {
-  return std::to_string(share.held) + " of " + std::to_string(share.all);
+  return std::to_string(share.part) + " of " + std::to_string(share.all);
 }
 
 }  // namespace
@@ -62,21 +63,19 @@ std::string WholeSend::HeldText() const {
     const int held = held_.Messages().Has(message.fields) ? 1 : 0;
     for (Share* share : {&whole, &areas[AreaOf(pending->id, message.fields)]}) {
       ++share->all;
-      share->held += held;
+      share->part += held;
     }
   }
   std::string text = "The unit holds " + TextOf(whole) + " settings of this setup:\n";
   for (std::size_t area = 0; area < areas.size(); ++area) {
     if (areas[area].all > 0) text += std::string(kAreaNames[area]) + ": " + TextOf(areas[area]) + "\n";
   }
-  if (whole.held == whole.all && scope_ != Scope::kOneAction) {
+  if (whole.part < whole.all || scope_ == Scope::kOneAction) {
     return text +
-           (progress_.agreed
-                ? "Only the closing check is missing."
-                : "Its video standard may be another than the setup's: press Send Setup to compare them.");
+           (held_.Known() ? "Press Send Changes to send the rest." : "Press Send Setup to send all of it.");
   }
-  return text +
-         (held_.Known() ? "Press Send Changes to send the rest." : "Press Send Setup to send all of it.");
+  if (progress_.agreed) return text + "Only the closing check is missing.";
+  return text + "Its video standard may be another than the setup's: press Send Setup to compare them.";
 }
 
 /// The one box of a send whose device went away.
@@ -85,24 +84,24 @@ void WholeSend::TellLoss() {
   ports_.DeviceLost();
   if (platform_.pump.Ending()) return;
   const bool allSent = progress_.closing || result_.wentOut == result_.planned;
+  const char* const unit =
+      allSent ? "the unit has not confirmed that it took all of it." : "the unit does not hold all of it.";
+  const char* const panels =
+      scope_ == Scope::kOneAction ? "The panels keep the changes." : "The configuration is as it was.";
   platform_.dialogs.Show({.text = kPortClosedText,
                           .icon = BoxIcon::kCritical,
-                          .remedy = ports_.LossText() + ". " + std::to_string(result_.wentOut) + " of " +
-                                    std::to_string(result_.planned) + " messages went out.\n" + "Check " +
-                                    ports_.Suspects() + ", then press Open and send the setup again: " +
-                                    (allSent ? "the unit has not confirmed that it took all of it."
-                                             : "the unit does not hold all of it.") +
-                                    (scope_ == Scope::kOneAction ? " The panels keep the changes."
-                                                                 : " The configuration is as it was.")});
+                          .remedy = ports_.LossText() + ". " + TextOf({result_.wentOut, result_.planned}) +
+                                    " messages went out.\nCheck " + ports_.Suspects() +
+                                    ", then press Open and send the setup again: " + unit + " " + panels});
 }
 
 /// The one box of a send that the operator stopped.
 void WholeSend::TellStop() {
   if (platform_.pump.Ending()) return;
-  platform_.dialogs.Show({.text = "The send was stopped after " + std::to_string(result_.wentOut) + " of " +
-                                  std::to_string(result_.planned) + " messages.",
-                          .icon = BoxIcon::kInformation,
-                          .remedy = HeldText()});
+  platform_.dialogs.Show(
+      {.text = "The send was stopped after " + TextOf({result_.wentOut, result_.planned}) + " messages.",
+       .icon = BoxIcon::kInformation,
+       .remedy = HeldText()});
 }
 
 }  // namespace marlinset

@@ -108,7 +108,8 @@ void FileWriter::Create(mode_t mode) {
     return file_.IsOpen();
   };
   if (UnderANewName(create)) return;
-  if (errno == ENOENT) throw FileRefused(path_, "Its folder takes no new files.");  // as /proc says it
+  // The folder itself is there: it has been opened. /proc and its like answer so.
+  if (errno == ENOENT) throw FileRefused(path_, "Its folder takes no new files.");
   throw WriteFailure(path_, errno);
 }
 
