@@ -70,18 +70,18 @@ TEST_F(FromPanels, ComeNumbersAndTexts) {
   form.UDDur.SetValue(1);
   form.tWinMess.SetText("a → b" + std::string(28, 'c'));
   SelectText(form.ComDownConv(0), "Film");
-  for (const int filter : {1, 2}) SelectText(form.ComDownConv(filter), filter == 1 ? "Soft" : "Sharp");
+  SelectText(form.ComDownConv(1), "Soft");
+  SelectText(form.ComDownConv(2), "Sharp");
   form.chSym(0).SetValue(1);
   form.chOnOff(0).SetValue(0);
-  const std::pair<CommandId, std::string> kMeanings[] = {
+  const std::pair<CommandId, std::string> meanings[] = {
       {kSlateDuration, "Slate duration: 1 frame"},
       {kText, "Text message 'A ? B" + std::string(27, 'C') + "' and 1 zero"},
       {kDownConverterControl, "Processing mode and filters: Film, vertical: Soft, horizontal: Sharp"},
       {kWindow,
-       "Window 1 'Video Timecode': off, row 20, column 5, 16 wide, slate, field digit, symbol, double "
-       "height, "
-       "highlighted"}};
-  for (const auto& [command, meaning] : kMeanings) {
+       "Window 1 'Video Timecode': off, row 20, column 5, 16 wide, slate, field digit, symbol, "
+       "double height, highlighted"}};
+  for (const auto& [command, meaning] : meanings) {
     EXPECT_EQ(MessageOf(CommandOf(command), {form, vars, Sender::kPanel, 0, kHighlightOn}).meaning, meaning);
   }
 }
