@@ -40,7 +40,7 @@ class LiveSign : public QWidget {
   FrmStart& form_;
   std::function<std::string(int)> deviceName_;
   QString model_;      ///< the status bar also shows other texts in place of the model
-  QStringList texts_;  ///< after the word, and shorter ones for a narrow window
+  QStringList texts_;  ///< what goes behind the word, the longest first
   std::vector<Listening<>> listening_;
 };
 

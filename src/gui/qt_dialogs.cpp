@@ -99,7 +99,7 @@ BoxAnswer QtDialogs::Present(const MessageBox& box) {
 }
 
 /// Shows the box until the operator answers. It keeps the main window from its keys, so it has its own for
-/// Stop. Of a question, whoever asked says whether it still holds then.
+/// Stop. A question closes only if it no longer holds then.
 int QtDialogs::Answered(QMessageBox& window, BoxButtons buttons) {
   if (!stop_ || !stop_->Enabled()) return window.exec();
   QShortcut keys(kStopKeys, &window);

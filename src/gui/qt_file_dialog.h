@@ -10,7 +10,7 @@ namespace marlinset {
 
 /// The tool's file dialog on the screen, over the window in use. If the folder that the tool asks for is
 /// not writable, saving begins in the operator's documents. A name typed without an extension gets the
-/// filter's; with kNeedsExtension any name that lacks it. What it asks about overwriting is for that file.
+/// filter's; with kNeedsExtension any name that lacks it. It asks about overwriting that file.
 class QtFileDialog : public FileDialog {
  public:
   bool ConfirmsOverwriting() const override { return true; }

@@ -161,8 +161,9 @@ void ToolArea::AddSend(FrmStart& form, const WindowHooks& hooks, QBoxLayout& row
   // Both keep their room, but only one has something to say at a time: during a send the progress covers the
   // counter.
   auto* place = new QGridLayout;
-  if (hooks.held && hooks.wholeSend)
+  if (hooks.held && hooks.wholeSend) {
     place->addWidget(new ChangeCounter(form, *hooks.held, *hooks.wholeSend, this), 0, 0);
+  }
   if (hooks.wholeSend) place->addWidget(new SendProgress(*hooks.wholeSend, this), 0, 0);
   row.addLayout(place);
   AddKeys(*stop, kStopKeys);

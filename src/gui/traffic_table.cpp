@@ -12,12 +12,10 @@
 namespace marlinset {
 namespace {
 
-/// How wide a column is: what it has room for in any case, whether in figures of one width, and its share of
-/// the width that is left.
 struct WidthRule {
-  const char* least;
-  bool figures;
-  int share;
+  const char* least;  ///< the column has room for this in any case
+  bool figures;       ///< in the font of figures
+  int share;          ///< of the width that is left
 };
 /// The bytes of a window's message, and of a parameter's nearly all, can be read on a small screen.
 constexpr WidthRule kWidthRules[kTrafficColumns] = {{"00:00:00.000", true, 0},
@@ -26,6 +24,21 @@ constexpr WidthRule kWidthRules[kTrafficColumns] = {{"00:00:00.000", true, 0},
                                                     {"15 0 192", true, 2},
                                                     {"02 08 02 08 21 03 40 14 04 0B 67", true, 2},
                                                     {"Acknowledged", false, 0}};
+
+/// In few ranges: thousands of single rows would take the selection seconds.
+QItemSelection SelectionOf(const std::set<Traffic::Row>& wanted, const TrafficModel& model) {
+  const std::vector<Traffic::Row> rows = model.Rows();
+  const auto isWanted = [&wanted](const Traffic::Row& row) { return wanted.contains(row); };
+  QItemSelection selection;
+  for (auto end = rows.begin(); !wanted.empty() && end != rows.end();) {
+    const auto begin = std::find_if(end, rows.end(), isWanted);
+    end = std::find_if_not(begin, rows.end(), isWanted);
+    if (begin == end) break;
+    selection.select(model.index(static_cast<int>(begin - rows.begin()), 0),
+                     model.index(static_cast<int>(end - rows.begin()) - 1, 0));
+  }
+  return selection;
+}
 
 }  // namespace
 
@@ -125,17 +138,7 @@ void TrafficTable::SetFilter(const TrafficFilter& filter) {
   const std::set<Traffic::Row> wanted(chosen.begin(), chosen.end());
   const int across = horizontalScrollBar()->value();
   model_.SetFilter(filter);
-  const std::vector<Traffic::Row> rows = model_.Rows();
-  QItemSelection selection;
-  // In few ranges: thousands of single rows would take the selection seconds.
-  const auto isWanted = [&wanted](const Traffic::Row& row) { return wanted.contains(row); };
-  for (auto end = rows.begin(); !wanted.empty() && end != rows.end();) {
-    const auto begin = std::find_if(end, rows.end(), isWanted);
-    end = std::find_if_not(begin, rows.end(), isWanted);
-    if (begin == end) break;
-    selection.select(model_.index(static_cast<int>(begin - rows.begin()), 0),
-                     model_.index(static_cast<int>(end - rows.begin()) - 1, 0));
-  }
+  const QItemSelection selection = SelectionOf(wanted, model_);
   if (selection.isEmpty()) return;
   const QModelIndex first = selection.first().topLeft();
   const int place = rowViewportPosition(first.row());

@@ -203,8 +203,8 @@ int SpinField::SeenValue() const {
   return binding_->Pending() || !binding_->Present() ? binding_->GetAwaited().value : spin_->Value();
 }
 
-/// The rules write the echo of a value. Until they have, this writes it as they wrote the last one: some show
-/// no sign, but none of those has a choice of radix.
+/// Returns the value within the limits. The rules write its echo; until they have, this writes it as they
+/// wrote the last one: some show no sign, but none of those has a choice of radix.
 int SpinField::NoteWhereItLeads(qlonglong wanted) {
   const int value = WhereItStays(wanted);
   const bool signless = !radix_ && echo_->Text() == std::to_string(std::abs(spin_->Value()));

@@ -62,7 +62,7 @@ class SpinField : public QAbstractSpinBox {
 
  private:
   void ShowControl();
-  int NoteWhereItLeads(qlonglong value);
+  int NoteWhereItLeads(qlonglong wanted);
   std::optional<int> TypedNumber() const;
   void KeepWhatIsTyped();
   void ShowAgain();

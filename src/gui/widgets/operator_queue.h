@@ -6,7 +6,6 @@
 #include <QWidget>
 #include <deque>
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "controls/pending_edit.h"
@@ -57,7 +56,8 @@ class OperatorQueue : public QObject {
   void Take(Control& control, const OperatorAction& action, Turn turn, QObject* context = nullptr,
             std::function<void()> done = {});
   /// Queues an action on the window that shows `form`; it lapses if the window is destroyed first.
-  /// `edits` says to what it sets controls.
+  /// `edits` returns the values to which it sets controls; it is asked as long as the action waits. Empty for
+  /// one that sets none.
   void Take(const Form& form, QObject& window, std::function<void()> action,
             std::function<PendingEdits()> edits = {});
   /// The mouse moves over `form` itself, not over a control.
@@ -106,7 +106,7 @@ class OperatorQueue : public QObject {
     int handlersOfTool = 0;
     int handlersOfWidgets = 0;
     QPointer<QWidget> window = {};
-    const Entry* running = nullptr;
+    const Entry* running = nullptr;  ///< the action being carried out
     std::deque<Entry> entries = {};
   };
 
