@@ -152,7 +152,7 @@ bool ConfigurationFile::MayWriteOver(const std::string& name, bool named) {
     if (named) return true;
     what = " is there already, and it is not the file that is open. Write over it?";
   }
-  const std::string open = known ? "" : FileFact("Open", path_);
+  const std::string open = known || known_.IsOpen(name) ? "" : FileFact("Open", path_);
   return platform_.dialogs.Show(
              {.text = name + what,
               .buttons = BoxButtons::kYesNo,

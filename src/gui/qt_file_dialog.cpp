@@ -80,6 +80,7 @@ void SelectStem(QFileDialog& window) {
 std::optional<std::string> QtFileDialog::AskOpen() {
   QFileDialog window(QApplication::activeWindow());
   window.setFileMode(QFileDialog::ExistingFile);
+  window.setOption(QFileDialog::ReadOnly);  // opening is no occasion to delete or rename a setup
   return Ask(window, Shown(InitDir));
 }
 

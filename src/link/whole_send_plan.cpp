@@ -6,6 +6,7 @@
 #include "core/frm_start.h"
 #include "link/communications.h"
 #include "link/held_settings.h"
+#include "link/ports.h"
 #include "link/send_steps.h"
 #include "link/unheld_controls.h"
 #include "link/whole_send.h"
@@ -175,7 +176,8 @@ void WholeSend::SendDifferences(const LastMessages& unitHolds) {
   }
   scope_ = Scope::kOneAction;
   result_ = {.end = SendEnd::kFailed, .planned = static_cast<int>(changes.size())};
-  Run(send);
+  EnableLinkButtons(form_, false);  // a click that waited for the end would send what was stopped
+  Finally([&] { Run(send); }, [this] { EnableLinkButtons(form_, true); });
 }
 
 /// A stop waits while the characters are off for the font size.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "controls/dialogs.h"
+#include "core/frm_start.h"
 #include "link/communications.h"
 #include "link/held_settings.h"
 #include "link/ports.h"
@@ -69,6 +70,9 @@ std::string WholeSend::HeldText() const {
   std::string text = "The unit holds " + TextOf(whole) + " settings of this setup:\n";
   for (std::size_t area = 0; area < areas.size(); ++area) {
     if (areas[area].all > 0) text += std::string(kAreaNames[area]) + ": " + TextOf(areas[area]) + "\n";
+  }
+  if (!form_.mnuCharOn.Checked() && !form_.mnuCharOff.Checked()) {
+    text += "The characters may be off: choose Options > Char Inserter > Char On.\n";
   }
   if (whole.part < whole.all || scope_ == Scope::kOneAction) {
     return text +

@@ -55,6 +55,8 @@ void Recovery::Offer() {
                                    " were kept when the program ended. Restore them?",
                                FileFact("File", left.fileName))) {
       platform_.work->DeclineLeft(left.file);
+    } else if (!platform_.files.FileExists(left.file)) {
+      platform_.dialogs.Tell("Another window has restored or declined these changes meanwhile.");
     } else if (Restore(left)) {
       restored_ = true;
       return;

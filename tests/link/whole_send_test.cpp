@@ -161,6 +161,23 @@ TEST(WholeSend, TellsAMissingAcknowledgementAndGoesOn) {
   }
 }
 
+TEST(WholeSend, SaysAtAStopThatTheCharactersMayBeOff) {
+  const Sequence sequence;
+  const auto off = std::ranges::find_if(
+      sequence.rows, [](const TableRow& row) { return row[kFields].starts_with("2 8 34"); });
+  const auto before = off - sequence.rows.begin() + 2;  // with the questions to the unit
+  LinkRig rig;
+  std::int64_t sent = 0;
+  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+    if (++sent == before) rig.line.Unit().Faults().drop = 1;
+    if (message.verdict == Verdict::kUnacknowledged) rig.form.bStop.OperatorClick();
+  });
+  rig.form.bSConfig.OperatorClick();
+  EXPECT_EQ(rig.wholeSend.Result().end, SendEnd::kStopped);
+  EXPECT_THAT(rig.dialogs.shown.back().remedy,
+              testing::HasSubstr("choose Options > Char Inserter > Char On"));
+}
+
 TEST(WholeSend, TellsWhatTheUnitRefusedWhateverElseItSays) {
   enum class Answer { kNak, kNakAndStrayAck, kAckAndLateNak };
   for (const Answer answer : {Answer::kNak, Answer::kNakAndStrayAck, Answer::kAckAndLateNak}) {
