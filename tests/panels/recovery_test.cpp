@@ -155,9 +155,9 @@ TEST_F(RecoveryTest, KeepsAnEditThatNobodyContinuesButNotWhileTheUnitIsWaitedFor
 }
 
 TEST_F(RecoveryTest, KeepsEditsThatHaveNotReachedThePanels) {
-  OneRun run(keeper_);
   PendingEdits pending;
   Signal<> changed;
+  OneRun run(keeper_);
   run.tool.recovery.Include([&] { return pending; }, changed);
   const auto sees = [&](const PendingEdits& edits) {
     pending = edits;
