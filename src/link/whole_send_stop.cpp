@@ -19,7 +19,7 @@ namespace {
 using enum CommandId;
 
 /// The parts of a setup as operators speak of them, in the order of a send.
-enum Area : std::size_t { kParameters, kRouting, kCharacters, kDownConverters, kWindows, kAreas };
+enum Area : std::size_t { kParameters, kInputsAndOutputs, kCharacters, kDownConverters, kWindows, kAreas };
 constexpr std::array<const char*, kAreas> kAreaNames = {"Parameters", "Inputs and outputs",
                                                         "Characters and slate", "Down converter", "Windows"};
 
@@ -34,7 +34,7 @@ Area AreaOf(CommandId id, std::span<const PacketField> fields) {
     case kDownConverterControl:
       return kDownConverters;
     default:
-      return fields.front() == kVideoAddress ? kRouting : kCharacters;
+      return fields.front() == kVideoAddress ? kInputsAndOutputs : kCharacters;
   }
 }
 
