@@ -43,9 +43,12 @@ SettingCommands::SettingCommands(Platform& platform, Variables& variables, FrmSt
 }
 
 bool SettingCommands::Send(CommandId id, Sender sender, int row, int flagBase) {
+  if (id == CommandId::kCharOffForSize) offForSize_ = true;
   const SettingCommand& command = CommandOf(id);
-  return Exchange(command.name, MessageOf(command, {form_, vars_, sender, row, flagBase}),
-                  command.MannerOf(sender));
+  const bool acknowledged = Exchange(command.name, MessageOf(command, {form_, vars_, sender, row, flagBase}),
+                                     command.MannerOf(sender));
+  if (id == CommandId::kCharOnForSize) EndOffForSize();
+  return acknowledged;
 }
 
 void SettingCommands::SendAgain() {
@@ -67,7 +70,7 @@ bool SettingCommands::Exchange(const char* name, Message message, const Manner& 
   }
   if (!acknowledged) sent.failure = FailureText(manner, sent.fields, vars_.PacketFields);
   MessageSent.Emit(sent);
-  if (!acknowledged && (endWanted_ || !sent.wentOut)) CharactersAreBack();
+  if (!acknowledged && (endWanted_ || !sent.wentOut)) EndOffForSize();
   ShowFailure(sent.failure, shown);
   return acknowledged;
 }
@@ -161,9 +164,7 @@ void SettingCommands::SendWindowInteractive(int row, int onBit) {
 }
 
 bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn) {
-  if (id == CommandId::kCharOffForSize) offForSize_ = true;
   const bool acknowledged = Send(id, sender);
-  if (id == CommandId::kCharOnForSize) CharactersAreBack();
   // Nobody asked for Off: a send would find no tick at all and leave the characters off.
   if (comms_.LostInSend()) return false;
   form_.mnuCharOff.SetChecked(acknowledged && !showOn);
@@ -179,8 +180,7 @@ void SettingCommands::EndWaits() {
   platform_.pump.End();
 }
 
-/// Also called when nothing can bring them back.
-void SettingCommands::CharactersAreBack() {
+void SettingCommands::EndOffForSize() {
   offForSize_ = false;
   if (std::exchange(endWanted_, false)) platform_.pump.End();
 }

@@ -78,6 +78,10 @@ class SettingCommands {
   /// when they are on again. It no longer waits for that if the unit leaves a message unanswered, or at a
   /// second call.
   void EndWaits();
+  /// Whether a change of the font size has switched the characters off and not on again.
+  bool OffForSize() const { return offForSize_; }
+  /// Nothing will switch them on again, such as when a send passes over that message.
+  void EndOffForSize();
 
   /// Reports a message that another routine has exchanged.
   void Report(CommandId id, bool answered);
@@ -95,7 +99,6 @@ class SettingCommands {
   bool LongAckWait();
   void Belie(Verdict before);
   void ShowFailure(const std::string& text, Failure shown);
-  void CharactersAreBack();
 
   Platform& platform_;
   Variables& vars_;

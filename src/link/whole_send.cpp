@@ -119,7 +119,7 @@ bool WholeSend::Running() const {
 /// While the characters are off for the font size, a stop waits: nobody wants them to stay off on air.
 bool WholeSend::GoesOn() {
   stopped_ = stopped_ || platform_.pump.Ending() || comms_.LostInSend() ||
-             (!progress_.offForSize && (stopPressed_ || (stopRequested && stopRequested())));
+             (!commands_.OffForSize() && (stopPressed_ || (stopRequested && stopRequested())));
   return !stopped_;
 }
 
@@ -145,6 +145,7 @@ void WholeSend::Run(const std::function<SendEnd()>& send) {
   };
   Finally(run, [this] {
     comms_.SetInSend(false);
+    commands_.EndOffForSize();
     form_.bStop.SetEnabled(false);
     form_.bSChanges.SetEnabled(held_.Known());
     Progressed.Emit();
@@ -291,7 +292,7 @@ void WholeSend::RunSteps(std::span<const SendStep> steps, std::size_t& place) {
   while (place < steps.size() && GoesOn()) {
     const SendStep& step = steps[place++];
     RunStep(step);
-    if (step.command == kCharOnForSize) progress_.offForSize = false;
+    if (step.command == kCharOnForSize) commands_.EndOffForSize();
   }
 }
 
@@ -302,7 +303,6 @@ void WholeSend::RunStep(const SendStep& step) {
   Marked(form_, marks.All(), [&] {
     if (command == kCharOffForSize || command == kCharOnForSize) {
       // The menu does not show the momentary Off that hides the change of the font size.
-      progress_.offForSize = command == kCharOffForSize;
       commands_.SendCharInserter(*command, Sender::kWholeSend, true);
     } else {
       commands_.Send(*command, Sender::kWholeSend);

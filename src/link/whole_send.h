@@ -119,8 +119,7 @@ class WholeSend {
     bool behindText = false;  ///< a window's text is being sent, the window itself is next
     bool slate = false;
     bool closing = false;
-    bool sizeGoes = false;    ///< the font size is sent, and the inserter's off and on around it
-    bool offForSize = false;  ///< the inserter's off has gone out, its on has not
+    bool sizeGoes = false;  ///< the font size is sent, and the inserter's off and on around it
   };
 
   void Count(const SentMessage& message);

@@ -163,29 +163,31 @@ void WholeSend::SendChangesOf(const std::function<void()>& change) {
 /// For a single message, progress and Stop would only flicker.
 void WholeSend::SendDifferences(const LastMessages& unitHolds) {
   const std::vector<PendingMessage> changes = ChangesIn(Pending({}), unitHolds, false);
+  const bool several = changes.size() > 1;
   const auto send = [&] {
     SendEnd end = SendEnd::kFailed;
     form_.InterTime.SetEnabled(false);
+    // A click that waited for the end would send what was stopped.
+    if (several) EnableLinkButtons(form_, false);
     Finally([&] { end = SendEach(changes); },
-            [this] { form_.InterTime.SetEnabled(form_.mnuInter.Checked()); });
+            [&] {
+              form_.InterTime.SetEnabled(form_.mnuInter.Checked());
+              if (several) EnableLinkButtons(form_, true);
+            });
     return end;
   };
-  if (changes.size() < 2) {
+  if (!several) {
     send();
     return;
   }
   scope_ = Scope::kOneAction;
   result_ = {.end = SendEnd::kFailed, .planned = static_cast<int>(changes.size())};
-  EnableLinkButtons(form_, false);  // a click that waited for the end would send what was stopped
-  Finally([&] { Run(send); }, [this] { EnableLinkButtons(form_, true); });
+  Run(send);
 }
 
-/// A stop waits while the characters are off for the font size.
 SendEnd WholeSend::SendEach(std::span<const PendingMessage> changes) {
   for (const PendingMessage& change : changes) {
     if (!commands_.Live() || !comms_.LineUp() || (Running() && !GoesOn())) return SendEnd::kStopped;
-    progress_.offForSize =
-        change.id == kCharOffForSize || (progress_.offForSize && change.id != kCharOnForSize);
     SendChange(change);
   }
   return SendEnd::kComplete;

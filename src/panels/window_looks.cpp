@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/window_looks.h"
 
+#include "base/finally.h"
 #include "core/choices.h"
 #include "core/frm_start.h"
 #include "core/variables.h"
@@ -37,11 +38,14 @@ void WindowLooks::SendChoice(int index) {
 /// operators know it that way.
 void WindowLooks::ChangeFontSize() {
   WindowTextChanging_ = form_.mnuCharOn.Checked();
-  if (WindowTextChanging_) commands_.SendCharInserter(CommandId::kCharOffForSize, Sender::kPanel, true);
-  commands_.Send(CommandId::kCharSize, Sender::kPanel);
-  SendAllWindows();
-  if (WindowTextChanging_) commands_.SendCharInserter(CommandId::kCharOnForSize, Sender::kPanel, true);
-  ShowInserter(true);
+  const auto send = [this] {
+    if (WindowTextChanging_) commands_.SendCharInserter(CommandId::kCharOffForSize, Sender::kPanel, true);
+    commands_.Send(CommandId::kCharSize, Sender::kPanel);
+    SendAllWindows();
+    if (WindowTextChanging_) commands_.SendCharInserter(CommandId::kCharOnForSize, Sender::kPanel, true);
+    ShowInserter(true);
+  };
+  Finally(send, [this] { commands_.EndOffForSize(); });
 }
 
 /// The second round ends all highlights.
