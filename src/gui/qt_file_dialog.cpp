@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QStandardPaths>
 #include <QTimer>
-#include <memory>
 
 #include "gui/widgets/look.h"
 #include "platform/file_system.h"
@@ -45,14 +44,20 @@ QLineEdit* NameField(const QFileDialog& window) {
   return window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
 }
 
-/// Completes the name before the toolkit asks whether to replace that file. The toolkit itself does so only
-/// for a name without any extension. The desktop's own dialogs have no name field here.
-class CompletingDialog : public QFileDialog {
+/// Can complete the name before the toolkit asks whether to replace that file. The toolkit itself does so
+/// only for a name without any extension. The desktop's own dialogs have no name field here.
+class SaveDialog : public QFileDialog {
  public:
-  using QFileDialog::QFileDialog;
+  SaveDialog(QWidget* parent, bool completes) : QFileDialog(parent), completes_(completes) {}
 
  protected:
   void accept() override {
+    if (completes_) CompleteName();
+    QFileDialog::accept();
+  }
+
+ private:
+  void CompleteName() {
     QLineEdit* const name = NameField(*this);
     const QString extension = QLatin1Char('.') + defaultSuffix();
     const QStringList files = selectedFiles();
@@ -62,8 +67,9 @@ class CompletingDialog : public QFileDialog {
       for (auto* list : findChildren<QAbstractItemView*>()) list->clearSelection();
       name->setText(name->text() + extension);
     }
-    QFileDialog::accept();
   }
+
+  bool completes_;
 };
 
 /// A name typed over the proposed one keeps its extension. The desktop's own dialogs do that
@@ -85,10 +91,7 @@ std::optional<std::string> QtFileDialog::AskOpen() {
 }
 
 std::optional<std::string> QtFileDialog::AskSave() {
-  const bool completes = (Flags & kNeedsExtension) != 0;
-  const std::unique_ptr<QFileDialog> dialog(completes ? new CompletingDialog(QApplication::activeWindow())
-                                                      : new QFileDialog(QApplication::activeWindow()));
-  QFileDialog& window = *dialog;
+  SaveDialog window(QApplication::activeWindow(), (Flags & kNeedsExtension) != 0);
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, (Flags & kOverwritePrompt) == 0);
   window.setDefaultSuffix(Extension(Filter));
