@@ -2,6 +2,7 @@
 #include "tests/window/live_window.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -117,6 +118,14 @@ void LiveWindow::ClickArrow(QWidget& spin, bool up) {
   option.frame = true;
   const auto part = up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown;
   Click(spin, spin.style()->subControlRect(QStyle::CC_SpinBox, &option, part, &spin).center());
+}
+
+void LiveWindow::Pick(const std::string& name, int entry) {
+  auto& box = dynamic_cast<QComboBox&>(Widget(name));
+  Click(box);
+  TurnQtsLoop();
+  QAbstractItemView& list = *box.view();
+  Click(*list.viewport(), list.visualRect(list.model()->index(entry, 0)).center());
 }
 
 void LiveWindow::Key(int key, Qt::KeyboardModifiers modifiers, const QString& text) {

@@ -35,6 +35,8 @@ class LiveWindow {
   void Hold(QWidget& widget, QPoint at);
   void Release(QWidget& widget, QPoint at);
   void ClickArrow(QWidget& spin, bool up);
+  /// Chooses an entry of a drop-down list.
+  void Pick(const std::string& box, int entry);
   /// A press, without its release for a key that is held down.
   void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
   void Type(const char* letters);
