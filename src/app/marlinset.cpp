@@ -83,7 +83,8 @@ WindowRun::WindowRun(const WindowOptions& options)
   AddParameterWindows(dialogs_, tool_.parameterDialogs.frmEditParameters,
                       tool_.parameterDialogs.frmDeleteParameter);
   OperatorQueue& operatorQueue = OperatorQueue::OfProgram();
-  tool_.recovery.Include([&operatorQueue] { return operatorQueue.Pending(); }, operatorQueue.PendingChanged);
+  tool_.recovery.IncludePending([&operatorQueue] { return operatorQueue.Pending(); },
+                                operatorQueue.PendingChanged);
   dialogs_.AddWindow(tool_.portDevices.form,
                      [this](QWidget* parent) { return MakePortWindow(tool_.portDevices.form, parent); });
   dialogs_.AddWindow(tool_.about.form,

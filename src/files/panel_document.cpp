@@ -99,8 +99,8 @@ std::vector<QcfRecord>& RecordsIn(QcfDocument& document, QcfUse use) {
 void PutParameter(QcfDocument& document, const std::string& description, std::int64_t number) {
   if (!std::in_range<std::int16_t>(number)) return;
   for (QcfRecord& record : RecordsIn(document, QcfUse::kParameters)) {
-    if (std::get<std::string>(record[2].value) != description) continue;
-    record[3].value = StoredParameterValue(static_cast<std::int16_t>(number));
+    if (std::get<std::string>(record[kDescriptionPart].value) != description) continue;
+    record[kValuePart].value = StoredParameterValue(static_cast<std::int16_t>(number));
   }
 }
 

@@ -54,10 +54,10 @@ std::vector<SystemParameterRec> ReadParameters(QcfReader& reader) {
   std::vector<SystemParameterRec> parameters;
   const QcfValue value = reader.Read(QcfFieldOf(QcfUse::kParameters));
   for (const QcfRecord& record : std::get<std::vector<QcfRecord>>(value)) {
-    parameters.push_back({.Class = static_cast<std::int16_t>(NumberOf(record[0])),
-                          .Parameter = static_cast<std::int16_t>(NumberOf(record[1])),
-                          .Description = std::get<std::string>(record[2].value),
-                          .Value = LoadedParameterValue(NumberOf(record[3]))});
+    parameters.push_back({.Class = static_cast<std::int16_t>(NumberOf(record[kClassPart])),
+                          .Parameter = static_cast<std::int16_t>(NumberOf(record[kNumberPart])),
+                          .Description = std::get<std::string>(record[kDescriptionPart].value),
+                          .Value = LoadedParameterValue(NumberOf(record[kValuePart]))});
   }
   return parameters;
 }

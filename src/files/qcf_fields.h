@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -36,6 +37,9 @@ enum class QcfUse {
   kParameters,
   kPartOfRecord,
 };
+
+/// The parts of a parameter's record in file order.
+enum ParameterPart : std::size_t { kClassPart, kNumberPart, kDescriptionPart, kValuePart };
 
 /// Highest format version; files of version 1 lack the fields that are newer.
 inline constexpr int kQcfVersion = 2;

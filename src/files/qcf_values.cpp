@@ -19,7 +19,7 @@ std::string KeyOf(const QcfRecord& record) {
   const auto number = [&](std::size_t part) {
     return std::to_string(std::get<std::int64_t>(record[part].value));
   };
-  return number(0) + "." + number(1);
+  return number(kClassPart) + "." + number(kNumberPart);
 }
 
 }  // namespace

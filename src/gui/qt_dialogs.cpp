@@ -94,13 +94,13 @@ BoxAnswer QtDialogs::Present(const MessageBox& box) {
     window.done(set.safe);
   });
   if (box.holds) watch.start(kWatchMs);
-  const int button = over() ? set.safe : Answered(window, box.buttons);
+  const int button = over() ? set.safe : ShowWithStop(window, box.buttons);
   return AnswerOf(over() ? set.safe : button);
 }
 
 /// Shows the box until the operator answers. It keeps the main window from its keys, so it has its own for
 /// Stop. A question closes only if it no longer holds then.
-int QtDialogs::Answered(QMessageBox& window, BoxButtons buttons) {
+int QtDialogs::ShowWithStop(QMessageBox& window, BoxButtons buttons) {
   if (!stop_ || !stop_->Enabled()) return window.exec();
   QShortcut keys(kStopKeys, &window);
   QObject::connect(&keys, &QShortcut::activated, &window, [&] {

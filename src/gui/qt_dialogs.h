@@ -34,7 +34,7 @@ class QtDialogs : public Dialogs {
   void SetStop(Button& stop) { stop_ = &stop; }
 
  private:
-  int Answered(QMessageBox& window, BoxButtons buttons);
+  int ShowWithStop(QMessageBox& window, BoxButtons buttons);
 
   Button* stop_ = nullptr;
   std::map<const Form*, WindowMaker> makers_;

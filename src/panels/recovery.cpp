@@ -43,7 +43,7 @@ Recovery::Recovery(Platform& platform, Variables& variables, FrmStart& form, Con
       [this](SaveEnd end) { saveFailed_ = end != SaveEnd::kStored && changes_.Modified(); });
 }
 
-void Recovery::Include(std::function<PendingEdits()> pending, Signal<>& changed) {
+void Recovery::IncludePending(std::function<PendingEdits()> pending, Signal<>& changed) {
   pending_ = std::move(pending);
   pendingChanged_.emplace(changed, [this] { NoteChange(); });
 }

@@ -28,7 +28,7 @@ class Recovery {
 
   /// The operator sees these edits as done although they have not reached the panels: they are kept, too.
   /// `changed`, which must outlive this, is raised when there may be others.
-  void Include(std::function<PendingEdits()> pending, Signal<>& changed);
+  void IncludePending(std::function<PendingEdits()> pending, Signal<>& changed);
 
   /// At start: asks about each composition left behind, latest first, until the operator takes one, and sets
   /// those declined aside.

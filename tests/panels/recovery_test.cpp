@@ -158,7 +158,7 @@ TEST_F(RecoveryTest, KeepsEditsThatHaveNotReachedThePanels) {
   PendingEdits pending;
   Signal<> changed;
   OneRun run(keeper_);
-  run.tool.recovery.Include([&] { return pending; }, changed);
+  run.tool.recovery.IncludePending([&] { return pending; }, changed);
   const auto sees = [&](const PendingEdits& edits) {
     pending = edits;
     changed.Emit();
