@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/qt_dialogs.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QShortcut>
@@ -12,6 +11,7 @@
 #include "controls/form.h"
 #include "gui/widgets/binding.h"
 #include "gui/widgets/look.h"
+#include "gui/window_in_use.h"
 
 namespace marlinset {
 namespace {
@@ -80,7 +80,7 @@ BoxAnswer QtDialogs::Present(const MessageBox& box) {
   const QString text = Shown(box.text)
                            .replace(QLatin1String("\r\n"), QLatin1String("\n"))
                            .replace(QLatin1Char('\r'), QLatin1Char('\n'));
-  QMessageBox window(IconOf(box.icon), Shown(box.caption), text, set.buttons, QApplication::activeWindow());
+  QMessageBox window(IconOf(box.icon), Shown(box.caption), text, set.buttons, WindowInUse());
   window.setTextFormat(Qt::PlainText);
   window.setInformativeText(Shown(box.remedy));
   WidenForFacts(window);
@@ -119,7 +119,7 @@ void QtDialogs::AddWindow(const Form& form, WindowMaker maker) {
 void QtDialogs::PresentForm(Form& form) {
   const auto maker = makers_.find(&form);
   if (maker == makers_.end()) return;
-  const std::unique_ptr<QDialog> window = maker->second(QApplication::activeWindow());
+  const std::unique_ptr<QDialog> window = maker->second(WindowInUse());
   form.SetVisible(true);
   const Listening<> listening(form.Changed, [&] {
     if (!form.Visible()) window->close();

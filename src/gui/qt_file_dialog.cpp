@@ -2,7 +2,6 @@
 #include "gui/qt_file_dialog.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -11,6 +10,7 @@
 #include <QTimer>
 
 #include "gui/widgets/look.h"
+#include "gui/window_in_use.h"
 #include "platform/file_system.h"
 
 namespace marlinset {
@@ -84,14 +84,14 @@ void SelectStem(QFileDialog& window) {
 }  // namespace
 
 std::optional<std::string> QtFileDialog::AskOpen() {
-  QFileDialog window(QApplication::activeWindow());
+  QFileDialog window(WindowInUse());
   window.setFileMode(QFileDialog::ExistingFile);
   window.setOption(QFileDialog::ReadOnly);  // opening is no occasion to delete or rename a setup
   return Ask(window, Shown(InitDir));
 }
 
 std::optional<std::string> QtFileDialog::AskSave() {
-  SaveDialog window(QApplication::activeWindow(), (Flags & kNeedsExtension) != 0);
+  SaveDialog window(WindowInUse(), (Flags & kNeedsExtension) != 0);
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, (Flags & kOverwritePrompt) == 0);
   window.setDefaultSuffix(Extension(Filter));

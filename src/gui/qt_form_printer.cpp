@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/qt_form_printer.h"
 
-#include <QApplication>
 #include <QPageLayout>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
@@ -11,6 +10,7 @@
 #include "base/runtime_error.h"
 #include "gui/widgets/look.h"
 #include "gui/widgets/screen_fit.h"
+#include "gui/window_in_use.h"
 
 namespace marlinset {
 namespace {
@@ -49,7 +49,7 @@ class PreviewJob : public QtJob {
  public:
   using QtJob::QtJob;
   void Finish() override {
-    QPrintPreviewDialog window(&Printer(), QApplication::activeWindow());
+    QPrintPreviewDialog window(&Printer(), WindowInUse());
     window.setWindowTitle(QStringLiteral("Print preview"));
     bool failed = false;
     // No failure may pass through the window's own loop.
