@@ -41,7 +41,9 @@ QRect SendProgress::Bar() const {
 void SendProgress::ShowSend() {
   const SendResult& result = send_.Result();
   QString text;
-  if (send_.Stopping()) {
+  if (send_.Closing()) {
+    text = QStringLiteral("Closing");
+  } else if (send_.Stopping()) {
     text = QStringLiteral("Stopping");
   } else if (send_.Running() && result.planned > 0) {
     text = CountText(result.messages, result.planned);

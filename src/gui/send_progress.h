@@ -10,7 +10,8 @@ namespace marlinset {
 class WholeSend;
 
 /// How far a send is: a thin bar and "43 of 95", the messages sent and planned; "Stopping" once the operator
-/// has stopped it. Without a send it shows what lies below it and keeps its place, so nothing moves.
+/// has stopped it, "Closing" while the window waits for the characters to be on again. Otherwise it shows
+/// what lies below it and keeps its place, so nothing moves.
 class SendProgress : public QWidget {
   Q_OBJECT
  public:

@@ -70,8 +70,9 @@ bool SettingCommands::Exchange(const char* name, Message message, const Manner& 
   }
   if (!acknowledged) sent.failure = FailureText(manner, sent.fields, vars_.PacketFields);
   MessageSent.Emit(sent);
-  if (!acknowledged && (endWanted_ || !sent.wentOut)) EndOffForSize();
+  if (!sent.wentOut) EndOffForSize();
   ShowFailure(sent.failure, shown);
+  if (!acknowledged && endWanted_) platform_.pump.End();  // what is left until the On goes out unawaited
   return acknowledged;
 }
 
@@ -176,8 +177,15 @@ bool SettingCommands::SendCharInserter(CommandId id, Sender sender, bool showOn)
 }
 
 void SettingCommands::EndWaits() {
-  if (offForSize_ && !std::exchange(endWanted_, true)) return;
-  platform_.pump.End();
+  if (offForSize_ && !std::exchange(endWanted_, true)) {
+    Deferred.Emit();
+  } else {
+    platform_.pump.End();
+  }
+}
+
+bool SettingCommands::EndDeferred() const {
+  return endWanted_ && !platform_.pump.Ending();
 }
 
 void SettingCommands::EndOffForSize() {

@@ -75,9 +75,11 @@ class SettingCommands {
   bool SendCharInserter(CommandId id, Sender sender, bool showOn);
 
   /// The operator leaves: ends all waits, at once or, while a change of the font size has the characters off,
-  /// when they are on again. It no longer waits for that if the unit leaves a message unanswered, or at a
-  /// second call.
+  /// when they are on again. It no longer waits for that if the unit leaves a message unanswered, which is
+  /// told first, or at a second call; what switches them on still goes out.
   void EndWaits();
+  /// Whether the waits are about to end so.
+  bool EndDeferred() const;
   /// Whether a change of the font size has switched the characters off and not on again.
   bool OffForSize() const { return offForSize_; }
   /// Nothing will switch them on again, such as when a send passes over that message.
@@ -88,6 +90,8 @@ class SettingCommands {
 
   /// Raised after each exchange, before its failure is shown.
   Signal<const SentMessage&> MessageSent;
+  /// Raised by EndWaits if the waits end later.
+  Signal<> Deferred;
   /// An extra answer came for a message already reported: it is uncertain now. Passes its previous verdict.
   Signal<const SentMessage&, Verdict> VerdictChanged;
 

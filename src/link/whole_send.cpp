@@ -97,6 +97,7 @@ WholeSend::WholeSend(Platform& platform, Variables& variables, FrmStart& form, C
   commands_.MessageSent.Connect([this](const SentMessage& message) {
     if (Running()) Count(message);
   });
+  commands_.Deferred.Connect([this] { Progressed.Emit(); });
   commands_.VerdictChanged.Connect([this](const SentMessage& message, Verdict before) {
     if (!Running() || message.number < firstNumber_ || result_.messages == 0) return;
     --CountOf(result_, before);
@@ -116,10 +117,12 @@ bool WholeSend::Running() const {
   return comms_.InSend();
 }
 
-/// While the characters are off for the font size, a stop waits: nobody wants them to stay off on air.
+/// While the characters are off for the font size, only the loss of the device ends a send at once: nobody
+/// wants them to stay off on air.
 bool WholeSend::GoesOn() {
-  stopped_ = stopped_ || platform_.pump.Ending() || comms_.LostInSend() ||
-             (!commands_.OffForSize() && (stopPressed_ || (stopRequested && stopRequested())));
+  stopped_ = stopped_ || comms_.LostInSend() ||
+             (!commands_.OffForSize() &&
+              (platform_.pump.Ending() || stopPressed_ || (stopRequested && stopRequested())));
   return !stopped_;
 }
 
@@ -289,11 +292,7 @@ void WholeSend::SendParameters() {
 }
 
 void WholeSend::RunSteps(std::span<const SendStep> steps, std::size_t& place) {
-  while (place < steps.size() && GoesOn()) {
-    const SendStep& step = steps[place++];
-    RunStep(step);
-    if (step.command == kCharOnForSize) commands_.EndOffForSize();
-  }
+  while (place < steps.size() && GoesOn()) RunStep(steps[place++]);
 }
 
 void WholeSend::RunStep(const SendStep& step) {
@@ -302,8 +301,10 @@ void WholeSend::RunStep(const SendStep& step) {
   const Marks marks = MarksOf(step);
   Marked(form_, marks.All(), [&] {
     if (command == kCharOffForSize || command == kCharOnForSize) {
-      // The menu does not show the momentary Off that hides the change of the font size.
-      commands_.SendCharInserter(*command, Sender::kWholeSend, true);
+      // The menu does not show the momentary Off that hides the change of the font size. Without its
+      // acknowledgement the inserter has no tick, and the On is passed over.
+      const bool acknowledged = commands_.SendCharInserter(*command, Sender::kWholeSend, true);
+      if (!acknowledged) commands_.EndOffForSize();
     } else {
       commands_.Send(*command, Sender::kWholeSend);
     }

@@ -83,6 +83,8 @@ class WholeSend {
   /// Whether the operator has stopped the send in progress; the message under way is its last, but the
   /// characters come on again after a change of the font size.
   bool Stopping() const { return Running() && stopPressed_; }
+  /// Whether the window closes as soon as the characters are on again.
+  bool Closing() const { return commands_.EndDeferred(); }
   /// The result of the last send, or of the one in progress so far.
   const SendResult& Result() const { return result_; }
   /// A send has begun, got further, is stopping or is over.

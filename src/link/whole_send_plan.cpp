@@ -187,7 +187,8 @@ void WholeSend::SendDifferences(const LastMessages& unitHolds) {
 
 SendEnd WholeSend::SendEach(std::span<const PendingMessage> changes) {
   for (const PendingMessage& change : changes) {
-    if (!commands_.Live() || !comms_.LineUp() || (Running() && !GoesOn())) return SendEnd::kStopped;
+    const bool goesOn = Running() ? platform_.ComP1.PortOpen() && GoesOn() : comms_.LineUp();
+    if (!commands_.Live() || !goesOn) return SendEnd::kStopped;
     SendChange(change);
   }
   return SendEnd::kComplete;
