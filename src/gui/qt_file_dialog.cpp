@@ -44,8 +44,8 @@ QLineEdit* NameField(const QFileDialog& window) {
   return window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
 }
 
-/// Can complete the name before the toolkit asks whether to replace that file. The toolkit itself does so
-/// only for a name without any extension. The desktop's own dialogs have no name field here.
+/// With `completes`, completes the name before the toolkit asks whether to replace that file. The toolkit
+/// itself does so only for a name without any extension. The desktop's own dialogs have no name field here.
 class SaveDialog : public QFileDialog {
  public:
   SaveDialog(QWidget* parent, bool completes) : QFileDialog(parent), completes_(completes) {}

@@ -48,7 +48,7 @@ void SendProgress::ShowSend() {
   } else if (send_.Running() && result.planned > 0) {
     text = CountText(result.messages, result.planned);
   }
-  const double done = text.isEmpty() || result.planned == 0
+  const double done = !send_.Running() || result.planned == 0
                           ? 0
                           : std::clamp(static_cast<double>(result.messages) / result.planned, 0.0, 1.0);
   if (text == text_ && done == done_) return;

@@ -5,9 +5,9 @@ class QWidget;
 
 namespace marlinset {
 
-/// The window that a new dialog belongs over: the active one, otherwise the last dialog or the main window.
-/// No window is active when a dialog has just closed or while the operator uses another program. Null if the
-/// tool shows no window.
+/// The window over which a new dialog opens: the active one, otherwise the topmost modal dialog, otherwise
+/// the main window. No window is active when a dialog has just closed or while the operator uses another
+/// program. Null if the tool shows no window.
 QWidget* WindowInUse();
 
 }  // namespace marlinset

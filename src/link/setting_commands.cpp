@@ -70,9 +70,9 @@ bool SettingCommands::Exchange(const char* name, Message message, const Manner& 
   }
   if (!acknowledged) sent.failure = FailureText(manner, sent.fields, vars_.PacketFields);
   MessageSent.Emit(sent);
-  if (!sent.wentOut) EndOffForSize();
+  if (!platform_.ComP1.PortOpen()) EndOffForSize();
   ShowFailure(sent.failure, shown);
-  if (!acknowledged && endWanted_) platform_.pump.End();  // what is left until the On goes out unawaited
+  if (!acknowledged && endWanted_) platform_.pump.End();  // the rest, up to the On, goes out unawaited
   return acknowledged;
 }
 

@@ -75,14 +75,15 @@ class SettingCommands {
   bool SendCharInserter(CommandId id, Sender sender, bool showOn);
 
   /// The operator leaves: ends all waits, at once or, while a change of the font size has the characters off,
-  /// when they are on again. It no longer waits for that if the unit leaves a message unanswered, which is
-  /// told first, or at a second call; what switches them on still goes out.
+  /// when they are on again. A message left unanswered is reported as usual and then ends the waits
+  /// too, as does a second call; what switches the characters on still goes out.
   void EndWaits();
-  /// Whether the waits are about to end so.
+  /// Whether EndWaits has been called and the waits go on until the characters are on again.
   bool EndDeferred() const;
   /// Whether a change of the font size has switched the characters off and not on again.
   bool OffForSize() const { return offForSize_; }
-  /// Nothing will switch them on again, such as when a send passes over that message.
+  /// Ends that state: they are on again, or nothing will switch them on, as when a send passes over that
+  /// message.
   void EndOffForSize();
 
   /// Reports a message that another routine has exchanged.
@@ -90,7 +91,7 @@ class SettingCommands {
 
   /// Raised after each exchange, before its failure is shown.
   Signal<const SentMessage&> MessageSent;
-  /// Raised by EndWaits if the waits end later.
+  /// EndWaits has been called, but the waits go on for now.
   Signal<> Deferred;
   /// An extra answer came for a message already reported: it is uncertain now. Passes its previous verdict.
   Signal<const SentMessage&, Verdict> VerdictChanged;

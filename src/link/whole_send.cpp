@@ -304,7 +304,12 @@ void WholeSend::RunStep(const SendStep& step) {
       // The menu does not show the momentary Off that hides the change of the font size. Without its
       // acknowledgement the inserter has no tick, and the On is passed over.
       const bool acknowledged = commands_.SendCharInserter(*command, Sender::kWholeSend, true);
-      if (!acknowledged) commands_.EndOffForSize();
+      if (!acknowledged) {
+        // Nobody will be there to switch them on.
+        if (command == kCharOffForSize && platform_.pump.Ending())
+          commands_.Send(kCharOnForSize, Sender::kWholeSend);
+        commands_.EndOffForSize();
+      }
     } else {
       commands_.Send(*command, Sender::kWholeSend);
     }

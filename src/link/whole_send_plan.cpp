@@ -188,7 +188,7 @@ void WholeSend::SendDifferences(const LastMessages& unitHolds) {
 SendEnd WholeSend::SendEach(std::span<const PendingMessage> changes) {
   for (const PendingMessage& change : changes) {
     const bool goesOn = Running() ? platform_.ComP1.PortOpen() && GoesOn() : comms_.LineUp();
-    if (!commands_.Live() || !goesOn) return SendEnd::kStopped;
+    if (!goesOn || !(commands_.Live() || commands_.OffForSize())) return SendEnd::kStopped;
     SendChange(change);
   }
   return SendEnd::kComplete;

@@ -70,9 +70,13 @@ void StopByScript(LinkRig& rig) {
 
 void CloseTheWindow(LinkRig& rig) {
   rig.commands.EndWaits();
+  EXPECT_FALSE(rig.pump.Ending());
 }
+/// While the line still holds the bytes of each message.
 void CloseTheWindowTwice(LinkRig& rig) {
+  rig.line.SetPace(1200);
   for (int i = 0; i < 2; ++i) rig.commands.EndWaits();
+  EXPECT_TRUE(rig.pump.Ending());
 }
 void CloseTheWindowOnASilentUnit(LinkRig& rig) {
   rig.line.Unit().Faults().mute = true;
@@ -162,7 +166,7 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
   }
 }
 
-/// Of several settings that are sent at once in interactive mode.
+/// An undo in interactive mode sends several settings in a row, the Off and the On among them.
 TEST(WholeSend, AClosedWindowLeavesTheCharactersOnAfterAnUndo) {
   LinkRig rig;
   rig.OpenIdentified();
@@ -218,7 +222,7 @@ TEST(WholeSend, SaysWhatTheUnitHoldsAfterAStop) {
   EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr("\nIts video standard may be another"));
 }
 
-/// Then nothing will switch them on again.
+/// The answer to the Off is lost, so the send passes over the On.
 struct CharactersMayBeOff : testing::Test {
   CharactersMayBeOff() {
     rig_.commands.MessageSent.Connect([this](const SentMessage&) {
@@ -238,6 +242,15 @@ TEST_F(CharactersMayBeOff, IsSaidAtAStop) {
   EXPECT_EQ(rig_.wholeSend.Result().end, kStopped);
   EXPECT_THAT(rig_.dialogs.shown.back().remedy,
               testing::HasSubstr("choose Options > Char Inserter > Char On"));
+}
+
+TEST_F(CharactersMayBeOff, ButTheyComeOnIfTheWindowClosesInThatWait) {
+  rig_.commands.MessageSent.Connect([&](const SentMessage&) {
+    if (sent_ == MessagesUpToOff() - 1) rig_.pump.At(rig_.pump.Now() + 5, [&] { CloseTheWindow(rig_); });
+  });
+  rig_.form.bSConfig.OperatorClick();
+  EXPECT_EQ(rig_.dialogs.Texts(), Texts{"Char On error"});
+  EXPECT_EQ(rig_.Sent().back(), "2 8 34 1");
 }
 
 TEST_F(CharactersMayBeOff, ButAClosedWindowDoesNotWaitForThem) {

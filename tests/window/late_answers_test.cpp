@@ -4,10 +4,16 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QTimer>
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "gui/qt_dialogs.h"
 #include "gui/send_progress.h"
+#include "gui/widgets/operator_queue.h"
 #include "tests/window/live_window_test.h"
 
 namespace marlinset {
@@ -63,7 +69,7 @@ TEST_P(LateAnswersTest, WhatFallsIntoAWaitIsDoneWhenItIsOver) {
   EXPECT_NE(form_.chPrev.On(), preview);
 }
 
-/// Work that is kept in a wait holds them.
+/// Unsaved work that is kept during a wait includes them.
 TEST_P(LateAnswersTest, PendingEditsAreWhatTheControlsWillHold) {
   std::vector<std::uint8_t> seen;
   desk_.Widget("udVer(14)").setFocus();
@@ -181,7 +187,7 @@ TEST_P(LateAnswersTest, TheWindowClosesInAWaitAndLosesNothing) {
                                                     "Restart next time with this configuration?"));
 }
 
-/// A font size switches them off for a moment.
+/// A change of the font size switches them off for a moment.
 TEST_P(LateAnswersTest, TheWindowClosesWhenTheCharactersAreOnAgain) {
   std::vector<SentMessage> sent;
   studio_.tool.commands.MessageSent.Connect([&](const SentMessage& message) {
@@ -191,6 +197,7 @@ TEST_P(LateAnswersTest, TheWindowClosesWhenTheCharactersAreOnAgain) {
       desk_.Window().close();
       TurnQtsLoop();
       EXPECT_FALSE(studio_.pump.Ending());
+      EXPECT_EQ(desk_.Window().findChild<SendProgress*>()->Text(), QStringLiteral("Closing"));
     });
   });
   desk_.Pick("ComWin(3)", 1 - form_.ComWin(3).ListIndex());

@@ -3,20 +3,13 @@
 
 #include <gmock/gmock.h>
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QComboBox>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
-#include <QTimer>
+#include <algorithm>
 #include <functional>
 
-#include "gui/qt_dialogs.h"
-#include "gui/send_progress.h"
-#include "tests/storm/twin.h"
 #include "tests/window/studio.h"
 
 namespace marlinset {
