@@ -31,18 +31,6 @@ void VanishAtTheQuestion(LinkRig& rig) {
   };
 }
 
-TEST(WholeSend, CountsNoMessageThatThePortDiscarded) {
-  LinkRig rig;
-  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
-    if (message.number == 20) rig.line.Jam();
-    if (message.number == 22) rig.line.Vanish();
-  });
-  rig.form.bSConfig.OperatorClick();
-  EXPECT_EQ(rig.wholeSend.Result().messages, 22);
-  EXPECT_EQ(rig.Sent().size(), 20U);
-  EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr(" is gone. 20 of "));
-}
-
 /// Ctrl+. in the question, which then closes.
 void StopAtTheQuestion(LinkRig& rig) {
   SelectText(rig.form.comVS, "525i/60");
@@ -59,6 +47,7 @@ struct Incident {
   std::size_t goOut;  ///< messages that reach the line
   SendEnd end;
   Texts boxes;
+  bool unawaited = false;  ///< the last messages go out without their answers being awaited
 };
 
 void Stop(LinkRig& rig) {
@@ -116,9 +105,9 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
       {offForSize + 1, Stop, onAgain, kStopped, {stoppedAfter(onAgain)}},
       {offForSize, StopByScript, onAgain, kStopped, {}},
       {offForSize, CloseTheWindow, onAgain, kStopped, {}},
-      {offForSize, CloseTheWindowTwice, onAgain, kStopped, {}},
-      {offForSize, CloseTheWindowOnASilentUnit, onAgain, kStopped, {kSizeError}},
-      {offForSize, [](LinkRig& rig) { rig.pump.End(); }, onAgain, kStopped, {}},
+      {offForSize, CloseTheWindowTwice, onAgain, kStopped, {}, true},
+      {offForSize, CloseTheWindowOnASilentUnit, onAgain, kStopped, {kSizeError}, true},
+      {offForSize, [](LinkRig& rig) { rig.pump.End(); }, onAgain, kStopped, {}, true},
       {offForSize, [](LinkRig& rig) { rig.line.Vanish(); }, offForSize, kPortClosed, {kClosed}},
       {all, Stop, all, kComplete, {}},
       {6, [](LinkRig& rig) { rig.vars.CodeSources[3].GenNumber = 256; }, 12, kFailed, {"6  Overflow"}},
@@ -143,9 +132,7 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     EXPECT_EQ(rig.Sent(), expected);
     EXPECT_EQ(rig.dialogs.Texts(), c.boxes);
     EXPECT_EQ(rig.wholeSend.Result().end, c.end);
-    if (!rig.pump.Ending()) {
-      EXPECT_EQ(rig.wholeSend.Result().Doubtful() > 1, c.end == kNotConfirmed) << "refused: no answer";
-    }
+    EXPECT_EQ(rig.wholeSend.Result().Doubtful() > 1, c.end == kNotConfirmed || c.unawaited) << "no answer";
     ExpectIdle(rig);
     if (!c.boxes.empty() && c.boxes.back() == kClosed) {
       EXPECT_THAT(rig.dialogs.shown.back().remedy,
@@ -164,6 +151,18 @@ TEST(WholeSend, OutlivesWhatHappensInTheMiddle) {
     rig.form.bSConfig.OperatorClick();
     EXPECT_EQ(rig.wholeSend.Result().end, kComplete) << "the next one";
   }
+}
+
+TEST(WholeSend, CountsNoMessageThatThePortDiscarded) {
+  LinkRig rig;
+  rig.commands.MessageSent.Connect([&](const SentMessage& message) {
+    if (message.number == 20) rig.line.Jam();
+    if (message.number == 22) rig.line.Vanish();
+  });
+  rig.form.bSConfig.OperatorClick();
+  EXPECT_EQ(rig.wholeSend.Result().messages, 22);
+  EXPECT_EQ(rig.Sent().size(), 20U);
+  EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr(" is gone. 20 of "));
 }
 
 /// An undo in interactive mode sends several settings in a row, the Off and the On among them.
