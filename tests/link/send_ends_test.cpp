@@ -165,18 +165,24 @@ TEST(WholeSend, CountsNoMessageThatThePortDiscarded) {
   EXPECT_THAT(rig.dialogs.shown.back().remedy, testing::HasSubstr(" is gone. 20 of "));
 }
 
+void LeaveInteractiveMode(LinkRig& rig) {
+  rig.form.mnuInter.SetChecked(false);
+}
+
 /// An undo in interactive mode sends several settings in a row, the Off and the On among them.
-TEST(WholeSend, AClosedWindowLeavesTheCharactersOnAfterAnUndo) {
-  LinkRig rig;
-  rig.OpenIdentified();
-  rig.form.mnuInter.SetChecked(true);
-  rig.line.Unit().Faults().drop = 1;  // the unit takes the Off, but its answer is lost
-  rig.pump.At(rig.pump.Now() + 5, [&] { CloseTheWindow(rig); });
-  ComboBox& size = rig.form.ComWin(FrmStart::kFontSize);
-  rig.wholeSend.SendChangesOf([&] { SelectText(size, "Large (32 lines/field)"); });
-  EXPECT_EQ(rig.dialogs.Texts(), Texts{"Char On error"});
-  EXPECT_EQ(rig.Sent(), (Texts{"2 8 34 0", "2 8 32 " + std::to_string(size.ListIndex()), "2 8 34 1"}));
-  EXPECT_TRUE(rig.pump.Ending());
+TEST(WholeSend, AnUndoLeavesTheCharactersOnWhateverHappensInItsMiddle) {
+  for (const auto happen : {CloseTheWindow, LeaveInteractiveMode}) {
+    LinkRig rig;
+    rig.OpenIdentified();
+    rig.form.mnuInter.SetChecked(true);
+    rig.line.Unit().Faults().drop = 1;  // the unit takes the Off, but its answer is lost
+    rig.pump.At(rig.pump.Now() + 5, [&] { happen(rig); });
+    ComboBox& size = rig.form.ComWin(FrmStart::kFontSize);
+    rig.wholeSend.SendChangesOf([&] { SelectText(size, "Large (32 lines/field)"); });
+    EXPECT_EQ(rig.dialogs.Texts(), Texts{"Char On error"});
+    EXPECT_EQ(rig.Sent(), (Texts{"2 8 34 0", "2 8 32 " + std::to_string(size.ListIndex()), "2 8 34 1"}));
+    EXPECT_EQ(rig.pump.Ending(), happen == CloseTheWindow);
+  }
 }
 
 TEST(WholeSend, SaysWhatTheUnitHoldsAfterAStop) {
